@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+class ApplicationState;
+class Clipboard;
+class ErrorBox;
+class FileDialogs;
+class Lead;
+class QWidget;
+class ltmmPlay;
+
+/// The frame's command buttons, Cmds(0) to Cmds(9).
+enum class Command { Open, Stretch, FitToWindow, DefaultSize, Download, Cancel, Print, Options, Capture, Save, Count };
+
+/// The frame's status labels by role.
+enum class StatusLabel {
+    Operation, ///< LblMsg1(0): operation text and the slider's percent
+    Position, ///< LblMsg1(1): position and length
+    FrameNumber, ///< LblMsg1(2): frame number, or the start prompt
+    Percent, ///< LblMsg1(3)
+    AutoCapture, ///< Label2: progress of an automatic capture
+    Flashing, ///< Label3: "Paused", "Auto"
+    Watermark, ///< LblWatermark
+    Count
+};
+
+/// What a window may ask of the frame it stands in. Main implements it; a window never knows Main.
+class Frame {
+public:
+    virtual ~Frame() = default;
+
+    virtual ApplicationState& State() = 0;
+    virtual Clipboard& SystemClipboard() = 0;
+    virtual FileDialogs& Dialogs() = 0;
+    virtual ErrorBox& Errors() = 0;
+
+    /// The frame's own window, for owned boxes.
+    virtual QWidget* FrameWindow() = 0;
+    /// The active child window of the frame, null when there is none.
+    virtual QWidget* ActiveForm() = 0;
+    /// The picture of the active capture window, null when the active window holds none.
+    virtual Lead* ActiveCapture() = 0;
+    /// Puts a window among the frame's children, shows it and makes it the active one.
+    virtual void AddChild(QWidget* form) = 0;
+    virtual void SendToBack(QWidget* form) = 0;
+
+    virtual void SetStatus(StatusLabel label, const QString& text) = 0;
+    virtual void ShowStatus(StatusLabel label, bool visible) = 0;
+    virtual void EnableCommand(Command command, bool enabled) = 0;
+    virtual bool IsCommandEnabled(Command command) const = 0;
+    /// Enabled of the commands that need a video: Stretch, FitToWindow, DefaultSize, Capture.
+    virtual void SetEnabled(bool enabled) = 0;
+
+    /// The player of the current video; makes a video window when there is none.
+    virtual ltmmPlay& CurrentPlayer() = 0;
+
+    /// The table of open capture windows; handle is the window's identity.
+    virtual void AddKid(quintptr handle) = 0;
+    virtual void RemoveKid(quintptr handle) = 0;
+
+    /// Opens a new capture window, which takes the picture from the clipboard.
+    virtual void OpenViewer() = 0;
+    /// Adds a thumbnail of the picture on the clipboard to the strip, opening it when needed, and puts it behind.
+    virtual void AddThumbnail() = 0;
+
+    /// The one place that yields to the window system; whatever can go meanwhile must be looked at again afterwards.
+    virtual void PumpEvents() = 0;
+};

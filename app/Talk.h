@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class QWidget;
+
+/// The one message box of the program, modal over owner.
+class ErrorBox {
+public:
+    virtual ~ErrorBox() = default;
+    virtual void Show(QWidget* owner, const QString& title, const QString& message) = 0;
+};
+
+/// The file dialogs. Filters are in the form "name|pattern;pattern|name|pattern".
+class FileDialogs {
+public:
+    virtual ~FileDialogs() = default;
+    /// The chosen path, empty on cancel; asks before an existing file is replaced.
+    virtual QString AskSaveName(QWidget* owner, const QString& title, const QString& filter, const QString& folder) = 0;
+    /// The result buffer of a multiple selection: one full path, or folder NUL name NUL name NUL; empty on cancel.
+    /// Leaves the process's current folder at the chosen folder.
+    virtual QString AskOpenNames(QWidget* owner, const QString& title, const QString& filter, const QString& folder) = 0;
+};

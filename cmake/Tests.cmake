@@ -1,0 +1,19 @@
+# taq_test(NAME LABEL logic|form|x SOURCES … LINK …): one GoogleTest program, one ctest entry per program.
+# logic needs no screen; form runs real widgets on the offscreen platform; x runs on a private X server with a window
+# manager, one at a time, and may be repeated once.
+find_package(GTest REQUIRED)
+
+function(taq_test name)
+    cmake_parse_arguments(TEST "" "LABEL" "SOURCES;LINK" ${ARGN})
+    add_executable(${name} ${TEST_SOURCES})
+    target_link_libraries(${name} PRIVATE taq_rules taq_testing ${TEST_LINK} GTest::gtest GTest::gmock)
+    target_compile_definitions(${name} PRIVATE SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+    if(TEST_LABEL STREQUAL "x")
+        add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/tools/with_display.sh $<TARGET_FILE:${name}>)
+        set_tests_properties(${name} PROPERTIES RESOURCE_LOCK display)
+    else()
+        add_test(NAME ${name} COMMAND ${name})
+        set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    endif()
+    set_tests_properties(${name} PROPERTIES LABELS ${TEST_LABEL} TIMEOUT 600)
+endfunction()

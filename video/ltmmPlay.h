@@ -1,0 +1,107 @@
+#pragma once
+
+#include "desktop/Dib.h"
+#include "desktop/FileName.h"
+#include <QByteArray>
+#include <QImage>
+#include <QWidget>
+
+/// The player control: one video, shown in this widget, exact to the frame.
+/// All members are called on the user-interface thread; a call that needs the engine waits for it, bounded.
+/// Failures of a call are ControlError exceptions (app/ControlError.h); failures of the media, which may come at any
+/// time, are told by PlayerError.
+class ltmmPlay : public QWidget {
+    Q_OBJECT
+
+public:
+    enum PlayState { Stopped = 1, Paused = 2, Running = 3 };
+    enum DisplayMode { FitToWindow = 0, StretchToWindow = 1, Normal = 2, ThreeQuarters = 3, Half = 4, Double = 5 };
+    enum Source { NoSource = 0, FileSource = 1, MemorySource = 2, ArraySource = 3 };
+    /// Bits of CheckSeeking.
+    enum Capability { MarkStart = 1, MarkEnd = 2, ToStart = 4, ToEnd = 8 };
+
+    using QWidget::QWidget;
+
+    /// Loads a file (see desktop/FileName.h for names that are no text) or an address; returns when the first
+    /// frame stands on the screen or the attempt has failed, which PlayerError tells. An empty name drops the source.
+    virtual void SetSourceFile(const QString& file) = 0;
+    virtual QString SourceFile() const = 0;
+    virtual Source SourceKind() const = 0;
+    /// A block that holds a whole media file.
+    virtual void SetSourceMemory(const QByteArray& block) = 0;
+    virtual QByteArray SourceMemory() const = 0;
+    /// Drops the source; the widget is empty afterwards.
+    virtual void ResetSource() = 0;
+
+    virtual void Run() = 0;
+    virtual void Pause() = 0;
+    virtual void Stop() = 0;
+    virtual PlayState State() const = 0;
+
+    /// Seconds from the start of the media.
+    virtual double CurrentPosition() const = 0;
+    virtual void SetCurrentPosition(double seconds) = 0;
+    virtual double Duration() const = 0;
+    /// Ordinal of the shown frame in presentation order, from 0. After SetCurrentFrame(n) it is n.
+    virtual int CurrentFrame() const = 0;
+    virtual void SetCurrentFrame(int frame) = 0;
+    /// Exact number of frames; waits, bounded, while the index of a large file is still growing.
+    virtual int FrameCount() const = 0;
+    virtual void NextFrame() = 0;
+    virtual void PreviousFrame() = 0;
+    virtual void SeekStart() = 0;
+    virtual void SeekEnd() = 0;
+    /// The place on a scale from 0 to TrackingMax, which is 10000 with a source and 0 without.
+    virtual int TrackingPosition() const = 0;
+    virtual void SetTrackingPosition(int position) = 0;
+    virtual int TrackingMax() const = 0;
+    /// Which bits of mask (Capability) the source can do.
+    virtual int CheckSeeking(int mask) const = 0;
+
+    /// Bounds of the selection in seconds.
+    virtual void SetSelectionStart(double seconds) = 0;
+    virtual void SetSelectionEnd(double seconds) = 0;
+    virtual void MarkSelectionStart() = 0;
+    virtual void MarkSelectionEnd() = 0;
+    virtual void SetAutoRewind(bool rewind) = 0;
+    /// 1 plays once, 0 for ever.
+    virtual void SetPlayCount(int count) = 0;
+
+    virtual void SetMute(bool mute) = 0;
+    virtual double Rate() const = 0;
+    virtual void SetRate(double rate) = 0;
+    virtual bool IsRateSupported(double rate) const = 0;
+
+    virtual DisplayMode DisplaySize() const = 0;
+    virtual void SetDisplaySize(DisplayMode mode) = 0;
+    /// Natural size in twips, in square pixels and rotated as tagged; 0 without a source.
+    virtual double VideoWidth() const = 0;
+    virtual double VideoHeight() const = 0;
+    virtual bool FullScreen() const = 0;
+    virtual void SetFullScreen(bool on) = 0;
+    void ToggleFullScreen() { SetFullScreen(!FullScreen()); }
+    virtual bool ClosedCaption() const = 0;
+    virtual void ToggleClosedCaption() = 0;
+
+    /// The shown frame at source resolution in square pixels (24-bit pictures are QImage::Format_BGR888).
+    /// Throws ControlError when no frame can be had within timeoutMs milliseconds.
+    virtual QImage GetStillPicture(int timeoutMs) = 0;
+    /// The same picture as a device-independent bitmap that the caller owns.
+    Dib GetStillDIB(int timeoutMs) { return Dib::FromImage(GetStillPicture(timeoutMs)); }
+
+Q_SIGNALS:
+    /// The place on the tracking scale; at most ten times a second, and at every step, seek and end.
+    void PlaybackProgress(int position);
+    /// Selection bounds on the tracking scale.
+    void SelectionChanged(int start, int end);
+    void PositionChanged();
+    void KeyReleased(int key);
+    void MousePressed();
+    void MouseMoved();
+    /// ErrorText(code) says what the code means.
+    void PlayerError(int code);
+
+public:
+    /// A short description of a PlayerError code, in the program's words.
+    virtual QString ErrorText(int code) const = 0;
+};
