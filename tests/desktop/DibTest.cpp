@@ -1,0 +1,30 @@
+#include "desktop/Dib.h"
+
+#include <gtest/gtest.h>
+
+TEST(Dib, EveryPixelOfATrueColourPictureComesBack)
+{
+    for (const QSize size : { QSize(1, 1), QSize(5, 3), QSize(64, 48) }) {
+        QImage image(size, QImage::Format_BGR888);
+        for (int y = 0; y < size.height(); ++y)
+            for (int x = 0; x < size.width(); ++x)
+                image.setPixelColor(x, y, QColor(x * 7 % 256, y * 11 % 256, (x + y) % 256));
+        EXPECT_EQ(Dib::FromImage(image).ToImage(), image) << size.width() << "x" << size.height();
+    }
+}
+
+TEST(Dib, RowsStandBottomUpInBlueGreenRedPaddedToFourBytes)
+{
+    QImage image(1, 2, QImage::Format_RGB32);
+    image.setPixelColor(0, 0, QColor(1, 2, 3));
+    image.setPixelColor(0, 1, QColor(4, 5, 6));
+    const Dib dib = Dib::FromImage(image);
+    EXPECT_EQ(dib.Block().sliced(40), QByteArray("\x06\x05\x04\x00\x03\x02\x01\x00", 8));
+}
+
+TEST(Dib, AnEmptyPictureGivesAnEmptyBlockAndBack)
+{
+    const Dib dib = Dib::FromImage(QImage());
+    EXPECT_TRUE(dib.IsEmpty());
+    EXPECT_TRUE(dib.ToImage().isNull());
+}
