@@ -1,0 +1,37 @@
+#include "tests/clips/Clips.h"
+
+#include <QFileInfo>
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(Clips, NumbersAreRangesSinglesAndUnknowns)
+{
+    EXPECT_THAT(ExpandNumbers(QStringLiteral("0-2,?2,9,?")), ElementsAre(0, 1, 2, -1, -1, 9, -1));
+    EXPECT_THAT(ExpandNumbers(QString()), IsEmpty());
+}
+
+TEST(Clips, EveryClipOfTheManifestIsThere)
+{
+    for (const Clip& clip : AllClips())
+        EXPECT_TRUE(QFileInfo::exists(ClipPath(clip.Name))) << clip.Name.toStdString();
+}
+
+TEST(Clips, ACodedClipTellsOneNumberForEachPicture)
+{
+    for (const Clip& clip : AllClips())
+        if (!clip.Numbers.empty())
+            EXPECT_EQ(clip.Numbers.size(), static_cast<std::size_t>(clip.Pictures))
+                << clip.Name.toStdString();
+}
+
+TEST(Clips, AnUnknownNameIsToldAtOnce)
+{
+    EXPECT_EQ(ClipNamed(QStringLiteral("h264_closed.mp4")).Pictures, 100);
+    EXPECT_THROW(ClipNamed(QStringLiteral("nosuch.mp4")), std::runtime_error);
+}
+
+} // namespace

@@ -1,0 +1,97 @@
+"""Byte-level work on elementary streams that the ffmpeg command line cannot do."""
+
+import re
+
+GROUP = 0xB8
+SIMPLE_INDEX = bytes.fromhex("90080033B1E5CF1189F400A0C90349CB")
+
+
+def without_asf_index(data):
+    """An ASF file cut before its Simple Index Object, which stands last."""
+    return data[: data.rindex(SIMPLE_INDEX)]
+
+
+def display_numbers(data):
+    """(position of the picture header, display number) of every picture of an MPEG-2 elementary stream, in coded
+    order: the group's first number plus the temporal reference."""
+    group_start = count = 0
+    for start in re.finditer(rb"\x00\x00\x01[\x00\xb8]", data):
+        at = start.start()
+        if data[at + 3] == GROUP:
+            group_start = count
+            continue
+        yield at, group_start + (data[at + 4] << 2 | data[at + 5] >> 6)
+        count += 1
+
+
+# --- captions ------------------------------------------------------------------------------------------------
+
+
+def odd_parity(byte):
+    return byte & 0x7F if (byte & 0x7F).bit_count() % 2 else byte | 0x80
+
+
+def control(first, second):
+    """A control code is sent twice, so that one bad byte does not lose it."""
+    return [(odd_parity(first), odd_parity(second))] * 2
+
+
+def letters(text):
+    text += " " * (len(text) % 2)
+    return [(odd_parity(ord(a)), odd_parity(ord(b))) for a, b in zip(text[::2], text[1::2])]
+
+
+POP_ON, ERASE_HIDDEN, ERASE_SHOWN, SHOW = (0x14, 0x20), (0x14, 0x2E), (0x14, 0x2C), (0x14, 0x2F)
+ROLL_UP_2, NEW_LINE, BOTTOM_ROW = (0x14, 0x25), (0x14, 0x2D), (0x14, 0x70)
+
+# Display number of the picture at which a run of byte pairs begins, one pair a picture.
+SCHEDULE = {
+    5: control(*POP_ON) + control(*ERASE_HIDDEN) + control(*BOTTOM_ROW) + letters("HELLO FRAME 25"),
+    24: control(*ERASE_SHOWN)[:1] + control(*SHOW),
+    50: control(*ERASE_SHOWN),
+    60: control(*ROLL_UP_2) + control(*NEW_LINE) + control(*BOTTOM_ROW) + letters("ROLL UP TWO"),
+    80: control(*NEW_LINE) + letters("SECOND LINE"),
+}
+NO_TEXT = (0x80, 0x80)
+
+
+def with_captions(data):
+    """EIA-608 captions as ATSC user data in every picture, so that the pairs leave the decoder in display order."""
+    pairs = {first + i: pair for first, run in SCHEDULE.items() for i, pair in enumerate(run)}
+    out, last = bytearray(), 0
+    for at, number in display_numbers(data):
+        extension = data.index(b"\x00\x00\x01\xb5", at)
+        behind = data.index(b"\x00\x00\x01", extension + 4)
+        field1, field2 = bytes([0xFC, *pairs.get(number, NO_TEXT)]), bytes([0xFD, *NO_TEXT])
+        user_data = b"\x00\x00\x01\xb2GA94\x03" + bytes([0x40 | 2, 0xFF]) + field1 + field2 + b"\xff"
+        out += data[last:behind] + user_data
+        last = behind
+    return bytes(out + data[last:])
+
+
+# The same kind of captions as a track of its own: the text is shown at 0.67 s and erased at 2.5 s.
+CAPTION_TRACK = """Scenarist_SCC V1.0
+
+00:00:00:20\t9420 9420 94ae 94ae 9470 9470 c845 4c4c 4f20 5343 43a1 942c 942c 942f 942f
+
+00:00:02:15\t942c 942c
+"""
+
+
+# --- telecine ------------------------------------------------------------------------------------------------
+
+# (top_field_first, repeat_first_field) of four pictures in display order: two, three, two, three fields.
+PULL_DOWN = ((1, 1), (0, 0), (0, 1), (1, 0))
+
+
+def with_pull_down(data):
+    """24 pictures a second flagged to be shown as 30: the fields repeat in the picture headers only."""
+    out = bytearray(data)
+    for start in re.finditer(rb"\x00\x00\x01\xb5[\x10-\x1f]", data):
+        out[start.start() + 5] &= ~0x08  # progressive_sequence = 0 in the sequence extension
+    for at, number in display_numbers(data):
+        coding = re.compile(rb"\x00\x00\x01\xb5[\x80-\x8f]", re.DOTALL).search(data, at).start()
+        top_first, repeat = PULL_DOWN[number % len(PULL_DOWN)]
+        out[coding + 7] = out[coding + 7] & 0x7D | top_first << 7 | repeat << 1
+        out[coding + 8] |= 0x80  # progressive_frame
+    return bytes(out)
