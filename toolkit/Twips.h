@@ -15,4 +15,7 @@ struct Twips {
     static constexpr Twips FromPixels(int pixels) { return { pixels * PerPixel }; }
 };
 
-constexpr Twips operator""_twips(unsigned long long value) { return { static_cast<int>(value) }; }
+constexpr Twips operator""_twips(unsigned long long value)
+{
+    return { static_cast<int>(value) };
+}

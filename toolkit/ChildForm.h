@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QMdiSubWindow>
+#include <QPointer>
+
+class FrameDrag;
+class QVBoxLayout;
+class SizeGrip;
+class TitleStrip;
+
+/// A frameless child window of a QMdiArea: a title strip, a body and a one-pixel edge. Moved by its strip,
+/// sized by its grip; its own shapes replace those of QMdiSubWindow, which need the system's frame. It also
+/// stands alone, as a window or inside any other parent.
+class ChildForm : public QMdiSubWindow {
+    Q_OBJECT
+
+public:
+    enum class Shape { Normal, Maximized, Minimized };
+
+    explicit ChildForm(QWidget* parent = nullptr);
+
+    TitleStrip& Head() { return *strip_; }
+    /// The title and the window's title at once.
+    void SetTitle(const QString& title);
+    /// What stands below the strip; the form takes it over.
+    void SetBody(QWidget* body);
+    QWidget* Body() const { return body_; }
+    /// What the form takes beside its body: edges and strip.
+    QSize FrameSize() const;
+
+    Shape CurrentShape() const { return shape_; }
+    void Maximize();
+    /// Shrinks to a strip at the bottom of the area.
+    void Minimize();
+    void Restore();
+    /// What the maximise button and a double click on the strip do: restores a form that is not normal.
+    void ToggleMaximize();
+    /// The sizing corner; hidden while the form is not normal.
+    SizeGrip& Grip() { return *grip_; }
+
+    /// Puts the form on top and makes it the active one.
+    void BringToFront();
+    /// Puts the form behind its siblings; the topmost of those becomes the active one.
+    void SendToBack();
+    /// The active child of its area, or the active window when it stands alone.
+    bool IsActive() const { return active_; }
+
+Q_SIGNALS:
+    void ShapeChanged();
+    /// The form became the active one.
+    void Activated();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    void SetShape(Shape shape);
+    void FitToArea();
+    void SetActive(bool active);
+
+    TitleStrip* strip_ = nullptr;
+    QWidget* frame_ = nullptr;
+    QVBoxLayout* column_ = nullptr;
+    QPointer<QWidget> body_;
+    FrameDrag* drag_ = nullptr;
+    SizeGrip* grip_ = nullptr;
+    QRect normalGeometry_;
+    QSize normalMinimum_;
+    Shape shape_ = Shape::Normal;
+    bool active_ = false;
+};

@@ -1,0 +1,68 @@
+#pragma once
+
+/// What a picture button shows. The order is that of the strips in resources/art, cell by cell.
+enum class Face {
+    None,
+    // command.svg
+    OpenVideos,
+    Stretch,
+    FitToWindow,
+    NormalSize,
+    Download,
+    Cancel,
+    Print,
+    Options,
+    Capture,
+    Save,
+    // transport.svg
+    Play,
+    Pause,
+    FrameBack,
+    FrameForward,
+    SeekStart,
+    SeekEnd,
+    MarkStart,
+    MarkEnd,
+    AutoRewind,
+    Loop,
+    SoundOn,
+    SoundOff,
+    RateUp,
+    RateDown,
+    PreviousVideo,
+    NextVideo,
+    // window.svg
+    Close,
+    Maximize,
+    Minimize,
+    Restore,
+    Open,
+    Help,
+    BringToFront,
+    Menu,
+    Grip,
+    // viewer.svg
+    EditTools,
+    ProgramWallpaper,
+    SystemWallpaper,
+    SaveCapture,
+    SaveAll,
+    OpenCapture,
+    // tools.svg
+    Resize,
+    Flip,
+    Rotate,
+    Reverse,
+    Grayscale,
+    Undo,
+    VisualEditor,
+    // check.svg
+    BoxGround,
+    Box,
+    CheckGrey,
+    CheckSet,
+    DiscGround,
+    Ring,
+    Dot,
+    Count
+};

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QTimer>
+
+/// What the controls drawn from image strips share: they relay their mouse and key events to the form, follow
+/// the pointer with a polling timer, are pressed by Space and Enter, and show a focus ring when the keyboard
+/// brought the focus. The `Enabled` property is the widget's own setEnabled. Callers set the accessible name;
+/// the tool tip text stands in for it until they do.
+class StripControl : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    enum class State { Rest, Hover, Pressed, Disabled };
+
+    explicit StripControl(QWidget* parent);
+
+    /// The state whose cell is shown.
+    State ShownState() const;
+    bool HasFocusRing() const { return hasFocus() && ringWanted_; }
+
+Q_SIGNALS:
+    /// The form's click. Whatever a control changes by itself on a click, it changes after this.
+    void Click();
+    /// The pointer has left the control.
+    void Leave();
+    void MouseDown(Qt::MouseButton button, QPoint place);
+    void MouseMove(Qt::MouseButtons buttons, QPoint place);
+    void MouseUp(Qt::MouseButton button, QPoint place);
+    void KeyDown(int key);
+    void KeyUp(int key);
+
+protected:
+    /// Called after the form had its Click; the control is still alive.
+    virtual void AfterClick() { }
+
+    bool event(QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void RaiseClick();
+    void Relay(QEvent* event);
+    void PollPointer();
+    void EndHover();
+
+    QTimer pointerTimer_;
+    bool hover_ = false;
+    bool ringWanted_ = false;
+};

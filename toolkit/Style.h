@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QColor>
+
+class QApplication;
+
+/// The program's colours by role. Their values stand in resources/art/face.qss and nowhere else.
+enum class Token {
+    Ground, ///< the area behind child windows
+    Strip, ///< title strips, the transport pane
+    Panel, ///< dialogs, pages, behind a picture
+    Control,
+    ControlHover,
+    ControlPressed,
+    LineOutside,
+    LineInside,
+    Text,
+    TextSecondary,
+    TextDisabled,
+    Accent,
+    AccentHover,
+    AccentPressed,
+    OnAccent, ///< text and marks that stand on the accent
+    Alarm,
+    AlarmPressed,
+    OnAlarm, ///< marks that stand on the alarm colour
+    Count
+};
+
+/// The colour of a role.
+QColor StyleColor(Token token);
+/// Dresses the application: Fusion as the base, the dark neutral palette and the style sheet.
+/// The desktop's own font stays.
+void ApplyStyle(QApplication& application);
