@@ -1,0 +1,132 @@
+#pragma once
+
+#include "app/CRegSettings.h"
+#include "app/SettingsKeys.h"
+#include <QImage>
+#include <QPointer>
+#include <QStringList>
+#include <QWidget>
+#include <vector>
+
+/// The state that every window shares, made once and living as long as the program. Reached through Frame.
+class ApplicationState {
+public:
+    /// applicationFolder is the folder of the executable, without a separator at its end; settingsFolder as
+    /// in CRegSettings.
+    explicit ApplicationState(const QString& applicationFolder, const QString& settingsFolder = {});
+    ApplicationState(const ApplicationState&) = delete;
+    ApplicationState& operator=(const ApplicationState&) = delete;
+
+    /// The load step of the start: names the store, reads the settings, applies the tool tips of frame and
+    /// makes the four folders beside the program. A step that fails is passed over.
+    void Load(QWidget& frame);
+
+    /// Gives every control of a form the tool tip in its property "Tag" when ToolTip is on, and none
+    /// otherwise. Forms standing inside the form keep theirs.
+    void ApplyToolTips(QWidget& form) const;
+
+    /// Reads a key into its variable, which keeps its value when the text cannot be converted.
+    void Reload(Key key, Reader reader = Reader::StartUp);
+    /// Writes the value of a key's variable; true when it stands on the disk.
+    bool Store(Key key);
+
+    /// The folder of the executable, and the full path of something beside the executable.
+    QString ApplicationFolder() const { return applicationFolder_; }
+    QString Beside(const QString& name) const;
+
+    CRegSettings Settings;
+    QString SettingsSection;
+    QString HelpPath;
+
+    qint16 KidCount = 0; ///< capture windows open
+    std::vector<quintptr> Kids; ///< identities of the capture windows, 0 for a hole
+
+    QPointer<QWidget> CurrentVideo; ///< the one video window
+    bool VideoOpen = false; ///< from a video window's activation until it unloads
+    QString VideoPath; ///< full path or address of the video being played, also CurrentVideoPath
+    QString VideoName; ///< file name part of VideoPath
+    QString VideoFolder; ///< folder part of VideoPath, without its last separator
+    QString VideoExt; ///< last four characters of VideoPath, lower case, trimmed
+    QStringList FileNames; ///< raw selection of the open dialog, from 0
+    qint32 FileCount = 0;
+    QString FileFolder; ///< the folder given by the dialog
+    QStringList
+        Videos; ///< full paths that passed the extension test, from 1: entry 0 is unused; also RunList
+    qint32 VideoCount = 0; ///< also RunCount
+    qint16 ListIndex = 0; ///< place in Videos, from 1
+    bool OpenCancelled = false; ///< the user chose nothing
+    bool NotVideo = false; ///< result of the extension test
+    bool OpeningNow = false; ///< suppresses the next resize layout of the video window
+    bool FromList = false; ///< open without building Videos again
+    bool FirstOfList = false; ///< the next step in the list plays entry 1
+    bool MarksSet = false; ///< at least one selection mark is set
+    bool MarksCleared = false; ///< the mark buttons are disabled until the slider moves
+
+    bool ExitRequested = false; ///< the frame or the video window is going away
+    qint16 PopupKind = 0; ///< 0 frame, 1 video window, 2 capture window
+    QString CaptureName; ///< path of the file the current capture would be saved to
+    QString MessageText; ///< the text last handed to the message form
+    bool ShowPlayerErrors = true; ///< the message form may tell errors of the player
+    bool ToolsOpen = false;
+    bool QuickShotsOpen = false;
+    bool TileBackground = false; ///< the frame's background picture is tiled
+    QString BackgroundFile; ///< picture file of the frame's background: "PicFolder"
+
+    QString CurrentFile; ///< path of the picture being written, afterwards of the one written
+    QString CurrentExt; ///< "Ext" as last read; ".bmp" while a save forces it
+    int FormatIndex = 0; ///< row of the format table used by the last save; stays when an extension fits none
+    qint16 CaptureWindowCount = 0; ///< capture windows ever opened; numbers them
+    QImage SelectedBitmap; ///< the thumbnail last clicked, null when none
+    bool UseSelectedBitmap = false; ///< the next capture window takes SelectedBitmap
+
+    // Variables that mirror a settings key, with the key's name.
+    bool FadeOuts = false;
+    bool VidWinOnly = false;
+    bool SpecialFolder = false;
+    bool AutoSave = false;
+    QString OldFolder;
+    bool AutoDir = false;
+    bool AutoCapture = false;
+    bool CaptureTime = false;
+    qint16 UsersCaptureTime = 0; ///< seconds
+    bool AutoFrame = false;
+    qint16 AutoNumber = 0; ///< frames
+    bool SetFocusYES = false;
+    bool NoCap = false;
+    bool VidSave = false;
+    bool NoWin = false;
+    bool LoadVid = false;
+    bool HighQ = false;
+    bool BW = false;
+    qint16 PPosition = 0;
+    bool NameFull = false;
+    qint16 OpThumb = 0; ///< 0 thumbnails, 1 thumbnails and capture window, 2 capture window
+    qint16 OpPic = 0; ///< 0 tiled, 1 lower right corner, 2 none
+    bool OpenVidList = false; ///< true keeps the list closed
+    QString OldDir;
+    QString OldFolder2;
+    bool ToolTip = false; ///< also ShowTips
+    float PositionX = 0; ///< pixels
+    float PositionY = 0; ///< pixels
+    float SFontSize = 0; ///< points
+    bool SFontBold = false;
+    QString SFontName;
+    bool SFontItalic = false;
+    qint32 sFontColor = 0;
+    QString sFontText;
+    bool UseWatermark = false;
+    bool WatermarkBATCH = false;
+    qint16 TextShadowPosX = 0;
+    qint16 TextShadowPosY = 0;
+    qint16 WatermarkTextStyle = 0;
+    qint16 sFontWatermarkTextAngle = 0; ///< degrees
+    qint32 sFontShadowColor = 0;
+    qint32 sFontBorderColor = 0;
+    bool UseShadows = false;
+    bool WordWrap = false;
+
+private:
+    void MakeFolders() const;
+
+    QString applicationFolder_;
+};

@@ -1,0 +1,13 @@
+#include "app/SettingsKeys.h"
+
+#include <QDir>
+
+QString DefaultText(Key key, Reader reader, const QString& applicationFolder)
+{
+    const SettingsKey& row = Row(key);
+    for (const OtherDefault& other : row.others)
+        if (other.text && other.reader == reader)
+            return QString::fromUtf16(other.text);
+    const QString text = QString::fromUtf16(row.text);
+    return row.base == Base::ApplicationFolder ? applicationFolder + QDir::separator() + text : text;
+}
