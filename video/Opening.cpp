@@ -1,0 +1,51 @@
+#include "video/Opening.h"
+
+#include "app/ApplicationState.h"
+#include "app/ControlError.h"
+#include "app/Frame.h"
+#include "app/Talk.h"
+#include "toolkit/FileDialog.h"
+#include "toolkit/PathText.h"
+#include "video/VideoNames.h"
+
+#include <QDir>
+
+void ShowOpenDialog(Frame& frame, const std::function<void()>& unloadList)
+{
+    ApplicationState& state = frame.State();
+    state.FileCount = 0;
+    state.FileNames.clear();
+    state.VideoCount = 0;
+    state.ListIndex = 1;
+    state.VideoPath.clear();
+    unloadList();
+
+    state.Reload(Key::OldDir);
+    if (state.OldDir.isEmpty())
+        state.OldDir = QDir::currentPath();
+    state.OpenCancelled = false;
+    QString chosen;
+    IgnoreErrors([&] {
+        chosen = frame.Dialogs().AskOpenNames(
+            frame.FrameWindow(), QStringLiteral("Open Videos To Capture"), QLatin1String(OpenFilter), state.OldDir);
+    });
+    state.OldDir = QDir::currentPath();
+    state.Store(Key::OldDir);
+    state.OpenCancelled = !ParseMultiFileName(chosen, state.FileFolder, state.FileNames, state.FileCount);
+}
+
+void KeepVideos(ApplicationState& state)
+{
+    state.VideoCount = 0;
+    state.VideoPath.clear();
+    state.Videos = QStringList(state.FileCount + 1);
+    for (const QString& name : state.FileNames) {
+        if (name.trimmed().isEmpty())
+            continue;
+        state.NotVideo = !IsVideoName(name);
+        if (!state.NotVideo)
+            state.Videos[++state.VideoCount] = QDir::currentPath() + PathText::Separator() + name;
+        state.NotVideo = false;
+    }
+    state.VideoPath = state.Videos.value(1);
+}

@@ -1,0 +1,339 @@
+#include "video/VideoWindow.h"
+
+#include "app/ApplicationState.h"
+#include "app/ControlError.h"
+#include "app/Frame.h"
+#include "app/Hourglass.h"
+#include "app/Talk.h"
+#include "app/TimeText.h"
+#include "desktop/FileName.h"
+#include "toolkit/SizeGrip.h"
+#include "toolkit/StripButton.h"
+#include "toolkit/TitleStrip.h"
+#include "toolkit/Twips.h"
+#include "video/Opening.h"
+#include "video/Transport.h"
+#include "video/VideoNames.h"
+#include "video/ltmmPlay.h"
+
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+#include <array>
+#include <chrono>
+#include <cmath>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Room that the window keeps around the player.
+constexpr Twips PlayerMarginWidth = 150_twips;
+constexpr Twips PlayerMarginHeight = 500_twips;
+constexpr Twips SmallestSide = 800_twips;
+
+/// The window's own buttons, Cmds(0..3), as they stand from left to right.
+struct HeadButton {
+    int index;
+    Face face;
+    const char* tip;
+    const char* name;
+};
+constexpr std::array<HeadButton, 4> HeadButtons { {
+    { 3, Face::Open, " Open Videos ", "Open videos" },
+    { 2, Face::Minimize, " Minimize Window ", "Minimize window" },
+    { 1, Face::Maximize, " Restore/Maximize Window ", "Restore or maximize window" },
+    { 0, Face::Close, " Close Video Window ", "Close video window" },
+} };
+
+const QStringList SizeItems { QStringLiteral("  Normal Video Size"), QStringLiteral("  Three Quarter"),
+    QStringLiteral("  Half Size"), QStringLiteral("  Double Size"), QStringLiteral("  Close Captioning") };
+constexpr int CaptionItem = 4;
+
+QString PositionText(const ltmmPlay& player)
+{
+    return FormatPosition(player.CurrentPosition()) + QStringLiteral("  -  ") + FormatPosition(player.Duration());
+}
+
+}
+
+VideoWindow::VideoWindow(Frame& frame, Transport& transport, const PlayerFactory& makePlayer)
+    : frame_(frame)
+    , transport_(transport)
+{
+    Build(makePlayer);
+    Bind();
+    BindPlayer();
+    frame_.State().FirstOfList = true;
+    transport_.EnableVideoControls(false);
+    transport_.SetSoundOn();
+    frame_.State().ApplyToolTips(*this);
+    SetPointer(Pointer::Normal);
+}
+
+void VideoWindow::Build(const PlayerFactory& makePlayer)
+{
+    setObjectName(QStringLiteral("VideoWindow"));
+    BuildHead();
+    auto* body = new QWidget(this);
+    auto* column = new QVBoxLayout(body);
+    const int side = (PlayerMarginWidth.Pixels() - FrameSize().width()) / 2;
+    column->setContentsMargins(side, 0, side, PlayerMarginHeight.Pixels() - FrameSize().height());
+    ltmmPlay1 = makePlayer(body);
+    ltmmPlay1->setObjectName(QStringLiteral("ltmmPlay1"));
+    column->addWidget(ltmmPlay1);
+    SetBody(body);
+    setWindowTitle(QStringLiteral("Video Window"));
+    resize((6000_twips).Pixels(), (4000_twips).Pixels());
+    Timer1.setInterval(2000ms);
+    Timer1.setSingleShot(true);
+    Timer3.start(1000ms);
+    FlashTimer.setInterval(2000ms);
+}
+
+void VideoWindow::BuildHead()
+{
+    auto* sizes = new smallXPbuttons(this);
+    sizes->setObjectName(QStringLiteral("Image1"));
+    sizes->SetFace(Face::Menu);
+    sizes->setAccessibleName(QStringLiteral("Video size"));
+    Head().AddLeading(sizes);
+    connect(sizes, &StripButton::Click, this, &VideoWindow::ShowSizePopup);
+    for (const HeadButton& row : HeadButtons) {
+        auto* button = new smallXPbuttons(this);
+        button->setObjectName(QStringLiteral("Cmds(%1)").arg(row.index));
+        button->SetFace(row.face);
+        button->setAccessibleName(QLatin1String(row.name));
+        button->setProperty("Tag", QLatin1String(row.tip));
+        Head().AddButton(button);
+        connect(button, &StripButton::Click, this, [this, index = row.index] {
+            constexpr std::array Actions { &VideoWindow::CloseClicked, &VideoWindow::ToggleMaximize,
+                &VideoWindow::Minimize, &VideoWindow::OpenClicked };
+            (this->*Actions[size_t(index)])();
+        });
+    }
+}
+
+void VideoWindow::Bind()
+{
+    connect(this, &ChildForm::Activated, this, [this] { frame_.State().VideoOpen = true; });
+    connect(&Timer1, &QTimer::timeout, this, &VideoWindow::GrowToMinimum);
+    connect(&Timer3, &QTimer::timeout, this, [this] { frame_.ShowStatus(StatusLabel::Flashing, false); });
+    connect(&FlashTimer, &QTimer::timeout, this, [this] {
+        frame_.ShowStatus(StatusLabel::Flashing, true);
+        frame_.ShowStatus(StatusLabel::Watermark, false);
+        Timer3.start();
+    });
+}
+
+void VideoWindow::BindPlayer()
+{
+    connect(ltmmPlay1, &ltmmPlay::PlaybackProgress, this, &VideoWindow::ShowProgress);
+    connect(ltmmPlay1, &ltmmPlay::PositionChanged, this,
+        [this] { frame_.SetStatus(StatusLabel::Position, PositionText(*ltmmPlay1)); });
+    connect(ltmmPlay1, &ltmmPlay::SelectionChanged, this,
+        [this](int start, int end) { transport_.ShowSelection(start, end); });
+    connect(ltmmPlay1, &ltmmPlay::KeyReleased, this, [this](int key) {
+        if (key == Qt::Key_Escape)
+            ltmmPlay1->ToggleFullScreen();
+    });
+    connect(ltmmPlay1, &ltmmPlay::MousePressed, this, [this] { Q_EMIT Head().MoveRequested(QCursor::pos()); });
+    connect(ltmmPlay1, &ltmmPlay::PlayerError, this, &VideoWindow::TellError);
+}
+
+void VideoWindow::OpenVideo()
+{
+    ApplicationState& state = frame_.State();
+    CapTimer.stop();
+    FlashTimer.stop();
+    UserCaptures = 0;
+    ResetPlayer();
+    transport_.ForgetMarks();
+    if (!state.FromList)
+        KeepVideos(state);
+    if (!state.OpenVidList && !state.VideoPath.isEmpty() && state.VideoCount >= 2)
+        Q_EMIT ListWanted();
+    state.VideoExt = VideoExtension(state.VideoPath);
+    state.FromList = false;
+    GiveSource();
+    SizeToVideo(ltmmPlay1->VideoWidth(), ltmmPlay1->VideoHeight());
+    transport_.StartVideo();
+    transport_.ReleasePause();
+    state.MarksSet = false;
+    frame_.ShowStatus(StatusLabel::Operation, true);
+    frame_.ShowStatus(StatusLabel::Position, true);
+    transport_.EnableVideoControls(!state.VideoPath.trimmed().isEmpty());
+    if (state.VideoExt == QLatin1String(".wmv")) {
+        frame_.SetStatus(StatusLabel::Operation, QStringLiteral("Streaming video"));
+        frame_.SetStatus(StatusLabel::Position, QStringLiteral(", please wait for video to play"));
+    }
+    frame_.EnableCommand(Command::Capture, !state.NoCap);
+    frame_.EnableCommand(Command::Save, state.NoCap);
+    UpdateVideoTitle();
+}
+
+void VideoWindow::ResetPlayer()
+{
+    ltmmPlay1->Stop();
+    ltmmPlay1->SetDisplaySize(ltmmPlay::Normal);
+    ltmmPlay1->ResetSource();
+}
+
+void VideoWindow::GiveSource()
+{
+    const ApplicationState& state = frame_.State();
+    const Hourglass waiting;
+    ltmmPlay1->SetSourceFile(state.VideoPath);
+    // An MPEG file asked into memory ends with an empty player: no path is ever given to load the memory from.
+    if (state.LoadVid && (state.VideoExt == QLatin1String(".mpg") || state.VideoExt == QLatin1String("mpeg")))
+        ltmmPlay1->ResetSource();
+}
+
+void VideoWindow::SizeToVideo(double width, double height)
+{
+    if (CurrentShape() != Shape::Normal)
+        return;
+    resize(Twips { int(width) + PlayerMarginWidth.value }.Pixels(), Twips { int(height) + PlayerMarginHeight.value }.Pixels());
+}
+
+void VideoWindow::UpdateVideoTitle()
+{
+    ApplicationState& state = frame_.State();
+    state.VideoPath = state.VideoPath.trimmed();
+    if (const VideoPathParts parts = SplitVideoPath(state.VideoPath); parts.isSplit) {
+        state.VideoName = parts.name;
+        state.VideoFolder = parts.folder;
+    }
+    state.Reload(Key::NameFull);
+    Head().SetTitle(FileName::Shown(state.NameFull ? state.VideoName : state.VideoPath));
+}
+
+void VideoWindow::resizeEvent(QResizeEvent* event)
+{
+    ChildForm::resizeEvent(event);
+    if (frame_.State().OpeningNow)
+        frame_.State().OpeningNow = false;
+    else
+        Timer1.start();
+}
+
+void VideoWindow::GrowToMinimum()
+{
+    const int smallest = SmallestSide.Pixels();
+    if (CurrentShape() == Shape::Normal && (width() < smallest || height() < smallest))
+        resize(smallest, smallest);
+}
+
+void VideoWindow::ShowSizePopup()
+{
+    int checked = ltmmPlay1->ClosedCaption() ? 1 << CaptionItem : 0;
+    if (ltmmPlay1->DisplaySize() >= ltmmPlay::Normal)
+        checked |= 1 << (ltmmPlay1->DisplaySize() - ltmmPlay::Normal);
+    const auto* button = findChild<QWidget*>(QStringLiteral("Image1"));
+    const QPoint place = button->mapToGlobal(QPoint(0, button->height()));
+    frame_.OpenMenus(PopupOwner::VideoWindow, SizeItems, checked, place, [this](int item) {
+        if (item == CaptionItem)
+            ltmmPlay1->ToggleClosedCaption();
+        else
+            ltmmPlay1->SetDisplaySize(ltmmPlay::DisplayMode(ltmmPlay::Normal + item));
+    });
+}
+
+void VideoWindow::ShowProgress(int position)
+{
+    ApplicationState& state = frame_.State();
+    transport_.FollowProgress(position);
+    if (ltmmPlay1->TrackingMax() == 0)
+        return;
+    const auto percent = std::lround(double(position) / ltmmPlay1->TrackingMax() * 100);
+    frame_.SetStatus(StatusLabel::Percent, QString::number(percent) + u'%');
+    if (state.CaptureTime) {
+        frame_.ShowStatus(StatusLabel::AutoCapture, true);
+        EndReached = percent == 100;
+        if (EndReached) {
+            frame_.ShowStatus(StatusLabel::Flashing, false);
+            frame_.ShowStatus(StatusLabel::Watermark, false);
+            StopTimers();
+        }
+    }
+    frame_.SetStatus(StatusLabel::Position, PositionText(*ltmmPlay1) + QStringLiteral("  Time"));
+    frame_.SetStatus(StatusLabel::FrameNumber, QStringLiteral("Frame: ") + QString::number(ltmmPlay1->CurrentFrame()));
+    if (percent >= 100)
+        frame_.EnableCommand(Command::Cancel, false);
+    if (state.VideoPath.isEmpty() && position == 0)
+        EndReached = false;
+}
+
+void VideoWindow::TellError(int code)
+{
+    ApplicationState& state = frame_.State();
+    if (!state.ShowPlayerErrors)
+        return;
+    state.MessageText = QStringLiteral("Abort, Error Playing.     Error Code: ") + ltmmPlay1->ErrorText(code)
+        + QStringLiteral("  Or file is not complete, or it is corrupt");
+    frame_.Errors().ShowPlayerError(this, QStringLiteral("Error Abort"), state.MessageText);
+    frame_.SetStatus(StatusLabel::Operation, QStringLiteral("Abort"));
+}
+
+void VideoWindow::StopTimers()
+{
+    CapTimer.stop();
+    FlashTimer.stop();
+    Timer3.stop();
+}
+
+void VideoWindow::CloseClicked()
+{
+    ApplicationState& state = frame_.State();
+    state.VideoCount = 0;
+    Closing = true;
+    const QPointer<VideoWindow> alive(this);
+    frame_.PumpEvents();
+    if (!alive)
+        return;
+    FlashTimer.stop();
+    CapTimer.stop();
+    state.FromList = false;
+    frame_.ShowStatus(StatusLabel::AutoCapture, false);
+    ltmmPlay1->Stop();
+    close();
+}
+
+void VideoWindow::OpenClicked()
+{
+    Closing = false;
+    frame_.State().OpeningNow = true;
+    Q_EMIT ListUnwanted();
+    Timer1.stop();
+    FlashTimer.stop();
+    CapTimer.stop();
+    frame_.State().FromList = false;
+    frame_.ShowStatus(StatusLabel::AutoCapture, false);
+    ltmmPlay1->Stop();
+    Q_EMIT OpenWanted();
+}
+
+void VideoWindow::closeEvent(QCloseEvent* event)
+{
+    ApplicationState& state = frame_.State();
+    Timer1.stop();
+    Closing = true;
+    const QPointer<VideoWindow> alive(this);
+    frame_.PumpEvents();
+    if (!alive)
+        return;
+    transport_.ReleaseRepeats();
+    state.ExitRequested = true;
+    hide();
+    frame_.SetEnabled(false);
+    transport_.ShowPane(false);
+    Q_EMIT ListUnwanted();
+    state.VideoOpen = false;
+    transport_.EnableVideoControls(false);
+    FlashTimer.stop();
+    CapTimer.stop();
+    state.FromList = false;
+    ltmmPlay1->Stop();
+    state.CurrentVideo = nullptr;
+    ChildForm::closeEvent(event);
+}

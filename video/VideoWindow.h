@@ -1,0 +1,69 @@
+#pragma once
+
+#include "toolkit/ChildForm.h"
+
+#include <QTimer>
+
+#include <functional>
+
+class Frame;
+class Transport;
+class ltmmPlay;
+
+/// Makes the player control, as a child of its argument.
+using PlayerFactory = std::function<ltmmPlay*(QWidget*)>;
+
+/// The window that holds the player and one open video.
+class VideoWindow : public ChildForm {
+    Q_OBJECT
+
+public:
+    VideoWindow(Frame& frame, Transport& transport, const PlayerFactory& makePlayer);
+
+    /// Opens the selection in FileNames or, when FromList is set, the video that VideoPath names. Never plays. Reports
+    /// no failure: without a video the transport is disabled.
+    void OpenVideo();
+    /// Works out VideoName and VideoFolder and shows the title.
+    void UpdateVideoTitle();
+
+    ltmmPlay& Player() { return *ltmmPlay1; }
+
+    bool Closing = false; ///< the user closed it; also StopRequested: stops a running automatic capture
+    bool EndReached = false; ///< the video stands at exactly 100 percent; also VideoFinished
+    qint16 UserCaptures = 0; ///< captures made, also CaptureCount
+
+Q_SIGNALS:
+    void ListWanted(); ///< several videos were selected and their list is to be shown
+    void ListUnwanted();
+    void OpenWanted(); ///< the window's own open button was pressed; playing has stopped
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void Build(const PlayerFactory& makePlayer);
+    void BuildHead();
+    void Bind();
+    void BindPlayer();
+    void ResetPlayer();
+    void GiveSource();
+    void EmptyPlayer();
+    void SizeToVideo(double width, double height);
+    void ShowSizePopup();
+    void GrowToMinimum();
+    void StopTimers();
+
+    void ShowProgress(int position);
+    void TellError(int code);
+    void CloseClicked();
+    void OpenClicked();
+
+    Frame& frame_;
+    Transport& transport_;
+    ltmmPlay* ltmmPlay1 = nullptr;
+    QTimer Timer1; ///< grows a window that was sized too small
+    QTimer Timer3; ///< hides the flashing label
+    QTimer FlashTimer; ///< shows it again
+    QTimer CapTimer; ///< the steps of a timed capture
+};
