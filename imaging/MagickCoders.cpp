@@ -1,0 +1,227 @@
+#include "imaging/MagickCoders.h"
+
+#include "imaging/PictureError.h"
+#include "imaging/PictureLimits.h"
+
+#include <Magick++.h>
+#include <magick/api.h>
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <set>
+#include <string>
+
+namespace imaging::MagickCoders {
+namespace {
+
+/// How one format is read and written. A coder is always named by us, never guessed from a name or the
+/// content.
+struct Coder {
+    FormatCode format;
+    const char* reader;
+    const char* writer;
+    bool keepsAlpha;
+    void (*prepare)(Magick::Image& image, int quality);
+};
+
+void PrepareJpg(Magick::Image& image, int quality)
+{
+    constexpr int percentPerStep = 4; // factor 2 is 92 percent, which keeps the colours at full resolution
+    image.type(MagickLib::TrueColorType);
+    image.quality(unsigned(std::clamp(100 - quality * percentPerStep, 1, 100)));
+}
+
+void PrepareTga(Magick::Image& image, int)
+{
+    image.type(MagickLib::TrueColorMatteType);
+    image.compressType(MagickLib::NoCompression);
+}
+
+void PrepareGif(Magick::Image& image, int)
+{
+    image.quantizeColors(256);
+    image.quantizeTreeDepth(4); // deeper trees take half a minute for a photo
+    image.quantizeDither(false);
+    image.quantize();
+    image.classType(MagickLib::PseudoClass);
+    image.colorMapSize(256); // or a simple frame would become a file of 1 to 6 bits
+}
+
+void PrepareTif(Magick::Image& image, int)
+{
+    image.type(MagickLib::TrueColorMatteType);
+    image.compressType(MagickLib::LZWCompression);
+    image.defineValue("tiff", "alpha", "unassociated");
+}
+
+void PreparePng(Magick::Image& image, int)
+{
+    image.type(MagickLib::TrueColorType);
+    image.quality(5);
+}
+
+constexpr Coder Coders[] = {
+    { Bmp, "BMP", nullptr, false, nullptr },
+    { Jpg, "JPEG", "JPEG", false, PrepareJpg },
+    { Tga, "TGA", "TGA", true, PrepareTga },
+    { Gif, "GIF", "GIF", false, PrepareGif },
+    { Tif, "TIFF", "TIFF", true, PrepareTif },
+    { Png, "PNG", "PNG24", false, PreparePng },
+};
+
+const Coder& CoderOf(FormatCode format)
+{
+    const Coder* coder = std::ranges::find(Coders, format, &Coder::format);
+    if (coder == std::end(Coders))
+        throw PictureError(QStringLiteral("There is no coder for this kind of picture."));
+    return *coder;
+}
+
+/// All that may ever touch a file of unknown origin; "RGB" and its kin carry our own pixels in and out.
+const std::set<std::string> KeptCoders { "BMP", "BMP3", "JPEG", "JPG", "TGA", "GIF", "TIFF", "TIF", "PNG",
+    "PNG24", "RGB", "RGBA", "BGR", "BGRA" };
+
+std::set<std::string> CoderNames()
+{
+    MagickLib::ExceptionInfo exception;
+    MagickLib::GetExceptionInfo(&exception);
+    const std::unique_ptr<MagickLib::MagickInfo*, decltype(&MagickLib::MagickFree)> all(
+        MagickLib::GetMagickInfoArray(&exception), &MagickLib::MagickFree);
+    MagickLib::DestroyExceptionInfo(&exception);
+    std::set<std::string> names;
+    for (MagickLib::MagickInfo** info = all.get(); info && *info; ++info)
+        names.insert((*info)->name);
+    return names;
+}
+
+struct Limit {
+    MagickLib::ResourceType resource;
+    MagickLib::magick_int64_t value;
+};
+
+constexpr qint64 MiB = 1024 * 1024;
+constexpr Limit Limits[] = {
+    { MagickLib::WidthResource, MaxSide },
+    { MagickLib::HeightResource, MaxSide },
+    { MagickLib::PixelsResource, MaxPixels },
+    { MagickLib::MemoryResource, 768 * MiB },
+    { MagickLib::MapResource, 0 },
+    { MagickLib::DiskResource, 0 },
+    { MagickLib::ReadResource, 1024 * MiB },
+    { MagickLib::ThreadsResource, 2 },
+};
+
+QImage Paletted(const Magick::Image& image)
+{
+    QImage picture(int(image.columns()), int(image.rows()), QImage::Format_Indexed8);
+    QList<QRgb> colours;
+    for (unsigned i = 0; i < image.colorMapSize(); ++i) {
+        const Magick::Color colour = image.colorMap(i);
+        colours.append(qRgb(ScaleQuantumToChar(colour.redQuantum()),
+            ScaleQuantumToChar(colour.greenQuantum()), ScaleQuantumToChar(colour.blueQuantum())));
+    }
+    picture.setColorTable(colours);
+    for (int y = 0; y < picture.height(); ++y) {
+        image.getConstPixels(0, y, image.columns(), 1);
+        const MagickLib::IndexPacket* indexes = image.getConstIndexes();
+        std::transform(indexes, indexes + picture.width(), picture.scanLine(y),
+            [](MagickLib::IndexPacket index) { return uchar(index); });
+    }
+    return picture;
+}
+
+/// The pixels row by row, since rows of a QImage may be padded.
+QImage TrueColour(Magick::Image& image)
+{
+    const bool hasAlpha = image.matte();
+    QImage picture(
+        int(image.columns()), int(image.rows()), hasAlpha ? QImage::Format_ARGB32 : QImage::Format_BGR888);
+    for (int y = 0; y < picture.height(); ++y)
+        image.write(
+            0, y, image.columns(), 1, hasAlpha ? "BGRA" : "BGR", MagickLib::CharPixel, picture.scanLine(y));
+    return picture;
+}
+
+QImage ToPicture(Magick::Image& image)
+{
+    constexpr unsigned maxColours = 256;
+    if (image.colorSpace() == MagickLib::CMYKColorspace)
+        image.colorSpace(MagickLib::RGBColorspace);
+    const bool isPaletted = image.classType() == MagickLib::PseudoClass && !image.matte()
+        && image.colorMapSize() > 0 && image.colorMapSize() <= maxColours;
+    return isPaletted ? Paletted(image) : TrueColour(image);
+}
+
+/// The bytes of all rows without padding.
+QByteArray Tight(const QImage& picture)
+{
+    const qsizetype used = qsizetype(picture.width()) * picture.depth() / 8;
+    if (used == picture.bytesPerLine())
+        return QByteArray::fromRawData(
+            reinterpret_cast<const char*>(picture.constBits()), picture.sizeInBytes());
+    QByteArray bytes(used * picture.height(), Qt::Uninitialized);
+    for (int y = 0; y < picture.height(); ++y)
+        std::memcpy(bytes.data() + y * used, picture.constScanLine(y), size_t(used));
+    return bytes;
+}
+
+Magick::Image FromPicture(const QImage& picture, bool withAlpha)
+{
+    const QImage pixels = picture.convertToFormat(withAlpha ? QImage::Format_ARGB32 : QImage::Format_BGR888);
+    Magick::Image image;
+    image.read(unsigned(pixels.width()), unsigned(pixels.height()), withAlpha ? "BGRA" : "BGR",
+        MagickLib::CharPixel, Tight(pixels).constData());
+    image.depth(8);
+    image.matte(withAlpha);
+    return image;
+}
+
+} // namespace
+
+void Initialise()
+{
+    MagickLib::InitializeMagickEx(nullptr, MAGICK_OPT_NO_SIGNAL_HANDER, nullptr);
+    for (const std::string& name : CoderNames())
+        if (!KeptCoders.contains(name))
+            MagickLib::UnregisterMagickInfo(name.c_str());
+    if (CoderNames() != KeptCoders)
+        throw PictureError(QStringLiteral("The picture formats of this installation are not complete."));
+    for (const Limit& limit : Limits)
+        MagickLib::SetMagickResourceLimit(limit.resource, limit.value);
+}
+
+QImage Decode(const QByteArray& file, FormatCode format)
+{
+    try {
+        Magick::Image image;
+        image.quiet(true); // an odd tag is no reason to refuse a picture
+        image.magick(CoderOf(format).reader);
+        image.subImage(0);
+        image.subRange(1);
+        image.read(Magick::Blob(file.constData(), size_t(file.size())));
+        if (format == Jpg)
+            image.autoOrient();
+        return ToPicture(image);
+    } catch (const Magick::Exception&) {
+        throw PictureError(QStringLiteral("The picture is damaged or incomplete."));
+    }
+}
+
+QByteArray Encode(const QImage& picture, FormatCode format, int quality)
+{
+    const Coder& coder = CoderOf(format);
+    try {
+        Magick::Image image = FromPicture(picture, coder.keepsAlpha);
+        coder.prepare(image, quality);
+        image.magick(coder.writer);
+        Magick::Blob blob;
+        image.write(&blob);
+        return { static_cast<const char*>(blob.data()), qsizetype(blob.length()) };
+    } catch (const Magick::Exception& error) {
+        throw PictureError(QStringLiteral("The picture could not be made into a file: %1")
+                               .arg(QString::fromLocal8Bit(error.what())));
+    }
+}
+
+} // namespace imaging::MagickCoders

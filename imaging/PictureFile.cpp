@@ -1,0 +1,100 @@
+#include "imaging/PictureFile.h"
+
+#include "imaging/BmpFile.h"
+#include "imaging/FormatTable.h"
+#include "imaging/MagickCoders.h"
+#include "imaging/PictureHeader.h"
+#include "imaging/PictureLimits.h"
+#include "imaging/PsdFile.h"
+
+#include <algorithm>
+#include <new>
+
+namespace imaging {
+namespace {
+
+/// Fewest bytes a picture of this size can take, by the format's best packing of a single colour; a file that
+/// claims more pixels than its bytes can hold is refused before any memory is taken for them.
+qint64 FewestBytes(const PictureHeader& header)
+{
+    const qint64 pixels = header.width * header.height;
+    switch (header.format) {
+    case Png:
+        return pixels / 8 / 1032; // one bit per pixel, and the most that deflate can pack
+    case Jpg:
+        return pixels / 64 / 8; // a bit for each block of 8x8
+    case Bmp:
+    case Tga:
+        return pixels / 128 / 8; // runs of up to 255 or 128 pixels
+    case Psd:
+        return pixels / 8 / 64; // one bit per pixel, runs of 128 bytes in two
+    case Gif:
+    case Tif:
+        return pixels / 4096;
+    }
+    return 0;
+}
+
+bool IsInTable(int format, int bits)
+{
+    return std::ranges::any_of(
+        FormatTable, [&](const FormatRow& row) { return row.format == format && row.bits == bits; });
+}
+
+QImage DecodeKnown(const QByteArray& file, FormatCode format)
+{
+    const QImage picture = format == Psd ? PsdFile::Decode(file) : MagickCoders::Decode(file, format);
+    CheckPictureSize(picture.width(), picture.height());
+    return picture;
+}
+
+} // namespace
+
+int BitsPerPixel(const QImage& picture)
+{
+    const qsizetype colours = picture.colorCount();
+    if (colours > 0)
+        return colours <= 2 ? 1 : colours <= 16 ? 4 : 8;
+    return picture.depth();
+}
+
+void PictureFile::Initialise()
+{
+    MagickCoders::Initialise();
+}
+
+QImage PictureFile::Decode(const QByteArray& file)
+{
+    const PictureHeader header = ReadPictureHeader(file);
+    CheckPictureSize(header.width, header.height);
+    if (file.size() < FewestBytes(header))
+        throw PictureError(QStringLiteral("The picture is damaged or incomplete."));
+    try {
+        return DecodeKnown(file, header.format);
+    } catch (const std::bad_alloc&) {
+        throw PictureError(QStringLiteral("There is not enough memory for this picture: %1x%2.")
+                               .arg(header.width)
+                               .arg(header.height));
+    }
+}
+
+EncodedFile PictureFile::Encode(const QImage& picture, int format, int bits, int quality)
+{
+    if (!IsInTable(format, bits))
+        throw PictureError(
+            QStringLiteral("A picture of format %1 cannot have %2 bits.").arg(format).arg(bits));
+    CheckPictureSize(picture.width(), picture.height());
+    if (format == Bmp)
+        return BmpFile::Encode(picture);
+    if (format == Psd)
+        return EncodedFile(PsdFile::Encode(picture));
+    return EncodedFile(MagickCoders::Encode(picture, FormatCode(format), quality));
+}
+
+EncodedFile PictureFile::EncodeBitmap(const QImage& picture)
+{
+    CheckPictureSize(picture.width(), picture.height());
+    return BmpFile::Encode(picture);
+}
+
+} // namespace imaging
