@@ -3,14 +3,17 @@
 #include <QByteArray>
 #include <QImage>
 #include <QSize>
+#include <QString>
 #include <atomic>
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
-/// The engine's core: any picture of a video by its ordinal in presentation order, exactly. No thread of its own; each
-/// object is used by one thread at a time. No FFmpeg type leaves this folder.
+/// The engine's core: any picture of a video by its ordinal in presentation order, exactly. No thread of its
+/// own; each object is used by one thread at a time. No FFmpeg type leaves this folder.
 namespace media {
 
 /// Why a source cannot be opened or read. Numbers are those of PlayerError.
@@ -33,9 +36,9 @@ QString FailureText(Failure failure);
 
 class MediaError : public std::runtime_error {
 public:
-    MediaError(Failure failure, const std::string& detail)
+    MediaError(Failure why, const std::string& detail)
         : std::runtime_error(detail)
-        , failure(failure)
+        , failure(why)
     {
     }
     Failure failure;
@@ -47,7 +50,8 @@ struct Source {
     QByteArray data;
 };
 
-/// Lets another thread end a blocking call: the call fails with Failure::TimedOut soon after Raise or the deadline.
+/// Lets another thread end a blocking call: the call fails with Failure::TimedOut soon after Raise or the
+/// deadline.
 class Interrupt {
 public:
     using Clock = std::chrono::steady_clock;
@@ -64,24 +68,36 @@ private:
     std::atomic<Clock::rep> deadline_ = Clock::time_point::max().time_since_epoch().count();
 };
 
-/// A decoded picture, shared, in the codec's own format. Cheap to copy.
+struct DecodedFrame;
+
+/// A decoded picture, shared, in the codec's own format. Cheap to copy; its members may be called on any
+/// thread.
 class Picture {
 public:
+    Picture() = default;
+    Picture(std::shared_ptr<const DecodedFrame> frame, int number)
+        : frame_(std::move(frame))
+        , number_(number)
+    {
+    }
+
     bool IsNull() const { return !frame_; }
     /// Presentation ordinal.
     int Number() const { return number_; }
+    /// The same picture under another number.
+    Picture As(int number) const { return { frame_, number }; }
     /// Size in square pixels (stored height, width by the sample aspect ratio), rotated as tagged.
     QSize Size() const;
     /// Bytes the decoded picture holds.
     qsizetype Bytes() const;
-    /// The picture as QImage::Format_BGR888 at Size(), colour matrix and range honoured: what a capture saves.
+    /// The picture as QImage::Format_BGR888 at Size(), colour matrix and range honoured: what a capture
+    /// saves.
     QImage ToStill() const;
     /// The picture as QImage::Format_RGB32 scaled to size (device pixels), for the screen.
     QImage ToScreen(QSize size) const;
 
 private:
-    friend class FrameServerPrivate;
-    std::shared_ptr<void> frame_;
+    std::shared_ptr<const DecodedFrame> frame_;
     int number_ = -1;
 };
 
@@ -102,7 +118,8 @@ public:
     /// Number of pictures known so far, growing while the index is built; exact once IsComplete().
     virtual int KnownFrames() const = 0;
     virtual bool IsComplete() const = 0;
-    /// Reads on in the file until at least frames pictures are known or the file's end or the interrupt is due.
+    /// Reads on in the file until at least frames pictures are known or the file's end or the interrupt is
+    /// due.
     virtual void ExtendIndex(int frames) = 0;
 
     /// Natural size of the first picture in square pixels, rotated as tagged.
@@ -117,8 +134,8 @@ public:
 
     /// Exactly picture number. Throws MediaError when it cannot be had before the interrupt is due.
     virtual Picture Get(int number, Purpose purpose) = 0;
-    /// Skips what need not be decoded on the way through numbers (rising); calls take for each wanted picture in
-    /// order until it returns false.
+    /// Skips what need not be decoded on the way through numbers (rising); calls take for each wanted picture
+    /// in order until it returns false.
     virtual void Walk(const std::vector<int>& numbers, const std::function<bool(const Picture&)>& take) = 0;
     /// The picture if it is in the cache, else null; never decodes.
     virtual Picture Cached(int number) const = 0;
@@ -126,4 +143,4 @@ public:
     static constexpr qsizetype CacheBytes = 256 * 1024 * 1024;
 };
 
-}
+} // namespace media
