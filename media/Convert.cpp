@@ -1,0 +1,133 @@
+#include "media/DecodedFrame.h"
+#include "media/FrameServer.h"
+#include <algorithm>
+#include <cmath>
+
+namespace media {
+
+namespace {
+
+constexpr int LargestSide = 32767;
+constexpr int LastLineOfStandardTelevision = 576;
+constexpr int RowAlignment = 64; ///< the scaler writes whole vectors
+
+struct Target {
+    AVPixelFormat pixels;
+    QImage::Format format;
+};
+constexpr Target StillTarget { AV_PIX_FMT_BGR24, QImage::Format_BGR888 };
+constexpr Target ScreenTarget { AV_PIX_FMT_BGRA, QImage::Format_RGB32 };
+
+/// Rows aligned and padded for the scaler; the buffer is freed with the last copy of the image.
+QImage AlignedImage(QSize size, const Target& target)
+{
+    const int rowBytes = FFALIGN(av_image_get_linesize(target.pixels, size.width(), 0), RowAlignment);
+    auto* rows = static_cast<uchar*>(av_malloc(size_t(rowBytes) * size_t(size.height()) + RowAlignment));
+    return rows ? QImage(rows, size.width(), size.height(), rowBytes, target.format, &av_free, rows)
+                : QImage();
+}
+
+int MatrixOf(const AVFrame& frame)
+{
+    switch (frame.colorspace) {
+    case AVCOL_SPC_BT709:
+        return SWS_CS_ITU709;
+    case AVCOL_SPC_FCC:
+        return SWS_CS_FCC;
+    case AVCOL_SPC_BT470BG:
+    case AVCOL_SPC_SMPTE170M:
+        return SWS_CS_ITU601;
+    case AVCOL_SPC_SMPTE240M:
+        return SWS_CS_SMPTE240M;
+    case AVCOL_SPC_BT2020_NCL:
+    case AVCOL_SPC_BT2020_CL:
+        return SWS_CS_BT2020;
+    default:
+        return frame.height <= LastLineOfStandardTelevision ? SWS_CS_ITU601 : SWS_CS_ITU709;
+    }
+}
+
+bool IsFullRange(const AVFrame& frame)
+{
+    const AVPixelFormat full[] = { AV_PIX_FMT_YUVJ420P, AV_PIX_FMT_YUVJ422P, AV_PIX_FMT_YUVJ444P,
+        AV_PIX_FMT_YUVJ440P, AV_PIX_FMT_YUVJ411P };
+    return frame.color_range == AVCOL_RANGE_JPEG
+        || std::find(std::begin(full), std::end(full), frame.format) != std::end(full);
+}
+
+/// The frame in another size and format; null when there is no memory for it.
+QImage Scaled(const AVFrame& frame, QSize size, const Target& target, int flags)
+{
+    QImage image = AlignedImage(size, target);
+    const ScalerPtr scaler(sws_getContext(frame.width, frame.height, AVPixelFormat(frame.format),
+        size.width(), size.height(), target.pixels, flags, nullptr, nullptr, nullptr));
+    if (image.isNull() || !scaler)
+        return {};
+    constexpr int one = 1 << 16;
+    sws_setColorspaceDetails(scaler.get(), sws_getCoefficients(MatrixOf(frame)), IsFullRange(frame),
+        sws_getCoefficients(SWS_CS_DEFAULT), 1, 0, one, one);
+    uint8_t* rows[] = { image.bits(), nullptr, nullptr, nullptr };
+    const int strides[] = { int(image.bytesPerLine()), 0, 0, 0 };
+    sws_scale(scaler.get(), frame.data, frame.linesize, 0, frame.height, rows, strides);
+    return image;
+}
+
+/// Size in square pixels before any turn: the stored height, the width by the pixels' aspect.
+QSize SquareSize(const DecodedFrame& decoded)
+{
+    const AVRational aspect = decoded.pixelAspect;
+    const double factor = aspect.num > 0 && aspect.den > 0 ? av_q2d(aspect) : 1.0;
+    const int width = int(std::lround(std::min(decoded.frame->width * factor, double(LargestSide))));
+    return { std::max(width, 1), decoded.frame->height };
+}
+
+bool SwapsSides(const QTransform& turn)
+{
+    return std::abs(turn.m12()) > std::abs(turn.m11());
+}
+
+QImage Turned(const QImage& image, const QTransform& turn, QImage::Format format)
+{
+    return turn.isIdentity() ? image : image.transformed(turn).convertToFormat(format);
+}
+
+} // namespace
+
+QSize Picture::Size() const
+{
+    if (IsNull())
+        return {};
+    const QSize size = SquareSize(*frame_);
+    return SwapsSides(frame_->turn) ? size.transposed() : size;
+}
+
+qsizetype Picture::Bytes() const
+{
+    qsizetype bytes = 0;
+    if (!IsNull())
+        for (const AVBufferRef* buffer : frame_->frame->buf)
+            bytes += buffer ? qsizetype(buffer->size) : 0;
+    return bytes;
+}
+
+QImage Picture::ToStill() const
+{
+    if (IsNull())
+        return {};
+    const QImage image =
+        Scaled(*frame_->frame, SquareSize(*frame_), StillTarget, SWS_BICUBIC | SWS_ACCURATE_RND);
+    return Turned(image, frame_->turn, StillTarget.format);
+}
+
+QImage Picture::ToScreen(QSize size) const
+{
+    if (IsNull() || size.isEmpty())
+        return {};
+    const QSize unturned = SwapsSides(frame_->turn) ? size.transposed() : size;
+    const bool isHalfOrLess = unturned.width() * 2 <= frame_->frame->width;
+    const QImage image =
+        Scaled(*frame_->frame, unturned, ScreenTarget, isHalfOrLess ? SWS_AREA : SWS_BILINEAR);
+    return Turned(image, frame_->turn, ScreenTarget.format);
+}
+
+} // namespace media

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "media/Libav.h"
+#include <QTransform>
+
+namespace media {
+
+/// What a Picture shares: the decoder's frame and how it is to be shown.
+struct DecodedFrame {
+    FramePtr frame;
+    AVRational pixelAspect { 1, 1 };
+    QTransform turn; ///< quarter turns and mirrorings as tagged
+};
+
+} // namespace media

@@ -1,0 +1,68 @@
+#include "media/Decoder.h"
+
+#include "media/Failure.h"
+#include "media/MediaSource.h"
+#include <algorithm>
+#include <thread>
+
+namespace media {
+
+namespace {
+
+constexpr unsigned MostThreads = 8;
+constexpr int SmallPicture = 320 * 240; ///< pixels below which threads cost more than they gain
+
+/// In these codecs the decoder itself never refers to a picture that is marked as not needed.
+bool KeepsUnneededApart(AVCodecID codec)
+{
+    constexpr AVCodecID safe[] = { AV_CODEC_ID_H264, AV_CODEC_ID_MPEG1VIDEO, AV_CODEC_ID_MPEG2VIDEO };
+    return std::find(std::begin(safe), std::end(safe), codec) != std::end(safe);
+}
+
+} // namespace
+
+Decoder::Decoder(const AVStream& stream, const AVCodecParameters& parameters)
+    : canDrop_(KeepsUnneededApart(parameters.codec_id))
+{
+    const AVCodec* codec = avcodec_find_decoder(parameters.codec_id);
+    context_.reset(codec ? avcodec_alloc_context3(codec) : nullptr);
+    if (!context_)
+        throw MediaError(Failure::NotAVideo, "no decoder");
+    avcodec_parameters_to_context(context_.get(), &parameters);
+    context_->pkt_timebase = stream.time_base;
+    context_->max_pixels = MediaSource::MaxPixels;
+    const bool isSmall = parameters.width * parameters.height <= SmallPicture;
+    context_->thread_count =
+        isSmall ? 1 : int(std::clamp(std::thread::hardware_concurrency(), 1U, MostThreads));
+    if (const int error = avcodec_open2(context_.get(), codec, nullptr); error < 0)
+        throw MediaError(Failure::Damaged, DetailOf(error));
+}
+
+void Decoder::Restart()
+{
+    avcodec_flush_buffers(context_.get());
+    while (Receive()) { }
+}
+
+void Decoder::Send(const AVPacket& packet, int ordinal, bool mayDrop)
+{
+    PacketPtr tagged(av_packet_clone(&packet));
+    if (!tagged)
+        throw MediaError(Failure::TooLarge, "no memory");
+    tagged->pts = tagged->dts = ordinal;
+    context_->skip_frame = mayDrop ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
+    avcodec_send_packet(context_.get(), tagged.get());
+}
+
+void Decoder::Drain()
+{
+    avcodec_send_packet(context_.get(), nullptr);
+}
+
+FramePtr Decoder::Receive()
+{
+    FramePtr frame(av_frame_alloc());
+    return avcodec_receive_frame(context_.get(), frame.get()) >= 0 ? std::move(frame) : nullptr;
+}
+
+} // namespace media

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "media/Libav.h"
+
+namespace media {
+
+/// The codec, fed with packets named by their ordinal; every picture comes out under the ordinal of its
+/// packet.
+class Decoder {
+public:
+    /// Throws MediaError when there is no such decoder or it refuses the stream.
+    explicit Decoder(const AVStream& stream, const AVCodecParameters& parameters);
+
+    /// Forgets everything that was fed.
+    void Restart();
+    /// Feeds a packet; pictures that no other needs are not decoded when mayDrop is set. Pictures that are
+    /// ready must have been received before.
+    void Send(const AVPacket& packet, int ordinal, bool mayDrop);
+    /// No packet follows: the pictures held back come out. Feeding on needs a Restart.
+    void Drain();
+    /// The next picture in display order, its ordinal in pts; null when more packets are needed or all are
+    /// out.
+    FramePtr Receive();
+
+    /// Whether leaving out pictures that no other needs changes no other picture of this codec.
+    bool CanDrop() const { return canDrop_; }
+
+private:
+    CodecPtr context_;
+    bool canDrop_ = false;
+};
+
+} // namespace media

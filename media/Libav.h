@@ -1,0 +1,49 @@
+#pragma once
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavcodec/bsf.h>
+#include <libavformat/avformat.h>
+#include <libavutil/adler32.h>
+#include <libavutil/display.h>
+#include <libavutil/imgutils.h>
+#include <libavutil/mem.h>
+#include <libavutil/pixdesc.h>
+#include <libswscale/swscale.h>
+}
+#include <memory>
+
+/// Owners of the library's objects.
+namespace media {
+
+template <auto Free> struct FreeByAddress {
+    template <typename T> void operator()(T* object) const { Free(&object); }
+};
+template <auto Free> struct FreeByValue {
+    template <typename T> void operator()(T* object) const { Free(object); }
+};
+
+using PacketPtr = std::unique_ptr<AVPacket, FreeByAddress<av_packet_free>>;
+using FramePtr = std::unique_ptr<AVFrame, FreeByAddress<av_frame_free>>;
+using FormatPtr = std::unique_ptr<AVFormatContext, FreeByAddress<avformat_close_input>>;
+using CodecPtr = std::unique_ptr<AVCodecContext, FreeByAddress<avcodec_free_context>>;
+using FilterPtr = std::unique_ptr<AVBSFContext, FreeByAddress<av_bsf_free>>;
+using ParserPtr = std::unique_ptr<AVCodecParserContext, FreeByValue<av_parser_close>>;
+using ScalerPtr = std::unique_ptr<SwsContext, FreeByValue<sws_freeContext>>;
+
+/// A set of options for the library.
+class Options {
+public:
+    Options() = default;
+    Options(const Options&) = delete;
+    Options& operator=(const Options&) = delete;
+    ~Options() { av_dict_free(&entries_); }
+    void Set(const char* key, const char* value) { av_dict_set(&entries_, key, value, 0); }
+    AVDictionary** Address() { return &entries_; }
+    const AVDictionary* Entries() const { return entries_; }
+
+private:
+    AVDictionary* entries_ = nullptr;
+};
+
+} // namespace media

@@ -1,0 +1,287 @@
+#include "media/MediaSource.h"
+
+#include "media/Failure.h"
+#include "media/SourceCheck.h"
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+namespace media {
+
+namespace {
+
+constexpr char MaxPixelsText[] = "67108864";
+constexpr unsigned MaxStreams = 64;
+constexpr size_t MaxAllocation = 536'870'912;
+constexpr int ReadBlock = 32 * 1024;
+constexpr auto OpenAddressWithin = std::chrono::seconds(15);
+
+bool IsVideo(const AVStream& stream)
+{
+    return stream.codecpar->codec_type == AVMEDIA_TYPE_VIDEO
+        && !(stream.disposition & AV_DISPOSITION_ATTACHED_PIC)
+        && avcodec_find_decoder(stream.codecpar->codec_id);
+}
+
+/// The options that keep the size of what a stranger's file may ask for within bounds, one set per stream.
+class StreamOptions {
+public:
+    explicit StreamOptions(unsigned streams)
+        : sets_(streams)
+    {
+        for (AVDictionary*& set : sets_) {
+            av_dict_set(&set, "max_pixels", MaxPixelsText, 0);
+            av_dict_set(&set, "threads", "1", 0);
+        }
+    }
+    ~StreamOptions()
+    {
+        for (AVDictionary*& set : sets_)
+            av_dict_free(&set);
+    }
+    StreamOptions(const StreamOptions&) = delete;
+    StreamOptions& operator=(const StreamOptions&) = delete;
+    AVDictionary** Address() { return sets_.data(); }
+
+private:
+    std::vector<AVDictionary*> sets_;
+};
+
+} // namespace
+
+/// A block of memory as a file for the demuxer.
+struct MediaSource::MemoryFile {
+    explicit MemoryFile(const QByteArray& content)
+        : bytes(content)
+        , io(avio_alloc_context(
+              static_cast<unsigned char*>(av_malloc(ReadBlock)), ReadBlock, 0, this, &Read, nullptr, &Seek))
+    {
+    }
+    ~MemoryFile()
+    {
+        if (io)
+            av_freep(&io->buffer);
+        avio_context_free(&io);
+    }
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    static int Read(void* self, uint8_t* target, int size)
+    {
+        auto& file = *static_cast<MemoryFile*>(self);
+        const auto count = std::min<qsizetype>(size, file.bytes.size() - file.at);
+        if (count <= 0)
+            return AVERROR_EOF;
+        std::memcpy(target, file.bytes.constData() + file.at, size_t(count));
+        file.at += count;
+        return int(count);
+    }
+    static int64_t Seek(void* self, int64_t offset, int whence)
+    {
+        auto& file = *static_cast<MemoryFile*>(self);
+        if (whence == AVSEEK_SIZE)
+            return file.bytes.size();
+        const int64_t base = whence == SEEK_CUR ? file.at : whence == SEEK_END ? file.bytes.size() : 0;
+        if (base + offset < 0 || base + offset > file.bytes.size())
+            return AVERROR(EINVAL);
+        return file.at = base + offset;
+    }
+
+    QByteArray bytes;
+    qsizetype at = 0;
+    AVIOContext* io;
+};
+
+MediaSource::MediaSource(const Source& source, Interrupt& interrupt)
+    : source_(source)
+    , address_(CheckedAddress(source))
+    , interrupt_(interrupt)
+{
+    av_max_alloc(MaxAllocation);
+    Open();
+}
+
+MediaSource::~MediaSource() = default;
+
+int MediaSource::IsDue(void* self)
+{
+    const auto& source = *static_cast<MediaSource*>(self);
+    return source.interrupt_.IsDue() || Interrupt::Clock::now() > source.openBy_;
+}
+
+void MediaSource::Open()
+{
+    format_.reset();
+    if (source_.kind == Source::Kind::Address)
+        openBy_ = Interrupt::Clock::now() + OpenAddressWithin;
+    AVFormatContext* format = avformat_alloc_context();
+    if (!format)
+        throw MediaError(Failure::TooLarge, "no memory");
+    Configure(*format);
+    if (source_.kind == Source::Kind::Memory)
+        OpenMemory(*format);
+    Options options;
+    options.Set("protocol_whitelist", AllowedProtocols(source_.kind));
+    options.Set("format_whitelist", AllowedFormats(source_.kind).constData());
+    if (source_.kind == Source::Kind::Address) {
+        options.Set("rw_timeout", "10000000");
+        options.Set("tls_verify", "1");
+        options.Set("ca_file", "/etc/ssl/certs/ca-certificates.crt");
+    }
+    if (const int error = avformat_open_input(&format, address_.constData(), nullptr, options.Address());
+        error < 0)
+        FailToOpen(error);
+    format_.reset(format);
+    FindStreams();
+    ChooseVideo();
+    MakeFilter();
+    openBy_ = Interrupt::Clock::time_point::max();
+    endedWell_ = true;
+}
+
+void MediaSource::Configure(AVFormatContext& format)
+{
+    format.interrupt_callback = { &MediaSource::IsDue, this };
+    format.probesize = 5'000'000;
+    format.max_analyze_duration = 5 * AV_TIME_BASE;
+    format.max_streams = int(MaxStreams);
+}
+
+void MediaSource::OpenMemory(AVFormatContext& format)
+{
+    memory_ = std::make_unique<MemoryFile>(source_.data);
+    format.pb = memory_->io;
+    format.flags |= AVFMT_FLAG_CUSTOM_IO;
+}
+
+void MediaSource::FindStreams()
+{
+    StreamOptions options(format_->nb_streams);
+    avformat_find_stream_info(format_.get(), options.Address());
+    ThrowIfDue();
+}
+
+void MediaSource::ChooseVideo()
+{
+    bool found = false;
+    for (unsigned i = 0; i < format_->nb_streams; ++i) {
+        AVStream& stream = *format_->streams[i];
+        const bool isOurs = !found && IsVideo(stream);
+        stream.discard = isOurs ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
+        if (isOurs)
+            stream_ = i;
+        found |= isOurs;
+    }
+    if (!found)
+        throw MediaError(Failure::NotAVideo, "no video stream");
+    const AVCodecParameters& video = *Video().codecpar;
+    if (int64_t(video.width) * video.height > MaxPixels)
+        throw MediaError(Failure::TooLarge, std::to_string(video.width) + "x" + std::to_string(video.height));
+}
+
+/// In AVI a packet of MPEG-4 may hold two pictures, which no later step could tell apart.
+void MediaSource::MakeFilter()
+{
+    filter_.reset();
+    if (Video().codecpar->codec_id != AV_CODEC_ID_MPEG4 || std::strcmp(format_->iformat->name, "avi") != 0)
+        return;
+    AVBSFContext* filter = nullptr;
+    if (av_bsf_alloc(av_bsf_get_by_name("mpeg4_unpack_bframes"), &filter) < 0)
+        return;
+    filter_.reset(filter);
+    avcodec_parameters_copy(filter->par_in, Video().codecpar);
+    filter->time_base_in = Video().time_base;
+    if (av_bsf_init(filter) < 0)
+        filter_.reset();
+}
+
+PacketPtr MediaSource::ReadFromContainer()
+{
+    PacketPtr packet(av_packet_alloc());
+    for (;;) {
+        const int error = av_read_frame(format_.get(), packet.get());
+        ThrowIfDue();
+        if (error == AVERROR(EAGAIN))
+            continue;
+        if (error < 0) {
+            endedWell_ = error == AVERROR_EOF && !format_->pb->error;
+            return nullptr;
+        }
+        if (packet->stream_index == int(stream_) && packet->size > 0)
+            return packet;
+        av_packet_unref(packet.get());
+    }
+}
+
+PacketPtr MediaSource::Read()
+{
+    if (!filter_)
+        return ReadFromContainer();
+    PacketPtr filtered(av_packet_alloc());
+    while (av_bsf_receive_packet(filter_.get(), filtered.get()) < 0) {
+        PacketPtr packet = ReadFromContainer();
+        if (!packet)
+            return nullptr;
+        av_bsf_send_packet(filter_.get(), packet.get());
+    }
+    return filtered;
+}
+
+bool MediaSource::SeekTime(int64_t stamp)
+{
+    if (filter_)
+        av_bsf_flush(filter_.get());
+    return av_seek_frame(format_.get(), int(stream_), stamp, AVSEEK_FLAG_BACKWARD) >= 0;
+}
+
+bool MediaSource::SeekByte(int64_t position)
+{
+    if (filter_)
+        av_bsf_flush(filter_.get());
+    return av_seek_frame(format_.get(), int(stream_), position, AVSEEK_FLAG_BYTE) >= 0;
+}
+
+void MediaSource::Rewind()
+{
+    Open();
+}
+
+PacketPtr MediaSource::ReadBytes(int64_t position, int count)
+{
+    PacketPtr packet(av_packet_alloc());
+    if (avio_seek(format_->pb, position, SEEK_SET) < 0
+        || av_get_packet(format_->pb, packet.get(), count) != count)
+        return nullptr;
+    return packet;
+}
+
+bool MediaSource::HasSound() const
+{
+    return std::any_of(format_->streams, format_->streams + format_->nb_streams,
+        [](const AVStream* stream) { return stream->codecpar->codec_type == AVMEDIA_TYPE_AUDIO; });
+}
+
+bool MediaSource::IsBareStream() const
+{
+    constexpr int bare = AVFMT_GENERIC_INDEX | AVFMT_NOTIMESTAMPS;
+    return (format_->iformat->flags & bare) == bare;
+}
+
+void MediaSource::FailToOpen(int error) const
+{
+    Failure failure = FailureOf(error);
+    if (interrupt_.IsDue() || Interrupt::Clock::now() > openBy_)
+        failure = Failure::TimedOut;
+    else if (failure == Failure::NotAVideo && source_.kind != Source::Kind::Address
+        && LooksLikeVideo(source_))
+        failure = Failure::Damaged;
+    throw MediaError(failure, DetailOf(error));
+}
+
+void MediaSource::ThrowIfDue() const
+{
+    if (interrupt_.IsDue() || Interrupt::Clock::now() > openBy_)
+        throw MediaError(Failure::TimedOut, "no answer in time");
+}
+
+} // namespace media

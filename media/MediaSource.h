@@ -1,0 +1,68 @@
+#pragma once
+
+#include "media/FrameServer.h"
+#include "media/Libav.h"
+
+namespace media {
+
+/// One reader of a source's video packets, in the order they are stored. Opening and every read end when the
+/// interrupt is due.
+class MediaSource {
+public:
+    /// Largest picture in pixels that is decoded.
+    static constexpr int64_t MaxPixels = 67'108'864;
+
+    /// Opens the source and finds its first video stream. Throws MediaError.
+    MediaSource(const Source& source, Interrupt& interrupt);
+    ~MediaSource();
+    MediaSource(const MediaSource&) = delete;
+    MediaSource& operator=(const MediaSource&) = delete;
+
+    /// The next video packet; null at the end of the file. A place that cannot be read counts as the end.
+    /// Throws MediaError when the interrupt is due.
+    PacketPtr Read();
+    /// Places the reader at a key packet at or before the time stamp (stream time base); false when it
+    /// cannot.
+    bool SeekTime(int64_t stamp);
+    /// Places the reader at or near a byte of the file; false when it cannot.
+    bool SeekByte(int64_t position);
+    /// Places the reader at the first packet by opening the source again. Throws MediaError.
+    void Rewind();
+    /// count bytes of the file at a position, for streams without a container; null when they cannot be had.
+    PacketPtr ReadBytes(int64_t position, int count);
+
+    const AVStream& Video() const { return *format_->streams[stream_]; }
+    /// The codec parameters of the packets that Read gives.
+    const AVCodecParameters& Parameters() const { return filter_ ? *filter_->par_out : *Video().codecpar; }
+    const AVFormatContext& Format() const { return *format_; }
+    bool HasSound() const;
+    /// A bare stream without container and time stamps, whose packets lie one after the other.
+    bool IsBareStream() const;
+    /// Whether the file ended where its container says, not by an error.
+    bool EndedWell() const { return endedWell_; }
+
+private:
+    static int IsDue(void* self);
+    void Open();
+    void Configure(AVFormatContext& format);
+    void OpenMemory(AVFormatContext& format);
+    void FindStreams();
+    void ChooseVideo();
+    void MakeFilter();
+    PacketPtr ReadFromContainer();
+    [[noreturn]] void FailToOpen(int error) const;
+    void ThrowIfDue() const;
+
+    Source source_;
+    QByteArray address_;
+    Interrupt& interrupt_;
+    Interrupt::Clock::time_point openBy_ = Interrupt::Clock::time_point::max();
+    struct MemoryFile;
+    std::unique_ptr<MemoryFile> memory_;
+    FormatPtr format_;
+    FilterPtr filter_;
+    unsigned stream_ = 0;
+    bool endedWell_ = true;
+};
+
+} // namespace media

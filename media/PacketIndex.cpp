@@ -1,0 +1,226 @@
+#include "media/PacketIndex.h"
+
+#include <algorithm>
+
+namespace media {
+
+namespace {
+
+constexpr size_t LongestWait = 512; ///< packets that may wait for the end of their group
+constexpr int EnoughConfirmations = 3; ///< groups in which the decoder proved the time stamps wrong
+
+int64_t StartOf(const MediaSource& media)
+{
+    const int64_t start = media.Format().start_time;
+    return start == AV_NOPTS_VALUE ? 0 : av_rescale_q(start, AV_TIME_BASE_Q, media.Video().time_base);
+}
+
+int64_t StepOf(const MediaSource& media)
+{
+    const AVStream& video = media.Video();
+    const AVRational rate = video.avg_frame_rate.num > 0 ? video.avg_frame_rate : video.r_frame_rate;
+    const AVRational step = rate.num > 0 && rate.den > 0 ? av_inv_q(rate) : AVRational { 1, 25 };
+    return av_rescale_q(1, step, video.time_base);
+}
+
+} // namespace
+
+PacketIndex::PacketIndex(const Source& source, Interrupt& interrupt)
+    : media_(source, interrupt)
+    , parser_(media_.Parameters())
+    , reader_(source, interrupt, store_, facts_)
+    , order_(parser_.Order())
+    , times_(av_q2d(media_.Video().time_base), StartOf(media_), StepOf(media_))
+{
+}
+
+std::unique_ptr<Decoder> PacketIndex::MakeDecoder() const
+{
+    return std::make_unique<Decoder>(media_.Video(), media_.Parameters());
+}
+
+bool PacketIndex::Extend()
+{
+    if (isComplete_)
+        return false;
+    if (mustResume_)
+        Resume();
+    mustResume_ = true;
+    const PacketPtr packet = media_.Read();
+    mustResume_ = false;
+    if (packet) {
+        AddPacket(*packet);
+        Publish(false);
+        return true;
+    }
+    std::vector<int> shown;
+    order_.Finish(shown);
+    waiting_.insert(waiting_.end(), shown.begin(), shown.end());
+    if (!groups_.empty())
+        CloseGroup(Packets());
+    Publish(true);
+    isComplete_ = true;
+    return true;
+}
+
+/// After a read that was broken off in the middle of a packet: from the start to the first packet not yet
+/// known.
+void PacketIndex::Resume()
+{
+    media_.Rewind();
+    for (int ordinal = 0; ordinal < Packets(); ++ordinal)
+        if (!media_.Read())
+            return;
+}
+
+void PacketIndex::AddPacket(const AVPacket& packet)
+{
+    const int ordinal = Packets();
+    facts_.push_back(parser_.Parse(packet));
+    const PacketFact& fact = facts_.back();
+    store_.Offer(ordinal, packet);
+    if (fact.Has(PacketFact::Key))
+        keys_.push_back(ordinal);
+    if (groups_.empty() || fact.Has(PacketFact::Key)) {
+        if (!groups_.empty())
+            CloseGroup(ordinal);
+        groups_.push_back({ .first = ordinal });
+    }
+    if (fact.IsShown() && fact.dts != NoStamp)
+        slots_.push(fact.dts);
+    std::vector<int> shown;
+    order_.Add(ordinal, fact, shown);
+    waiting_.insert(waiting_.end(), shown.begin(), shown.end());
+}
+
+void PacketIndex::CloseGroup(int end)
+{
+    groups_.back().end = end;
+    Judge(groups_.size() - 1);
+}
+
+void PacketIndex::Judge(size_t at)
+{
+    Group& group = groups_[at];
+    const bool stampsDiffer = confirmations_ < EnoughConfirmations && !StampsAgreeIn(group);
+    group.isDoubtful = parser_.Order() == Ordering::Unknown || stampsDiffer
+        || (at == 0 && !HeadIsClean(group))
+        || std::any_of(facts_.begin() + group.first, facts_.begin() + group.end,
+            [](const PacketFact& fact) { return fact.Has(PacketFact::Doubtful); });
+    group.isDoubtful |= at > 0 && groups_[at - 1].endIsLost;
+    if (group.isDoubtful)
+        Learn(at);
+}
+
+bool PacketIndex::StampsAgreeIn(const Group& group) const
+{
+    return StampsAgree(facts_, OrderOf(parser_.Order(), facts_, group.first, group.end));
+}
+
+/// Whether everything from the first packet on can be decoded: it is a key, and nothing is shown before it.
+bool PacketIndex::HeadIsClean(const Group& group) const
+{
+    const PacketFact& first = facts_[size_t(group.first)];
+    const bool isIntra = parser_.Order() == Ordering::Straight || first.type == 'I';
+    return first.Has(PacketFact::Key) && isIntra
+        && OrderOf(parser_.Order(), facts_, group.first, group.end).front() == group.first;
+}
+
+/// Decodes a group to see which of its packets give a picture, and in which order.
+void PacketIndex::Learn(size_t at)
+{
+    if (!prober_)
+        prober_ = MakeDecoder();
+    Group& group = groups_[at];
+    const int start = at > 0 ? groups_[at - 1].first : group.first;
+    const auto collect = [&] {
+        while (const FramePtr frame = prober_->Receive())
+            if (frame->pts >= group.first && frame->pts < group.end && facts_[size_t(frame->pts)].number < 0)
+                group.decoded.push_back(int(frame->pts));
+    };
+    prober_->Restart();
+    for (int ordinal = start; ordinal < group.end; ++ordinal) {
+        prober_->Send(*Packet(ordinal), ordinal, false);
+        collect();
+    }
+    prober_->Drain();
+    collect();
+    group.endIsLost =
+        std::find(group.decoded.begin(), group.decoded.end(), group.end - 1) == group.decoded.end();
+    isDoubtful_ = true;
+    ++confirmations_;
+}
+
+void PacketIndex::Publish(bool everything)
+{
+    while (!waiting_.empty()) {
+        const int ordinal = waiting_.front();
+        const auto after = std::upper_bound(groups_.begin(), groups_.end(), ordinal,
+            [](int o, const Group& group) { return o < group.first; });
+        publishing_ = size_t(after - groups_.begin()) - 1;
+        const bool isClosed = groups_[publishing_].end >= 0;
+        const bool mayWait = parser_.Order() == Ordering::Unknown || waiting_.size() <= LongestWait;
+        if (!everything && !isClosed && mayWait)
+            return;
+        waiting_.pop_front();
+        PublishPacket(ordinal);
+    }
+}
+
+/// In a group that was decoded the decoder's word replaces the order found so far, slot by slot.
+void PacketIndex::PublishPacket(int ordinal)
+{
+    facts_[size_t(ordinal)].rank = ranks_++;
+    Group& group = groups_[publishing_];
+    if (!group.isDoubtful) {
+        if (facts_[size_t(ordinal)].IsShown())
+            Number(ordinal);
+    } else if (!group.decoded.empty()) {
+        const int shown = group.decoded.front();
+        group.decoded.pop_front();
+        Number(shown);
+    }
+}
+
+void PacketIndex::Number(int ordinal)
+{
+    PacketFact& fact = facts_[size_t(ordinal)];
+    fact.number = Frames();
+    ordinals_.push_back(ordinal);
+    times_.Add(StampFor(fact), fact.duration);
+}
+
+/// Containers that store no presentation stamps store the slots of a constant clock as decode stamps: the
+/// first picture shown takes the first slot.
+int64_t PacketIndex::StampFor(const PacketFact& fact)
+{
+    int64_t slot = NoStamp;
+    if (!slots_.empty()) {
+        slot = slots_.top();
+        slots_.pop();
+    }
+    return fact.pts != NoStamp ? fact.pts : slot;
+}
+
+int PacketIndex::EntryFor(int number, int limit) const
+{
+    const int ordinal = ordinals_[size_t(number)];
+    auto key = std::upper_bound(keys_.begin(), keys_.end(), ordinal);
+    while (key != keys_.begin())
+        if (const int candidate = *--key; candidate < limit && LeadsTo(candidate, number))
+            return candidate;
+    return 0;
+}
+
+/// Pictures that are shown before a key yet stored behind it may refer to pictures before the key.
+bool PacketIndex::LeadsTo(int key, int number) const
+{
+    const PacketFact& fact = facts_[size_t(key)];
+    const bool isBefore = fact.number >= 0
+        ? fact.number <= number
+        : fact.rank >= 0 && fact.rank <= facts_[size_t(ordinals_[size_t(number)])].rank;
+    const auto bad = badBelow_.find(key);
+    return isBefore && (bad == badBelow_.end() || number >= bad->second);
+}
+
+} // namespace media

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "media/Decoder.h"
+#include "media/DisplayOrder.h"
+#include "media/FrameTimes.h"
+#include "media/MediaSource.h"
+#include "media/PacketParser.h"
+#include "media/PacketReader.h"
+#include "media/PacketStore.h"
+#include <deque>
+#include <queue>
+
+namespace media {
+
+/// Which packet holds which picture. Grows while the file is read; a number once given never changes.
+class PacketIndex {
+public:
+    /// Opens the source; knows no picture yet. Throws MediaError.
+    PacketIndex(const Source& source, Interrupt& interrupt);
+
+    /// Reads one packet on; false when the file's end was reached before.
+    bool Extend();
+    bool IsComplete() const { return isComplete_; }
+
+    int Frames() const { return int(ordinals_.size()); }
+    int Packets() const { return int(facts_.size()); }
+    const PacketFact& Fact(int ordinal) const { return facts_[size_t(ordinal)]; }
+    int OrdinalOf(int number) const { return ordinals_[size_t(number)]; }
+    const FrameTimes& Times() const { return times_; }
+    const MediaSource& Media() const { return media_; }
+    /// Any known packet. Throws MediaError.
+    PacketPtr Packet(int ordinal) { return reader_.Packet(ordinal); }
+    /// A decoder for the stream. Throws MediaError.
+    std::unique_ptr<Decoder> MakeDecoder() const;
+    /// Whether some of the file is damaged or its order had to be learned from the decoder.
+    bool IsDoubtful() const { return isDoubtful_; }
+
+    /// The packet from which decoding gives picture number: a key packet that is shown at or before it, below
+    /// limit.
+    int EntryFor(int number, int limit) const;
+    /// Decoding from this key gave no picture below number: it is not used as entry to them again.
+    void MarkBadEntry(int ordinal, int number) { badBelow_[ordinal] = number; }
+
+private:
+    /// Packets from one key to the next.
+    struct Group {
+        int first = 0;
+        int end = -1; ///< -1 while it is open
+        bool isDoubtful = false;
+        bool endIsLost = false; ///< its last packet gave no picture
+        std::deque<int> decoded = {}; ///< the ordinals that the decoder gave and that are not yet numbered
+    };
+
+    void AddPacket(const AVPacket& packet);
+    void CloseGroup(int end);
+    void Resume();
+    void Judge(size_t group);
+    void Learn(size_t group);
+    bool StampsAgreeIn(const Group& group) const;
+    bool HeadIsClean(const Group& group) const;
+    void Publish(bool everything);
+    void PublishPacket(int ordinal);
+    void Number(int ordinal);
+    bool LeadsTo(int key, int number) const;
+    int64_t StampFor(const PacketFact& fact);
+
+    MediaSource media_;
+    PacketParser parser_;
+    PacketStore store_;
+    std::vector<PacketFact> facts_;
+    PacketReader reader_;
+    DisplayOrder order_;
+    FrameTimes times_;
+    std::vector<int> ordinals_; ///< by number
+    std::vector<int> keys_;
+    std::vector<Group> groups_;
+    std::deque<int> waiting_; ///< in display order, not yet numbered
+    size_t publishing_ = 0; ///< group of the packet published last
+    std::priority_queue<int64_t, std::vector<int64_t>, std::greater<>>
+        slots_; ///< decode stamps not yet given
+    std::unique_ptr<Decoder> prober_;
+    std::unordered_map<int, int> badBelow_; ///< by key: the first number that it is an entry to
+    int ranks_ = 0;
+    int confirmations_ = 0;
+    bool isDoubtful_ = false;
+    bool isComplete_ = false;
+    bool mustResume_ = false; ///< a read was broken off, the reader may stand anywhere
+};
+
+} // namespace media

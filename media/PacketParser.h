@@ -1,0 +1,35 @@
+#pragma once
+
+#include "media/DisplayOrder.h"
+#include "media/Libav.h"
+#include "media/PacketFact.h"
+
+namespace media {
+
+/// Reads from a packet, without decoding it, what is needed to put pictures in display order.
+class PacketParser {
+public:
+    explicit PacketParser(const AVCodecParameters& parameters);
+
+    /// The facts of the next packet in decode order.
+    PacketFact Parse(const AVPacket& packet);
+    /// How this codec's packets are brought into display order.
+    Ordering Order() const { return ordering_; }
+
+private:
+    void ParsePicture(const AVPacket& packet, PacketFact& fact);
+    void ParseUnits(const AVPacket& packet, PacketFact& fact);
+    void PairFields(PacketFact& fact, bool isWhole);
+
+    AVCodecID codec_;
+    Ordering ordering_ = Ordering::Straight;
+    CodecPtr context_;
+    ParserPtr parser_;
+    int unitLengthSize_ = 0; ///< bytes of the length before each unit, 0 for start codes
+    int openField_ = 0; ///< structure of a first field that waits for its second
+};
+
+/// Checksum of the first and last bytes of a payload, with its size enough to know a packet again.
+uint32_t CheckOf(const AVPacket& packet);
+
+} // namespace media
