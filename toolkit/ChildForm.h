@@ -52,7 +52,6 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -60,17 +59,21 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void leaveEvent(QEvent* event) override;
 
 private:
+    void Build();
+    void Bind();
     void SetShape(Shape shape);
+    void Become(Shape shape);
     void FitToArea();
+    QRect MinimizedPlace() const;
+    int FreeSlot() const;
+    void Activate();
     void SetActive(bool active);
+    QList<ChildForm*> Siblings() const;
 
     TitleStrip* strip_ = nullptr;
-    QWidget* frame_ = nullptr;
     QVBoxLayout* column_ = nullptr;
     QPointer<QWidget> body_;
     FrameDrag* drag_ = nullptr;
@@ -78,5 +81,6 @@ private:
     QRect normalGeometry_;
     QSize normalMinimum_;
     Shape shape_ = Shape::Normal;
+    int slot_ = 0;
     bool active_ = false;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 /// What a picture button shows. The order is that of the strips in resources/art, cell by cell.
 enum class Face {
     None,
@@ -66,3 +68,18 @@ enum class Face {
     Dot,
     Count
 };
+
+/// How a face is coloured beyond the ordinary: the capture button stands on the accent, close turns alarming
+/// when the pointer is over it.
+enum class FaceTone { Plain, Accent, Alarm };
+
+/// What is known of a face: its strip's file name without folder and extension, and the accessible name that
+/// a button bears until its caller gives another.
+struct FaceFacts {
+    std::string_view strip;
+    std::string_view name;
+    FaceTone tone = FaceTone::Plain;
+};
+const FaceFacts& FactsOf(Face face);
+/// Place of a face in its strip, from 0.
+int CellOf(Face face);

@@ -2,9 +2,9 @@
 
 #include <QObject>
 #include <QPoint>
-#include <QPointer>
 #include <QRect>
 
+class QMouseEvent;
 class QWidget;
 
 /// Moves and sizes a frameless form by a press on one of its parts. A window of its own is handed to the
@@ -26,8 +26,10 @@ protected:
 
 private:
     void Begin(QPoint screenPlace, Qt::Edges edges);
-    void Follow(QPoint screenPlace);
+    void Follow(const QMouseEvent& event);
     void End();
+    QRect Moved(QPoint by) const;
+    QRect Sized(QPoint by) const;
 
     QWidget& form_;
     QPoint start_;

@@ -43,6 +43,9 @@ private:
     QRect Groove() const;
     int XOf(int value) const;
     int ValueAt(int x) const;
+    void PaintGroove(QPainter& painter) const;
+    void PaintSelection(QPainter& painter) const;
+    void PaintHandle(QPainter& painter) const;
 
     int selStart_ = 0;
     int selLength_ = 0;

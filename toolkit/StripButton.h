@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/ButtonPaint.h"
 #include "toolkit/Face.h"
 #include "toolkit/StripControl.h"
 #include <QVector>
@@ -33,6 +34,7 @@ public:
     /// The same with another picture for a latched button.
     void SetFace(Face up, Face down);
     Face ShownFace() const;
+    ButtonLook ShownLook() const;
 
     QSize sizeHint() const override;
 

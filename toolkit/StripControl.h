@@ -33,14 +33,14 @@ Q_SIGNALS:
 protected:
     /// Called after the form had its Click; the control is still alive.
     virtual void AfterClick() { }
+    /// Takes a name as the accessible one, unless the caller has set another.
+    void NameAfter(const QString& name);
 
     bool event(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     void RaiseClick();
@@ -49,6 +49,7 @@ private:
     void EndHover();
 
     QTimer pointerTimer_;
+    QString ownName_;
     bool hover_ = false;
     bool ringWanted_ = false;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/ButtonPaint.h"
 #include "toolkit/Face.h"
 #include "toolkit/StripControl.h"
 #include <QColor>
@@ -23,6 +24,7 @@ public:
     void SetForeColor(const QColor& color);
     void SetFace(Face face);
     Face ShownFace() const { return face_; }
+    ButtonLook ShownLook() const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

@@ -15,7 +15,7 @@ public:
 
     /// 0 clear, 1 grey, 2 set. A click turns 1 into 0, 0 into 2, 2 into 0, after the form had its Click.
     int Value() const { return value_; }
-    /// Stores and repaints; raises nothing.
+    /// Stores and repaints; raises nothing. Anything but 0, 1 and 2 leaves the box as it stood.
     void SetValue(int value);
     /// The shown cell: four cells a value, in the order of State. Pressed cells are 2, 6 and 10.
     int Cell() const;

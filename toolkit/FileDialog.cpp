@@ -1,0 +1,160 @@
+#include "toolkit/FileDialog.h"
+
+#include "toolkit/PathText.h"
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QPointer>
+#include <QRegularExpression>
+
+namespace {
+
+constexpr QChar Nul;
+
+QString UpToNul(const QString& text)
+{
+    return text.left(text.indexOf(Nul));
+}
+
+struct Question {
+    QWidget* owner = nullptr;
+    QString title;
+    QString folder;
+    QString name;
+    QString filter;
+    int filterIndex = 1;
+    QString defaultExtension;
+    QFileDialog::AcceptMode accept = QFileDialog::AcceptOpen;
+    QFileDialog::FileMode mode = QFileDialog::ExistingFile;
+};
+
+struct Answer {
+    QStringList paths;
+    int filterIndex = 1;
+};
+
+void Prepare(QFileDialog& dialog, const Question& question, const QStringList& filters)
+{
+    dialog.setAcceptMode(question.accept);
+    dialog.setFileMode(question.mode);
+    if (!filters.isEmpty())
+        dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(question.filterIndex - 1, filters.value(0)));
+    dialog.setDefaultSuffix(question.defaultExtension);
+    if (const QString name = UpToNul(question.name); !name.isEmpty())
+        dialog.selectFile(name);
+}
+
+// The owner may close while the dialog runs and takes the dialog with it: that is a cancel.
+Answer Ask(const Question& question)
+{
+    const bool folderStands = !question.folder.isEmpty() && QDir(question.folder).exists();
+    const QPointer<QFileDialog> dialog =
+        new QFileDialog(question.owner, question.title, folderStands ? question.folder : QDir::currentPath());
+    const QStringList filters = NameFilters(question.filter);
+    Prepare(*dialog, question, filters);
+    const int result = dialog->exec();
+    if (!dialog)
+        return {};
+    Answer answer;
+    if (result == QDialog::Accepted) {
+        answer.paths = dialog->selectedFiles();
+        answer.filterIndex = static_cast<int>(filters.indexOf(dialog->selectedNameFilter())) + 1;
+    }
+    delete dialog;
+    return answer;
+}
+
+QString ResultBuffer(const QStringList& paths)
+{
+    if (paths.size() == 1)
+        return QDir::toNativeSeparators(paths.first());
+    QString buffer = QDir::toNativeSeparators(QFileInfo(paths.first()).absolutePath()) + Nul;
+    for (const QString& path : paths)
+        buffer += QFileInfo(path).fileName() + Nul;
+    return buffer + Nul;
+}
+
+QString ToNulSeparated(const QString& filter)
+{
+    QString separated = filter;
+    for (QChar& character : separated) {
+        if (character == QLatin1Char(':') || character == QLatin1Char('|'))
+            character = Nul;
+    }
+    return separated;
+}
+
+} // namespace
+
+DialogCancelled::DialogCancelled()
+    : std::runtime_error("Cancel was selected.")
+{
+}
+
+void cFileDialog::SetFilter(const QString& filter)
+{
+    filter_ = ToNulSeparated(filter);
+}
+
+void cFileDialog::ShowOpen()
+{
+    const bool several = flags & AllowMultiselect;
+    if (several)
+        flags |= Explorer;
+    Question question { hWnd, DialogTitle, InitDir, Filename, filter_, FilterIndex, DefaultExt };
+    // The dialog opens files; a name that does not exist is of use to a caller only who did not ask for
+    // existing ones.
+    question.mode = several     ? QFileDialog::ExistingFiles
+        : flags & FileMustExist ? QFileDialog::ExistingFile
+                                : QFileDialog::AnyFile;
+    const Answer answer = Ask(question);
+    Filename.clear();
+    FileTitle.clear();
+    if (answer.paths.isEmpty()) {
+        if (CancelError)
+            throw DialogCancelled();
+        return;
+    }
+    Filename = ResultBuffer(answer.paths);
+    FilterIndex = answer.filterIndex;
+    if (answer.paths.size() == 1)
+        FileTitle = QFileInfo(answer.paths.first()).fileName();
+    QDir::setCurrent(QFileInfo(answer.paths.first()).absolutePath());
+}
+
+// A NUL-separated filter is read in pairs, a name and its patterns. Since the colon separates as well, no
+// name and no pattern can hold one: with it the pairs would shift. Three things differ from what Qt reads by
+// itself: patterns of one name stand between ";" and not blanks; a name often repeats its patterns in
+// brackets, which Qt would take for the patterns themselves; and "*.*" means every file, with or without a
+// point in its name.
+QStringList NameFilters(const QString& filter)
+{
+    static const QRegularExpression repeatedPatterns(QStringLiteral("\\s*\\([^()]*\\)\\s*$"));
+    QStringList filters;
+    const QStringList parts = filter.split(Nul);
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QStringList patterns = parts[i + 1].split(QLatin1Char(';'), Qt::SkipEmptyParts);
+        for (QString& pattern : patterns)
+            pattern = pattern.trimmed() == QLatin1String("*.*") ? QStringLiteral("*") : pattern.trimmed();
+        const QString name = QString(parts[i]).remove(repeatedPatterns);
+        filters << QStringLiteral("%1 (%2)").arg(name, patterns.join(QLatin1Char(' ')));
+    }
+    return filters;
+}
+
+QString AskFileName(QWidget* owner, FileMode mode, const QString& title, const QString& fileName,
+    const QString& filter, const QString& startFolder, const QString& defaultExtension, QString& chosenFolder)
+{
+    Question question { owner, title, startFolder, fileName, ToNulSeparated(filter), 1, defaultExtension };
+    if (mode != FileMode::Open) {
+        question.accept = QFileDialog::AcceptSave;
+        question.mode = QFileDialog::AnyFile;
+    }
+    const Answer answer = Ask(question);
+    if (answer.paths.isEmpty())
+        return {};
+    const QString path = UpToNul(QDir::toNativeSeparators(answer.paths.first()));
+    chosenFolder = path.left(PathText::LastSeparator(path) + 1);
+    return path;
+}

@@ -1,0 +1,148 @@
+#include "toolkit/Style.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QHash>
+#include <QPalette>
+#include <QRegularExpression>
+#include <QStyleFactory>
+#include <array>
+
+static void LoadArtwork()
+{
+    Q_INIT_RESOURCE(art);
+}
+
+namespace {
+
+constexpr auto TokenCount = static_cast<size_t>(Token::Count);
+
+constexpr std::array TokenNames {
+    "ground",
+    "strip",
+    "panel",
+    "control",
+    "control-hover",
+    "control-pressed",
+    "line-outside",
+    "line-inside",
+    "text",
+    "text-secondary",
+    "text-disabled",
+    "accent",
+    "accent-hover",
+    "accent-pressed",
+    "on-accent",
+    "alarm",
+    "alarm-pressed",
+    "on-alarm",
+};
+static_assert(TokenNames.size() == TokenCount);
+
+QString ReadFace()
+{
+    LoadArtwork();
+    QFile file(QStringLiteral(":/art/face.qss"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// Token lines are "@name: #rrggbb;", one to a line.
+const QRegularExpression TokenLine(
+    QStringLiteral("^@([a-z-]+):\\s*(#[0-9a-f]{6});\\s*$"), QRegularExpression::MultilineOption);
+
+QHash<QString, QString> ReadTokens(const QString& face)
+{
+    QHash<QString, QString> tokens;
+    for (auto lines = TokenLine.globalMatch(face); lines.hasNext();) {
+        const auto line = lines.next();
+        tokens.insert(line.captured(1), line.captured(2));
+    }
+    return tokens;
+}
+
+QString Sheet()
+{
+    QString sheet = ReadFace();
+    const QHash<QString, QString> tokens = ReadTokens(sheet);
+    sheet.remove(TokenLine);
+    static const QRegularExpression use(QStringLiteral("@([a-z-]+)"));
+    QString result;
+    qsizetype from = 0;
+    for (auto uses = use.globalMatch(sheet); uses.hasNext();) {
+        const auto match = uses.next();
+        result += sheet.mid(from, match.capturedStart() - from) + tokens.value(match.captured(1));
+        from = match.capturedEnd();
+    }
+    return result + sheet.mid(from);
+}
+
+std::array<QColor, TokenCount> ReadColors()
+{
+    const QHash<QString, QString> tokens = ReadTokens(ReadFace());
+    std::array<QColor, TokenCount> colors;
+    for (size_t i = 0; i < TokenCount; ++i)
+        colors[i] = QColor(tokens.value(QString::fromLatin1(TokenNames[i])));
+    return colors;
+}
+
+struct RoleRow {
+    QPalette::ColorRole role;
+    Token token;
+};
+
+constexpr RoleRow Roles[] {
+    { QPalette::Window, Token::Panel },
+    { QPalette::WindowText, Token::Text },
+    { QPalette::Base, Token::Control },
+    { QPalette::AlternateBase, Token::Panel },
+    { QPalette::Text, Token::Text },
+    { QPalette::PlaceholderText, Token::TextSecondary },
+    { QPalette::Button, Token::Control },
+    { QPalette::ButtonText, Token::Text },
+    { QPalette::BrightText, Token::Alarm },
+    { QPalette::ToolTipBase, Token::Control },
+    { QPalette::ToolTipText, Token::Text },
+    { QPalette::Highlight, Token::Accent },
+    { QPalette::HighlightedText, Token::OnAccent },
+    { QPalette::Link, Token::Accent },
+    { QPalette::LinkVisited, Token::Accent },
+    { QPalette::Light, Token::LineInside },
+    { QPalette::Midlight, Token::ControlHover },
+    { QPalette::Mid, Token::LineInside },
+    { QPalette::Dark, Token::LineOutside },
+    { QPalette::Shadow, Token::LineOutside },
+};
+
+constexpr RoleRow DisabledRoles[] {
+    { QPalette::WindowText, Token::TextDisabled },
+    { QPalette::Text, Token::TextDisabled },
+    { QPalette::ButtonText, Token::TextDisabled },
+    { QPalette::Base, Token::Panel },
+    { QPalette::Highlight, Token::LineInside },
+    { QPalette::HighlightedText, Token::TextDisabled },
+};
+
+QPalette FacePalette()
+{
+    QPalette palette;
+    for (const RoleRow& row : Roles)
+        palette.setColor(row.role, StyleColor(row.token));
+    for (const RoleRow& row : DisabledRoles)
+        palette.setColor(QPalette::Disabled, row.role, StyleColor(row.token));
+    return palette;
+}
+
+} // namespace
+
+QColor StyleColor(Token token)
+{
+    static const std::array<QColor, TokenCount> colors = ReadColors();
+    return colors[static_cast<size_t>(token)];
+}
+
+void ApplyStyle(QApplication& application)
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    QApplication::setPalette(FacePalette());
+    application.setStyleSheet(Sheet());
+}
