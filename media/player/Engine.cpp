@@ -1,0 +1,370 @@
+#include "media/player/Engine.h"
+
+#include "media/player/Deadline.h"
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace player {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto OpenLimit = 10s;
+constexpr auto AddressLimit = 15s;
+constexpr auto PictureLimit = 5s;
+constexpr auto IndexLimit = 5s; // for the index to reach the place that a call asks for
+constexpr int IndexSlice = 512; // pictures, read between two looks at the commands
+constexpr int PlayingSlice = 32;
+constexpr auto SpareTime = 5ms; // a pause this long while playing is used for the index
+constexpr double LongestLastPicture = 10; // seconds; durations in files are no promise
+
+} // namespace
+
+View Wires::LookedAt() const
+{
+    const std::lock_guard lock(mutex_);
+    return view_;
+}
+
+void Wires::LookAt(const View& view)
+{
+    const std::lock_guard lock(mutex_);
+    view_ = view;
+}
+
+void Wires::OrderRedraw(const Shot& shot)
+{
+    const std::lock_guard lock(mutex_);
+    redraw_ = shot;
+}
+
+std::optional<Shot> Wires::TakeRedraw()
+{
+    const std::lock_guard lock(mutex_);
+    return std::exchange(redraw_, std::nullopt);
+}
+
+/// Extends the index as the playing comes near its end.
+class Engine::ServerTimeline : public Timeline {
+public:
+    explicit ServerTimeline(Engine& engine)
+        : engine_(engine)
+        , server_(*engine.server_)
+    {
+    }
+    bool Reaches(int number) override
+    {
+        if (number >= server_.KnownFrames() && !server_.IsComplete()) {
+            const Deadline deadline(engine_.wires_.interrupt, IndexLimit);
+            engine_.ExtendIndex(number + PlayingSlice);
+        }
+        return number < server_.KnownFrames();
+    }
+    double TimeOf(int number) override { return server_.TimeOf(number); }
+    double EndOf(int number) override
+    {
+        const double start = TimeOf(number);
+        if (Reaches(number + 1))
+            return TimeOf(number + 1);
+        return std::clamp(server_.Duration(), start, start + LongestLastPicture);
+    }
+
+private:
+    Engine& engine_;
+    media::FrameServer& server_;
+};
+
+Engine::Engine(const media::Source& source, Wires& wires)
+    : wires_(wires)
+    , isAddress_(source.kind == media::Source::Kind::Address)
+{
+    const Deadline deadline(wires.interrupt, isAddress_ ? AddressLimit : OpenLimit);
+    server_ = media::FrameServer::Open(source, wires.interrupt);
+    timeline_ = std::make_unique<ServerTimeline>(*this);
+    server_->ExtendIndex(1);
+    if (server_->KnownFrames() == 0)
+        throw media::MediaError(media::Failure::NotAVideo, "no picture in it");
+    TellFacts();
+}
+
+Shot Engine::Seek(int number, media::Purpose purpose)
+{
+    if (purpose == media::Purpose::Step)
+        steps_.Stepped(number);
+    else
+        steps_.Jumped();
+    return Show(Reach(number), purpose);
+}
+
+Shot Engine::SeekTime(double seconds)
+{
+    steps_.Jumped();
+    ReachTime(seconds);
+    return Show(server_->NumberAt(seconds), media::Purpose::Jump);
+}
+
+Shot Engine::SeekEnd()
+{
+    steps_.Jumped();
+    return Show(LastWithin(IndexLimit), media::Purpose::Jump);
+}
+
+Shot Engine::Show(int number, media::Purpose purpose)
+{
+    const Deadline deadline(wires_.interrupt, PictureLimit);
+    const Shot shot = Render(server_->Get(number, purpose));
+    TellFacts();
+    if (playback_) {
+        shown_ = shot;
+        PlayFrom(number, number + 1);
+    }
+    return shot;
+}
+
+Shot Engine::Render(const media::Picture& picture) const
+{
+    Shot shot;
+    shot.number = picture.Number();
+    shot.seconds = server_->TimeOf(picture.Number());
+    shot.picture = picture;
+    shot.turn = turn_;
+    const View view = wires_.LookedAt();
+    const QSize size = ShownSize(view, picture.Size());
+    if (!size.isEmpty() && (view.isVisible || !playback_))
+        shot.screen = picture.ToScreen(size);
+    return shot;
+}
+
+/// Number, brought into the range of the pictures there are.
+int Engine::Reach(int number)
+{
+    if (number >= server_->KnownFrames() && !server_->IsComplete()) {
+        const Deadline deadline(wires_.interrupt, IndexLimit);
+        ExtendIndex(number + 1);
+    }
+    return std::clamp(number, 0, std::max(server_->KnownFrames() - 1, 0));
+}
+
+int Engine::LastWithin(std::chrono::seconds limit)
+{
+    const Deadline deadline(wires_.interrupt, limit);
+    while (!server_->IsComplete() && ExtendIndex(server_->KnownFrames() + IndexSlice)) { }
+    return std::max(server_->KnownFrames() - 1, 0);
+}
+
+void Engine::ReachTime(double seconds)
+{
+    const Deadline deadline(wires_.interrupt, IndexLimit);
+    const auto isKnown = [&] {
+        const int known = server_->KnownFrames();
+        return server_->IsComplete() || (known > 0 && server_->TimeOf(known - 1) > seconds);
+    };
+    while (!isKnown() && ExtendIndex(server_->KnownFrames() + IndexSlice)) { }
+}
+
+/// False when there is nothing to be gained from going on.
+bool Engine::ExtendIndex(int frames)
+{
+    if (isIndexBroken_ || server_->IsComplete())
+        return false;
+    const int known = server_->KnownFrames();
+    try {
+        server_->ExtendIndex(frames);
+    } catch (const media::MediaError& error) {
+        // What is known can still be played; whoever needs the rest will be told by the decoder.
+        isIndexBroken_ = error.failure != media::Failure::TimedOut;
+        return false;
+    }
+    TellFacts();
+    return server_->IsComplete() || server_->KnownFrames() > known;
+}
+
+void Engine::TellFacts()
+{
+    const bool isComplete = isIndexBroken_ || server_->IsComplete();
+    wires_.facts.Write({ server_->KnownFrames(), isComplete, server_->Duration(), server_->Size() });
+}
+
+PlaySpan Engine::Span()
+{
+    const Selection& selection = options_.selection;
+    PlaySpan span;
+    if (selection.start > 0) {
+        ReachTime(selection.start);
+        span.first = server_->NumberAt(selection.start);
+    }
+    // An end before the start selects nothing; then all is played, as without it.
+    if (selection.end < selection.start || std::isinf(selection.end))
+        return span;
+    ReachTime(selection.end);
+    span.last = server_->NumberAt(selection.end);
+    return span;
+}
+
+int Engine::Following(int shown, const PlaySpan& span)
+{
+    return timeline_->Reaches(shown + 1) ? span.NextAfter(shown) : span.first;
+}
+
+void Engine::Play(const Shot& shown, const PlayOptions& options)
+{
+    steps_.Jumped();
+    options_ = options;
+    shown_ = shown;
+    PlayFrom(shown.number, Following(shown.number, Span()));
+}
+
+void Engine::Change(const PlayOptions& options)
+{
+    options_ = options;
+    if (playback_)
+        PlayFrom(shown_.number, shown_.number + 1);
+}
+
+Shot Engine::Pause()
+{
+    playback_.reset();
+    return std::exchange(shown_, {});
+}
+
+void Engine::PlayFrom(int shown, int next)
+{
+    PlaySpan span = Span();
+    if (next > span.last + 1)
+        span.last = std::numeric_limits<int>::max(); // the user went on behind the selection
+    const bool isContinued = next == shown + 1;
+    const double from = server_->TimeOf(isContinued ? shown : next);
+    const Playback::Hands hands = {
+        [this](int number) {
+            const Deadline deadline(wires_.interrupt, PictureLimit);
+            return server_->Get(number, media::Purpose::Play);
+        },
+        [this](const media::Picture& picture) { return Render(picture); },
+        [this](const Shot& shot) {
+            shown_ = shot;
+            Mail mail;
+            mail.shot = shot;
+            wires_.mail->Post(mail);
+        },
+    };
+    playback_ = std::make_unique<Playback>(PlayPlan(*timeline_, span, options_, next, from), from,
+        options_.rate, std::make_unique<WallClock>(), hands);
+}
+
+void Engine::Finish()
+{
+    playback_.reset();
+    Shot last = std::exchange(shown_, {});
+    last.turn = turn_;
+    Mail mail;
+    mail.end = { last, !timeline_->Reaches(last.number + 1) };
+    wires_.mail->Post(mail);
+    if (!options_.rewindsAtEnd)
+        return;
+    mail = {};
+    mail.shot = Show(Span().first, media::Purpose::Jump);
+    wires_.mail->Post(mail);
+}
+
+void Engine::Fail(media::Failure failure)
+{
+    playback_.reset();
+    shown_ = {};
+    Mail mail;
+    mail.failure = failure;
+    wires_.mail->Post(mail);
+}
+
+void Engine::WalkAhead()
+{
+    const std::vector<int> wanted = wires_.shelf.Wanted();
+    if (wanted.empty() || playback_)
+        return wires_.shelf.Drop();
+    try {
+        server_->Walk(wanted, [this](const media::Picture& picture) {
+            Shot shot = Render(picture);
+            shot.still = picture.ToStill();
+            return wires_.shelf.Put(shot);
+        });
+    } catch (const media::MediaError&) {
+        wires_.shelf.Drop(); // the caller will come to the place itself and be told there
+    }
+}
+
+void Engine::Guard(const std::function<void()>& work)
+{
+    try {
+        work();
+    } catch (const media::MediaError& error) {
+        Fail(error.failure);
+    } catch (const std::bad_alloc&) {
+        Fail(media::Failure::TooLarge);
+    }
+}
+
+void Engine::Obey(int turn, const std::function<void(Engine&)>& order)
+{
+    turn_ = turn;
+    Guard([&] { order(*this); });
+}
+
+Engine::Time Engine::Work()
+{
+    Time next = Playback::AtOnce;
+    Guard([&] {
+        Redraw();
+        next = playback_ ? WorkPlaying() : WorkIdle();
+    });
+    return next;
+}
+
+void Engine::Redraw()
+{
+    const std::optional<Shot> order = wires_.TakeRedraw();
+    if (!order)
+        return;
+    Mail mail;
+    mail.redrawn = Render(order->picture);
+    wires_.mail->Post(mail);
+}
+
+Engine::Time Engine::WorkPlaying()
+{
+    const Time next = playback_->Work();
+    if (playback_->IsOver())
+        Finish();
+    else if (next > MediaClock::Wall::now() + SpareTime && !isAddress_)
+        ExtendIndex(server_->KnownFrames() + PlayingSlice);
+    return next;
+}
+
+Engine::Time Engine::WorkIdle()
+{
+    const bool growsIndex = !isAddress_ || wantsWholeIndex_;
+    if (PrepareSteps() || (growsIndex && ExtendIndex(server_->KnownFrames() + IndexSlice)))
+        return Playback::AtOnce;
+    return Time::max();
+}
+
+bool Engine::PrepareSteps()
+{
+    const auto isCached = [this](int number) { return !server_->Cached(number).IsNull(); };
+    const std::optional<int> wanted = steps_.Wanted(server_->KnownFrames(), isCached);
+    if (!wanted)
+        return false;
+    try {
+        const Deadline deadline(wires_.interrupt, PictureLimit);
+        server_->Get(*wanted, media::Purpose::Step);
+        // A cache too small for what was wanted would have it decoded over and over.
+        if (isCached(*wanted))
+            return true;
+    } catch (const media::MediaError&) {
+        // Nobody asked for it yet.
+    }
+    steps_.Jumped();
+    return false;
+}
+
+} // namespace player

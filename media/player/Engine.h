@@ -1,0 +1,102 @@
+#pragma once
+
+#include "media/player/FactSheet.h"
+#include "media/player/Mailbox.h"
+#include "media/player/Placement.h"
+#include "media/player/Playback.h"
+#include "media/player/StepAhead.h"
+#include "media/player/StillShelf.h"
+#include <mutex>
+#include <optional>
+
+namespace player {
+
+/// What both threads of a session hold in their hands.
+struct Wires {
+    media::Interrupt interrupt;
+    FactSheet facts;
+    StillShelf shelf;
+    std::shared_ptr<Mailbox> mail;
+
+    View LookedAt() const;
+    void LookAt(const View& view);
+    /// A picture to be made ready again for a new view; a newer order replaces an older one.
+    void OrderRedraw(const Shot& shot);
+    std::optional<Shot> TakeRedraw();
+
+private:
+    mutable std::mutex mutex_;
+    View view_;
+    std::optional<Shot> redraw_;
+};
+
+/// Decodes and plays one source. Everything here runs on the engine thread; failures are media::MediaError.
+class Engine {
+public:
+    using Time = Playback::Time;
+
+    /// Opens the source.
+    Engine(const media::Source& source, Wires& wires);
+
+    /// Exactly picture number, or the nearest there is. Playing goes on from there.
+    Shot Seek(int number, media::Purpose purpose);
+    /// The picture that stands at a time.
+    Shot SeekTime(double seconds);
+    Shot SeekEnd();
+
+    /// Plays on behind the picture shown, or from the selection's start when it stands outside or at the end
+    /// of it.
+    void Play(const Shot& shown, const PlayOptions& options);
+    /// New options for what is playing, if anything is.
+    void Change(const PlayOptions& options);
+    /// The picture that was shown last; null when nothing was playing.
+    Shot Pause();
+
+    /// Fills the shelf until its plan is dropped or done.
+    void WalkAhead();
+    /// Reads the whole index in the background, also that of an address, which else grows with what is
+    /// played.
+    void WantWholeIndex() { wantsWholeIndex_ = true; }
+
+    /// Does what the user ordered; its failure is told like one of playing.
+    void Obey(int turn, const std::function<void(Engine&)>& order);
+    /// One piece of what is to be done without a command; the time of the next one.
+    Time Work();
+
+private:
+    class ServerTimeline;
+
+    Shot Show(int number, media::Purpose purpose);
+    Shot Render(const media::Picture& picture) const;
+    int LastWithin(std::chrono::seconds limit);
+    void ReachTime(double seconds);
+    int Reach(int number);
+
+    void PlayFrom(int shown, int next);
+    int Following(int shown, const PlaySpan& span);
+    PlaySpan Span();
+    void Guard(const std::function<void()>& work);
+    void Finish();
+    void Fail(media::Failure failure);
+
+    void Redraw();
+    Time WorkIdle();
+    Time WorkPlaying();
+    bool ExtendIndex(int frames);
+    bool PrepareSteps();
+    void TellFacts();
+
+    Wires& wires_;
+    bool isAddress_;
+    std::unique_ptr<media::FrameServer> server_;
+    std::unique_ptr<Timeline> timeline_;
+    std::unique_ptr<Playback> playback_;
+    PlayOptions options_;
+    Shot shown_; ///< while playing
+    int turn_ = 0;
+    StepAhead steps_;
+    bool wantsWholeIndex_ = false;
+    bool isIndexBroken_ = false;
+};
+
+} // namespace player

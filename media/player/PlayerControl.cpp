@@ -1,0 +1,406 @@
+#include "media/player/PlayerControl.h"
+
+#include "app/ControlError.h"
+#include "media/player/PictureView.h"
+#include "media/player/TrackingScale.h"
+#include <system_error>
+
+using namespace player;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto CountPatience = 30s; // for the index of a large file
+constexpr auto DurationPatience = 2s; // only where the container tells nothing
+
+ControlError NoVideo()
+{
+    return ControlError(QStringLiteral("There is no video."));
+}
+
+media::Source SourceOf(const QString& file)
+{
+    if (file.contains(QLatin1String("://")))
+        return { media::Source::Kind::Address, file.toUtf8() };
+    return { media::Source::Kind::File, FileName::ToBytes(file) };
+}
+
+} // namespace
+
+PlayerControl::PlayerControl(QWidget* parent)
+    : ltmmPlay(parent)
+    , running_(std::make_shared<std::atomic<int>>(0))
+    , progress_([this] { ReportProgress(); })
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    QPalette ground = palette();
+    ground.setColor(QPalette::Window, QColor(0x1b, 0x1b, 0x1b));
+    setPalette(ground);
+}
+
+PlayerControl::~PlayerControl()
+{
+    Drop();
+}
+
+void PlayerControl::SetSourceFile(const QString& file)
+{
+    Drop();
+    if (file.isEmpty())
+        return;
+    file_ = file;
+    kind_ = FileSource;
+    Open(SourceOf(file));
+}
+
+void PlayerControl::SetSourceMemory(const QByteArray& block)
+{
+    Drop();
+    memory_ = block;
+    kind_ = MemorySource;
+    Open({ media::Source::Kind::Memory, block });
+}
+
+void PlayerControl::ResetSource()
+{
+    const bool hadSource = session_ != nullptr;
+    Drop();
+    if (hadSource)
+        Q_EMIT SelectionChanged(0, 0);
+}
+
+void PlayerControl::Open(const media::Source& source)
+{
+    try {
+        if (*running_ >= MaxOrphans)
+            throw media::MediaError(media::Failure::Refused, "too many sources hang");
+        mail_ = std::make_shared<Mailbox>(this, [this](const Mail& mail) { Read(mail); });
+        session_ = Session::Start(source, view_, mail_, running_);
+        Adopt(session_->First());
+    } catch (const media::MediaError& error) {
+        Drop();
+        return Tell(error.failure);
+    } catch (const std::system_error&) { // no thread to be had
+        Drop();
+        return Tell(media::Failure::Refused);
+    }
+    natural_ = session_->Known().size;
+    TakeOwnSize();
+    Q_EMIT SelectionChanged(0, TrackingScale::Max);
+    Q_EMIT PositionChanged();
+    progress_.Force();
+}
+
+void PlayerControl::Drop()
+{
+    if (session_)
+        session_->Close();
+    session_.reset();
+    progress_.Cancel();
+    strides_.Forget();
+    trackingPut_.reset();
+    shown_ = {};
+    natural_ = {};
+    file_.clear();
+    memory_.clear();
+    kind_ = NoSource;
+    state_ = Stopped;
+    options_.selection = {};
+    update();
+}
+
+/// Not at once: who hears of it may open a box, in the middle of what the caller is doing.
+void PlayerControl::Tell(media::Failure failure)
+{
+    QMetaObject::invokeMethod(
+        this, [this, failure] { Q_EMIT PlayerError(int(failure)); }, Qt::QueuedConnection);
+}
+
+void PlayerControl::Read(const Mail& mail)
+{
+    if (mail.redrawn && mail.redrawn->number == shown_.number) {
+        shown_.screen = mail.redrawn->screen;
+        update();
+    }
+    if (mail.end) {
+        state_ = Stopped;
+        if (mail.end->lastShown.turn == session_->Turn()) {
+            Adopt(mail.end->lastShown);
+            if (mail.end->isMediaEnd)
+                trackingPut_ = TrackingScale::Max;
+            progress_.Force();
+        }
+    }
+    // Who listened may have dropped the source.
+    if (session_ && mail.shot && mail.shot->turn == session_->Turn() && mail.shot->number != shown_.number) {
+        Adopt(*mail.shot);
+        progress_.Offer();
+    }
+    if (mail.failure) {
+        state_ = Stopped;
+        Q_EMIT PlayerError(int(*mail.failure));
+    }
+}
+
+void PlayerControl::Run()
+{
+    if (!session_ || state_ == Running)
+        return;
+    strides_.Forget();
+    try {
+        session_->Play(shown_, options_);
+        state_ = Running;
+    } catch (const media::MediaError& error) {
+        Tell(error.failure);
+    }
+}
+
+void PlayerControl::Pause()
+{
+    if (state_ != Stopped)
+        Halt(Paused);
+}
+
+void PlayerControl::Stop()
+{
+    Halt(Stopped);
+}
+
+void PlayerControl::Halt(PlayState state)
+{
+    if (std::exchange(state_, state) != Running)
+        return;
+    progress_.Cancel();
+    try {
+        const Shot last = session_->Pause();
+        if (!last.IsNull())
+            Adopt(last);
+    } catch (const media::MediaError& error) {
+        Tell(error.failure);
+    }
+    progress_.Force();
+}
+
+void PlayerControl::SetCurrentPosition(double seconds)
+{
+    Go([&] { return session_->SeekTime(seconds); });
+}
+
+void PlayerControl::SeekStart()
+{
+    Go([&] { return session_->Seek(0, media::Purpose::Jump); });
+}
+
+void PlayerControl::SeekEnd()
+{
+    const bool arrived = Go([&] { return session_->SeekEnd(); });
+    if (!arrived)
+        return;
+    trackingPut_ = TrackingScale::Max;
+    progress_.Force();
+}
+
+void PlayerControl::SetTrackingPosition(int position)
+{
+    position = std::clamp(position, 0, TrackingScale::Max);
+    if (Go([&] { return session_->SeekTime(TrackingScale::ToSeconds(position, Duration())); }))
+        trackingPut_ = position;
+}
+
+/// Seeks for a caller that is not told of failures but by PlayerError.
+bool PlayerControl::Go(const std::function<Shot()>& seek)
+{
+    if (!session_)
+        return false;
+    strides_.Forget();
+    try {
+        Arrive(seek());
+        return true;
+    } catch (const media::MediaError& error) {
+        Tell(error.failure);
+        return false;
+    }
+}
+
+void PlayerControl::SetCurrentFrame(int frame)
+{
+    if (!session_)
+        throw NoVideo();
+    strides_.Sought(frame);
+    try {
+        const std::optional<Shot> ready = state_ == Running ? std::nullopt : session_->FromShelf(frame);
+        Arrive(ready ? *ready : session_->Seek(frame, media::Purpose::Jump));
+    } catch (const media::MediaError& error) {
+        throw ControlError(media::FailureText(error.failure));
+    }
+}
+
+void PlayerControl::NextFrame()
+{
+    Step(1);
+}
+
+void PlayerControl::PreviousFrame()
+{
+    Step(-1);
+}
+
+void PlayerControl::Step(int frames)
+{
+    if (!session_)
+        throw NoVideo();
+    strides_.Forget();
+    if (state_ == Running)
+        Halt(Paused);
+    try {
+        Arrive(session_->Seek(std::max(shown_.number + frames, 0), media::Purpose::Step));
+    } catch (const media::MediaError& error) {
+        throw ControlError(media::FailureText(error.failure));
+    }
+}
+
+void PlayerControl::Adopt(const Shot& shot)
+{
+    shown_ = shot;
+    trackingPut_.reset();
+    update();
+    if (IsOutdated(shown_, view_) && view_.isVisible)
+        session_->Redraw(shown_);
+}
+
+void PlayerControl::Arrive(const Shot& shot)
+{
+    Adopt(shot);
+    Q_EMIT PositionChanged();
+    progress_.Force();
+}
+
+void PlayerControl::ReportProgress()
+{
+    Q_EMIT PlaybackProgress(TrackingPosition());
+}
+
+double PlayerControl::Duration() const
+{
+    if (!session_)
+        return 0;
+    const Facts facts = session_->Known();
+    return facts.duration > 0 ? facts.duration : session_->AwaitWhole(DurationPatience).duration;
+}
+
+int PlayerControl::FrameCount() const
+{
+    return session_ ? session_->AwaitWhole(CountPatience).frames : 0;
+}
+
+int PlayerControl::TrackingPosition() const
+{
+    return trackingPut_ ? *trackingPut_ : TrackingScale::FromSeconds(CurrentPosition(), Duration());
+}
+
+int PlayerControl::TrackingMax() const
+{
+    return session_ ? TrackingScale::Max : 0;
+}
+
+int PlayerControl::CheckSeeking(int mask) const
+{
+    return session_ ? mask & (MarkStart | MarkEnd | ToStart | ToEnd) : 0;
+}
+
+void PlayerControl::SetSelectionStart(double seconds)
+{
+    Selection selection = options_.selection;
+    selection.SetStart(seconds, Duration());
+    Select(selection);
+}
+
+void PlayerControl::SetSelectionEnd(double seconds)
+{
+    Selection selection = options_.selection;
+    selection.SetEnd(seconds, Duration());
+    Select(selection);
+}
+
+void PlayerControl::MarkSelectionStart()
+{
+    SetSelectionStart(CurrentPosition());
+}
+
+void PlayerControl::MarkSelectionEnd()
+{
+    SetSelectionEnd(CurrentPosition());
+}
+
+void PlayerControl::Select(const Selection& selection)
+{
+    if (!session_ || options_.selection == selection)
+        return;
+    options_.selection = selection;
+    Apply();
+    const double duration = Duration();
+    Q_EMIT SelectionChanged(TrackingScale::FromSeconds(selection.start, duration),
+        TrackingScale::FromSeconds(std::min(selection.end, duration), duration));
+}
+
+void PlayerControl::SetAutoRewind(bool rewind)
+{
+    options_.rewindsAtEnd = rewind;
+    Apply();
+}
+
+void PlayerControl::SetPlayCount(int count)
+{
+    options_.playCount = std::max(count, 0);
+    Apply();
+}
+
+void PlayerControl::SetMute(bool mute)
+{
+    options_.isMuted = mute;
+    Apply();
+}
+
+bool PlayerControl::IsRateSupported(double rate) const
+{
+    return IsPlayableRate(rate);
+}
+
+void PlayerControl::SetRate(double rate)
+{
+    if (!IsPlayableRate(rate))
+        throw ControlError(QStringLiteral("The video cannot be played at this rate."));
+    options_.rate = rate;
+    Apply();
+}
+
+void PlayerControl::Apply()
+{
+    if (state_ != Running)
+        return;
+    try {
+        session_->Change(options_);
+    } catch (const media::MediaError& error) {
+        Tell(error.failure);
+    }
+}
+
+QImage PlayerControl::GetStillPicture(int)
+{
+    if (!session_ || shown_.picture.IsNull())
+        throw NoVideo();
+    QImage still = shown_.still.isNull() ? shown_.picture.ToStill() : shown_.still;
+    if (still.isNull())
+        throw ControlError(QStringLiteral("The frame could not be had in time."));
+    strides_.StillTaken();
+    if (const int stride = strides_.Stride(); stride > 0 && state_ != Running)
+        session_->WalkAhead(shown_.number + stride, stride);
+    return still;
+}
+
+QString PlayerControl::ErrorText(int code) const
+{
+    return media::FailureText(media::Failure(code));
+}

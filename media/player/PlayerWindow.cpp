@@ -1,0 +1,117 @@
+// How the player control stands on the screen: sizes, painting, full screen, keys and mouse.
+#include "media/player/PictureView.h"
+#include "media/player/PlayerControl.h"
+#include "toolkit/Twips.h"
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+using namespace player;
+
+void PlayerControl::SetDisplaySize(DisplayMode mode)
+{
+    view_.mode = mode;
+    TakeOwnSize();
+    Look();
+    updateGeometry();
+}
+
+double PlayerControl::VideoWidth() const
+{
+    return Twips::FromPixels(natural_.width()).value;
+}
+
+double PlayerControl::VideoHeight() const
+{
+    return Twips::FromPixels(natural_.height()).value;
+}
+
+QSize PlayerControl::sizeHint() const
+{
+    const QSize own = OwnSize(view_.mode, natural_);
+    return own.isEmpty() ? QSize(320, 240) : own;
+}
+
+/// In the modes from Normal on the control is as large as the picture, and a window can size itself to it.
+void PlayerControl::TakeOwnSize()
+{
+    if (view_.mode < Normal || natural_.isEmpty())
+        return;
+    const QSize own = OwnSize(view_.mode, natural_);
+    if (view_.isFullScreen)
+        windowedPlace_.setSize(own);
+    else
+        resize(own);
+    updateGeometry();
+}
+
+void PlayerControl::Look()
+{
+    view_.area = size();
+    view_.ratio = devicePixelRatioF();
+    view_.isVisible = isVisible();
+    if (session_) {
+        session_->LookAt(view_);
+        if (view_.isVisible && IsOutdated(shown_, view_))
+            session_->Redraw(shown_);
+    }
+    update();
+}
+
+void PlayerControl::SetFullScreen(bool on)
+{
+    if (on == view_.isFullScreen)
+        return;
+    view_.isFullScreen = on;
+    if (on) {
+        windowedPlace_ = geometry();
+        setWindowFlag(Qt::Window);
+        showFullScreen();
+    } else {
+        setWindowState(windowState() & ~Qt::WindowFullScreen);
+        setWindowFlags(Qt::Widget);
+        setGeometry(windowedPlace_);
+        show();
+    }
+    setFocus();
+    Look();
+}
+
+void PlayerControl::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    if (view_.ratio != devicePixelRatioF())
+        Look();
+    PaintPicture(painter, view_, shown_, palette().window());
+}
+
+void PlayerControl::resizeEvent(QResizeEvent*)
+{
+    Look();
+}
+
+void PlayerControl::showEvent(QShowEvent*)
+{
+    Look();
+}
+
+void PlayerControl::hideEvent(QHideEvent*)
+{
+    Look();
+}
+
+void PlayerControl::keyReleaseEvent(QKeyEvent* event)
+{
+    if (!event->isAutoRepeat())
+        Q_EMIT KeyReleased(event->key());
+}
+
+void PlayerControl::mousePressEvent(QMouseEvent*)
+{
+    Q_EMIT MousePressed();
+}
+
+void PlayerControl::mouseMoveEvent(QMouseEvent*)
+{
+    Q_EMIT MouseMoved();
+}

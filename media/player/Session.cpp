@@ -1,0 +1,162 @@
+#include "media/player/Session.h"
+
+#include "media/player/Deadline.h"
+
+namespace player {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Longer than what the engine gives itself: it answers first, unless the system holds it.
+constexpr auto OpenPatience = 16s;
+constexpr auto AnswerPatience = 11s;
+
+media::MediaError NoAnswer()
+{
+    return { media::Failure::TimedOut, "the engine does not answer" };
+}
+
+} // namespace
+
+std::shared_ptr<Session> Session::Start(const media::Source& source, const View& view,
+    std::shared_ptr<Mailbox> mail, std::shared_ptr<std::atomic<int>> running)
+{
+    const std::shared_ptr<Session> session(new Session(source, view, std::move(mail)));
+    ++*running;
+    session->thread_ = std::thread([session, running] {
+        session->Run();
+        --*running;
+        session->ended_.set_value();
+    });
+    return session;
+}
+
+Session::Session(const media::Source& source, const View& view, std::shared_ptr<Mailbox> mail)
+    : source_(source)
+{
+    wires_.mail = std::move(mail);
+    wires_.LookAt(view);
+}
+
+void Session::Run()
+{
+    std::unique_ptr<Engine> engine;
+    try {
+        engine = std::make_unique<Engine>(source_, wires_);
+        opened_.set_value(engine->Seek(0, media::Purpose::Step));
+    } catch (...) {
+        opened_.set_exception(std::current_exception());
+        return;
+    }
+    Loop(*engine);
+}
+
+void Session::Loop(Engine& engine)
+{
+    while (!commands_.IsClosed()) {
+        const Engine::Time next = engine.Work();
+        if (const CommandQueue::Command command = commands_.Pop(next))
+            command(engine);
+    }
+}
+
+void Session::Close()
+{
+    wires_.mail->Close();
+    commands_.Close();
+    wires_.interrupt.Raise();
+    wires_.shelf.Drop();
+    if (ended_.get_future().wait_for(JoinLimit) == std::future_status::ready)
+        thread_.join();
+    else
+        thread_.detach();
+}
+
+Shot Session::First()
+{
+    std::future<Shot> opened = opened_.get_future();
+    if (opened.wait_for(OpenPatience) != std::future_status::ready)
+        throw NoAnswer();
+    return opened.get();
+}
+
+/// Gives an order and waits for its result, or its failure.
+template <typename Work> auto Session::Ask(Work work)
+{
+    using Result = std::invoke_result_t<Work, Engine&>;
+    const auto task = std::make_shared<std::packaged_task<Result(Engine&)>>(std::move(work));
+    std::future<Result> answer = task->get_future();
+    Order([task](Engine& engine) { (*task)(engine); });
+    if (answer.wait_for(AnswerPatience) != std::future_status::ready)
+        throw NoAnswer();
+    return answer.get();
+}
+
+void Session::Order(CommandQueue::Command command)
+{
+    wires_.shelf.Drop();
+    const int turn = ++turn_;
+    if (!commands_.Push([turn, command = std::move(command)](Engine& engine) { engine.Obey(turn, command); }))
+        throw NoAnswer();
+}
+
+Shot Session::Seek(int number, media::Purpose purpose)
+{
+    return Ask([=](Engine& engine) { return engine.Seek(number, purpose); });
+}
+
+Shot Session::SeekTime(double seconds)
+{
+    return Ask([=](Engine& engine) { return engine.SeekTime(seconds); });
+}
+
+Shot Session::SeekEnd()
+{
+    return Ask([](Engine& engine) { return engine.SeekEnd(); });
+}
+
+void Session::Play(const Shot& shown, const PlayOptions& options)
+{
+    Order([=](Engine& engine) { engine.Play(shown, options); });
+}
+
+void Session::Change(const PlayOptions& options)
+{
+    Order([=](Engine& engine) { engine.Change(options); });
+}
+
+Shot Session::Pause()
+{
+    return Ask([](Engine& engine) { return engine.Pause(); });
+}
+
+void Session::Redraw(const Shot& shown)
+{
+    wires_.OrderRedraw(shown);
+    wires_.shelf.Drop();
+    commands_.Push([](Engine&) {}); // wakes the engine; when the queue is full it is awake
+}
+
+void Session::WalkAhead(int first, int stride)
+{
+    wires_.shelf.Plan(first, stride, Known().frames - 1);
+    if (!commands_.Push([](Engine& engine) { engine.WalkAhead(); }))
+        wires_.shelf.Drop();
+}
+
+std::optional<Shot> Session::FromShelf(int number)
+{
+    return wires_.shelf.Take(number, AnswerPatience);
+}
+
+Facts Session::AwaitWhole(Millis limit)
+{
+    const Facts facts = Known();
+    if (facts.isComplete)
+        return facts;
+    commands_.Push([](Engine& engine) { engine.WantWholeIndex(); });
+    return wires_.facts.Await(limit);
+}
+
+} // namespace player

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "media/player/CommandQueue.h"
+#include "media/player/Engine.h"
+#include <atomic>
+#include <future>
+#include <memory>
+#include <thread>
+
+namespace player {
+
+/// One source from its opening to its dropping: an engine, its thread, and the way to talk with it. The
+/// thread owns the session with whoever started it, so that a thread that hangs in the system can be left
+/// behind. Everything public is for the user-interface thread. What fails throws media::MediaError.
+class Session {
+public:
+    using Millis = std::chrono::milliseconds;
+
+    /// Starts the thread, which opens the source. running counts the threads that have not ended.
+    static std::shared_ptr<Session> Start(const media::Source& source, const View& view,
+        std::shared_ptr<Mailbox> mail, std::shared_ptr<std::atomic<int>> running);
+    /// Ends the thread, within JoinLimit or behind our back.
+    void Close();
+
+    /// The first picture, once the source is open.
+    Shot First();
+
+    Shot Seek(int number, media::Purpose purpose);
+    Shot SeekTime(double seconds);
+    Shot SeekEnd();
+    void Play(const Shot& shown, const PlayOptions& options);
+    void Change(const PlayOptions& options);
+    /// The picture that playing showed last; null when nothing was playing any more.
+    Shot Pause();
+
+    /// From now on pictures are made for this view.
+    void LookAt(const View& view) { wires_.LookAt(view); }
+    /// Has the shown picture made ready for the view; mail brings it.
+    void Redraw(const Shot& shown);
+    /// Has the pictures first, first + stride, … made ahead together with their stills.
+    void WalkAhead(int first, int stride);
+    /// A picture made ahead, when it was or is about to be.
+    std::optional<Shot> FromShelf(int number);
+
+    Facts Known() const { return wires_.facts.Read(); }
+    /// The facts once the index is whole, or as they stand after limit.
+    Facts AwaitWhole(Millis limit);
+
+    /// Counts the orders that change what is shown; pictures of an earlier one are stale.
+    int Turn() const { return turn_; }
+
+    static constexpr Millis JoinLimit { 2000 };
+
+private:
+    Session(const media::Source& source, const View& view, std::shared_ptr<Mailbox> mail);
+    void Run();
+    void Loop(Engine& engine);
+    template <typename Work> auto Ask(Work work);
+    void Order(CommandQueue::Command command);
+
+    media::Source source_;
+    Wires wires_;
+    CommandQueue commands_;
+    std::promise<Shot> opened_;
+    std::promise<void> ended_;
+    std::thread thread_;
+    int turn_ = 0;
+};
+
+} // namespace player

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "media/player/Shot.h"
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+namespace player {
+
+/// A short shelf of pictures made ahead for a caller that walks in equal strides. The engine thread fills it
+/// and waits while it is full, the user-interface thread takes from it.
+class StillShelf {
+public:
+    /// The caller is expected at first, first + stride … up to last.
+    void Plan(int first, int stride, int last);
+    /// What the plan still asks for, in order.
+    std::vector<int> Wanted() const;
+    /// Lays the next wanted picture down, waiting for room; false when the plan was dropped.
+    bool Put(const Shot& shot);
+    /// The picture, waiting for it as long as it is planned; none when it is not, or when limit has passed.
+    std::optional<Shot> Take(int number, std::chrono::milliseconds limit);
+    /// Drops the plan and the pictures, and lets go who waits.
+    void Drop();
+
+    static constexpr qsizetype MaxBytes = 64 * 1024 * 1024;
+
+private:
+    bool IsPlanned(int number) const;
+    bool HasRoomFor(const Shot& shot) const;
+
+    mutable std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<Shot> shots_;
+    int next_ = 0; ///< to be put
+    int passed_ = 0; ///< what comes before it is not wanted any more
+    int stride_ = 0; ///< 0 without a plan
+    int last_ = -1;
+};
+
+} // namespace player

@@ -1,0 +1,105 @@
+#include "media/player/StillShelf.h"
+
+#include <gmock/gmock.h>
+#include <thread>
+
+using namespace std::chrono_literals;
+using player::Shot;
+using player::StillShelf;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+Shot ShotOf(int number, QSize size = QSize(8, 8))
+{
+    Shot shot;
+    shot.number = number;
+    shot.still = QImage(size, QImage::Format_BGR888);
+    return shot;
+}
+
+} // namespace
+
+TEST(StillShelfTest, WithoutAPlanThereIsNothingToMakeOrToTake)
+{
+    StillShelf shelf;
+    EXPECT_THAT(shelf.Wanted(), IsEmpty());
+    EXPECT_FALSE(shelf.Put(ShotOf(0)));
+    EXPECT_FALSE(shelf.Take(0, 60s));
+}
+
+TEST(StillShelfTest, ThePlanRunsInStridesToTheLastFrame)
+{
+    StillShelf shelf;
+    shelf.Plan(30, 10, 65);
+    EXPECT_THAT(shelf.Wanted(), ElementsAre(30, 40, 50, 60));
+}
+
+TEST(StillShelfTest, WhatIsNotPlannedIsNotWaitedFor)
+{
+    StillShelf shelf;
+    shelf.Plan(30, 10, 65);
+    EXPECT_FALSE(shelf.Take(35, 60s));
+    EXPECT_FALSE(shelf.Take(20, 60s));
+    EXPECT_FALSE(shelf.Take(70, 60s));
+}
+
+TEST(StillShelfTest, AWalkIsServedFromAnotherThread)
+{
+    StillShelf shelf;
+    shelf.Plan(0, 7, 700);
+    std::thread engine([&] {
+        for (const int number : shelf.Wanted())
+            ASSERT_TRUE(shelf.Put(ShotOf(number)));
+    });
+    for (int number = 0; number <= 700; number += 7) {
+        const auto shot = shelf.Take(number, 60s);
+        ASSERT_TRUE(shot);
+        EXPECT_EQ(shot->number, number);
+    }
+    engine.join();
+    EXPECT_FALSE(shelf.Take(707, 60s));
+}
+
+TEST(StillShelfTest, ACallerThatLeapsAheadInThePlanIsServedToo)
+{
+    StillShelf shelf;
+    shelf.Plan(0, 1, 100);
+    std::thread engine([&] {
+        for (const int number : shelf.Wanted())
+            if (!shelf.Put(ShotOf(number)))
+                return;
+    });
+    EXPECT_TRUE(shelf.Take(90, 60s));
+    EXPECT_FALSE(shelf.Take(3, 60s));
+    shelf.Drop();
+    engine.join();
+}
+
+TEST(StillShelfTest, DroppingThePlanLetsBothSidesGo)
+{
+    StillShelf shelf;
+    shelf.Plan(0, 1, 100);
+    std::thread engine([&] {
+        for (const int number : shelf.Wanted())
+            if (!shelf.Put(ShotOf(number)))
+                return;
+        ADD_FAILURE() << "the shelf has no end";
+    });
+    EXPECT_TRUE(shelf.Take(0, 60s));
+    shelf.Drop();
+    engine.join();
+    EXPECT_FALSE(shelf.Take(50, 60s));
+}
+
+TEST(StillShelfTest, LargePicturesAreHeldInSmallNumbers)
+{
+    StillShelf shelf;
+    shelf.Plan(0, 1, 100);
+    EXPECT_TRUE(shelf.Put(ShotOf(0, QSize(4096, 4096)))); // 50 MB
+    std::thread engine([&] { EXPECT_TRUE(shelf.Put(ShotOf(1, QSize(4096, 4096)))); });
+    EXPECT_TRUE(shelf.Take(0, 60s));
+    engine.join();
+    EXPECT_TRUE(shelf.Take(1, 60s));
+}
