@@ -4,11 +4,11 @@
 
 #include <QPainter>
 
-QImage ComposeBackground(const QImage& source, QSize clientSize, Placement placement)
+QImage ComposeBackground(const QImage& source, QSize clientSize, Placement placement, QColor ground)
 {
     const int extra = (75_twips).Pixels();
-    QImage target(clientSize + QSize(extra, extra), QImage::Format_ARGB32_Premultiplied);
-    target.fill(Qt::transparent);
+    QImage target(clientSize + QSize(extra, extra), QImage::Format_RGB32);
+    target.fill(ground);
     if (source.isNull())
         return target;
     QPainter painter(&target);

@@ -1,7 +1,10 @@
 #pragma once
 
-#include <QString>
+#include <QPoint>
+#include <QStringList>
 #include <QtGlobal>
+
+#include <functional>
 
 class ApplicationState;
 class Clipboard;
@@ -25,6 +28,9 @@ enum class StatusLabel {
     Watermark, ///< LblWatermark
     Count
 };
+
+/// Whose popup stands open, as PopupKind tells it.
+enum class PopupOwner { Frame = 0, VideoWindow = 1, Viewer = 2 };
 
 /// What a window may ask of the frame it stands in. Main implements it; a window never knows Main.
 class Frame {
@@ -64,6 +70,18 @@ public:
     virtual void OpenViewer() = 0;
     /// Adds a thumbnail of the picture on the clipboard to the strip, opening it when needed, and puts it behind.
     virtual void AddThumbnail() = 0;
+    /// The hidden control that holds a frame which no capture window takes from the clipboard.
+    virtual Lead& ThumbHold() = 0;
+    /// Shows front1, the button that brings the video window to the front.
+    virtual void ShowFront(bool visible) = 0;
+
+    /// Opens the user's guide, or tells that it is missing.
+    virtual void OpenHelp() = 0;
+    /// Opens the one popup at a place on the screen; chosen gets the number of the item.
+    /// checkedItems is a bit mask of the items that show a check. kind is kept in PopupKind.
+    virtual void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, QPoint place,
+        std::function<void(int)> chosen)
+        = 0;
 
     /// The one place that yields to the window system; whatever can go meanwhile must be looked at again afterwards.
     virtual void PumpEvents() = 0;

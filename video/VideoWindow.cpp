@@ -107,8 +107,8 @@ void VideoWindow::BuildHead()
         button->setProperty("Tag", QLatin1String(row.tip));
         Head().AddButton(button);
         connect(button, &StripButton::Click, this, [this, index = row.index] {
-            constexpr std::array Actions { &VideoWindow::CloseClicked, &VideoWindow::ToggleMaximize,
-                &VideoWindow::Minimize, &VideoWindow::OpenClicked };
+            constexpr std::array<void (VideoWindow::*)(), HeadButtons.size()> Actions { &VideoWindow::CloseClicked,
+                &VideoWindow::ToggleMaximize, &VideoWindow::Minimize, &VideoWindow::OpenClicked };
             (this->*Actions[size_t(index)])();
         });
     }

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "app/ApplicationState.h"
+#include "app/ErrFrmBox.h"
+#include "app/Main.h"
+#include "app/SystemDialogs.h"
+#include "desktop/SystemClipboard.h"
+
+/// The program put together: the parts in the order in which they depend on each other, and the frame on top.
+class Program {
+public:
+    /// Prepares the libraries and makes the frame, not yet shown. applicationFolder as in ApplicationState.
+    explicit Program(const QString& applicationFolder);
+
+    Main& MainWindow() { return main_; }
+    ApplicationState& State() { return state_; }
+
+private:
+    ApplicationState state_;
+    SystemClipboard clipboard_;
+    SystemDialogs dialogs_;
+    ErrFrmBox errors_;
+    Main main_;
+};

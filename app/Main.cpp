@@ -1,0 +1,413 @@
+#include "app/Main.h"
+
+#include "app/ApplicationState.h"
+#include "app/Background.h"
+#include "app/ControlError.h"
+#include "app/Hourglass.h"
+#include "app/Lead.h"
+#include "app/Talk.h"
+#include "capture/CaptureCurrentFrame.h"
+#include "capture/SaveCapture.h"
+#include "desktop/FileName.h"
+#include "desktop/WholeFile.h"
+#include "imaging/PictureFile.h"
+#include "toolkit/FrameDrag.h"
+#include "toolkit/PopupMenu.h"
+#include "toolkit/SizeGrip.h"
+#include "toolkit/StripButton.h"
+#include "toolkit/Style.h"
+#include "toolkit/TAQbutton.h"
+#include "toolkit/TitleStrip.h"
+#include "toolkit/Twips.h"
+#include "video/Opening.h"
+#include "video/Transport.h"
+#include "video/TransportPane.h"
+#include "video/VideoList.h"
+#include "video/ltmmPlay.h"
+#include "viewers/QuickShots.h"
+#include "viewers/Viewer.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QDropEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMimeData>
+#include <QUrl>
+
+#include <chrono>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto WindowText = "TAQ Pro v2.1";
+constexpr auto StartPrompt = " Open video to begin capture";
+constexpr auto AboutText = "TAQ Video Capture Pro takes the best frames out of your videos and turns them into pictures.";
+constexpr Twips StartHeight = 8000_twips;
+
+/// The first local file of a drop, by its raw bytes; empty when there is none.
+QString FirstFile(const QMimeData& data)
+{
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            return FileName::FromBytes(QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()));
+    return {};
+}
+
+}
+
+Main::Main(const FrameParts& parts)
+    : state_(parts.state)
+    , clipboard_(parts.clipboard)
+    , dialogs_(parts.dialogs)
+    , errors_(parts.errors)
+    , makePlayer_(parts.makePlayer)
+    , kids_(parts.state)
+{
+    Build();
+    Bind();
+    state_.Load(*this);
+    setWindowFlag(Qt::FramelessWindowHint);
+    resize(width(), StartHeight.Pixels());
+    state_.Reload(Key::ToolTip);
+    state_.ApplyToolTips(*this);
+    StartTimers();
+}
+
+Main::~Main() { CloseAllForms(); }
+
+void Main::Bind()
+{
+    connect(topBack_, &TitleStrip::MoveRequested, drag_, &FrameDrag::StartMove);
+    connect(topBack_, &TitleStrip::MaximizeToggled, this, &Main::ToggleMaximised);
+    for (size_t i = 0; i < Cmds.size(); ++i)
+        connect(Cmds[i], &TAQbutton::Click, this, [this, command = Command(i)] { RunCommand(command); });
+    transport_ = new Transport(*bottomPane_, *this, [this] { OpenListed(); });
+    bottomPane_->hide();
+    SetEnabled(false);
+    EnableCommand(Command::Save, false);
+}
+
+void Main::StartTimers()
+{
+    Timer1.start(32s);
+    connect(&Timer1, &QTimer::timeout, this, [this] {
+        if (state_.KidCount < 1)
+            EnableCommand(Command::Print, false);
+    });
+    Timer3.start(3s);
+    connect(&Timer3, &QTimer::timeout, this, [this] {
+        if (!state_.VideoOpen)
+            SetStatus(StatusLabel::FrameNumber, QLatin1String(StartPrompt));
+    });
+}
+
+QWidget* Main::ActiveForm() { return area_->currentSubWindow(); }
+
+Lead* Main::ActiveCapture()
+{
+    auto* viewer = qobject_cast<Viewer*>(ActiveForm());
+    return viewer ? &viewer->Picture() : nullptr;
+}
+
+void Main::AddChild(QWidget* form)
+{
+    auto* child = qobject_cast<ChildForm*>(form);
+    Q_ASSERT(child);
+    if (!area_->subWindowList().contains(child))
+        area_->addSubWindow(child, child->windowFlags());
+    child->show();
+    child->BringToFront();
+}
+
+void Main::SendToBack(QWidget* form)
+{
+    if (auto* child = qobject_cast<ChildForm*>(form))
+        child->SendToBack();
+}
+
+void Main::SetStatus(StatusLabel label, const QString& text) { labels_[size_t(label)]->setText(text); }
+
+void Main::ShowStatus(StatusLabel label, bool visible) { labels_[size_t(label)]->setVisible(visible); }
+
+void Main::EnableCommand(Command command, bool enabled) { Cmds[size_t(command)]->setEnabled(enabled); }
+
+bool Main::IsCommandEnabled(Command command) const { return Cmds[size_t(command)]->isEnabled(); }
+
+void Main::SetEnabled(bool enabled)
+{
+    for (const Command command : { Command::Stretch, Command::FitToWindow, Command::DefaultSize, Command::Capture })
+        EnableCommand(command, enabled);
+}
+
+VideoWindow& Main::CurrentVideo()
+{
+    if (auto* window = qobject_cast<VideoWindow*>(state_.CurrentVideo.data()))
+        return *window;
+    auto* window = new VideoWindow(*this, *transport_, makePlayer_);
+    state_.CurrentVideo = window;
+    window->setParent(this, window->windowFlags());
+    connect(window, &VideoWindow::ListWanted, this, &Main::ShowVideoList);
+    connect(window, &VideoWindow::ListUnwanted, this, &Main::CloseVideoList);
+    connect(window, &VideoWindow::OpenWanted, this, &Main::OpenFromVideoWindow);
+    CloseVideoList();
+    return *window;
+}
+
+ltmmPlay& Main::CurrentPlayer() { return CurrentVideo().Player(); }
+
+void Main::AddKid(quintptr handle)
+{
+    ++state_.KidCount;
+    kids_.RedimKids();
+    kids_.AddKid(handle);
+}
+
+void Main::RemoveKid(quintptr handle)
+{
+    kids_.RemoveKid(handle);
+    ShowStatus(StatusLabel::AutoCapture, false);
+    --state_.KidCount;
+}
+
+void Main::MakeKidActive(int index)
+{
+    kids_.MakeKidActive(index, [this] { return quintptr(ActiveForm()); }, [this] { SendToBack(ActiveForm()); });
+}
+
+void Main::OpenViewer() { AddChild(new Viewer(*this)); }
+
+void Main::AddThumbnail()
+{
+    if (!quickShots_)
+        quickShots_ = new QuickShots(*this);
+    quickShots_->mnuControlsAdd2();
+    QWidget* const front = ActiveForm();
+    AddChild(quickShots_);
+    SendToBack(quickShots_);
+    if (front && front != quickShots_)
+        AddChild(front);
+}
+
+void Main::ShowFront(bool visible) { front1_->setVisible(visible); }
+
+void Main::OpenHelp()
+{
+    const bool opened = FileHasContent(state_.HelpPath) && QDesktopServices::openUrl(QUrl::fromLocalFile(state_.HelpPath));
+    if (!opened)
+        errors_.Show(this, QStringLiteral("Error!"), QStringLiteral("Help file \"TAQ.hlp\" missing,"));
+}
+
+void Main::PumpEvents() { QCoreApplication::processEvents(); }
+
+void Main::RunCommand(Command command)
+{
+    switch (command) {
+    case Command::Open:
+        return OpenVideos();
+    case Command::Stretch:
+        return CurrentPlayer().SetDisplaySize(ltmmPlay::StretchToWindow);
+    case Command::FitToWindow:
+        return CurrentPlayer().SetDisplaySize(ltmmPlay::FitToWindow);
+    case Command::DefaultSize:
+        return CurrentPlayer().SetDisplaySize(ltmmPlay::Normal);
+    case Command::Capture:
+        return CaptureCurrentFrame(*this);
+    case Command::Save:
+        return SaveCapture(*this);
+    case Command::Download:
+    case Command::Cancel:
+    case Command::Print:
+    case Command::Options:
+    case Command::Count:
+        return;
+    }
+}
+
+void Main::OpenVideos()
+{
+    state_.OpeningNow = true;
+    ShowOpenDialog(*this, [this] { CloseVideoList(); });
+    if (state_.OpenCancelled) {
+        state_.OpenCancelled = false;
+        return;
+    }
+    bottomPane_->show();
+    SetEnabled(true);
+    AddChild(&CurrentVideo());
+    CurrentVideo().OpenVideo();
+    state_.OpeningNow = false;
+}
+
+void Main::OpenFromVideoWindow()
+{
+    ShowOpenDialog(*this, [this] { CloseVideoList(); });
+    for (const Key key : { Key::AutoFrame, Key::CaptureTime, Key::AutoCapture, Key::AutoNumber, Key::Ext })
+        state_.Reload(key);
+    if (state_.OpenCancelled) {
+        state_.OpenCancelled = false;
+        return;
+    }
+    bottomPane_->show();
+    SetEnabled(true);
+    CurrentVideo().OpenVideo();
+}
+
+void Main::OpenListed()
+{
+    AddChild(&CurrentVideo());
+    CurrentVideo().OpenVideo();
+}
+
+void Main::RevealVideoWindow()
+{
+    if (!state_.VidWinOnly)
+        return OpenVideos();
+    bottomPane_->show();
+    AddChild(&CurrentVideo());
+    SetEnabled(true);
+}
+
+void Main::ShowVideoList()
+{
+    if (!videoList_) {
+        videoList_ = new VideoList(*this);
+        connect(videoList_, &VideoList::VideoChosen, this, &Main::OpenListed);
+        connect(videoList_, &VideoList::OpenWanted, this, &Main::OpenVideos);
+    }
+    AddChild(videoList_);
+}
+
+void Main::CloseVideoList()
+{
+    if (videoList_)
+        videoList_->close();
+}
+
+void Main::mnuFullScreen_Click()
+{
+    if (state_.VideoOpen)
+        CurrentPlayer().ToggleFullScreen();
+}
+
+void Main::OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, QPoint place,
+    std::function<void(int)> chosen)
+{
+    delete menus_;
+    menus_ = new PopupMenu(this);
+    menus_->setObjectName(QStringLiteral("Menus"));
+    state_.PopupKind = qint16(kind);
+    menus_->SetItems(items);
+    for (int item = 0; item < items.size(); ++item)
+        menus_->SetChecked(item, checkedItems >> item & 1);
+    connect(menus_, &PopupMenu::Chosen, this, std::move(chosen));
+    menus_->Open(place);
+}
+
+void Main::ShowPopup()
+{
+    const QStringList items { QStringLiteral("  Video List"), QStringLiteral("  View Full Screen"),
+        QStringLiteral("  Close All Windows"), QStringLiteral("  About") };
+    const QPoint place = pos() + QPoint((2840_twips).Pixels(), (500_twips).Pixels());
+    OpenMenus(PopupOwner::Frame, items, 0, place, [this](int item) {
+        constexpr std::array Actions { &Main::ShowVideoListIfVideo, &Main::mnuFullScreen_Click, &Main::CloseAllWindows,
+            &Main::ShowAbout };
+        (this->*Actions[size_t(item)])();
+    });
+}
+
+void Main::ShowVideoListIfVideo()
+{
+    if (!state_.VideoPath.isEmpty())
+        ShowVideoList();
+}
+
+void Main::ShowAbout() { errors_.Show(this, QStringLiteral("About"), QLatin1String(AboutText)); }
+
+void Main::CloseAllWindows()
+{
+    const Hourglass waiting;
+    if (quickShots_)
+        SendToBack(quickShots_);
+    const auto forms = area_->subWindowList();
+    for (QMdiSubWindow* form : forms)
+        if (qobject_cast<Viewer*>(form))
+            form->close();
+    EnableCommand(Command::Print, false);
+    ShowStatus(StatusLabel::AutoCapture, false);
+}
+
+void Main::CloseAllForms()
+{
+    area_->closeAllSubWindows();
+    // A form can open or raise another while it closes; the second round takes what the first passed over.
+    area_->closeAllSubWindows();
+    delete state_.CurrentVideo;
+}
+
+void Main::ToggleMaximised()
+{
+    const bool wasMaximised = isMaximized();
+    wasMaximised ? showNormal() : showMaximized();
+    maximise_->SetFace(wasMaximised ? Face::Maximize : Face::Restore);
+    Image2->setVisible(wasMaximised);
+}
+
+void Main::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange)
+        return;
+    topBack_->SetActive(isActiveWindow());
+    if (isActiveWindow())
+        setWindowTitle(QLatin1String(WindowText));
+}
+
+void Main::closeEvent(QCloseEvent* event)
+{
+    state_.ExitRequested = true;
+    CloseAllForms();
+    QWidget::closeEvent(event);
+}
+
+void Main::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    ApplyBackground();
+}
+
+void Main::ApplyBackground()
+{
+    state_.Reload(Key::OpPic);
+    if (state_.OpPic == 2)
+        return;
+    state_.TileBackground = state_.OpPic == 0;
+    state_.Reload(Key::PicFolder);
+    try {
+        const QImage source
+            = imaging::PictureFile::Decode(WholeFile::Read(state_.BackgroundFile, imaging::PictureFile::MaxFileBytes));
+        area_->setBackground(QBrush(ComposeBackground(source, area_->viewport()->size(),
+            state_.TileBackground ? Placement::Tiled : Placement::LowerRight, StyleColor(Token::Ground))));
+    } catch (const std::runtime_error&) {
+        // Without its picture the frame stays plain.
+    }
+}
+
+void Main::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void Main::dropEvent(QDropEvent* event)
+{
+    CurrentPlayer().Stop();
+    const QString file = FirstFile(*event->mimeData());
+    if (file.isEmpty())
+        return;
+    AddChild(&CurrentVideo());
+    CurrentPlayer().SetSourceFile(file);
+}

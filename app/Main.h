@@ -1,0 +1,134 @@
+#pragma once
+
+#include "app/Frame.h"
+#include "app/KidTable.h"
+#include "video/VideoWindow.h"
+
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+
+#include <array>
+
+class DigitLabel;
+class EmptyState;
+class FrameDrag;
+class PopupMenu;
+class QuickShots;
+class QLabel;
+class QMdiArea;
+class QVBoxLayout;
+class SizeGrip;
+class StripButton;
+class TAQbutton;
+class TitleStrip;
+class Transport;
+class TransportPane;
+class VideoList;
+
+/// What the frame stands on, made by main and outliving it.
+struct FrameParts {
+    ApplicationState& state;
+    Clipboard& clipboard;
+    FileDialogs& dialogs;
+    ErrorBox& errors;
+    PlayerFactory makePlayer;
+};
+
+/// The frame window: title strip, command buttons, child windows, transport and status labels. It knows every window and
+/// only wires them.
+class Main : public QWidget, public Frame {
+    Q_OBJECT
+
+public:
+    explicit Main(const FrameParts& parts);
+    ~Main() override;
+
+    ApplicationState& State() override { return state_; }
+    Clipboard& SystemClipboard() override { return clipboard_; }
+    FileDialogs& Dialogs() override { return dialogs_; }
+    ErrorBox& Errors() override { return errors_; }
+    QWidget* FrameWindow() override { return this; }
+    QWidget* ActiveForm() override;
+    Lead* ActiveCapture() override;
+    void AddChild(QWidget* form) override;
+    void SendToBack(QWidget* form) override;
+    void SetStatus(StatusLabel label, const QString& text) override;
+    void ShowStatus(StatusLabel label, bool visible) override;
+    void EnableCommand(Command command, bool enabled) override;
+    bool IsCommandEnabled(Command command) const override;
+    void SetEnabled(bool enabled) override;
+    ltmmPlay& CurrentPlayer() override;
+    void AddKid(quintptr handle) override;
+    void RemoveKid(quintptr handle) override;
+    void OpenViewer() override;
+    void AddThumbnail() override;
+    Lead& ThumbHold() override { return *thumbHold_; }
+    void ShowFront(bool visible) override;
+    void OpenHelp() override;
+    void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, QPoint place,
+        std::function<void(int)> chosen) override;
+    void PumpEvents() override;
+
+    /// Asks for videos and opens them, whatever window asks.
+    void OpenVideos();
+    /// Brings a capture window to the top by its place in the kid table.
+    void MakeKidActive(int index);
+    void mnuFullScreen_Click();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void Build();
+    void BuildHead(QVBoxLayout* column);
+    void BuildCommands(QVBoxLayout* column);
+    void BuildArea(QVBoxLayout* column);
+    void BuildFoot(QVBoxLayout* column);
+    void Bind();
+    void StartTimers();
+
+    VideoWindow& CurrentVideo();
+    void RunCommand(Command command);
+    void OpenFromVideoWindow();
+    void OpenListed();
+    void RevealVideoWindow();
+    void ShowVideoList();
+    void ShowVideoListIfVideo();
+    void CloseVideoList();
+    void CloseAllWindows();
+    void CloseAllForms();
+    void ShowPopup();
+    void ShowAbout();
+    void ToggleMaximised();
+    void ApplyBackground();
+
+    ApplicationState& state_;
+    Clipboard& clipboard_;
+    FileDialogs& dialogs_;
+    ErrorBox& errors_;
+    PlayerFactory makePlayer_;
+    KidTable kids_;
+
+    TitleStrip* topBack_ = nullptr;
+    StripButton* maximise_ = nullptr;
+    StripButton* front1_ = nullptr;
+    std::array<TAQbutton*, size_t(Command::Count)> Cmds {};
+    QMdiArea* area_ = nullptr;
+    EmptyState* emptyState_ = nullptr;
+    TransportPane* bottomPane_ = nullptr;
+    Transport* transport_ = nullptr;
+    std::array<QLabel*, size_t(StatusLabel::Count)> labels_ {};
+    FrameDrag* drag_ = nullptr;
+    SizeGrip* Image2 = nullptr;
+    PopupMenu* menus_ = nullptr;
+    Lead* thumbHold_ = nullptr;
+    QPointer<VideoList> videoList_;
+    QPointer<QuickShots> quickShots_;
+    QTimer Timer1; ///< the print button follows the capture windows
+    QTimer Timer3; ///< the prompt while no video is open
+};

@@ -1,0 +1,150 @@
+// How the frame is made up of its parts, from top to bottom.
+#include "app/CommandTable.h"
+#include "app/EmptyState.h"
+#include "app/Lead.h"
+#include "app/Main.h"
+#include "toolkit/DigitLabel.h"
+#include "toolkit/FrameDrag.h"
+#include "toolkit/SizeGrip.h"
+#include "toolkit/StripButton.h"
+#include "toolkit/TAQbutton.h"
+#include "toolkit/TitleStrip.h"
+#include "video/TransportPane.h"
+
+#include <QMdiArea>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int Gap = 4; // the grid
+constexpr int FootHeight = 24;
+constexpr int StartWidth = 1120;
+
+/// The status labels from left to right, with the widest text that each must hold without jumping.
+struct LabelRow {
+    StatusLabel label;
+    const char* objectName;
+    const char* sample;
+};
+constexpr LabelRow LabelRows[] {
+    { StatusLabel::Operation, "LblMsg1(0)", "" },
+    { StatusLabel::Flashing, "Label3", "" },
+    { StatusLabel::AutoCapture, "Label2", "" },
+    { StatusLabel::Watermark, "LblWatermark", "" },
+    { StatusLabel::Position, "LblMsg1(1)", "00:00:00  -  00:00:00  Time" },
+    { StatusLabel::FrameNumber, "LblMsg1(2)", "Frame: 000000" },
+    { StatusLabel::Percent, "LblMsg1(3)", "100%" },
+};
+
+template <typename Button> Button* MakeHeadButton(const char* objectName, Face face, const char* name, TitleStrip* strip)
+{
+    auto* button = new Button(strip);
+    button->setObjectName(QLatin1String(objectName));
+    button->SetFace(face);
+    button->setAccessibleName(QLatin1String(name));
+    return button;
+}
+
+}
+
+void Main::Build()
+{
+    setObjectName(QStringLiteral("Main"));
+    setAcceptDrops(true);
+    resize(StartWidth, height());
+    drag_ = new FrameDrag(this);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    BuildHead(column);
+    BuildCommands(column);
+    BuildArea(column);
+    BuildFoot(column);
+    thumbHold_ = new Lead(this);
+    thumbHold_->setObjectName(QStringLiteral("ThumbHold"));
+    thumbHold_->hide();
+}
+
+void Main::BuildHead(QVBoxLayout* column)
+{
+    topBack_ = new TitleStrip(this);
+    topBack_->setObjectName(QStringLiteral("TopBack"));
+    topBack_->SetTitle(QStringLiteral("TAQ Video Capture Pro"));
+    auto* menu = MakeHeadButton<xptopbuttons>("Image3", Face::Menu, "Menu", topBack_);
+    topBack_->AddLeading(menu);
+    front1_ = MakeHeadButton<Front>("front1", Face::BringToFront, "Bring video to front", topBack_);
+    auto* help = MakeHeadButton<xphelp>("xphelp1", Face::Help, "Help", topBack_);
+    auto* minimise = MakeHeadButton<xptopbuttons>("ToolBarPic(2)", Face::Minimize, "Minimize", topBack_);
+    maximise_ = MakeHeadButton<xptopbuttons>("ToolBarPic(1)", Face::Maximize, "Maximize or restore", topBack_);
+    auto* close = MakeHeadButton<xptopbuttons>("ToolBarPic(0)", Face::Close, "Close", topBack_);
+    for (StripButton* button : { front1_, static_cast<StripButton*>(help), static_cast<StripButton*>(minimise), maximise_,
+             static_cast<StripButton*>(close) })
+        topBack_->AddButton(button);
+    front1_->hide();
+    connect(menu, &StripButton::Click, this, &Main::ShowPopup);
+    connect(front1_, &StripButton::Click, this, [this] { AddChild(&CurrentVideo()); });
+    connect(help, &StripButton::Click, this, &Main::OpenHelp);
+    connect(minimise, &StripButton::Click, this, &QWidget::showMinimized);
+    connect(maximise_, &StripButton::Click, this, &Main::ToggleMaximised);
+    connect(close, &StripButton::Click, this, &QWidget::close);
+    column->addWidget(topBack_);
+}
+
+void Main::BuildCommands(QVBoxLayout* column)
+{
+    auto* strip = new QWidget(this);
+    strip->setObjectName(QStringLiteral("VideoSoftElastic1"));
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(2 * Gap, Gap, 2 * Gap, Gap);
+    row->setSpacing(Gap);
+    for (const CommandRow& command : CommandTable) {
+        auto* button = new TAQbutton(strip);
+        button->setObjectName(QStringLiteral("Cmds(%1)").arg(int(command.command)));
+        button->SetFace(command.face);
+        button->SetCaption(QLatin1String(command.caption));
+        button->setAccessibleName(QLatin1String(command.caption));
+        button->setProperty("Tag", QLatin1String(command.tip));
+        button->setEnabled(command.command == Command::Open);
+        Cmds[size_t(command.command)] = button;
+        row->addWidget(button);
+    }
+    row->addStretch();
+    column->addWidget(strip);
+}
+
+void Main::BuildArea(QVBoxLayout* column)
+{
+    area_ = new QMdiArea(this);
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    emptyState_ = new EmptyState(area_->viewport());
+    connect(emptyState_, &EmptyState::Opens, this, [this] {
+        RevealVideoWindow();
+        PumpEvents();
+    });
+    column->addWidget(area_, 1);
+}
+
+void Main::BuildFoot(QVBoxLayout* column)
+{
+    bottomPane_ = new TransportPane(this);
+    column->addWidget(bottomPane_);
+    auto* foot = new QWidget(this);
+    foot->setObjectName(QStringLiteral("VideoSoftElastic3"));
+    foot->setMinimumHeight(FootHeight);
+    auto* row = new QHBoxLayout(foot);
+    row->setContentsMargins(2 * Gap, 0, SizeGrip::Side + Gap, 0);
+    row->setSpacing(4 * Gap);
+    for (const LabelRow& line : LabelRows) {
+        auto* label = new DigitLabel(foot);
+        label->setObjectName(QLatin1String(line.objectName));
+        label->SetSample(QLatin1String(line.sample));
+        labels_[size_t(line.label)] = label;
+        if (line.label == StatusLabel::Position)
+            row->addStretch();
+        row->addWidget(label);
+    }
+    column->addWidget(foot);
+    Image2 = new SizeGrip(*drag_, this);
+}
