@@ -16,3 +16,19 @@ public:
     Hourglass(const Hourglass&) = delete;
     Hourglass& operator=(const Hourglass&) = delete;
 };
+
+/// The normal pointer while the user is asked something, afterwards the pointer from before.
+class PointerPause {
+public:
+    PointerPause()
+        : before_(CurrentPointer())
+    {
+        SetPointer(Pointer::Normal);
+    }
+    ~PointerPause() { SetPointer(before_); }
+    PointerPause(const PointerPause&) = delete;
+    PointerPause& operator=(const PointerPause&) = delete;
+
+private:
+    Pointer before_;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QDialog>
+
+class TitleStrip;
+class xpcheckbox;
+
+/// The program's one message form: a title, a text that wraps and scrolls when it is long, the button that
+/// ends it. Control characters and undecodable bytes of file names are shown as replacement signs; line
+/// breaks stay.
+class ErrFrm : public QDialog {
+    Q_OBJECT
+
+public:
+    ErrFrm(QWidget* owner, const QString& title, const QString& message);
+
+    /// Shows the check box that asks for silence about errors of the player.
+    void OfferSilence();
+    bool IsSilenceAsked() const;
+
+private:
+    QWidget* MakeText(const QString& message);
+    QWidget* MakeFoot();
+
+    TitleStrip* strip_;
+    xpcheckbox* silence_;
+};

@@ -1,0 +1,80 @@
+#include "capture/CaptureCurrentFrame.h"
+
+#include "app/ApplicationState.h"
+#include "app/ControlError.h"
+#include "app/Frame.h"
+#include "app/Hourglass.h"
+#include "app/Lead.h"
+#include "app/Talk.h"
+#include "capture/SavePicture.h"
+#include "desktop/Clipboard.h"
+#include "video/ltmmPlay.h"
+
+namespace {
+
+enum OpThumb { ThumbnailOnly = 0, ViewerAndThumbnail = 1, ViewerOnly = 2 };
+
+/// False when another program holds the clipboard; the still is dropped then.
+bool HandOver(Frame& frame, Dib&& still)
+{
+    Clipboard& clipboard = frame.SystemClipboard();
+    if (!clipboard.Open(frame.FrameWindow()))
+        return false;
+    clipboard.Empty();
+    clipboard.SetDib(std::move(still));
+    clipboard.Close();
+    frame.PumpEvents();
+    return true;
+}
+
+void OpenViewer(Frame& frame)
+{
+    frame.OpenViewer();
+    frame.EnableCommand(Command::Save, true);
+}
+
+/// No capture window takes the frame from the clipboard here, so the frame's own control does.
+void HoldForThumbnail(Frame& frame)
+{
+    Lead& hold = frame.ThumbHold();
+    if (hold.Paste(frame.SystemClipboard(), Lead::PasteTest) == 0)
+        frame.EnableCommand(Command::Save, false);
+    else
+        hold.Paste(frame.SystemClipboard(), Lead::PasteTake);
+}
+
+void Show(Frame& frame)
+{
+    ApplicationState& state = frame.State();
+    state.Reload(Key::OpThumb, Reader::Capture);
+    switch (state.OpThumb) {
+    case ViewerOnly:
+        OpenViewer(frame);
+        break;
+    case ViewerAndThumbnail:
+        OpenViewer(frame);
+        frame.AddThumbnail();
+        frame.ShowFront(true);
+        break;
+    case ThumbnailOnly:
+        HoldForThumbnail(frame);
+        frame.AddThumbnail();
+        break;
+    }
+}
+
+} // namespace
+
+void CaptureCurrentFrame(Frame& frame)
+{
+    const Hourglass hourglass;
+    try {
+        if (HandOver(frame, frame.CurrentPlayer().GetStillDIB(StillTimeout)))
+            Show(frame);
+        else
+            frame.EnableCommand(Command::Save, false);
+    } catch (const ControlError&) {
+        frame.Errors().Show(frame.FrameWindow(), QStringLiteral("Error!"),
+            QStringLiteral("Capture Error. Restart video, then pause, then try to capture again."));
+    }
+}

@@ -1,0 +1,155 @@
+#include "capture/SaveCapture.h"
+
+#include "app/ApplicationState.h"
+#include "app/ControlError.h"
+#include "app/CurrentFolder.h"
+#include "app/Frame.h"
+#include "app/Hourglass.h"
+#include "app/Lead.h"
+#include "app/Talk.h"
+#include "capture/AutoName.h"
+#include "capture/SavePicture.h"
+#include "capture/SaveTarget.h"
+#include "desktop/WholeFile.h"
+#include "imaging/FormatTable.h"
+#include "video/ltmmPlay.h"
+
+#include <functional>
+#include <utility>
+
+namespace {
+
+/// A confirmed name is replaced whole; a new one must be free.
+enum class Name { New, Confirmed };
+/// Writes the picture under a path; false when a new name is taken.
+using Writer = std::function<bool(const QString& path, Name name)>;
+
+/// The extension forced for the time of a save, which VidSave does.
+class ForcedExtension {
+public:
+    ForcedExtension(ApplicationState& state, const QString& extension)
+        : state_(state)
+        , before_(std::exchange(state.CurrentExt, extension))
+    {
+    }
+    ~ForcedExtension() { state_.CurrentExt = before_; }
+    ForcedExtension(const ForcedExtension&) = delete;
+    ForcedExtension& operator=(const ForcedExtension&) = delete;
+
+private:
+    ApplicationState& state_;
+    QString before_;
+};
+
+QString FolderOf(SaveTarget::Folder folder, const ApplicationState& state)
+{
+    switch (folder) {
+    case SaveTarget::Folder::Chosen:
+        return state.OldFolder;
+    case SaveTarget::Folder::AutoSave:
+        return state.Beside(QStringLiteral("AutoSave"));
+    case SaveTarget::Folder::Current:
+        return CurrentFolder();
+    }
+    Q_UNREACHABLE();
+}
+
+/// The name the user chose, empty when he thought better of it.
+QString AskName(Frame& frame, SaveTarget::Folder folder)
+{
+    const PointerPause pause;
+    ApplicationState& state = frame.State();
+    if (folder == SaveTarget::Folder::Chosen)
+        SetCurrentFolder(state.OldFolder);
+    const QString answer = frame.Dialogs().AskSaveName(frame.ActiveForm(),
+        QStringLiteral("Save Video Frame to Preselected Format"), SaveFilter(), CurrentFolder());
+    if (answer.isEmpty())
+        return {};
+    const QString path = WithExtension(answer, state.CurrentExt);
+    // The dialog asked about the name as it was typed.
+    const bool isAsked = path == answer || !FileHasContent(path);
+    return isAsked || frame.Dialogs().ConfirmReplace(frame.ActiveForm(), path) ? path : QString();
+}
+
+Writer StillWriter(Frame& frame)
+{
+    const QImage still = frame.CurrentPlayer().GetStillPicture(StillTimeout);
+    return [still](const QString& path, Name name) {
+        if (name == Name::New)
+            return SaveNewPicture(still, path);
+        SavePicture(still, path);
+        return true;
+    };
+}
+
+Writer CaptureWriter(Frame& frame)
+{
+    ApplicationState& state = frame.State();
+    state.Reload(Key::Ext);
+    if (const int index = imaging::FormatIndex(state.CurrentExt); index >= 0)
+        state.FormatIndex = index;
+    int format = 0;
+    int quality = 0;
+    int bits = 0;
+    imaging::WhatTypeFiles(state.FormatIndex, format, quality, bits);
+    const Lead* capture = frame.ActiveCapture();
+    if (!capture)
+        throw ControlError(QStringLiteral("The active window holds no capture."));
+    return [=](const QString& path, Name name) {
+        if (name == Name::New)
+            return capture->SaveNew(path, format, bits, quality);
+        capture->Save(path, format, bits, quality, false);
+        return true;
+    };
+}
+
+QString WriteUnder(const AutoName& names, const Writer& write)
+{
+    return names.At(names.Write([&write](const QString& path) { return write(path, Name::New); }));
+}
+
+void Save(Frame& frame)
+{
+    ApplicationState& state = frame.State();
+    state.Reload(Key::Ext);
+    const bool isStill = state.VidSave;
+    const ForcedExtension forced(state, isStill ? QStringLiteral(".bmp") : state.CurrentExt);
+    const SaveTarget target = TargetOf(state.SpecialFolder, state.AutoSave, state.AutoDir);
+    const bool isAsked = target.naming == SaveTarget::Naming::Asked;
+    const QString chosen = isAsked ? AskName(frame, target.folder) : QString();
+    if (isAsked && chosen.isEmpty())
+        return;
+    const QString extension = state.CurrentExt;
+
+    frame.ShowStatus(StatusLabel::AutoCapture, false);
+    const Writer write = isStill ? StillWriter(frame) : CaptureWriter(frame);
+    if (isAsked)
+        write(chosen, Name::Confirmed);
+    state.CurrentFile =
+        isAsked ? chosen : WriteUnder(AutoName(FolderOf(target.folder, state), extension), write);
+    if (!isStill)
+        frame.SetStatus(StatusLabel::Operation, QStringLiteral("Capture Saved"));
+    if (QWidget* form = frame.ActiveForm(); form && state.NoWin)
+        form->close();
+}
+
+} // namespace
+
+void SaveCapture(Frame& frame)
+{
+    const Hourglass hourglass;
+    try {
+        Save(frame);
+    } catch (const ControlError&) {
+        frame.Errors().Show(frame.FrameWindow(), QStringLiteral("Error!"),
+            QStringLiteral("Error saving captured video frame."));
+        frame.ShowStatus(StatusLabel::AutoCapture, false);
+    }
+}
+
+void ImmediateSave(Frame& frame)
+{
+    ApplicationState& state = frame.State();
+    const AutoName names(state.Beside(QStringLiteral("AutoSave")), state.CurrentExt);
+    state.CurrentFile = WriteUnder(names, StillWriter(frame));
+}

@@ -1,0 +1,334 @@
+#include "app/CRegSettings.h"
+
+#include "tests/testing/SmallDisk.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QLockFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <thread>
+
+#include <sys/fsuid.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+
+namespace {
+
+const QString Section = QStringLiteral("Options");
+const QString Default = QStringLiteral("the default");
+
+class CRegSettingsTest : public testing::Test {
+protected:
+    QTemporaryDir folder_;
+    CRegSettings settings_ = Opened(folder_.path());
+
+    static CRegSettings Opened(const QString& folder)
+    {
+        CRegSettings settings(folder);
+        settings.SetCompany(QStringLiteral("Company"));
+        settings.SetAppName(QStringLiteral("Program"));
+        return settings;
+    }
+
+    void WriteFile(const QByteArray& bytes)
+    {
+        QDir().mkpath(QFileInfo(settings_.FilePath()).path());
+        QFile file(settings_.FilePath());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(bytes), bytes.size());
+    }
+    static QByteArray FileBytes(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+    }
+    QString Get(const QString& key) { return settings_.GetSetting(Section, key, Default); }
+    bool Save(const QString& key, const QString& value) { return settings_.SaveSetting(Section, key, value); }
+    QStringList Files() const { return QDir(QFileInfo(settings_.FilePath()).path()).entryList(QDir::Files); }
+};
+
+TEST_F(CRegSettingsTest, BlankNamesFallBackToTheirDefaults)
+{
+    CRegSettings settings(folder_.path());
+    settings.SetCompany(QStringLiteral("  Maker "));
+    settings.SetAppName(QStringLiteral("\tProduct"));
+    EXPECT_EQ(settings.Company(), QStringLiteral("Maker"));
+    EXPECT_EQ(settings.AppName(), QStringLiteral("Product"));
+    settings.SetCompany(QStringLiteral("   "));
+    settings.SetAppName(QStringLiteral("   "));
+    EXPECT_EQ(settings.Company(), QStringLiteral("VB and VBA Program Settings"));
+    EXPECT_EQ(settings.AppName(), QCoreApplication::applicationName());
+}
+
+TEST_F(CRegSettingsTest, AMissingBranchYieldsTheDefault)
+{
+    EXPECT_EQ(Get(QStringLiteral("Ext")), Default);
+    EXPECT_EQ(settings_.LastStatus(), CRegSettings::NotFound);
+    EXPECT_FALSE(QFileInfo::exists(settings_.FilePath()));
+}
+
+TEST_F(CRegSettingsTest, WhatIsSavedIsReadByAnotherObject)
+{
+    ASSERT_TRUE(Save(QStringLiteral("sFontText"), QStringLiteral(" two\nlines ")));
+    EXPECT_EQ(settings_.LastStatus(), CRegSettings::Success);
+    EXPECT_EQ(Opened(folder_.path()).GetSetting(Section, QStringLiteral("sFontText"), Default),
+        QStringLiteral(" two\nlines "));
+}
+
+TEST_F(CRegSettingsTest, TheFileStandsUnderCompanyAndProgram)
+{
+    ASSERT_TRUE(Save(QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    EXPECT_EQ(FileBytes(folder_.filePath(QStringLiteral("Company/Program.conf"))), "[Options]\nExt=.jpg\n");
+    EXPECT_EQ(Files(), QStringList(QStringLiteral("Program.conf")));
+}
+
+TEST_F(CRegSettingsTest, AStoredValueOfSizeZeroYieldsTheDefault)
+{
+    ASSERT_TRUE(Save(QStringLiteral("OldDir"), QString()));
+    EXPECT_EQ(Get(QStringLiteral("OldDir")), Default);
+}
+
+TEST_F(CRegSettingsTest, AStarStandsForTheUnnamedValue)
+{
+    ASSERT_TRUE(Save(QStringLiteral("*"), QStringLiteral("unnamed")));
+    EXPECT_EQ(Get(QStringLiteral("*")), QStringLiteral("unnamed"));
+    EXPECT_EQ(Get(QString()), QStringLiteral("unnamed"));
+}
+
+TEST_F(CRegSettingsTest, SectionsAreApart)
+{
+    ASSERT_TRUE(Save(QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    ASSERT_TRUE(settings_.SaveSetting({}, QStringLiteral("Ext"), QStringLiteral(".png")));
+    EXPECT_EQ(Get(QStringLiteral("Ext")), QStringLiteral(".jpg"));
+    EXPECT_EQ(settings_.GetSetting({}, QStringLiteral("Ext"), Default), QStringLiteral(".png"));
+    EXPECT_EQ(settings_.GetSetting(QStringLiteral("Other"), QStringLiteral("Ext"), Default), Default);
+}
+
+TEST_F(CRegSettingsTest, KeysOfANewerVersionAreKept)
+{
+    WriteFile("[Later]\nShape=round\n[Options]\nUnknown=1\n");
+    ASSERT_TRUE(Save(QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    EXPECT_EQ(FileBytes(settings_.FilePath()), "[Later]\nShape=round\n[Options]\nUnknown=1\nExt=.jpg\n");
+}
+
+TEST_F(CRegSettingsTest, ADamagedFileGivesWhatItCanAndIsKeptOnceAsACopy)
+{
+    const QByteArray damaged("[Options]\nExt=.gif\nBW\xFF\x01garbage\n@Variant(junk\n");
+    WriteFile(damaged);
+    EXPECT_EQ(Get(QStringLiteral("Ext")), QStringLiteral(".gif"));
+    EXPECT_EQ(Get(QStringLiteral("BW")), Default);
+    EXPECT_EQ(FileBytes(settings_.FilePath()), damaged);
+    ASSERT_TRUE(Save(QStringLiteral("BW"), QStringLiteral("True")));
+    ASSERT_TRUE(Save(QStringLiteral("HighQ"), QStringLiteral("True")));
+    EXPECT_EQ(FileBytes(settings_.FilePath()), "[Options]\nExt=.gif\nBW=True\nHighQ=True\n");
+    EXPECT_EQ(FileBytes(settings_.FilePath() + QStringLiteral(".damaged")), damaged);
+    EXPECT_EQ(Files().size(), 2);
+}
+
+TEST_F(CRegSettingsTest, EveryDamagedFileHasItsOwnCopy)
+{
+    WriteFile("first\n");
+    ASSERT_TRUE(Save(QStringLiteral("BW"), QStringLiteral("True")));
+    WriteFile("second\n");
+    ASSERT_TRUE(Save(QStringLiteral("BW"), QStringLiteral("True")));
+    EXPECT_EQ(FileBytes(settings_.FilePath() + QStringLiteral(".damaged")), "first\n");
+    EXPECT_EQ(FileBytes(settings_.FilePath() + QStringLiteral(".damaged2")), "second\n");
+}
+
+TEST_F(CRegSettingsTest, AHugeFileIsNotReadButKept)
+{
+    WriteFile(QByteArray(3 * 1024 * 1024, 'x'));
+    EXPECT_EQ(Get(QStringLiteral("Ext")), Default);
+    ASSERT_TRUE(Save(QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    EXPECT_EQ(Get(QStringLiteral("Ext")), QStringLiteral(".jpg"));
+    EXPECT_EQ(QFileInfo(settings_.FilePath() + QStringLiteral(".damaged")).size(), 3 * 1024 * 1024);
+}
+
+TEST_F(CRegSettingsTest, AnEmptyFileIsFilled)
+{
+    WriteFile({});
+    EXPECT_EQ(Get(QStringLiteral("Ext")), Default);
+    ASSERT_TRUE(Save(QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    EXPECT_EQ(Files(), QStringList(QStringLiteral("Program.conf")));
+}
+
+TEST_F(CRegSettingsTest, AFolderInTheFilesPlaceIsLeftAlone)
+{
+    QDir().mkpath(settings_.FilePath());
+    EXPECT_EQ(Get(QStringLiteral("Ext")), Default);
+    EXPECT_FALSE(Save(QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    EXPECT_TRUE(QFileInfo(settings_.FilePath()).isDir());
+}
+
+TEST_F(CRegSettingsTest, AFileInTheFoldersPlaceMakesSavingFail)
+{
+    QFile file(folder_.filePath(QStringLiteral("Company")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_FALSE(Save(QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    EXPECT_EQ(settings_.LastStatus(), CRegSettings::NotWritten);
+    EXPECT_EQ(Get(QStringLiteral("Ext")), Default);
+}
+
+/// What root may do is taken away, so that modes count.
+class OrdinaryUser {
+public:
+    OrdinaryUser() { ::setfsuid(65534); }
+    ~OrdinaryUser() { ::setfsuid(::getuid()); }
+};
+
+TEST_F(CRegSettingsTest, AReadOnlyFileStaysAsItIs)
+{
+    WriteFile("[Options]\nExt=.gif\n");
+    QFile::setPermissions(settings_.FilePath(), QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+    QFile::setPermissions(folder_.path(), QFile::Permissions(0x7777));
+    QFile::setPermissions(folder_.filePath(QStringLiteral("Company")), QFile::Permissions(0x7777));
+    const OrdinaryUser ordinary;
+    EXPECT_FALSE(Save(QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    EXPECT_EQ(Get(QStringLiteral("Ext")), QStringLiteral(".gif"));
+}
+
+TEST_F(CRegSettingsTest, AReadOnlyFolderMakesSavingFailAtOnce)
+{
+    WriteFile("[Options]\nExt=.gif\n");
+    QFile::setPermissions(folder_.path(), QFile::Permissions(0x7777));
+    QFile::setPermissions(folder_.filePath(QStringLiteral("Company")), QFile::Permissions(0x5555));
+    const OrdinaryUser ordinary;
+    EXPECT_FALSE(Save(QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    EXPECT_EQ(Get(QStringLiteral("Ext")), QStringLiteral(".gif"));
+}
+
+TEST_F(CRegSettingsTest, AFileThatMayNotBeReadIsNotReplaced)
+{
+    WriteFile("[Options]\nExt=.gif\n");
+    QFile::setPermissions(settings_.FilePath(), {});
+    QFile::setPermissions(folder_.path(), QFile::Permissions(0x7777));
+    QFile::setPermissions(folder_.filePath(QStringLiteral("Company")), QFile::Permissions(0x7777));
+    {
+        const OrdinaryUser ordinary;
+        EXPECT_EQ(Get(QStringLiteral("Ext")), Default);
+        EXPECT_FALSE(Save(QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    }
+    EXPECT_EQ(FileBytes(settings_.FilePath()), "[Options]\nExt=.gif\n");
+}
+
+TEST_F(CRegSettingsTest, AFullDiskKeepsTheOldSettings)
+{
+    SmallDisk disk(64);
+    if (!disk.IsThere())
+        GTEST_SKIP() << "this machine lets no test mount a file system";
+    CRegSettings settings = Opened(disk.Path());
+    ASSERT_TRUE(settings.SaveSetting(Section, QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    disk.Fill();
+    EXPECT_FALSE(settings.SaveSetting(Section, QStringLiteral("Ext"), QStringLiteral(".png")));
+    EXPECT_EQ(FileBytes(settings.FilePath()), "[Options]\nExt=.jpg\n");
+}
+
+TEST_F(CRegSettingsTest, AReadOnlyDiskKeepsTheOldSettings)
+{
+    SmallDisk disk(64);
+    if (!disk.IsThere())
+        GTEST_SKIP() << "this machine lets no test mount a file system";
+    CRegSettings settings = Opened(disk.Path());
+    ASSERT_TRUE(settings.SaveSetting(Section, QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    disk.MakeReadOnly();
+    EXPECT_FALSE(settings.SaveSetting(Section, QStringLiteral("Ext"), QStringLiteral(".png")));
+    EXPECT_EQ(settings.GetSetting(Section, QStringLiteral("Ext"), Default), QStringLiteral(".jpg"));
+}
+
+TEST_F(CRegSettingsTest, AFileSizeLimitKeepsTheOldSettings)
+{
+    ASSERT_TRUE(Save(QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    rlimit before {};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = ::signal(SIGXFSZ, SIG_IGN);
+    const rlimit none { 0, before.rlim_max };
+    ::setrlimit(RLIMIT_FSIZE, &none);
+    const bool isSaved = Save(QStringLiteral("Ext"), QStringLiteral(".png"));
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    ::signal(SIGXFSZ, handler);
+    EXPECT_FALSE(isSaved);
+    EXPECT_EQ(Get(QStringLiteral("Ext")), QStringLiteral(".jpg"));
+    EXPECT_TRUE(Save(QStringLiteral("Ext"), QStringLiteral(".png")));
+}
+
+/// Writes 200 keys of its own; true when every one was taken.
+bool SaveMany(const QString& folder, const QString& prefix)
+{
+    CRegSettings settings(folder);
+    settings.SetCompany(QStringLiteral("Company"));
+    settings.SetAppName(QStringLiteral("Program"));
+    bool isSaved = true;
+    for (int i = 0; i < 200; ++i)
+        isSaved = settings.SaveSetting(Section, prefix + QString::number(i), QString::number(i)) && isSaved;
+    return isSaved;
+}
+
+void ExpectMany(CRegSettings& settings, const QString& prefix)
+{
+    for (int i = 0; i < 200; ++i)
+        EXPECT_EQ(settings.GetSetting(Section, prefix + QString::number(i), Default), QString::number(i));
+}
+
+TEST_F(CRegSettingsTest, TwoProgramsWritingDifferentKeysKeepThemAll)
+{
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0)
+        ::_exit(SaveMany(folder_.path(), QStringLiteral("child")) ? 0 : 1);
+    EXPECT_TRUE(SaveMany(folder_.path(), QStringLiteral("parent")));
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    ExpectMany(settings_, QStringLiteral("child"));
+    ExpectMany(settings_, QStringLiteral("parent"));
+}
+
+TEST_F(CRegSettingsTest, TwoObjectsWritingDifferentKeysKeepThemAll)
+{
+    std::thread other([this] { EXPECT_TRUE(SaveMany(folder_.path(), QStringLiteral("other"))); });
+    EXPECT_TRUE(SaveMany(folder_.path(), QStringLiteral("one")));
+    other.join();
+    ExpectMany(settings_, QStringLiteral("other"));
+    ExpectMany(settings_, QStringLiteral("one"));
+}
+
+TEST_F(CRegSettingsTest, TheLockOfADeadProgramIsTakenOver)
+{
+    WriteFile("[Options]\n");
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        QLockFile lock(settings_.FilePath() + QStringLiteral(".lock"));
+        ::_exit(lock.tryLock(0) ? 0 : 1);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ASSERT_EQ(status, 0);
+    ASSERT_TRUE(QFileInfo::exists(settings_.FilePath() + QStringLiteral(".lock")));
+    EXPECT_TRUE(Save(QStringLiteral("Ext"), QStringLiteral(".jpg")));
+}
+
+TEST_F(CRegSettingsTest, AProgramKilledWhileItSavesLeavesAWholeFile)
+{
+    for (int round = 0; round < 20; ++round) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            SaveMany(folder_.path(), QString::number(round) + u'k');
+            ::_exit(0);
+        }
+        const QString first = QString::number(round) + QStringLiteral("k0");
+        while (Get(first) == Default)
+            std::this_thread::yield();
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        EXPECT_EQ(Get(first), QStringLiteral("0"));
+    }
+    EXPECT_TRUE(Save(QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    EXPECT_FALSE(Files().contains(QStringLiteral("Program.conf.damaged")));
+}
+
+} // namespace

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "app/ApplicationState.h"
+#include "app/Frame.h"
+#include "app/Lead.h"
+#include "tests/testing/FakeClipboard.h"
+#include "tests/testing/FakePlayer.h"
+#include "tests/testing/ScriptedTalk.h"
+#include <QMap>
+#include <QTemporaryDir>
+
+/// A frame of the test's own: the real state over a temporary folder, faked neighbours, and a log of what was
+/// asked.
+class FakeFrame : public Frame {
+public:
+    QTemporaryDir folder;
+    ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")) };
+    FakeClipboard clipboard;
+    ScriptedDialogs dialogs;
+    ScriptedErrors errors;
+    QWidget window;
+    FakePlayer player;
+    Lead hold;
+    QPointer<QWidget> activeForm;
+    QPointer<Lead> activeCapture;
+    QMap<StatusLabel, QString> status;
+    QMap<StatusLabel, bool> statusShown;
+    QMap<Command, bool> enabled;
+    /// The names of the calls that open or show something, in their order.
+    QStringList log;
+    std::function<void()> whenViewerOpens;
+    std::function<void()> whenPumped;
+    std::function<void(int)> chosenInMenus;
+
+    FakeFrame() { state.Load(window); }
+
+    ApplicationState& State() override { return state; }
+    Clipboard& SystemClipboard() override { return clipboard; }
+    FileDialogs& Dialogs() override { return dialogs; }
+    ErrorBox& Errors() override { return errors; }
+    QWidget* FrameWindow() override { return &window; }
+    QWidget* ActiveForm() override { return activeForm; }
+    Lead* ActiveCapture() override { return activeCapture; }
+    void AddChild(QWidget* form) override
+    {
+        log << QStringLiteral("AddChild");
+        activeForm = form;
+        form->setParent(&window);
+        form->show();
+    }
+    void SendToBack(QWidget*) override { log << QStringLiteral("SendToBack"); }
+    void SetStatus(StatusLabel label, const QString& text) override { status[label] = text; }
+    void ShowStatus(StatusLabel label, bool visible) override { statusShown[label] = visible; }
+    void EnableCommand(Command command, bool on) override { enabled[command] = on; }
+    bool IsCommandEnabled(Command command) const override { return enabled.value(command); }
+    void SetEnabled(bool on) override
+    {
+        for (const Command command :
+            { Command::Stretch, Command::FitToWindow, Command::DefaultSize, Command::Capture })
+            enabled[command] = on;
+    }
+    ltmmPlay& CurrentPlayer() override { return player; }
+    void AddKid(quintptr) override { log << QStringLiteral("AddKid"); }
+    void RemoveKid(quintptr) override { log << QStringLiteral("RemoveKid"); }
+    void OpenViewer() override
+    {
+        log << QStringLiteral("OpenViewer");
+        if (whenViewerOpens)
+            whenViewerOpens();
+    }
+    void AddThumbnail() override { log << QStringLiteral("AddThumbnail"); }
+    Lead& ThumbHold() override { return hold; }
+    void ShowFront(bool visible) override
+    {
+        log << (visible ? QStringLiteral("ShowFront") : QStringLiteral("HideFront"));
+    }
+    void OpenHelp() override { log << QStringLiteral("OpenHelp"); }
+    void OpenMenus(
+        PopupOwner kind, const QStringList& items, int, QPoint, std::function<void(int)> chosen) override
+    {
+        state.PopupKind = qint16(kind);
+        log << items;
+        chosenInMenus = std::move(chosen);
+    }
+    void PumpEvents() override
+    {
+        log << QStringLiteral("PumpEvents");
+        if (whenPumped)
+            whenPumped();
+    }
+};
