@@ -78,9 +78,8 @@ const Coder& CoderOf(FormatCode format)
     return *coder;
 }
 
-/// All that may ever touch a file of unknown origin; "RGB" and its kin carry our own pixels in and out.
-const std::set<std::string> KeptCoders { "BMP", "BMP3", "JPEG", "JPG", "TGA", "GIF", "TIFF", "TIF", "PNG",
-    "PNG24", "RGB", "RGBA", "BGR", "BGRA" };
+/// All that may ever touch a file.
+const std::set<std::string> KeptCoders { "BMP", "JPEG", "TGA", "GIF", "TIFF", "PNG", "PNG24" };
 
 std::set<std::string> CoderNames()
 {

@@ -113,9 +113,14 @@ void PictureView::ScrollTo(QPointF offset)
         std::clamp(std::round(offset.y()), 0.0, most.height()) };
 }
 
+/// Whole pixels, so that the edges of a zoomed picture are sharp; a picture never vanishes.
 QSizeF PictureView::ShownSize() const
 {
-    return isZoomed_ ? picture_ * (zoom_ / 100.0) : picture_;
+    if (!isZoomed_ || picture_.isEmpty())
+        return picture_;
+    const double scale = zoom_ / 100.0;
+    return { std::max(1.0, std::round(picture_.width() * scale)),
+        std::max(1.0, std::round(picture_.height() * scale)) };
 }
 
 /// The place of the picture, in its own pixels, that stands in the middle of the area.
