@@ -14,9 +14,8 @@
 namespace {
 
 constexpr int Edge = 1;
-constexpr int MinimizedWidth = 200;
+constexpr int MinimizedWidth = 240;
 constexpr int MinimizedGap = 4;
-constexpr int MinimizedHeight = TitleStrip::Height + 2 * Edge;
 
 } // namespace
 
@@ -123,6 +122,7 @@ void ChildForm::Become(Shape shape)
     setMinimumSize(shape == Shape::Minimized ? QSize(0, 0) : normalMinimum_);
     if (body_)
         body_->setVisible(shape != Shape::Minimized);
+    strip_->SetCompact(shape == Shape::Minimized);
     grip_->setVisible(shape == Shape::Normal);
     if (shape == Shape::Normal)
         setGeometry(normalGeometry_);
@@ -144,12 +144,12 @@ void ChildForm::FitToArea()
 QRect ChildForm::MinimizedPlace() const
 {
     const QRect area = parentWidget()->rect();
-    const int width = std::max(MinimizedWidth, strip_->minimumSizeHint().width() + 2 * Edge);
     const int step = MinimizedWidth + MinimizedGap;
     const int columns = std::max(1, area.width() / step);
     const int row = slot_ / columns;
-    const int height = std::max(MinimizedHeight, FrameSize().height());
-    return { (slot_ % columns) * step, area.height() - (row + 1) * (height + MinimizedGap), width, height };
+    const int height = FrameSize().height();
+    return { (slot_ % columns) * step, area.height() - (row + 1) * (height + MinimizedGap), MinimizedWidth,
+        height };
 }
 
 int ChildForm::FreeSlot() const
@@ -181,13 +181,14 @@ void ChildForm::BringToFront()
 
 void ChildForm::SendToBack()
 {
-    lower();
     // Children are kept in stacking order, the topmost last.
     const QList<ChildForm*> siblings = Siblings();
     const auto next = std::find_if(
         siblings.rbegin(), siblings.rend(), [](const ChildForm* form) { return form->isVisible(); });
     if (next != siblings.rend())
         (*next)->Activate();
+    // The area restacks its windows when the active one changes, so this comes last.
+    lower();
 }
 
 void ChildForm::Activate()

@@ -1,5 +1,6 @@
 #include "toolkit/Strip.h"
 
+#include "toolkit/Artwork.h"
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
@@ -16,6 +17,7 @@ QString StripFile(Face face)
 
 QPixmap Render(Face face, const QColor& tint, int devicePixels)
 {
+    LoadArtwork();
     QPixmap cell(devicePixels, devicePixels);
     cell.fill(Qt::transparent);
     QSvgRenderer strip(StripFile(face));

@@ -1,5 +1,6 @@
 #include "toolkit/Style.h"
 
+#include "toolkit/Artwork.h"
 #include <QApplication>
 #include <QFile>
 #include <QHash>
@@ -7,11 +8,6 @@
 #include <QRegularExpression>
 #include <QStyleFactory>
 #include <array>
-
-static void LoadArtwork()
-{
-    Q_INIT_RESOURCE(art);
-}
 
 namespace {
 
@@ -113,6 +109,11 @@ constexpr RoleRow Roles[] {
     { QPalette::Shadow, Token::LineOutside },
 };
 
+constexpr RoleRow InactiveRoles[] {
+    { QPalette::Highlight, Token::LineInside },
+    { QPalette::HighlightedText, Token::Text },
+};
+
 constexpr RoleRow DisabledRoles[] {
     { QPalette::WindowText, Token::TextDisabled },
     { QPalette::Text, Token::TextDisabled },
@@ -127,6 +128,8 @@ QPalette FacePalette()
     QPalette palette;
     for (const RoleRow& row : Roles)
         palette.setColor(row.role, StyleColor(row.token));
+    for (const RoleRow& row : InactiveRoles)
+        palette.setColor(QPalette::Inactive, row.role, StyleColor(row.token));
     for (const RoleRow& row : DisabledRoles)
         palette.setColor(QPalette::Disabled, row.role, StyleColor(row.token));
     return palette;

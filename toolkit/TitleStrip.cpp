@@ -43,6 +43,16 @@ void TitleStrip::AddButton(QWidget* button)
     row_->addWidget(button);
 }
 
+void TitleStrip::SetCompact(bool compact)
+{
+    constexpr int CompactButtons = 3;
+    for (int place = 0; place < row_->count() - CompactButtons; ++place) {
+        QWidget* widget = row_->itemAt(place)->widget();
+        if (widget != label_)
+            widget->setVisible(!compact);
+    }
+}
+
 void TitleStrip::SetActive(bool active)
 {
     active_ = active;

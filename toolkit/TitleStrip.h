@@ -22,6 +22,8 @@ public:
     void AddLeading(QWidget* widget);
     /// Adds after the title, from left to right; the last stands at the right edge.
     void AddButton(QWidget* button);
+    /// A compact strip shows the title and the last three buttons only.
+    void SetCompact(bool compact);
     bool IsActive() const { return active_; }
     /// An active strip has the brighter title.
     void SetActive(bool active);

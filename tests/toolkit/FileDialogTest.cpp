@@ -1,0 +1,258 @@
+#include "toolkit/FileDialog.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A folder with three files, apart from the current folder, which comes back at the end.
+struct Folder {
+    Folder()
+    {
+        QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        QDir(folder.path()).mkdir(QStringLiteral("sea"));
+        for (const char* name : { "a.avi", "b.avi", "c.txt" }) {
+            QFile file(Path(name));
+            EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        }
+    }
+    ~Folder() { QDir::setCurrent(before); }
+    QString Sea() const { return QDir(folder.filePath(QStringLiteral("sea"))).canonicalPath(); }
+    QString Path(const char* name) const { return Sea() + QLatin1Char('/') + QLatin1String(name); }
+
+    QTemporaryDir folder;
+    QString before = QDir::currentPath();
+};
+
+/// Does something to the dialog once it runs.
+void WhenOpen(std::function<void(QFileDialog&)> act)
+{
+    auto* timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog || !dialog->isVisible())
+            return;
+        timer->deleteLater();
+        timer->stop();
+        act(*dialog);
+    });
+    timer->start(0);
+}
+
+/// Types names as a user would and accepts.
+void Type(QFileDialog& dialog, const QString& names)
+{
+    auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    ASSERT_NE(edit, nullptr);
+    edit->setText(names);
+    QMetaObject::invokeMethod(&dialog, "accept");
+}
+
+void Cancel(QFileDialog& dialog)
+{
+    dialog.reject();
+}
+
+cFileDialog VideoDialog(const Folder& folder)
+{
+    cFileDialog dialog;
+    dialog.DialogTitle = QStringLiteral("Open Videos To Capture");
+    dialog.SetFilter(QStringLiteral("AVI Files (*.avi)|*.avi|All Files (*.*)|*.*"));
+    dialog.InitDir = folder.Sea();
+    dialog.flags = cFileDialog::LongNames | cFileDialog::HideReadOnly | cFileDialog::OverwritePrompt;
+    return dialog;
+}
+
+QString Nul()
+{
+    return QString(QChar());
+}
+
+} // namespace
+
+TEST(cFileDialog, SeveralFilesGiveFolderAndNamesWithANulAfterEach)
+{
+    const Folder folder;
+    cFileDialog dialog = VideoDialog(folder);
+    dialog.flags |= cFileDialog::AllowMultiselect;
+    WhenOpen([](QFileDialog& open) { Type(open, QStringLiteral("\"a.avi\" \"b.avi\"")); });
+    dialog.ShowOpen();
+    EXPECT_EQ(dialog.Filename, folder.Sea() + Nul() + "a.avi" + Nul() + "b.avi" + Nul() + Nul());
+    EXPECT_TRUE(dialog.flags & cFileDialog::Explorer);
+    QString chosen;
+    QStringList files;
+    int count = 0;
+    EXPECT_TRUE(ParseMultiFileName(dialog.Filename, chosen, files, count));
+    EXPECT_EQ(chosen, folder.Sea());
+    EXPECT_EQ(files, QStringList({ "a.avi", "b.avi" }));
+}
+
+TEST(cFileDialog, AMultiSelectionWithOneFileIsAPlainPath)
+{
+    const Folder folder;
+    cFileDialog dialog = VideoDialog(folder);
+    dialog.flags |= cFileDialog::AllowMultiselect;
+    WhenOpen([](QFileDialog& open) { Type(open, QStringLiteral("b.avi")); });
+    dialog.ShowOpen();
+    EXPECT_EQ(dialog.Filename, folder.Path("b.avi"));
+    EXPECT_EQ(dialog.FileTitle, QStringLiteral("b.avi"));
+}
+
+TEST(cFileDialog, WithoutTheMultiSelectBitOneFileIsChosen)
+{
+    const Folder folder;
+    cFileDialog dialog = VideoDialog(folder);
+    dialog.flags |= cFileDialog::FileMustExist;
+    WhenOpen([](QFileDialog& open) {
+        EXPECT_EQ(open.fileMode(), QFileDialog::ExistingFile);
+        EXPECT_EQ(open.windowTitle(), QStringLiteral("Open Videos To Capture"));
+        Type(open, QStringLiteral("a.avi"));
+    });
+    dialog.ShowOpen();
+    EXPECT_EQ(dialog.Filename, folder.Path("a.avi"));
+    EXPECT_FALSE(dialog.flags & cFileDialog::Explorer);
+}
+
+TEST(cFileDialog, AChoiceLeavesTheCurrentFolderAtTheChosenFolder)
+{
+    const Folder folder;
+    cFileDialog dialog = VideoDialog(folder);
+    WhenOpen([](QFileDialog& open) { Type(open, QStringLiteral("a.avi")); });
+    dialog.ShowOpen();
+    EXPECT_EQ(QDir::currentPath(), folder.Sea());
+}
+
+TEST(cFileDialog, CancelGivesAnEmptyResultAndLeavesTheCurrentFolder)
+{
+    const Folder folder;
+    cFileDialog dialog = VideoDialog(folder);
+    dialog.Filename = QStringLiteral("a.avi");
+    WhenOpen(Cancel);
+    dialog.ShowOpen();
+    EXPECT_EQ(dialog.Filename, QString());
+    EXPECT_EQ(dialog.FileTitle, QString());
+    EXPECT_EQ(QDir::currentPath(), folder.before);
+}
+
+TEST(cFileDialog, CancelIsAnErrorWhenCancelErrorIsTrue)
+{
+    const Folder folder;
+    cFileDialog dialog = VideoDialog(folder);
+    dialog.CancelError = true;
+    WhenOpen(Cancel);
+    EXPECT_THROW(dialog.ShowOpen(), DialogCancelled);
+    EXPECT_EQ(dialog.Filename, QString());
+}
+
+TEST(cFileDialog, TheFiltersAreOfferedAndTheOneInUseIsTold)
+{
+    const Folder folder;
+    cFileDialog dialog = VideoDialog(folder);
+    dialog.FilterIndex = 2;
+    WhenOpen([](QFileDialog& open) {
+        EXPECT_EQ(open.nameFilters(), QStringList({ "AVI Files (*.avi)", "All Files (*)" }));
+        EXPECT_EQ(open.selectedNameFilter(), QStringLiteral("All Files (*)"));
+        open.selectNameFilter(QStringLiteral("AVI Files (*.avi)"));
+        Type(open, QStringLiteral("a.avi"));
+    });
+    dialog.ShowOpen();
+    EXPECT_EQ(dialog.FilterIndex, 1);
+}
+
+TEST(cFileDialog, AnInitDirThatIsGoneOpensTheCurrentFolder)
+{
+    const Folder folder;
+    QDir::setCurrent(folder.Sea());
+    cFileDialog dialog = VideoDialog(folder);
+    dialog.InitDir = QStringLiteral("/no/such/folder");
+    WhenOpen([&](QFileDialog& open) {
+        EXPECT_EQ(open.directory().canonicalPath(), folder.Sea());
+        open.reject();
+    });
+    dialog.ShowOpen();
+}
+
+TEST(cFileDialog, AnOwnerThatClosesMeanwhileIsACancel)
+{
+    const Folder folder;
+    auto* owner = new QWidget;
+    cFileDialog dialog = VideoDialog(folder);
+    dialog.hWnd = owner;
+    WhenOpen([owner](QFileDialog&) { delete owner; });
+    dialog.ShowOpen();
+    EXPECT_EQ(dialog.Filename, QString());
+}
+
+TEST(AskFileName, OpenGivesThePathAndItsFolderWithTheClosingSeparator)
+{
+    const Folder folder;
+    QString chosen;
+    WhenOpen([](QFileDialog& open) {
+        EXPECT_EQ(open.acceptMode(), QFileDialog::AcceptOpen);
+        EXPECT_EQ(open.fileMode(), QFileDialog::ExistingFile);
+        Type(open, QStringLiteral("a.avi"));
+    });
+    const QString path = AskFileName(nullptr, FileMode::Open, QStringLiteral("Open"), QString(),
+        QStringLiteral("AVI|*.avi"), folder.Sea(), QStringLiteral("avi"), chosen);
+    EXPECT_EQ(path, folder.Path("a.avi"));
+    EXPECT_EQ(chosen, folder.Sea() + QLatin1Char('/'));
+}
+
+TEST(AskFileName, SaveTakesTheDefaultExtensionForANameWithoutOne)
+{
+    const Folder folder;
+    QString chosen;
+    WhenOpen([](QFileDialog& open) {
+        EXPECT_EQ(open.acceptMode(), QFileDialog::AcceptSave);
+        Type(open, QStringLiteral("new"));
+    });
+    const QString path =
+        AskFileName(nullptr, FileMode::Save, QStringLiteral("Save"), QStringLiteral("first.bmp"),
+            QStringLiteral("Bitmap|*.bmp"), folder.Sea(), QStringLiteral("bmp"), chosen);
+    EXPECT_EQ(path, folder.Path("new.bmp"));
+}
+
+TEST(AskFileName, SaveAsksBeforeAFileIsReplaced)
+{
+    const Folder folder;
+    QString chosen;
+    bool asked = false;
+    QTimer question;
+    QObject::connect(&question, &QTimer::timeout, &question, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        question.stop();
+        asked = true;
+        box->button(QMessageBox::Yes)->click();
+    });
+    WhenOpen([&](QFileDialog& open) {
+        question.start(0);
+        Type(open, QStringLiteral("a.avi"));
+    });
+    const QString path = AskFileName(nullptr, FileMode::Save, QStringLiteral("Save"), QString(),
+        QStringLiteral("AVI|*.avi"), folder.Sea(), QString(), chosen);
+    EXPECT_TRUE(asked);
+    EXPECT_EQ(path, folder.Path("a.avi"));
+}
+
+TEST(AskFileName, CancelGivesAnEmptyPathAndLeavesTheFolder)
+{
+    const Folder folder;
+    QString chosen = QStringLiteral("before");
+    WhenOpen(Cancel);
+    EXPECT_EQ(AskFileName(nullptr, FileMode::Open, QStringLiteral("Open"), QString(), QString(), folder.Sea(),
+                  QString(), chosen),
+        QString());
+    EXPECT_EQ(chosen, QStringLiteral("before"));
+}

@@ -1,0 +1,250 @@
+#include "toolkit/StripButton.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace {
+
+/// A button on a form that leaves room beside it, with the pointer out of the way.
+struct OnForm {
+    explicit OnForm(StripButton* made)
+        : button(made)
+    {
+        form.resize(300, 200);
+        button->setParent(&form);
+        button->setGeometry(50, 50, 28, 28);
+        form.show();
+        QCursor::setPos(form.mapToGlobal(QPoint(250, 150)));
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&form));
+    }
+    void PutPointerInside()
+    {
+        QCursor::setPos(button->mapToGlobal(button->rect().center()));
+        QTest::mouseMove(button, button->rect().center());
+        QCoreApplication::processEvents();
+    }
+    /// The pointer goes without the button being told, as when another window opens over it.
+    void TakePointerAwayUnseen() { QCursor::setPos(form.mapToGlobal(QPoint(250, 150))); }
+
+    QWidget form;
+    StripButton* button;
+};
+
+struct Member {
+    const char* name;
+    std::unique_ptr<StripButton> button;
+    int maxValue;
+};
+
+std::vector<Member> Family()
+{
+    std::vector<Member> family;
+    family.push_back({ "xptopbuttons", std::make_unique<xptopbuttons>(), 3 });
+    family.push_back({ "smallXPbuttons", std::make_unique<smallXPbuttons>(), 10 });
+    family.push_back({ "Videobuttons", std::make_unique<Videobuttons>(), 3 });
+    family.push_back({ "VideoEditButtons", std::make_unique<VideoEditButtons>(), 5 });
+    family.push_back({ "ToolButtons", std::make_unique<ToolButtons>(), 5 });
+    return family;
+}
+
+} // namespace
+
+TEST(StripButton, ValuesInsideTheMembersRangePickTheFaceAndOthersLeaveItAsItStood)
+{
+    for (Member& member : Family()) {
+        StripButton& button = *member.button;
+        for (int value = 0; value <= member.maxValue; ++value) {
+            button.SetValue(value);
+            EXPECT_EQ(button.FaceNumber(), value) << member.name;
+        }
+        const Face last = button.ShownFace();
+        for (const int outside : { -1, member.maxValue + 1, 1000 }) {
+            button.SetValue(outside);
+            EXPECT_EQ(button.Value(), outside) << member.name;
+            EXPECT_EQ(button.FaceNumber(), member.maxValue) << member.name;
+            EXPECT_EQ(button.ShownFace(), last) << member.name;
+        }
+    }
+}
+
+TEST(StripButton, EveryValueHasAFaceOfItsOwn)
+{
+    for (Member& member : Family()) {
+        QList<Face> seen;
+        for (int value = 0; value <= member.maxValue; ++value) {
+            member.button->SetValue(value);
+            EXPECT_FALSE(seen.contains(member.button->ShownFace())) << member.name << value;
+            seen << member.button->ShownFace();
+        }
+    }
+}
+
+TEST(StripButton, ANewButtonHasValueZeroIsEnabledAndDoesNotToggle)
+{
+    for (const Member& member : Family()) {
+        EXPECT_EQ(member.button->Value(), 0) << member.name;
+        EXPECT_TRUE(member.button->isEnabled()) << member.name;
+        EXPECT_FALSE(member.button->Toggle()) << member.name;
+    }
+}
+
+TEST(StripButton, AClickGoesToTheFormAndChangesNothing)
+{
+    OnForm stage(new VideoEditButtons);
+    stage.button->SetToggle(true);
+    QSignalSpy clicks(stage.button, &StripControl::Click);
+    QTest::mouseClick(stage.button, Qt::LeftButton);
+    EXPECT_EQ(clicks.size(), 1);
+    EXPECT_EQ(stage.button->Value(), 0);
+    EXPECT_FALSE(stage.button->IsLatched());
+}
+
+TEST(StripButton, AToggleButtonIsLatchedWhileItsValueIsDown)
+{
+    VideoEditButtons button;
+    button.SetToggle(true);
+    button.SetFace(Face::SoundOff, Face::SoundOn);
+    EXPECT_EQ(button.ShownFace(), Face::SoundOff);
+    button.SetValue(1);
+    EXPECT_EQ(button.ShownLook(), ButtonLook::Latched);
+    EXPECT_EQ(button.ShownFace(), Face::SoundOn);
+    button.SetValue(0);
+    EXPECT_EQ(button.ShownLook(), ButtonLook::Rest);
+}
+
+TEST(StripButton, TheFiveLooksDiffer)
+{
+    OnForm stage(new VideoEditButtons);
+    stage.button->SetToggle(true);
+    QList<QImage> looks;
+    const auto take = [&](ButtonLook expected) {
+        EXPECT_EQ(stage.button->ShownLook(), expected);
+        const QImage look = stage.button->grab().toImage();
+        EXPECT_FALSE(looks.contains(look)) << static_cast<int>(expected);
+        looks << look;
+    };
+    take(ButtonLook::Rest);
+    stage.PutPointerInside();
+    take(ButtonLook::Hover);
+    QTest::mousePress(stage.button, Qt::LeftButton);
+    take(ButtonLook::Pressed);
+    QTest::mouseRelease(stage.button, Qt::LeftButton);
+    stage.button->SetValue(1);
+    take(ButtonLook::Latched);
+    stage.button->setEnabled(false);
+    take(ButtonLook::Disabled);
+}
+
+TEST(StripButton, TheTimerFindsThatThePointerHasLeftAndTheRestCellReturns)
+{
+    OnForm stage(new smallXPbuttons);
+    QSignalSpy leaves(stage.button, &StripControl::Leave);
+    stage.PutPointerInside();
+    ASSERT_EQ(stage.button->ShownState(), StripControl::State::Hover);
+    stage.TakePointerAwayUnseen();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return leaves.size() == 1; }));
+    EXPECT_EQ(stage.button->ShownState(), StripControl::State::Rest);
+}
+
+TEST(StripButton, TheLeaveEventOfADisabledButtonLeavesItsCell)
+{
+    OnForm stage(new smallXPbuttons);
+    QSignalSpy leaves(stage.button, &StripControl::Leave);
+    stage.PutPointerInside();
+    stage.button->setEnabled(false);
+    stage.TakePointerAwayUnseen();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return leaves.size() == 1; }));
+    EXPECT_EQ(stage.button->ShownState(), StripControl::State::Disabled);
+}
+
+TEST(StripButton, MouseAndKeysAreRelayedToTheForm)
+{
+    OnForm stage(new smallXPbuttons);
+    QSignalSpy downs(stage.button, &StripControl::MouseDown);
+    QSignalSpy moves(stage.button, &StripControl::MouseMove);
+    QSignalSpy ups(stage.button, &StripControl::MouseUp);
+    QSignalSpy keys(stage.button, &StripControl::KeyDown);
+    stage.PutPointerInside();
+    QTest::mouseClick(stage.button, Qt::RightButton);
+    QTest::keyClick(stage.button, Qt::Key_F2);
+    ASSERT_EQ(downs.size(), 1);
+    EXPECT_EQ(downs.first().first().value<Qt::MouseButton>(), Qt::RightButton);
+    EXPECT_GE(moves.size(), 1);
+    EXPECT_EQ(ups.size(), 1);
+    ASSERT_EQ(keys.size(), 1);
+    EXPECT_EQ(keys.first().first().toInt(), Qt::Key_F2);
+}
+
+TEST(StripButton, SpaceAndEnterClick)
+{
+    OnForm stage(new Videobuttons);
+    QSignalSpy clicks(stage.button, &StripControl::Click);
+    for (const Qt::Key key : { Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter })
+        QTest::keyClick(stage.button, key);
+    EXPECT_EQ(clicks.size(), 3);
+    stage.button->setEnabled(false);
+    QTest::keyClick(stage.button, Qt::Key_Space);
+    EXPECT_EQ(clicks.size(), 3);
+}
+
+TEST(StripButton, TabReachesItAndShowsARingAClickShowsNone)
+{
+    QWidget form;
+    QHBoxLayout row(&form);
+    QLineEdit before;
+    Front button;
+    row.addWidget(&before);
+    row.addWidget(&button);
+    form.show();
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    before.setFocus();
+    QTest::keyClick(&before, Qt::Key_Tab);
+    EXPECT_TRUE(button.hasFocus());
+    EXPECT_TRUE(button.HasFocusRing());
+    const QImage ringed = button.grab().toImage();
+    before.setFocus();
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_TRUE(button.hasFocus());
+    EXPECT_FALSE(button.HasFocusRing());
+    EXPECT_NE(button.grab().toImage(), ringed);
+}
+
+TEST(StripButton, TheAccessibleNameIsTheFacesThenTheTipsThenTheCallers)
+{
+    Videobuttons button;
+    EXPECT_EQ(button.accessibleName(), QStringLiteral("Play"));
+    button.SetFace(Face::Loop);
+    EXPECT_EQ(button.accessibleName(), QStringLiteral("Loop"));
+    button.setToolTip(QStringLiteral(" Loop OFF "));
+    EXPECT_EQ(button.accessibleName(), QStringLiteral("Loop OFF"));
+    button.setToolTip(QString());
+    EXPECT_EQ(button.accessibleName(), QStringLiteral("Loop OFF"));
+    button.setAccessibleName(QStringLiteral("Play it again"));
+    button.setToolTip(QStringLiteral(" Loop ON "));
+    EXPECT_EQ(button.accessibleName(), QStringLiteral("Play it again"));
+}
+
+TEST(StripButton, AssistiveTechnologySeesAButtonWithItsName)
+{
+    const xphelp button;
+    QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(const_cast<xphelp*>(&button));
+    ASSERT_NE(seen, nullptr);
+    EXPECT_EQ(seen->role(), QAccessible::PushButton);
+    EXPECT_EQ(seen->text(QAccessible::Name), QStringLiteral("Help"));
+}
+
+TEST(StripButton, AFormMayDeleteTheButtonInItsClick)
+{
+    QWidget form;
+    auto* button = new xptopbuttons(&form);
+    QObject::connect(button, &StripControl::Click, &form, [&] { delete button; });
+    form.show();
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_TRUE(form.findChildren<xptopbuttons*>().isEmpty());
+}
