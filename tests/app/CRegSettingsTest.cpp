@@ -1,5 +1,7 @@
 #include "app/CRegSettings.h"
 
+#include "tests/testing/Files.h"
+#include "tests/testing/OrdinaryUser.h"
 #include "tests/testing/SmallDisk.h"
 
 #include <QCoreApplication>
@@ -11,7 +13,6 @@
 #include <csignal>
 #include <thread>
 
-#include <sys/fsuid.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 
@@ -36,14 +37,7 @@ protected:
     void WriteFile(const QByteArray& bytes)
     {
         QDir().mkpath(QFileInfo(settings_.FilePath()).path());
-        QFile file(settings_.FilePath());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(bytes), bytes.size());
-    }
-    static QByteArray FileBytes(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+        ASSERT_TRUE(MakeFile(settings_.FilePath(), bytes));
     }
     QString Get(const QString& key) { return settings_.GetSetting(Section, key, Default); }
     bool Save(const QString& key, const QString& value) { return settings_.SaveSetting(Section, key, value); }
@@ -171,13 +165,6 @@ TEST_F(CRegSettingsTest, AFileInTheFoldersPlaceMakesSavingFail)
     EXPECT_EQ(settings_.LastStatus(), CRegSettings::NotWritten);
     EXPECT_EQ(Get(QStringLiteral("Ext")), Default);
 }
-
-/// What root may do is taken away, so that modes count.
-class OrdinaryUser {
-public:
-    OrdinaryUser() { ::setfsuid(65534); }
-    ~OrdinaryUser() { ::setfsuid(::getuid()); }
-};
 
 TEST_F(CRegSettingsTest, AReadOnlyFileStaysAsItIs)
 {
