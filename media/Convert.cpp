@@ -47,29 +47,80 @@ int MatrixOf(const AVFrame& frame)
     }
 }
 
+struct FullRangeName {
+    AVPixelFormat full;
+    AVPixelFormat plain;
+};
+constexpr FullRangeName FullRangeNames[] = {
+    { AV_PIX_FMT_YUVJ420P, AV_PIX_FMT_YUV420P },
+    { AV_PIX_FMT_YUVJ422P, AV_PIX_FMT_YUV422P },
+    { AV_PIX_FMT_YUVJ444P, AV_PIX_FMT_YUV444P },
+    { AV_PIX_FMT_YUVJ440P, AV_PIX_FMT_YUV440P },
+    { AV_PIX_FMT_YUVJ411P, AV_PIX_FMT_YUV411P },
+};
+
+/// The format without its range, which the frame's own tag or the format's name tells.
+AVPixelFormat PlainFormat(const AVFrame& frame)
+{
+    for (const FullRangeName& name : FullRangeNames)
+        if (name.full == frame.format)
+            return name.plain;
+    return AVPixelFormat(frame.format);
+}
+
 bool IsFullRange(const AVFrame& frame)
 {
-    const AVPixelFormat full[] = { AV_PIX_FMT_YUVJ420P, AV_PIX_FMT_YUVJ422P, AV_PIX_FMT_YUVJ444P,
-        AV_PIX_FMT_YUVJ440P, AV_PIX_FMT_YUVJ411P };
-    return frame.color_range == AVCOL_RANGE_JPEG
-        || std::find(std::begin(full), std::end(full), frame.format) != std::end(full);
+    return frame.color_range == AVCOL_RANGE_JPEG || PlainFormat(frame) != frame.format;
+}
+
+ScalerPtr ScalerFor(const AVFrame& frame, QSize size, AVPixelFormat target, int flags)
+{
+    ScalerPtr scaler(sws_getContext(frame.width, frame.height, PlainFormat(frame), size.width(),
+        size.height(), target, flags, nullptr, nullptr, nullptr));
+    constexpr int one = 1 << 16;
+    if (scaler)
+        sws_setColorspaceDetails(scaler.get(), sws_getCoefficients(MatrixOf(frame)), IsFullRange(frame),
+            sws_getCoefficients(SWS_CS_DEFAULT), 1, 0, one, one);
+    return scaler;
 }
 
 /// The frame in another size and format; null when there is no memory for it.
 QImage Scaled(const AVFrame& frame, QSize size, const Target& target, int flags)
 {
     QImage image = AlignedImage(size, target);
-    const ScalerPtr scaler(sws_getContext(frame.width, frame.height, AVPixelFormat(frame.format),
-        size.width(), size.height(), target.pixels, flags, nullptr, nullptr, nullptr));
+    const ScalerPtr scaler = ScalerFor(frame, size, target.pixels, flags);
     if (image.isNull() || !scaler)
         return {};
-    constexpr int one = 1 << 16;
-    sws_setColorspaceDetails(scaler.get(), sws_getCoefficients(MatrixOf(frame)), IsFullRange(frame),
-        sws_getCoefficients(SWS_CS_DEFAULT), 1, 0, one, one);
     uint8_t* rows[] = { image.bits(), nullptr, nullptr, nullptr };
     const int strides[] = { int(image.bytesPerLine()), 0, 0, 0 };
     sws_scale(scaler.get(), frame.data, frame.linesize, 0, frame.height, rows, strides);
     return image;
+}
+
+/// A frame of three planes for colours; null when there is no memory for it.
+FramePtr PlanarFrame(QSize size)
+{
+    FramePtr planes(av_frame_alloc());
+    planes->format = AV_PIX_FMT_GBRP;
+    planes->width = size.width();
+    planes->height = size.height();
+    return av_frame_get_buffer(planes.get(), RowAlignment) >= 0 ? std::move(planes) : nullptr;
+}
+
+/// Colour between the stored samples is interpolated both ways. The scaler has a fast road for that to
+/// separate planes only: over them it takes a sixth of the time of the straight way.
+QImage Still(const AVFrame& frame, QSize size)
+{
+    const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(AVPixelFormat(frame.format));
+    constexpr int best = SWS_BICUBIC | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT;
+    if (!format || format->flags & AV_PIX_FMT_FLAG_RGB)
+        return Scaled(frame, size, StillTarget, best);
+    const FramePtr planes = PlanarFrame(size);
+    const ScalerPtr scaler = ScalerFor(frame, size, AV_PIX_FMT_GBRP, best);
+    if (!planes || !scaler)
+        return {};
+    sws_scale(scaler.get(), frame.data, frame.linesize, 0, frame.height, planes->data, planes->linesize);
+    return Scaled(*planes, size, StillTarget, SWS_POINT);
 }
 
 /// Size in square pixels before any turn: the stored height, the width by the pixels' aspect.
@@ -114,9 +165,7 @@ QImage Picture::ToStill() const
 {
     if (IsNull())
         return {};
-    const QImage image =
-        Scaled(*frame_->frame, SquareSize(*frame_), StillTarget, SWS_BICUBIC | SWS_ACCURATE_RND);
-    return Turned(image, frame_->turn, StillTarget.format);
+    return Turned(Still(*frame_->frame, SquareSize(*frame_)), frame_->turn, StillTarget.format);
 }
 
 QImage Picture::ToScreen(QSize size) const

@@ -44,7 +44,7 @@ QTransform TurnOf(const int32_t* matrix)
 
 class FrameServerPrivate final : public FrameServer {
 public:
-    FrameServerPrivate(const Source& source, Interrupt& interrupt);
+    FrameServerPrivate(const Source& source, Interrupt& interrupt, const Limits& limits);
 
     int KnownFrames() const override { return index_.Frames(); }
     bool IsComplete() const override { return index_.IsComplete(); }
@@ -69,13 +69,14 @@ private:
     void RestartAt(int entry);
     Picture Pursue(const Goal& goal, bool mayDrain);
     Picture Receive(const Goal& goal);
+    bool IsTainting(int ordinal);
     bool Feed(const Goal& goal, bool mayDrain);
     Picture MakePicture(FramePtr frame, int number) const;
 
     Interrupt& interrupt_;
     PacketIndex index_;
     std::unique_ptr<Decoder> decoder_;
-    PictureCache cache_ { CacheBytes };
+    PictureCache cache_;
     QSize size_;
     qsizetype pictureBytes_ = 1;
 
@@ -84,14 +85,16 @@ private:
     int fed_ = 0; ///< ordinal of the packet to be fed next
     int out_ = -1; ///< number of the picture that came out last
     bool isDrained_ = false;
+    bool isTainted_ = false; ///< what comes out differs from one pass through the file
     bool sawDamage_ = false;
     std::unordered_set<int> dropped_; ///< ordinals not decoded since the restart
 };
 
-FrameServerPrivate::FrameServerPrivate(const Source& source, Interrupt& interrupt)
+FrameServerPrivate::FrameServerPrivate(const Source& source, Interrupt& interrupt, const Limits& limits)
     : interrupt_(interrupt)
-    , index_(source, interrupt)
+    , index_(source, interrupt, limits.packets)
     , decoder_(index_.MakeDecoder())
+    , cache_(limits.pictures)
 {
     while (index_.Frames() == 0 && index_.Extend()) { }
     if (index_.Frames() == 0)
@@ -102,9 +105,10 @@ FrameServerPrivate::FrameServerPrivate(const Source& source, Interrupt& interrup
         index_.Extend();
 }
 
-std::unique_ptr<FrameServer> FrameServer::Open(const Source& source, Interrupt& interrupt)
+std::unique_ptr<FrameServer> FrameServer::Open(
+    const Source& source, Interrupt& interrupt, const Limits& limits)
 {
-    return std::make_unique<FrameServerPrivate>(source, interrupt);
+    return std::make_unique<FrameServerPrivate>(source, interrupt, limits);
 }
 
 void FrameServerPrivate::ExtendIndex(int frames)
@@ -177,7 +181,7 @@ Goal FrameServerPrivate::GoalFor(int number, Purpose purpose) const
     case Purpose::Step:
         break;
     }
-    const int room = int(std::min<qsizetype>(CacheBytes / pictureBytes_, INT_MAX));
+    const int room = int(std::min<qsizetype>(cache_.Limit() / pictureBytes_, INT_MAX));
     return { .number = number, .keepFrom = number - room * 7 / 8 };
 }
 
@@ -187,14 +191,15 @@ Picture FrameServerPrivate::Reach(const Goal& goal)
         if (Picture picture = Pursue(goal, goal.isLast); !picture.IsNull())
             return picture;
     }
-    int entry = Everything;
-    for (int attempt = 0; attempt < MostEntries && entry > 0; ++attempt) {
-        entry = index_.EntryFor(goal.number, attempt + 1 == MostEntries ? 1 : entry);
-        RestartAt(entry);
-        if (Picture picture = Pursue(goal, goal.isLast && attempt == 0); !picture.IsNull())
+    int limit = Everything;
+    for (int attempt = 1; attempt <= MostEntries && limit > 0; ++attempt) {
+        RestartAt(index_.EntryFor(goal.number, attempt == MostEntries ? 1 : limit));
+        if (Picture picture = Pursue(goal, goal.isLast && attempt == 1); !picture.IsNull())
             return picture;
-        if (out_ > goal.number)
-            index_.MarkBadEntry(entry, out_);
+        if (!isTainted_)
+            limit = entry_;
+        if (!isTainted_ && out_ > goal.number)
+            index_.MarkBadEntry(entry_, out_);
     }
     return NearestBefore(goal);
 }
@@ -224,7 +229,7 @@ void FrameServerPrivate::RestartAt(int entry)
     decoder_->Restart();
     entry_ = fed_ = entry;
     out_ = entry == 0 ? -1 : index_.Fact(entry).number - 1;
-    isDrained_ = false;
+    isDrained_ = isTainted_ = false;
     dropped_.clear();
 }
 
@@ -233,7 +238,7 @@ Picture FrameServerPrivate::Pursue(const Goal& goal, bool mayDrain)
 {
     do {
         const Picture picture = Receive(goal);
-        if (!picture.IsNull() || out_ >= goal.number)
+        if (!picture.IsNull() || out_ >= goal.number || isTainted_)
             return picture;
         ThrowIfDue();
     } while (Feed(goal, mayDrain));
@@ -248,11 +253,11 @@ Picture FrameServerPrivate::Receive(const Goal& goal)
         if (ordinal < 0 || ordinal >= index_.Packets())
             continue;
         const int number = index_.Fact(int(ordinal)).number;
-        if (number < 0
-            || number <= out_) // stored behind the entry but shown before it: not decodable from here
+        if (number < 0 || number <= out_) // shown before the entry: not decodable from here
             continue;
         out_ = number;
-        sawDamage_ |= frame->decode_error_flags != 0;
+        if (frame->decode_error_flags && IsTainting(int(ordinal)))
+            return {};
         const Picture picture = MakePicture(std::move(frame), number);
         pictureBytes_ = std::max<qsizetype>(picture.Bytes(), 1);
         if (!goal.others && goal.Wants(number))
@@ -261,6 +266,18 @@ Picture FrameServerPrivate::Receive(const Goal& goal)
             return number == goal.number ? picture : Picture();
     }
     return {};
+}
+
+/// The decoder patches damage with what it decoded before, so the same must be decoded before as in one pass
+/// through the file: nothing may be left out, and a key is no entry to damage behind it. True when the
+/// decoder must be started again for that.
+bool FrameServerPrivate::IsTainting(int ordinal)
+{
+    sawDamage_ = true;
+    const bool isBehindEntry = entry_ > 0 && index_.KeyBefore(ordinal) == entry_;
+    if (isBehindEntry)
+        index_.MarkBadEntry(entry_, Everything);
+    return isTainted_ = isBehindEntry || !dropped_.empty();
 }
 
 /// Gives the decoder one more packet, or tells it that none follows; false when that was told before.

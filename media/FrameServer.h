@@ -108,11 +108,19 @@ enum class Purpose {
     Play, ///< the next pictures follow in order
 };
 
+/// Bytes that a server may keep.
+struct Limits {
+    qsizetype pictures = 256 * 1024 * 1024; ///< decoded
+    qsizetype packets =
+        192 * 1024 * 1024; ///< as stored in the file; what does not fit is read again when needed
+};
+
 class FrameServer {
 public:
     /// Opens the source and its first video stream (attached pictures do not count). Throws MediaError.
     /// interrupt must outlive the server.
-    static std::unique_ptr<FrameServer> Open(const Source& source, Interrupt& interrupt);
+    static std::unique_ptr<FrameServer> Open(
+        const Source& source, Interrupt& interrupt, const Limits& limits = {});
     virtual ~FrameServer() = default;
 
     /// Number of pictures known so far, growing while the index is built; exact once IsComplete().
@@ -139,8 +147,6 @@ public:
     virtual void Walk(const std::vector<int>& numbers, const std::function<bool(const Picture&)>& take) = 0;
     /// The picture if it is in the cache, else null; never decodes.
     virtual Picture Cached(int number) const = 0;
-    /// Upper bound of the cache of decoded pictures, in bytes.
-    static constexpr qsizetype CacheBytes = 256 * 1024 * 1024;
 };
 
 } // namespace media

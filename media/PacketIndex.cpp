@@ -25,9 +25,10 @@ int64_t StepOf(const MediaSource& media)
 
 } // namespace
 
-PacketIndex::PacketIndex(const Source& source, Interrupt& interrupt)
+PacketIndex::PacketIndex(const Source& source, Interrupt& interrupt, int64_t packetBytes)
     : media_(source, interrupt)
     , parser_(media_.Parameters())
+    , store_(packetBytes)
     , reader_(source, interrupt, store_, facts_)
     , order_(parser_.Order())
     , times_(av_q2d(media_.Video().time_base), StartOf(media_), StepOf(media_))
@@ -200,6 +201,12 @@ int64_t PacketIndex::StampFor(const PacketFact& fact)
         slots_.pop();
     }
     return fact.pts != NoStamp ? fact.pts : slot;
+}
+
+int PacketIndex::KeyBefore(int ordinal) const
+{
+    const auto after = std::upper_bound(keys_.begin(), keys_.end(), ordinal);
+    return after == keys_.begin() ? 0 : *std::prev(after);
 }
 
 int PacketIndex::EntryFor(int number, int limit) const

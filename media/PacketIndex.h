@@ -16,7 +16,7 @@ namespace media {
 class PacketIndex {
 public:
     /// Opens the source; knows no picture yet. Throws MediaError.
-    PacketIndex(const Source& source, Interrupt& interrupt);
+    PacketIndex(const Source& source, Interrupt& interrupt, int64_t packetBytes);
 
     /// Reads one packet on; false when the file's end was reached before.
     bool Extend();
@@ -38,8 +38,10 @@ public:
     /// The packet from which decoding gives picture number: a key packet that is shown at or before it, below
     /// limit.
     int EntryFor(int number, int limit) const;
+    /// The last key packet at or before a packet, 0 when there is none.
+    int KeyBefore(int ordinal) const;
     /// Decoding from this key gave no picture below number: it is not used as entry to them again.
-    void MarkBadEntry(int ordinal, int number) { badBelow_[ordinal] = number; }
+    void MarkBadEntry(int key, int number) { badBelow_[key] = std::max(badBelow_[key], number); }
 
 private:
     /// Packets from one key to the next.

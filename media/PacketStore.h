@@ -8,9 +8,7 @@ namespace media {
 /// Packets kept in memory by ordinal, within a limit of bytes.
 class PacketStore {
 public:
-    static constexpr int64_t DefaultLimit = 192 * 1024 * 1024;
-
-    explicit PacketStore(int64_t limit = DefaultLimit)
+    explicit PacketStore(int64_t limit)
         : limit_(limit)
     {
     }

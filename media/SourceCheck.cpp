@@ -19,7 +19,7 @@ namespace {
 
 constexpr char Containers[] = "mov,mp4,m4a,3gp,3g2,mj2,matroska,webm,avi,mpeg,mpegts,mpegvideo,asf,flv,live_"
                               "flv,ogg,h264,hevc,m4v,mjpeg,"
-                              "mjpeg_2000,dv,mxf,gif,rm,yuv4mpegpipe,ivf,obu,vc1,h263,wtv,nut";
+                              "mjpeg_2000,jpeg_pipe,dv,mxf,gif,rm,yuv4mpegpipe,ivf,obu,vc1,h263,wtv,nut";
 constexpr char ListsOfTheWeb[] = ",hls,aac,mp3";
 constexpr qsizetype LongestAddress = 8192;
 constexpr int ProbeBytes = 64 * 1024;
