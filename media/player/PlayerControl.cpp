@@ -102,7 +102,7 @@ void PlayerControl::Drop()
     strides_.Forget();
     trackingPut_.reset();
     shown_ = {};
-    natural_ = {};
+    natural_ = QSize(0, 0);
     file_.clear();
     memory_.clear();
     kind_ = NoSource;

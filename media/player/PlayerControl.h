@@ -105,7 +105,7 @@ private:
     player::PlayOptions options_;
     player::View view_;
     QRect windowedPlace_; ///< among its siblings, while it fills the screen
-    QSize natural_; ///< of the source's first picture, empty without a source
+    QSize natural_ { 0, 0 }; ///< of the source's first picture; 0 without a source
     bool showsCaptions_ = false;
 
     std::shared_ptr<std::atomic<int>> running_;

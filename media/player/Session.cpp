@@ -140,6 +140,8 @@ void Session::Redraw(const Shot& shown)
 
 void Session::WalkAhead(int first, int stride)
 {
+    if (wires_.shelf.Expects(first))
+        return;
     wires_.shelf.Plan(first, stride, Known().frames - 1);
     if (!commands_.Push([](Engine& engine) { engine.WalkAhead(); }))
         wires_.shelf.Drop();

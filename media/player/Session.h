@@ -37,7 +37,8 @@ public:
     void LookAt(const View& view) { wires_.LookAt(view); }
     /// Has the shown picture made ready for the view; mail brings it.
     void Redraw(const Shot& shown);
-    /// Has the pictures first, first + stride, … made ahead together with their stills.
+    /// Has the pictures first, first + stride, … made ahead together with their stills, unless they are
+    /// already.
     void WalkAhead(int first, int stride);
     /// A picture made ahead, when it was or is about to be.
     std::optional<Shot> FromShelf(int number);

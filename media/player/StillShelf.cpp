@@ -1,5 +1,7 @@
 #include "media/player/StillShelf.h"
 
+#include <algorithm>
+
 namespace player {
 
 namespace {
@@ -57,6 +59,13 @@ bool StillShelf::Put(const Shot& shot)
     next_ += stride_;
     changed_.notify_all();
     return true;
+}
+
+bool StillShelf::Expects(int number) const
+{
+    const std::lock_guard lock(mutex_);
+    const auto isIt = [number](const Shot& shot) { return shot.number == number; };
+    return IsPlanned(number) || std::any_of(shots_.begin(), shots_.end(), isIt);
 }
 
 bool StillShelf::IsPlanned(int number) const

@@ -16,6 +16,8 @@ class StillShelf {
 public:
     /// The caller is expected at first, first + stride … up to last.
     void Plan(int first, int stride, int last);
+    /// Whether the picture lies there or is planned.
+    bool Expects(int number) const;
     /// What the plan still asks for, in order.
     std::vector<int> Wanted() const;
     /// Lays the next wanted picture down, waiting for room; false when the plan was dropped.

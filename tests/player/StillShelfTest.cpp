@@ -36,6 +36,19 @@ TEST(StillShelfTest, ThePlanRunsInStridesToTheLastFrame)
     EXPECT_THAT(shelf.Wanted(), ElementsAre(30, 40, 50, 60));
 }
 
+TEST(StillShelfTest, ExpectsWhatIsPlannedAndWhatLiesThereUntilItIsTaken)
+{
+    StillShelf shelf;
+    shelf.Plan(30, 10, 65);
+    EXPECT_TRUE(shelf.Expects(30));
+    EXPECT_TRUE(shelf.Expects(60));
+    EXPECT_FALSE(shelf.Expects(70));
+    EXPECT_TRUE(shelf.Put(ShotOf(30)));
+    EXPECT_TRUE(shelf.Expects(30));
+    EXPECT_TRUE(shelf.Take(30, 60s));
+    EXPECT_FALSE(shelf.Expects(30));
+}
+
 TEST(StillShelfTest, WhatIsNotPlannedIsNotWaitedFor)
 {
     StillShelf shelf;

@@ -1,0 +1,112 @@
+#include "tests/player/PlayerFixture.h"
+
+#include <QFile>
+
+class PlayerLoadTest : public PlayerFixture { };
+
+TEST_F(PlayerLoadTest, AnEmptyControlTellsOfNothing)
+{
+    EXPECT_EQ(player_->SourceKind(), ltmmPlay::NoSource);
+    EXPECT_EQ(player_->SourceFile(), QString());
+    EXPECT_EQ(player_->State(), ltmmPlay::Stopped);
+    EXPECT_EQ(player_->TrackingMax(), 0);
+    EXPECT_EQ(player_->TrackingPosition(), 0);
+    EXPECT_EQ(player_->FrameCount(), 0);
+    EXPECT_EQ(player_->CurrentFrame(), 0);
+    EXPECT_EQ(player_->CurrentPosition(), 0);
+    EXPECT_EQ(player_->Duration(), 0);
+    EXPECT_EQ(player_->VideoWidth(), 0);
+    EXPECT_EQ(player_->CheckSeeking(15), 0);
+}
+
+TEST_F(PlayerLoadTest, TheFirstFrameStandsOnTheScreenWhenTheLoadReturns)
+{
+    Load(QStringLiteral("h264_closed.mp4"));
+    EXPECT_EQ(Seen(), 0);
+    EXPECT_EQ(SeenTag(), 1);
+    EXPECT_EQ(player_->CurrentFrame(), 0);
+    EXPECT_EQ(player_->State(), ltmmPlay::Stopped);
+    EXPECT_EQ(player_->SourceFile(), ClipPath(QStringLiteral("h264_closed.mp4")));
+}
+
+TEST_F(PlayerLoadTest, AVideoHasItsFactsAtOnce)
+{
+    Load(QStringLiteral("h264_closed.mp4"));
+    EXPECT_EQ(player_->FrameCount(), 100);
+    EXPECT_NEAR(player_->Duration(), 4, 0.1);
+    EXPECT_EQ(player_->VideoWidth(), 320 * 15);
+    EXPECT_EQ(player_->VideoHeight(), 240 * 15);
+    EXPECT_EQ(player_->TrackingMax(), 10000);
+    EXPECT_EQ(player_->CheckSeeking(15), 15);
+    EXPECT_EQ(player_->CheckSeeking(4), 4);
+}
+
+TEST_F(PlayerLoadTest, ALoadTellsThePlaceAndTheWholeSelection)
+{
+    Load(QStringLiteral("h264_closed.mp4"));
+    EXPECT_EQ(Reported(), std::vector<int> { 0 });
+    ASSERT_EQ(selections_.size(), 1);
+    EXPECT_EQ(selections_[0], QList<QVariant>({ 0, 10000 }));
+    EXPECT_EQ(errors_.size(), 0);
+}
+
+TEST_F(PlayerLoadTest, TheNextVideoReplacesTheOneBefore)
+{
+    Load(QStringLiteral("h264_closed.mp4"));
+    player_->SetCurrentFrame(50);
+    Load(QStringLiteral("h264_opengop.mp4"));
+    EXPECT_EQ(SeenTag(), 2);
+    EXPECT_EQ(Seen(), 0);
+    EXPECT_EQ(player_->CurrentFrame(), 0);
+}
+
+TEST_F(PlayerLoadTest, ABlockOfMemoryIsPlayedLikeAFile)
+{
+    QFile file(ClipPath(QStringLiteral("h264_closed.mp4")));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray block = file.readAll();
+    player_->SetSourceMemory(block);
+    EXPECT_EQ(player_->SourceKind(), ltmmPlay::MemorySource);
+    EXPECT_EQ(player_->SourceMemory(), block);
+    EXPECT_EQ(player_->SourceFile(), QString());
+    player_->SetCurrentFrame(77);
+    EXPECT_EQ(Seen(), 77);
+    EXPECT_EQ(player_->FrameCount(), 100);
+}
+
+TEST_F(PlayerLoadTest, ResettingEmptiesTheControl)
+{
+    Load(QStringLiteral("h264_closed.mp4"));
+    player_->ResetSource();
+    EXPECT_EQ(player_->SourceKind(), ltmmPlay::NoSource);
+    EXPECT_EQ(player_->SourceFile(), QString());
+    EXPECT_EQ(player_->TrackingMax(), 0);
+    EXPECT_EQ(Seen(), -1);
+    EXPECT_EQ(player_->grab().toImage().pixelColor(5, 5), QColor(0x1b, 0x1b, 0x1b));
+}
+
+TEST_F(PlayerLoadTest, AnEmptyNameDropsTheSourceWithoutAnError)
+{
+    Load(QStringLiteral("h264_closed.mp4"));
+    player_->SetSourceFile({});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(player_->SourceKind(), ltmmPlay::NoSource);
+    EXPECT_EQ(errors_.size(), 0);
+}
+
+TEST_F(PlayerLoadTest, RateLoopRewindAndSizeModeOutliveALoad)
+{
+    player_->SetRate(2);
+    player_->SetDisplaySize(ltmmPlay::Half);
+    Load(QStringLiteral("h264_closed.mp4"));
+    EXPECT_EQ(player_->Rate(), 2);
+    EXPECT_EQ(player_->DisplaySize(), ltmmPlay::Half);
+}
+
+TEST_F(PlayerLoadTest, OpeningFiveCodecsShowsTheFirstFrameOfEach)
+{
+    for (const char* name : { "mpeg1.mpg", "wmv2.wmv", "mpeg4_bf.avi", "vp9.webm", "hevc_short.mp4" }) {
+        Load(QString::fromLatin1(name));
+        EXPECT_EQ(Seen(), 0) << name;
+    }
+}
