@@ -79,7 +79,8 @@ struct Mapping {
 /// together.
 void Draw(QPainter& painter, const QImage& picture, const Mapping& mapping)
 {
-    const double ratio = painter.device()->devicePixelRatio();
+    const double ratio =
+        painter.deviceTransform().m11(); // dots per pixel, also where another device stands in
     if (mapping.ScaleX() * ratio >= 1 && mapping.ScaleY() * ratio >= 1) {
         painter.drawImage(mapping.to, picture, mapping.from);
         return;

@@ -1,13 +1,12 @@
 // What a disk that fails, or is full, leaves behind.
 #include "FailingCalls.h"
 #include "Folder.h"
+#include "tests/testing/SmallDisk.h"
 
 #include <cerrno>
 #include <csignal>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -169,49 +168,45 @@ TEST(AFileSizeLimit, IsToldAndLeavesTheOldFile)
 
 namespace {
 
-/// A disk of one MiB in memory, in a mount table of this process alone.
-class SmallDisk : public testing::Test {
+class SmallDiskTest : public testing::Test {
 protected:
     void SetUp() override
     {
-        const bool isOurs = unshare(CLONE_NEWNS) == 0
-            && mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
-            && mount("none", Point().constData(), "tmpfs", 0, "size=1m") == 0;
-        if (!isOurs)
+        if (!disk.IsThere())
             GTEST_SKIP()
                 << "Needs the right to mount a disk: run as root to test a full and a read-only one.";
     }
-    void TearDown() override { umount2(Point().constData(), MNT_DETACH); }
-    QByteArray Point() const { return QByteArray(folder.Bytes("")); }
+    QString Path(const QString& name) const { return disk.Path() + '/' + name; }
+    QStringList Names() const { return QDir(disk.Path()).entryList(QDir::Files | QDir::Hidden); }
+    QByteArray Content(const QString& name) const { return WholeFile::Read(Path(name), 1 << 20); }
 
-    Folder folder;
+    SmallDisk disk { 1024 };
 };
 
 } // namespace
 
-TEST_F(SmallDisk, FullKeepsWhatIsThereAndTakesNoHalfFile)
+TEST_F(SmallDiskTest, FullKeepsWhatIsThereAndTakesNoHalfFile)
 {
     int saved = 0;
     const QByteArray picture(100'000, 'x');
     const auto cause = CauseOf([&] {
         for (;; ++saved)
-            Create(folder.Path(QStringLiteral("auto%1.bmp").arg(saved)), picture);
+            Create(Path(QStringLiteral("auto%1.bmp").arg(saved)), picture);
     });
     EXPECT_THAT(cause, Optional(Cause::DiskFull));
     EXPECT_GT(saved, 5);
-    EXPECT_EQ(folder.Names().size(), saved);
-    EXPECT_THAT(CauseOf([&] { WholeFile::Replace(folder.Path("auto0.bmp"), picture.repeated(2)); }),
+    EXPECT_THAT(CauseOf([&] { WholeFile::Replace(Path("auto0.bmp"), picture.repeated(2)); }),
         Optional(Cause::DiskFull));
-    EXPECT_EQ(folder.Names().size(), saved);
-    for (const QString& name : folder.Names())
-        EXPECT_EQ(folder.Content(name), picture) << name.toStdString();
+    EXPECT_EQ(Names().size(), saved);
+    for (const QString& name : Names())
+        EXPECT_EQ(Content(name), picture) << name.toStdString();
 }
 
-TEST_F(SmallDisk, ThatCanOnlyBeReadIsTold)
+TEST_F(SmallDiskTest, ThatCanOnlyBeReadIsTold)
 {
-    folder.Put("old", Old);
-    ASSERT_EQ(mount("none", Point().constData(), "tmpfs", MS_REMOUNT | MS_RDONLY, "size=1m"), 0);
-    EXPECT_THAT(CauseOf([&] { Create(folder.Path("new"), New); }), Optional(Cause::ReadOnly));
-    EXPECT_THAT(CauseOf([&] { WholeFile::Replace(folder.Path("old"), New); }), Optional(Cause::ReadOnly));
-    EXPECT_EQ(folder.Content("old"), Old);
+    WholeFile::Replace(Path("old"), Old);
+    disk.MakeReadOnly();
+    EXPECT_THAT(CauseOf([&] { Create(Path("new"), New); }), Optional(Cause::ReadOnly));
+    EXPECT_THAT(CauseOf([&] { WholeFile::Replace(Path("old"), New); }), Optional(Cause::ReadOnly));
+    EXPECT_EQ(Content("old"), Old);
 }

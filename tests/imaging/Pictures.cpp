@@ -60,7 +60,7 @@ QImage Pictures::Plain(QSize size, QColor colour)
 QImage Pictures::TwoColours(QSize size)
 {
     return Painted(size, QImage::Format_BGR888,
-        [](int x, int y) { return (x / 9 + y / 7) % 2 ? QColor(250, 10, 30) : QColor(0, 0, 90); });
+        [](int x, int y) { return (x / 20 + y / 17) % 2 ? QColor(250, 10, 30) : QColor(0, 0, 90); });
 }
 
 QImage Pictures::GreyRamp(QSize size)
@@ -82,19 +82,24 @@ double Pictures::Likeness(const QImage& one, const QImage& other)
     return squares == 0 ? 1000 : 10 * std::log10(255.0 * 255.0 * double(first.size()) / squares);
 }
 
-QImage Pictures::ReadElsewhere(const QByteArray& file, const QString& extension)
+std::vector<QImage> Pictures::ReadElsewhere(const std::vector<QByteArray>& files, const QString& extension)
 {
     const QTemporaryDir folder;
-    QFile disk(folder.filePath("picture" + extension));
-    EXPECT_TRUE(disk.open(QIODevice::WriteOnly));
-    disk.write(file);
-    disk.close();
-    // A bitmap of the program's own making carries the size along.
-    const QByteArray out =
-        Run({ "-i", disk.fileName(), "-frames:v", "1", "-sws_flags", "accurate_rnd+full_chroma_int",
-                "-pix_fmt", "rgb24", "-f", "image2pipe", "-c:v", "ppm", "pipe:1" },
-            {});
-    return QImage::fromData(out, "PPM").convertToFormat(QImage::Format_RGB888);
+    QStringList in, out;
+    for (size_t i = 0; i < files.size(); ++i) {
+        QFile disk(folder.filePath(QString::number(i) + extension));
+        EXPECT_TRUE(disk.open(QIODevice::WriteOnly));
+        disk.write(files[i]);
+        in += { "-i", disk.fileName() };
+        out += { "-map", QString::number(i), "-frames:v", "1", "-sws_flags", "accurate_rnd+full_chroma_int",
+            "-pix_fmt", "rgb24", folder.filePath(QString::number(i) + ".ppm") };
+    }
+    Run(in + out, {});
+    std::vector<QImage> pictures;
+    for (size_t i = 0; i < files.size(); ++i)
+        pictures.push_back(
+            QImage(folder.filePath(QString::number(i) + ".ppm")).convertToFormat(QImage::Format_RGB888));
+    return pictures;
 }
 
 QByteArray Pictures::WriteElsewhere(

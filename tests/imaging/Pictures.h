@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QStringList>
 #include <gtest/gtest.h>
+#include <vector>
 
 /// Pictures that captures are made of, and a reader and writer of files that is not ours.
 namespace Pictures {
@@ -18,8 +19,8 @@ QImage GreyRamp(QSize size);
 /// Peak signal to noise ratio in decibels over red, green and blue; 1000 for the same pixels.
 double Likeness(const QImage& one, const QImage& other);
 
-/// The pixels of a picture file as the ffmpeg program reads them, as Format_RGB888.
-QImage ReadElsewhere(const QByteArray& file, const QString& extension);
+/// The pixels of picture files of one kind as the ffmpeg program reads them, as Format_RGB888.
+std::vector<QImage> ReadElsewhere(const std::vector<QByteArray>& files, const QString& extension);
 /// A picture file as the ffmpeg program writes it, with these arguments in front of its name.
 QByteArray WriteElsewhere(const QImage& picture, const QString& extension, const QStringList& arguments);
 } // namespace Pictures
