@@ -21,9 +21,12 @@ struct Header {
 static_assert(sizeof(Header) == 40);
 static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN);
 
-qsizetype Stride(int width) { return (qsizetype(width) * 3 + 3) / 4 * 4; }
-
+qsizetype Stride(int width)
+{
+    return (qsizetype(width) * 3 + 3) / 4 * 4;
 }
+
+} // namespace
 
 Dib Dib::FromImage(const QImage& image)
 {
@@ -61,6 +64,7 @@ QImage Dib::ToImage() const
     QImage image(header.width, header.height, QImage::Format_BGR888);
     const char* rows = block_.constData() + sizeof header;
     for (int y = 0; y < header.height; ++y)
-        std::memcpy(image.scanLine(y), rows + Stride(header.width) * (header.height - 1 - y), size_t(header.width) * 3);
+        std::memcpy(image.scanLine(y), rows + Stride(header.width) * (header.height - 1 - y),
+            size_t(header.width) * 3);
     return image;
 }

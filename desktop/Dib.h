@@ -3,8 +3,9 @@
 #include <QByteArray>
 #include <QImage>
 
-/// A device-independent bitmap in one owned block: a 40-byte header and bottom-up rows of blue, green, red, each row
-/// padded to four bytes. Moved, not copied, from the player to the clipboard; whoever holds it frees it by dropping it.
+/// A device-independent bitmap in one owned block: a 40-byte header and bottom-up rows of blue, green, red,
+/// each row padded to four bytes. Moved, not copied, from the player to the clipboard; whoever holds it frees
+/// it by dropping it.
 class Dib {
 public:
     Dib() = default;

@@ -6,7 +6,10 @@ namespace {
 
 constexpr char16_t EscapeBase = 0xDC00; // plus the byte, which is 0x80 or above
 
-bool IsEscape(QChar c) { return c.unicode() >= EscapeBase + 0x80 && c.unicode() <= EscapeBase + 0xFF; }
+bool IsEscape(QChar c)
+{
+    return c.unicode() >= EscapeBase + 0x80 && c.unicode() <= EscapeBase + 0xFF;
+}
 
 /// Length of the well-formed UTF-8 sequence at the front of text, 0 when there is none.
 qsizetype SequenceLength(QByteArrayView text)
@@ -22,7 +25,7 @@ qsizetype SequenceLength(QByteArrayView text)
     return 0;
 }
 
-}
+} // namespace
 
 QString FileName::FromBytes(const QByteArray& name)
 {
