@@ -37,6 +37,8 @@
 #include <QMimeData>
 #include <QUrl>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 
 using namespace std::chrono_literals;
@@ -133,7 +135,13 @@ void Main::SetStatus(StatusLabel label, const QString& text) { labels_[size_t(la
 
 void Main::ShowStatus(StatusLabel label, bool visible) { labels_[size_t(label)]->setVisible(visible); }
 
-void Main::EnableCommand(Command command, bool enabled) { Cmds[size_t(command)]->setEnabled(enabled); }
+void Main::EnableCommand(Command command, bool enabled)
+{
+    // These open windows that the program does not have yet.
+    constexpr std::array Missing { Command::Download, Command::Cancel, Command::Print, Command::Options };
+    if (std::ranges::find(Missing, command) == Missing.end())
+        Cmds[size_t(command)]->setEnabled(enabled);
+}
 
 bool Main::IsCommandEnabled(Command command) const { return Cmds[size_t(command)]->isEnabled(); }
 
@@ -376,6 +384,7 @@ void Main::closeEvent(QCloseEvent* event)
 void Main::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    Image2->MoveToCorner();
     ApplyBackground();
 }
 
