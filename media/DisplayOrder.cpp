@@ -1,6 +1,8 @@
 #include "media/DisplayOrder.h"
 
 #include <algorithm>
+#include <functional>
+#include <numeric>
 
 namespace media {
 
@@ -64,6 +66,17 @@ std::vector<int> OrderOf(Ordering ordering, const std::vector<PacketFact>& facts
         order.Add(i, facts[size_t(i)], shown);
     order.Finish(shown);
     return shown;
+}
+
+bool HasHoles(const std::vector<PacketFact>& facts, const std::vector<int>& displayOrder)
+{
+    std::vector<int64_t> counts;
+    for (const int ordinal : displayOrder)
+        if (!facts[size_t(ordinal)].Has(PacketFact::SecondField))
+            counts.push_back(facts[size_t(ordinal)].order);
+    std::adjacent_difference(counts.begin(), counts.end(), counts.begin());
+    return counts.size() > 2
+        && std::adjacent_find(counts.begin() + 1, counts.end(), std::not_equal_to<>()) != counts.end();
 }
 
 bool StampsAgree(const std::vector<PacketFact>& facts, const std::vector<int>& displayOrder)

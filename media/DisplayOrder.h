@@ -41,6 +41,9 @@ private:
 /// The display order of a run of packets taken by itself; ordinals count from first.
 std::vector<int> OrderOf(Ordering ordering, const std::vector<PacketFact>& facts, int first, int end);
 
+/// Whether pictures are missing between those of the list, as their order counts do not rise evenly along it.
+bool HasHoles(const std::vector<PacketFact>& facts, const std::vector<int>& displayOrder);
+
 /// Whether every picture of the list has its own time stamp and these rise along it; true also when any stamp
 /// is missing or doubled, as nothing can be said then.
 bool StampsAgree(const std::vector<PacketFact>& facts, const std::vector<int>& displayOrder);

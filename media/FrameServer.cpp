@@ -294,7 +294,7 @@ bool FrameServerPrivate::Feed(const Goal& goal, bool mayDrain)
     }
     const int number = index_.Fact(fed_).number;
     const bool mayDrop =
-        decoder_->CanDrop() && !sawDamage_ && !index_.IsDoubtful() && number >= 0 && !goal.Wants(number);
+        decoder_->CanDrop() && !sawDamage_ && index_.IsSound() && number >= 0 && !goal.Wants(number);
     decoder_->Send(*index_.Packet(fed_), fed_, mayDrop);
     if (mayDrop)
         dropped_.insert(fed_);

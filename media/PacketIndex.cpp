@@ -103,28 +103,24 @@ void PacketIndex::CloseGroup(int end)
 void PacketIndex::Judge(size_t at)
 {
     Group& group = groups_[at];
-    const bool stampsDiffer = confirmations_ < EnoughConfirmations && !StampsAgreeIn(group);
-    group.isDoubtful = parser_.Order() == Ordering::Unknown || stampsDiffer
-        || (at == 0 && !HeadIsClean(group))
-        || std::any_of(facts_.begin() + group.first, facts_.begin() + group.end,
-            [](const PacketFact& fact) { return fact.Has(PacketFact::Doubtful); });
-    group.isDoubtful |= at > 0 && groups_[at - 1].endIsLost;
+    const std::vector<int> order = OrderOf(parser_.Order(), facts_, group.first, group.end);
+    if (parser_.Order() == Ordering::ByCount && HasHoles(facts_, order))
+        isSound_ = false;
+    group.isDoubtful = IsDoubtful(group, order) || (at > 0 && groups_[at - 1].endIsLost);
     if (group.isDoubtful)
         Learn(at);
 }
 
-bool PacketIndex::StampsAgreeIn(const Group& group) const
-{
-    return StampsAgree(facts_, OrderOf(parser_.Order(), facts_, group.first, group.end));
-}
-
-/// Whether everything from the first packet on can be decoded: it is a key, and nothing is shown before it.
-bool PacketIndex::HeadIsClean(const Group& group) const
+/// The file's head is doubtful unless it starts with a key and nothing is shown before that.
+bool PacketIndex::IsDoubtful(const Group& group, const std::vector<int>& order) const
 {
     const PacketFact& first = facts_[size_t(group.first)];
     const bool isIntra = parser_.Order() == Ordering::Straight || first.type == 'I';
-    return first.Has(PacketFact::Key) && isIntra
-        && OrderOf(parser_.Order(), facts_, group.first, group.end).front() == group.first;
+    const bool isClean = first.Has(PacketFact::Key) && isIntra && order.front() == group.first;
+    return parser_.Order() == Ordering::Unknown || (group.first == 0 && !isClean)
+        || (confirmations_ < EnoughConfirmations && !StampsAgree(facts_, order))
+        || std::any_of(order.begin(), order.end(),
+            [this](int ordinal) { return facts_[size_t(ordinal)].Has(PacketFact::Doubtful); });
 }
 
 /// Decodes a group to see which of its packets give a picture, and in which order.
@@ -148,7 +144,7 @@ void PacketIndex::Learn(size_t at)
     collect();
     group.endIsLost =
         std::find(group.decoded.begin(), group.decoded.end(), group.end - 1) == group.decoded.end();
-    isDoubtful_ = true;
+    isSound_ = false;
     ++confirmations_;
 }
 

@@ -32,8 +32,9 @@ public:
     PacketPtr Packet(int ordinal) { return reader_.Packet(ordinal); }
     /// A decoder for the stream. Throws MediaError.
     std::unique_ptr<Decoder> MakeDecoder() const;
-    /// Whether some of the file is damaged or its order had to be learned from the decoder.
-    bool IsDoubtful() const { return isDoubtful_; }
+    /// Whether, as far as is known, no picture is missing or damaged and packets are in the order that they
+    /// claim.
+    bool IsSound() const { return isSound_; }
 
     /// The packet from which decoding gives picture number: a key packet that is shown at or before it, below
     /// limit.
@@ -58,8 +59,7 @@ private:
     void Resume();
     void Judge(size_t group);
     void Learn(size_t group);
-    bool StampsAgreeIn(const Group& group) const;
-    bool HeadIsClean(const Group& group) const;
+    bool IsDoubtful(const Group& group, const std::vector<int>& order) const;
     void Publish(bool everything);
     void PublishPacket(int ordinal);
     void Number(int ordinal);
@@ -84,7 +84,7 @@ private:
     std::unordered_map<int, int> badBelow_; ///< by key: the first number that it is an entry to
     int ranks_ = 0;
     int confirmations_ = 0;
-    bool isDoubtful_ = false;
+    bool isSound_ = true;
     bool isComplete_ = false;
     bool mustResume_ = false; ///< a read was broken off, the reader may stand anywhere
 };
