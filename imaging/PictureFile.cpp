@@ -29,8 +29,9 @@ qint64 FewestBytes(const PictureHeader& header)
     case Psd:
         return pixels / 8 / 64; // one bit per pixel, runs of 128 bytes in two
     case Gif:
+        return pixels / 4096; // the longest string of a code
     case Tif:
-        return pixels / 4096;
+        return pixels / MaxSide / 8; // a bit for a white row
     }
     return 0;
 }

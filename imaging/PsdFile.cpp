@@ -4,6 +4,8 @@
 
 #include <QtEndian>
 
+#include <opencv2/core.hpp>
+
 #include <algorithm>
 #include <cstring>
 #include <vector>
@@ -234,15 +236,15 @@ QByteArray Encode(const QImage& picture)
     file.append(3 * 4, '\0'); // no palette, no resources, no layers
     Append<quint16>(file, Plain);
 
-    qsizetype at = file.size();
-    file.resize(at + qsizetype(pixels.width()) * pixels.height() * 3);
-    char* out = file.data() + at;
-    for (int plane = 0; plane < 3; ++plane)
-        for (int y = 0; y < pixels.height(); ++y) {
-            const uchar* sample = pixels.constScanLine(y) + 2 - plane;
-            for (int x = 0; x < pixels.width(); ++x, sample += 3)
-                *out++ = char(*sample);
-        }
+    const qsizetype start = file.size();
+    const qsizetype planeBytes = qsizetype(pixels.width()) * pixels.height();
+    file.resize(start + 3 * planeBytes);
+    const cv::Mat from(pixels.height(), pixels.width(), CV_8UC3, const_cast<uchar*>(pixels.constBits()),
+        size_t(pixels.bytesPerLine()));
+    for (int plane = 0; plane < 3; ++plane) {
+        cv::Mat to(pixels.height(), pixels.width(), CV_8UC1, file.data() + start + plane * planeBytes);
+        cv::extractChannel(from, to, 2 - plane);
+    }
     return file;
 }
 

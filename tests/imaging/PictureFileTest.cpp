@@ -3,7 +3,8 @@
 
 #include "Pictures.h"
 
-#include <QtEndian>
+#include <csignal>
+#include <thread>
 
 using imaging::FormatRow;
 using imaging::FormatTable;
@@ -39,7 +40,7 @@ bool IsLossy(const FormatRow& row)
 
 quint16 BigEndian(const QByteArray& file, qsizetype at)
 {
-    return qFromBigEndian<quint16>(file.constData() + at);
+    return quint16(uchar(file[at]) << 8 | uchar(file[at + 1]));
 }
 
 /// Bits per pixel as the file's own header tells them.
@@ -189,4 +190,29 @@ TEST_F(PictureFileTest, TheLongestSidesComeBackExactly)
             EXPECT_GE(Pictures::Likeness(PictureFile::Decode(Encode(picture, row)), picture), bar)
                 << row.extension;
         }
+}
+
+TEST_F(PictureFileTest, SignalsStayAsTheProgramHasThem)
+{
+    for (const int signal : { SIGINT, SIGTERM, SIGHUP, SIGABRT, SIGSEGV, SIGFPE, SIGXCPU }) {
+        struct sigaction action { };
+        ASSERT_EQ(sigaction(signal, nullptr, &action), 0);
+        EXPECT_EQ(action.sa_handler, SIG_DFL) << signal;
+    }
+}
+
+TEST_F(PictureFileTest, SeveralThreadsSaveAndLoadAtOnce)
+{
+    const auto work = [](int seed) {
+        for (const FormatRow& row : FormatTable) {
+            const QImage picture = Pictures::Photo({ 50 + seed, 40 });
+            EXPECT_GE(Pictures::Likeness(PictureFile::Decode(Encode(picture, row)), picture), Bar(row))
+                << row.extension;
+        }
+    };
+    std::vector<std::thread> threads;
+    for (int seed = 0; seed < 4; ++seed)
+        threads.emplace_back(work, seed);
+    for (std::thread& thread : threads)
+        thread.join();
 }
