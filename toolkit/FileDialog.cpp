@@ -154,7 +154,7 @@ QString AskFileName(QWidget* owner, FileMode mode, const QString& title, const Q
     const Answer answer = Ask(question);
     if (answer.paths.isEmpty())
         return {};
-    const QString path = UpToNul(QDir::toNativeSeparators(answer.paths.first()));
+    QString path = UpToNul(QDir::toNativeSeparators(answer.paths.first()));
     chosenFolder = path.left(PathText::LastSeparator(path) + 1);
     return path;
 }

@@ -209,7 +209,8 @@ void PositionSlider::PaintSelection(QPainter& painter) const
 
 void PositionSlider::PaintHandle(QPainter& painter) const
 {
-    const QRectF handle(XOf(Value()) - HandleSide / 2, (height() - HandleSide) / 2, HandleSide, HandleSide);
+    QRectF handle(0, 0, HandleSide, HandleSide);
+    handle.moveCenter(QPointF(XOf(Value()), height() / 2.0));
     FillRounded(painter, handle, Token::LineOutside);
     FillRounded(painter, handle.adjusted(1, 1, -1, -1), Token::Text);
     if (isSliderDown() || hover_)

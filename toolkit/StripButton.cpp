@@ -56,17 +56,7 @@ Face StripButton::ShownFace() const
 
 ButtonLook StripButton::ShownLook() const
 {
-    switch (ShownState()) {
-    case State::Disabled:
-        return ButtonLook::Disabled;
-    case State::Pressed:
-        return ButtonLook::Pressed;
-    case State::Hover:
-        return IsLatched() ? ButtonLook::Latched : ButtonLook::Hover;
-    case State::Rest:
-        break;
-    }
-    return IsLatched() ? ButtonLook::Latched : ButtonLook::Rest;
+    return LookWhen(IsLatched());
 }
 
 QSize StripButton::sizeHint() const

@@ -36,6 +36,21 @@ StripControl::State StripControl::ShownState() const
     return hover_ ? State::Hover : State::Rest;
 }
 
+ButtonLook StripControl::LookWhen(bool latched) const
+{
+    switch (ShownState()) {
+    case State::Disabled:
+        return ButtonLook::Disabled;
+    case State::Pressed:
+        return ButtonLook::Pressed;
+    case State::Hover:
+        return latched ? ButtonLook::Latched : ButtonLook::Hover;
+    case State::Rest:
+        break;
+    }
+    return latched ? ButtonLook::Latched : ButtonLook::Rest;
+}
+
 void StripControl::NameAfter(const QString& name)
 {
     if (name.isEmpty() || accessibleName() != ownName_)

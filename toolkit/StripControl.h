@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/ButtonPaint.h"
 #include <QAbstractButton>
 #include <QTimer>
 
@@ -35,6 +36,9 @@ protected:
     virtual void AfterClick() { }
     /// Takes a name as the accessible one, unless the caller has set another.
     void NameAfter(const QString& name);
+
+    /// The look of a button in its present state; a latched one looks so at rest and under the pointer.
+    ButtonLook LookWhen(bool latched) const;
 
     bool event(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

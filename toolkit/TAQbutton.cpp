@@ -52,17 +52,7 @@ void TAQbutton::SetFace(Face face)
 
 ButtonLook TAQbutton::ShownLook() const
 {
-    switch (ShownState()) {
-    case StripControl::State::Disabled:
-        return ButtonLook::Disabled;
-    case StripControl::State::Pressed:
-        return ButtonLook::Pressed;
-    case StripControl::State::Hover:
-        return state_ != 0 ? ButtonLook::Latched : ButtonLook::Hover;
-    case StripControl::State::Rest:
-        break;
-    }
-    return state_ != 0 ? ButtonLook::Latched : ButtonLook::Rest;
+    return LookWhen(state_ != 0);
 }
 
 QSize TAQbutton::sizeHint() const

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "toolkit/ButtonPaint.h"
 #include "toolkit/Face.h"
 #include "toolkit/StripControl.h"
 #include <QColor>

@@ -1,0 +1,169 @@
+// What only a real pointer and a window manager show: drags of whole windows, popups, a pointer that leaves
+// unseen.
+#include "toolkit/ChildForm.h"
+#include "toolkit/PopupMenu.h"
+#include "toolkit/SizeGrip.h"
+#include "toolkit/StripButton.h"
+#include "toolkit/TitleStrip.h"
+
+#include <QApplication>
+#include <QMdiArea>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+void Pointer(const QStringList& steps)
+{
+    EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"), steps), 0);
+}
+
+void PointAt(QPoint screen)
+{
+    Pointer({ "mousemove", QString::number(screen.x()), QString::number(screen.y()) });
+}
+
+bool Eventually(const std::function<bool()>& condition)
+{
+    return QTest::qWaitFor(condition, 10000);
+}
+
+/// Tells when a press has reached one of the program's widgets.
+class PressWatch : public QObject {
+public:
+    PressWatch() { qApp->installEventFilter(this); }
+    bool seen = false;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        seen = seen || (watched->isWidgetType() && event->type() == QEvent::MouseButtonPress);
+        return false;
+    }
+};
+
+/// Presses on a place and drags it until the form is where it should be. The hand trembles at its end,
+/// because a window manager that takes the pointer over late learns of its place by the next movement.
+bool DragUntil(QPoint from, QPoint by, const std::function<bool()>& arrived)
+{
+    const PressWatch press;
+    PointAt(from);
+    Pointer({ "mousedown", "1" });
+    EXPECT_TRUE(Eventually([&] { return press.seen; }));
+    const bool there = Eventually([&] {
+        PointAt(from + by - QPoint(1, 1));
+        PointAt(from + by);
+        return arrived();
+    });
+    Pointer({ "mouseup", "1" });
+    return there;
+}
+
+/// Where the screen has a window. The program itself learns of a move only when the window manager has ended
+/// it.
+QPoint PlaceOnScreen(const QWidget& window)
+{
+    QProcess xdotool;
+    xdotool.start(
+        QStringLiteral("xdotool"), { "getwindowgeometry", "--shell", QString::number(window.winId()) });
+    xdotool.waitForFinished();
+    static const QRegularExpression place(QStringLiteral("X=(\\d+)\\s+Y=(\\d+)"));
+    const auto match = place.match(QString::fromLatin1(xdotool.readAllStandardOutput()));
+    return { match.captured(1).toInt(), match.captured(2).toInt() };
+}
+
+bool ShowActive(QWidget& window)
+{
+    window.show();
+    return QTest::qWaitForWindowExposed(&window) && Eventually([&] {
+        window.activateWindow();
+        return window.isActiveWindow();
+    });
+}
+
+} // namespace
+
+TEST(OnScreen, AWindowOfItsOwnIsMovedByItsStrip)
+{
+    ChildForm form;
+    form.SetBody(new QWidget);
+    form.setGeometry(200, 200, 300, 200);
+    ASSERT_TRUE(ShowActive(form));
+    const QPoint target = PlaceOnScreen(form) + QPoint(150, 100);
+    const QPoint press = form.Head().mapToGlobal(QPoint(60, 14));
+    EXPECT_TRUE(DragUntil(press, QPoint(150, 100), [&] { return PlaceOnScreen(form) == target; }));
+    EXPECT_TRUE(Eventually([&] { return form.pos() == target; }));
+    EXPECT_EQ(form.size(), QSize(300, 200));
+}
+
+TEST(OnScreen, AWindowOfItsOwnIsSizedByItsGrip)
+{
+    ChildForm form;
+    form.SetBody(new QWidget);
+    form.setGeometry(200, 200, 300, 200);
+    ASSERT_TRUE(ShowActive(form));
+    const QPoint press = form.Grip().mapToGlobal(QPoint(8, 8));
+    EXPECT_TRUE(DragUntil(press, QPoint(90, 60), [&] { return form.size() == QSize(390, 260); }));
+}
+
+TEST(OnScreen, AWindowOfItsOwnFillsTheScreenAndComesBack)
+{
+    ChildForm form;
+    form.SetBody(new QWidget);
+    form.setGeometry(200, 200, 300, 200);
+    ASSERT_TRUE(ShowActive(form));
+    form.ToggleMaximize();
+    EXPECT_TRUE(Eventually(
+        [&] { return form.width() > 1000 && form.CurrentShape() == ChildForm::Shape::Maximized; }));
+    form.ToggleMaximize();
+    EXPECT_TRUE(Eventually([&] { return form.size() == QSize(300, 200); }));
+}
+
+TEST(OnScreen, AChildIsMovedByItsStripAndSizedByItsGrip)
+{
+    QMdiArea area;
+    area.resize(900, 700);
+    area.move(100, 100);
+    auto* form = new ChildForm;
+    form->SetBody(new QWidget);
+    area.addSubWindow(form);
+    ASSERT_TRUE(ShowActive(area));
+    form->setGeometry(50, 50, 300, 200);
+    const QPoint press = form->Head().mapToGlobal(QPoint(60, 14));
+    EXPECT_TRUE(DragUntil(press, QPoint(100, 80), [&] { return form->pos() == QPoint(150, 130); }));
+    const QPoint corner = form->Grip().mapToGlobal(QPoint(8, 8));
+    EXPECT_TRUE(DragUntil(corner, QPoint(60, 40), [&] { return form->size() == QSize(360, 240); }));
+}
+
+TEST(OnScreen, AButtonRestsWhenThePointerHasLeftItsWindow)
+{
+    QWidget form;
+    form.setGeometry(200, 200, 300, 200);
+    Front button(&form);
+    button.setGeometry(100, 100, 28, 28);
+    ASSERT_TRUE(ShowActive(form));
+    PointAt(button.mapToGlobal(QPoint(10, 10)));
+    ASSERT_TRUE(Eventually([&] { return button.ShownState() == StripControl::State::Hover; }));
+    QSignalSpy leaves(&button, &StripControl::Leave);
+    PointAt(form.mapToGlobal(QPoint(900, 600)));
+    EXPECT_TRUE(Eventually([&] { return button.ShownState() == StripControl::State::Rest; }));
+    EXPECT_EQ(leaves.size(), 1);
+}
+
+TEST(OnScreen, APressOutsideClosesThePopup)
+{
+    QWidget form;
+    form.setGeometry(200, 200, 500, 400);
+    ASSERT_TRUE(ShowActive(form));
+    PopupMenu menu(&form);
+    menu.SetItems({ QStringLiteral("  Save"), QStringLiteral("  Help") });
+    menu.Open(form.mapToGlobal(QPoint(50, 50)));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu));
+    EXPECT_EQ(menu.pos(), form.mapToGlobal(QPoint(50, 50)));
+    PointAt(form.mapToGlobal(QPoint(400, 300)));
+    Pointer({ "click", "1" });
+    EXPECT_TRUE(Eventually([&] { return !menu.isVisible(); }));
+}
