@@ -1,6 +1,7 @@
 #pragma once
 
 #include "media/PacketFact.h"
+#include <cstddef>
 #include <map>
 #include <vector>
 
@@ -18,7 +19,7 @@ enum class Ordering {
 class DisplayOrder {
 public:
     /// No picture is shown after more than this many that were stored behind it.
-    static constexpr size_t DeepestReorder = 16;
+    static constexpr std::size_t DeepestReorder = 16;
 
     explicit DisplayOrder(Ordering ordering)
         : ordering_(ordering)

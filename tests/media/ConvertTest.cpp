@@ -1,0 +1,123 @@
+#include "media/DecodedFrame.h"
+#include "media/FrameServer.h"
+#include "tests/media/Opened.h"
+
+#include <cstring>
+#include <gtest/gtest.h>
+
+namespace media {
+
+namespace {
+
+struct Flat {
+    int y;
+    int u;
+    int v;
+};
+
+/// A picture of one colour as a decoder gives it.
+Picture FlatPicture(Flat colour, int height, AVColorSpace matrix, AVColorRange range,
+    AVPixelFormat format = AV_PIX_FMT_YUV420P, int width = 64)
+{
+    auto decoded = std::make_shared<DecodedFrame>();
+    decoded->frame.reset(av_frame_alloc());
+    AVFrame& frame = *decoded->frame;
+    frame.format = format;
+    frame.width = width;
+    frame.height = height;
+    frame.colorspace = matrix;
+    frame.color_range = range;
+    av_frame_get_buffer(&frame, 0);
+    std::memset(frame.data[0], colour.y, size_t(frame.linesize[0]) * size_t(height));
+    std::memset(frame.data[1], colour.u, size_t(frame.linesize[1]) * size_t((height + 1) / 2));
+    std::memset(frame.data[2], colour.v, size_t(frame.linesize[2]) * size_t((height + 1) / 2));
+    return { decoded, 0 };
+}
+
+void ExpectRed(const QImage& image)
+{
+    const QColor colour = image.pixelColor(image.width() / 2, image.height() / 2);
+    EXPECT_NEAR(colour.red(), 255, 3);
+    EXPECT_NEAR(colour.green(), 0, 3);
+    EXPECT_NEAR(colour.blue(), 0, 3);
+}
+
+constexpr Flat RedOfStandardTelevision { 81, 90, 240 };
+constexpr Flat RedOfHighDefinition { 63, 102, 240 };
+constexpr Flat RedOfJpeg { 76, 85, 255 };
+
+} // namespace
+
+TEST(Convert, TheTaggedColourMatrixIsHonoured)
+{
+    ExpectRed(FlatPicture(RedOfHighDefinition, 64, AVCOL_SPC_BT709, AVCOL_RANGE_MPEG).ToStill());
+    ExpectRed(FlatPicture(RedOfStandardTelevision, 1080, AVCOL_SPC_SMPTE170M, AVCOL_RANGE_MPEG).ToStill());
+}
+
+TEST(Convert, WithoutATagTheLinesTellTheMatrix)
+{
+    ExpectRed(
+        FlatPicture(RedOfStandardTelevision, 576, AVCOL_SPC_UNSPECIFIED, AVCOL_RANGE_UNSPECIFIED).ToStill());
+    ExpectRed(
+        FlatPicture(RedOfHighDefinition, 720, AVCOL_SPC_UNSPECIFIED, AVCOL_RANGE_UNSPECIFIED).ToStill());
+}
+
+TEST(Convert, FullRangeIsHonouredByTagAndByFormat)
+{
+    ExpectRed(FlatPicture(RedOfJpeg, 64, AVCOL_SPC_BT470BG, AVCOL_RANGE_JPEG).ToStill());
+    ExpectRed(FlatPicture(RedOfJpeg, 64, AVCOL_SPC_BT470BG, AVCOL_RANGE_UNSPECIFIED, AV_PIX_FMT_YUVJ420P)
+                  .ToStill());
+}
+
+TEST(Convert, TheScreenShowsTheSameColours)
+{
+    const Picture picture =
+        FlatPicture(RedOfHighDefinition, 720, AVCOL_SPC_UNSPECIFIED, AVCOL_RANGE_UNSPECIFIED);
+    ExpectRed(picture.ToScreen({ 200, 100 }));
+    ExpectRed(picture.ToScreen({ 16, 16 }));
+}
+
+TEST(Convert, AStillIsTwentyFourBitsAndAScreenPictureOfTheAskedSize)
+{
+    const Picture picture = FlatPicture(RedOfJpeg, 64, AVCOL_SPC_BT470BG, AVCOL_RANGE_JPEG);
+    EXPECT_EQ(picture.ToStill().format(), QImage::Format_BGR888);
+    EXPECT_EQ(picture.ToScreen({ 31, 17 }).format(), QImage::Format_RGB32);
+    EXPECT_EQ(picture.ToScreen({ 31, 17 }).size(), QSize(31, 17));
+    EXPECT_TRUE(picture.ToScreen({ 0, 17 }).isNull());
+    EXPECT_TRUE(Picture().ToStill().isNull());
+}
+
+TEST(Convert, PixelsThatAreNotSquareAreMadeSoByWidth)
+{
+    const Opened opened("anamorphic.mpg");
+    EXPECT_EQ(opened->Size(), QSize(1024, 576));
+    EXPECT_EQ(opened->Get(3, Purpose::Jump).ToStill().size(), QSize(1024, 576));
+}
+
+TEST(Convert, ATurnedClipIsShownUpright)
+{
+    const Opened opened("rotate90.mp4");
+    const QImage still = opened->Get(0, Purpose::Jump).ToStill();
+    EXPECT_EQ(still.size(), QSize(240, 320));
+    EXPECT_EQ(still.format(), QImage::Format_BGR888);
+    EXPECT_EQ(opened->Size(), still.size());
+    EXPECT_EQ(opened->Get(0, Purpose::Jump).ToScreen({ 120, 160 }).size(), QSize(120, 160));
+}
+
+TEST(Convert, OddSizesKeepTheirLastColumnAndRow)
+{
+    const Picture picture =
+        FlatPicture(RedOfJpeg, 49, AVCOL_SPC_BT470BG, AVCOL_RANGE_JPEG, AV_PIX_FMT_YUV420P, 65);
+    const QImage still = picture.ToStill();
+    ASSERT_EQ(still.size(), QSize(65, 49));
+    EXPECT_EQ(still.pixel(64, 48), still.pixel(0, 0));
+}
+
+TEST(Convert, EveryPictureHasItsOwnSizeWhereTheResolutionChanges)
+{
+    const Opened opened("res_change.ts");
+    EXPECT_EQ(opened->Get(49, Purpose::Jump).Size(), QSize(320, 240));
+    EXPECT_EQ(opened->Get(50, Purpose::Jump).Size(), QSize(480, 360));
+}
+
+} // namespace media

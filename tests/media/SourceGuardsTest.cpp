@@ -1,0 +1,186 @@
+#include "media/FrameServer.h"
+#include "tests/clips/Clips.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace media {
+
+namespace {
+
+std::optional<Failure> FailureOfOpening(const Source& source)
+{
+    Interrupt interrupt;
+    interrupt.SetDeadline(Interrupt::Clock::now() + std::chrono::minutes(1));
+    try {
+        FrameServer::Open(source, interrupt);
+        return std::nullopt;
+    } catch (const MediaError& error) {
+        return error.failure;
+    }
+}
+
+std::optional<Failure> FailureOfFile(const QByteArray& path)
+{
+    return FailureOfOpening({ Source::Kind::File, path });
+}
+
+std::optional<Failure> FailureOfClip(const char* name)
+{
+    return FailureOfFile(ClipPath(QString::fromUtf8(name)).toUtf8());
+}
+
+QByteArray ContentOf(const char* clip)
+{
+    QFile file(ClipPath(QString::fromUtf8(clip)));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
+class SourceGuards : public testing::Test {
+protected:
+    QByteArray Path(const QByteArray& name) const { return folder_.path().toUtf8() + '/' + name; }
+    QByteArray Written(const QByteArray& name, const QByteArray& content) const
+    {
+        QFile file(QString::fromUtf8(Path(name)));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        return Path(name);
+    }
+
+private:
+    QTemporaryDir folder_;
+};
+
+/// Takes connections and never says a word.
+class SilentServer {
+public:
+    SilentServer()
+        : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    {
+        sockaddr_in address {};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        EXPECT_EQ(bind(socket_, reinterpret_cast<sockaddr*>(&address), size), 0);
+        EXPECT_EQ(listen(socket_, 4), 0);
+        getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size);
+        port_ = ntohs(address.sin_port);
+    }
+    ~SilentServer() { close(socket_); }
+    SilentServer(const SilentServer&) = delete;
+    SilentServer& operator=(const SilentServer&) = delete;
+    QByteArray Address() const { return "http://127.0.0.1:" + QByteArray::number(port_) + "/film.mp4"; }
+
+private:
+    int socket_;
+    int port_ = 0;
+};
+
+} // namespace
+
+TEST_F(SourceGuards, AMissingFileIsNotFound)
+{
+    EXPECT_EQ(FailureOfFile(Path("missing.mp4")), Failure::NotFound);
+    ASSERT_EQ(symlink("nowhere.mp4", Path("dangling.mp4").constData()), 0);
+    EXPECT_EQ(FailureOfFile(Path("dangling.mp4")), Failure::NotFound);
+    ASSERT_EQ(symlink("loop.mp4", Path("loop.mp4").constData()), 0);
+    EXPECT_EQ(FailureOfFile(Path("loop.mp4")), Failure::NotFound);
+}
+
+TEST_F(SourceGuards, OnlyARegularFileIsOpened)
+{
+    ASSERT_EQ(mkfifo(Path("pipe.mp4").constData(), 0600), 0);
+    EXPECT_EQ(FailureOfFile(Path("pipe.mp4")), Failure::NotAFile);
+    ASSERT_EQ(mkdir(Path("folder.mp4").constData(), 0700), 0);
+    EXPECT_EQ(FailureOfFile(Path("folder.mp4")), Failure::NotAFile);
+    EXPECT_EQ(FailureOfFile("/dev/zero"), Failure::NotAFile);
+}
+
+TEST_F(SourceGuards, AnEmptyFileIsEmpty)
+{
+    EXPECT_EQ(FailureOfFile(Written("empty.mp4", {})), Failure::Empty);
+}
+
+TEST_F(SourceGuards, AFileThatMayNotBeReadSaysSo)
+{
+    if (geteuid() == 0)
+        GTEST_SKIP() << "root may read everything";
+    const QByteArray path = Written("closed.mp4", "x");
+    ASSERT_EQ(chmod(path.constData(), 0), 0);
+    EXPECT_EQ(FailureOfFile(path), Failure::NoPermission);
+}
+
+TEST_F(SourceGuards, WhatIsNoVideoIsToldFromADamagedOne)
+{
+    EXPECT_EQ(FailureOfClip("garbage.mp4"), Failure::NotAVideo);
+    EXPECT_EQ(FailureOfFile(Written("text.mp4", "Once upon a time.\n")), Failure::NotAVideo);
+    EXPECT_EQ(FailureOfClip("audio_only.m4a"), Failure::NotAVideo);
+    EXPECT_EQ(FailureOfClip("cover.mp3"), Failure::NotAVideo);
+    EXPECT_EQ(FailureOfClip("cut_moov.mp4"), Failure::Damaged);
+}
+
+TEST_F(SourceGuards, AListUnderAnyNameOpensNoOtherFile)
+{
+    for (const char* name : { "hls/disguised.mp4", "hls/evil_local.m3u8", "hls/evil_net.m3u8",
+             "hls/evil_nested.m3u8", "hls/vod.m3u8", "evil_concat.ffconcat", "not_a_playlist.txt" })
+        EXPECT_EQ(FailureOfClip(name), Failure::NotAVideo) << name;
+}
+
+TEST_F(SourceGuards, PicturesTooLargeAreRefusedByTheirHeader)
+{
+    QByteArray content = ContentOf("msvideo1.avi");
+    const qsizetype size = content.indexOf("strf") + 12; // width and height of the pictures, 4 bytes each
+    content.replace(size, 8, QByteArray::fromHex("0080000000800000"));
+    EXPECT_EQ(FailureOfFile(Written("large.avi", content)), Failure::TooLarge);
+}
+
+TEST_F(SourceGuards, ANameIsNeverReadAsAnAddressOrAPattern)
+{
+    const QByteArray content = ContentOf("one_frame.mp4");
+    for (const char* name : { "a:b.mp4", "seq%03d.mp4", "-", "pipe:0", "concat:a|b",
+             "subfile,,start,0,end,9,,:x", "line\nbreak.mp4", " ", "#?.mp4" })
+        EXPECT_EQ(FailureOfFile(Written(name, content)), std::nullopt) << name;
+}
+
+TEST_F(SourceGuards, ANameThatIsNoTextOpensByItsBytes)
+{
+    const QByteArray path = Path("caf\xE9.mp4");
+    const QByteArray clip = ClipPath(QStringLiteral("one_frame.mp4")).toUtf8();
+    ASSERT_EQ(symlink(clip.constData(), path.constData()), 0);
+    EXPECT_EQ(FailureOfFile(path), std::nullopt);
+    ASSERT_EQ(unlink(path.constData()), 0); // the folder does not find it when it cleans up
+}
+
+TEST_F(SourceGuards, OnlyWebAddressesAreFollowed)
+{
+    for (const char* address : { "file:///etc/passwd", "concat:a|b", "data:text/plain,x", "pipe:0",
+             "ftp://a/b", "subfile,,start,0,end,9,,:/etc/passwd", "http://a/b\nHost: c", "http://a b", "" })
+        EXPECT_EQ(FailureOfOpening({ Source::Kind::Address, address }), Failure::Refused) << address;
+}
+
+TEST_F(SourceGuards, AServerThatNeverAnswersEndsWithTheDeadline)
+{
+    const SilentServer server;
+    Interrupt interrupt;
+    interrupt.SetDeadline(Interrupt::Clock::now() + std::chrono::milliseconds(200));
+    try {
+        FrameServer::Open({ Source::Kind::Address, server.Address() }, interrupt);
+        FAIL() << "opened";
+    } catch (const MediaError& error) {
+        EXPECT_EQ(error.failure, Failure::TimedOut);
+    }
+}
+
+TEST_F(SourceGuards, EveryFailureHasAText)
+{
+    for (int failure = 1; failure <= int(Failure::Vanished); ++failure)
+        EXPECT_TRUE(FailureText(Failure(failure)).endsWith(u'.')) << failure;
+}
+
+} // namespace media
