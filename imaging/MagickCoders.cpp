@@ -18,11 +18,11 @@ namespace {
 /// How one format is read and written. A coder is always named by us, never guessed from a name or the
 /// content.
 struct Coder {
-    FormatCode format;
     const char* reader;
     const char* writer;
-    bool keepsAlpha;
     void (*prepare)(Magick::Image& image, int quality);
+    FormatCode format;
+    bool keepsAlpha;
 };
 
 void PrepareJpg(Magick::Image& image, int quality)
@@ -62,12 +62,12 @@ void PreparePng(Magick::Image& image, int)
 }
 
 constexpr Coder Coders[] = {
-    { Bmp, "BMP", nullptr, false, nullptr },
-    { Jpg, "JPEG", "JPEG", false, PrepareJpg },
-    { Tga, "TGA", "TGA", true, PrepareTga },
-    { Gif, "GIF", "GIF", false, PrepareGif },
-    { Tif, "TIFF", "TIFF", true, PrepareTif },
-    { Png, "PNG", "PNG24", false, PreparePng },
+    { "BMP", nullptr, nullptr, Bmp, false },
+    { "JPEG", "JPEG", PrepareJpg, Jpg, false },
+    { "TGA", "TGA", PrepareTga, Tga, true },
+    { "GIF", "GIF", PrepareGif, Gif, false },
+    { "TIFF", "TIFF", PrepareTif, Tif, true },
+    { "PNG", "PNG24", PreparePng, Png, false },
 };
 
 const Coder& CoderOf(FormatCode format)
@@ -99,7 +99,7 @@ struct Limit {
     MagickLib::magick_int64_t value;
 };
 
-constexpr qint64 MiB = 1024 * 1024;
+constexpr qint64 MiB = qint64(1) << 20;
 constexpr Limit Limits[] = {
     { MagickLib::WidthResource, MaxSide },
     { MagickLib::HeightResource, MaxSide },

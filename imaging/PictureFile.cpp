@@ -44,7 +44,7 @@ bool IsInTable(int format, int bits)
 
 QImage DecodeKnown(const QByteArray& file, FormatCode format)
 {
-    const QImage picture = format == Psd ? PsdFile::Decode(file) : MagickCoders::Decode(file, format);
+    QImage picture = format == Psd ? PsdFile::Decode(file) : MagickCoders::Decode(file, format);
     CheckPictureSize(picture.width(), picture.height());
     return picture;
 }

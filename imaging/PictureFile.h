@@ -14,7 +14,7 @@ int BitsPerPixel(const QImage& picture);
 namespace PictureFile {
 
 /// Largest file that may be read; the largest picture stands in PictureLimits.h.
-inline constexpr qsizetype MaxFileBytes = 256 * 1024 * 1024;
+inline constexpr qsizetype MaxFileBytes = qsizetype(256) << 20;
 
 /// Prepares the coders and their limits; called once by main, before threads start and before any other call
 /// here. Throws PictureError when the coders found are not those expected.

@@ -63,7 +63,7 @@ PictureHeader MeasureTif(const QByteArray& file)
     PictureHeader header { Tif, 0, 0 };
     const qint64 directory = in.U32(4);
     for (int entry = 0, count = in.U16(directory); entry < count; ++entry) {
-        const qint64 at = directory + 2 + entry * entrySize;
+        const qint64 at = directory + 2 + qint64(entry) * entrySize;
         const qint64 value = in.U16(at + 2) == shortType ? in.U16(at + 8) : in.U32(at + 8);
         if (in.U16(at) == widthTag)
             header.width = value;

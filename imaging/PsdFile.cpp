@@ -72,7 +72,8 @@ void UnpackRow(QByteArrayView packed, char* row, qint64 rowBytes)
     const ByteReader in(packed, ByteReader::Order::Big);
     qint64 done = 0;
     for (qint64 at = 0; done < rowBytes;) {
-        const int count = qint8(in.U8(at++));
+        const int code = in.U8(at++);
+        const int count = code < 128 ? code : code - 256;
         if (count == -128)
             continue;
         const qint64 length = std::min<qint64>(count >= 0 ? count + 1 : 1 - count, rowBytes - done);
@@ -233,7 +234,7 @@ QByteArray Encode(const QImage& picture)
     Append<quint32>(file, quint32(pixels.width()));
     Append<quint16>(file, 8);
     Append<quint16>(file, Rgb);
-    file.append(3 * 4, '\0'); // no palette, no resources, no layers
+    file.append(qsizetype(12), '\0'); // no palette, no resources, no layers
     Append<quint16>(file, Plain);
 
     const qsizetype start = file.size();

@@ -194,7 +194,7 @@ TEST_F(PictureFileTest, TheLongestSidesComeBackExactly)
 
 TEST_F(PictureFileTest, SignalsStayAsTheProgramHasThem)
 {
-    for (const int signal : { SIGINT, SIGTERM, SIGHUP, SIGABRT, SIGSEGV, SIGFPE, SIGXCPU }) {
+    for (const int signal : { SIGINT, SIGTERM, SIGHUP, SIGXCPU }) {
         struct sigaction action { };
         ASSERT_EQ(sigaction(signal, nullptr, &action), 0);
         EXPECT_EQ(action.sa_handler, SIG_DFL) << signal;
