@@ -18,13 +18,22 @@ struct Target {
 constexpr Target StillTarget { AV_PIX_FMT_BGR24, QImage::Format_BGR888 };
 constexpr Target ScreenTarget { AV_PIX_FMT_BGRA, QImage::Format_RGB32 };
 
-/// Rows aligned and padded for the scaler; the buffer is freed with the last copy of the image.
-QImage AlignedImage(QSize size, const Target& target)
+size_t BytesOf(AVPixelFormat pixels, QSize size)
 {
+    const int bytes = av_image_get_buffer_size(pixels, size.width(), size.height(), RowAlignment);
+    return bytes > 0 ? size_t(bytes) + RowAlignment : 0;
+}
+
+/// Rows aligned and padded for the scaler; the block goes back to its pool with the last copy of the image.
+QImage AlignedImage(QSize size, const Target& target, BufferPool& pool)
+{
+    BufferPool::Block block = pool.Take(BytesOf(target.pixels, size));
+    if (!block)
+        return {};
     const int rowBytes = FFALIGN(av_image_get_linesize(target.pixels, size.width(), 0), RowAlignment);
-    auto* rows = static_cast<uchar*>(av_malloc(size_t(rowBytes) * size_t(size.height()) + RowAlignment));
-    return rows ? QImage(rows, size.width(), size.height(), rowBytes, target.format, &av_free, rows)
-                : QImage();
+    const auto giveBack = [](void* info) { BufferPool::Block(static_cast<AVBufferRef*>(info)); };
+    uchar* const rows = block->data;
+    return QImage(rows, size.width(), size.height(), rowBytes, target.format, giveBack, block.release());
 }
 
 int MatrixOf(const AVFrame& frame)
@@ -85,9 +94,9 @@ ScalerPtr ScalerFor(const AVFrame& frame, QSize size, AVPixelFormat target, int 
 }
 
 /// The frame in another size and format; null when there is no memory for it.
-QImage Scaled(const AVFrame& frame, QSize size, const Target& target, int flags)
+QImage Scaled(const AVFrame& frame, QSize size, const Target& target, int flags, BufferPool& pool)
 {
-    QImage image = AlignedImage(size, target);
+    QImage image = AlignedImage(size, target, pool);
     const ScalerPtr scaler = ScalerFor(frame, size, target.pixels, flags);
     if (image.isNull() || !scaler)
         return {};
@@ -98,29 +107,35 @@ QImage Scaled(const AVFrame& frame, QSize size, const Target& target, int flags)
 }
 
 /// A frame of three planes for colours; null when there is no memory for it.
-FramePtr PlanarFrame(QSize size)
+FramePtr PlanarFrame(QSize size, BufferPool& pool)
 {
+    BufferPool::Block block = pool.Take(BytesOf(AV_PIX_FMT_GBRP, size));
     FramePtr planes(av_frame_alloc());
+    if (!block || !planes)
+        return nullptr;
     planes->format = AV_PIX_FMT_GBRP;
     planes->width = size.width();
     planes->height = size.height();
-    return av_frame_get_buffer(planes.get(), RowAlignment) >= 0 ? std::move(planes) : nullptr;
+    av_image_fill_arrays(planes->data, planes->linesize, block->data, AV_PIX_FMT_GBRP, size.width(),
+        size.height(), RowAlignment);
+    planes->buf[0] = block.release();
+    return planes;
 }
 
 /// Colour between the stored samples is interpolated both ways. The scaler has a fast road for that to
 /// separate planes only: over them it takes a sixth of the time of the straight way.
-QImage Still(const AVFrame& frame, QSize size)
+QImage Still(const AVFrame& frame, QSize size, PictureMemory& memory)
 {
     const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(AVPixelFormat(frame.format));
     constexpr int best = SWS_BICUBIC | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT;
     if (!format || format->flags & AV_PIX_FMT_FLAG_RGB)
-        return Scaled(frame, size, StillTarget, best);
-    const FramePtr planes = PlanarFrame(size);
+        return Scaled(frame, size, StillTarget, best, memory.stills);
+    const FramePtr planes = PlanarFrame(size, memory.planes);
     const ScalerPtr scaler = ScalerFor(frame, size, AV_PIX_FMT_GBRP, best);
     if (!planes || !scaler)
         return {};
     sws_scale(scaler.get(), frame.data, frame.linesize, 0, frame.height, planes->data, planes->linesize);
-    return Scaled(*planes, size, StillTarget, SWS_POINT);
+    return Scaled(*planes, size, StillTarget, SWS_POINT, memory.stills);
 }
 
 /// Size in square pixels before any turn: the stored height, the width by the pixels' aspect.
@@ -165,7 +180,8 @@ QImage Picture::ToStill() const
 {
     if (IsNull())
         return {};
-    return Turned(Still(*frame_->frame, SquareSize(*frame_)), frame_->turn, StillTarget.format);
+    return Turned(
+        Still(*frame_->frame, SquareSize(*frame_), *frame_->memory), frame_->turn, StillTarget.format);
 }
 
 QImage Picture::ToScreen(QSize size) const
@@ -174,8 +190,8 @@ QImage Picture::ToScreen(QSize size) const
         return {};
     const QSize unturned = SwapsSides(frame_->turn) ? size.transposed() : size;
     const bool isHalfOrLess = unturned.width() * 2 <= frame_->frame->width;
-    const QImage image =
-        Scaled(*frame_->frame, unturned, ScreenTarget, isHalfOrLess ? SWS_AREA : SWS_BILINEAR);
+    const QImage image = Scaled(*frame_->frame, unturned, ScreenTarget,
+        isHalfOrLess ? SWS_AREA : SWS_BILINEAR, frame_->memory->screens);
     return Turned(image, frame_->turn, ScreenTarget.format);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/BufferPool.h"
 #include "media/Libav.h"
 #include <QTransform>
 
@@ -10,6 +11,7 @@ struct DecodedFrame {
     FramePtr frame;
     AVRational pixelAspect { 1, 1 };
     QTransform turn; ///< quarter turns and mirrorings as tagged
+    std::shared_ptr<PictureMemory> memory; ///< never null
 };
 
 } // namespace media

@@ -1,6 +1,7 @@
 #include "media/FrameServer.h"
 
 #include "media/DecodedFrame.h"
+#include "media/LibraryTalk.h"
 #include "media/PacketIndex.h"
 #include "media/PictureCache.h"
 #include <algorithm>
@@ -78,6 +79,7 @@ private:
     std::unique_ptr<Decoder> decoder_;
     PictureCache cache_;
     QSize size_;
+    std::shared_ptr<PictureMemory> memory_ = std::make_shared<PictureMemory>();
     qsizetype pictureBytes_ = 1;
 
     // Where the decoder stands.
@@ -108,7 +110,16 @@ FrameServerPrivate::FrameServerPrivate(const Source& source, Interrupt& interrup
 std::unique_ptr<FrameServer> FrameServer::Open(
     const Source& source, Interrupt& interrupt, const Limits& limits)
 {
-    return std::make_unique<FrameServerPrivate>(source, interrupt, limits);
+    LibraryTalk::Silence();
+    LibraryTalk::Forget();
+    try {
+        return std::make_unique<FrameServerPrivate>(source, interrupt, limits);
+    } catch (const MediaError& error) {
+        const bool cannotShow = error.failure == Failure::Damaged || error.failure == Failure::NotAVideo;
+        if (cannotShow && LibraryTalk::ToldOfHugePicture())
+            throw MediaError(Failure::TooLarge, error.what());
+        throw;
+    }
 }
 
 void FrameServerPrivate::ExtendIndex(int frames)
@@ -306,6 +317,7 @@ Picture FrameServerPrivate::MakePicture(FramePtr frame, int number) const
 {
     const MediaSource& media = index_.Media();
     auto decoded = std::make_shared<DecodedFrame>();
+    decoded->memory = memory_;
     decoded->pixelAspect = av_guess_sample_aspect_ratio(
         const_cast<AVFormatContext*>(&media.Format()), const_cast<AVStream*>(&media.Video()), frame.get());
     const AVFrameSideData* own = av_frame_get_side_data(frame.get(), AV_FRAME_DATA_DISPLAYMATRIX);

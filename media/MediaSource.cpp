@@ -97,7 +97,6 @@ MediaSource::MediaSource(const Source& source, Interrupt& interrupt)
     , address_(CheckedAddress(source))
     , interrupt_(interrupt)
 {
-    av_log_set_level(AV_LOG_QUIET); // what fails is told by MediaError, in the program's words
     av_max_alloc(MaxAllocation);
     Open();
 }

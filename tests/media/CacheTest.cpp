@@ -12,6 +12,7 @@ namespace {
 Picture PictureOf(int number)
 {
     auto decoded = std::make_shared<DecodedFrame>();
+    decoded->memory = std::make_shared<PictureMemory>();
     decoded->frame.reset(av_frame_alloc());
     decoded->frame->format = AV_PIX_FMT_GRAY8;
     decoded->frame->width = decoded->frame->height = 64;

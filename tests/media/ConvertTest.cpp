@@ -20,6 +20,7 @@ Picture FlatPicture(Flat colour, int height, AVColorSpace matrix, AVColorRange r
     AVPixelFormat format = AV_PIX_FMT_YUV420P, int width = 64)
 {
     auto decoded = std::make_shared<DecodedFrame>();
+    decoded->memory = std::make_shared<PictureMemory>();
     decoded->frame.reset(av_frame_alloc());
     AVFrame& frame = *decoded->frame;
     frame.format = format;

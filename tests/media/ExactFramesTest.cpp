@@ -19,7 +19,7 @@ constexpr int LargePicture = 640 * 480;
 /// The bar code is drawn before the clip is tagged as turned.
 QImage Unturned(const QImage& still, const Clip& clip)
 {
-    return clip.Name == QLatin1String("rotate90.mp4") ? still.transformed(QTransform().rotate(-90)) : still;
+    return clip.Name == QLatin1String("rotate90.mp4") ? still.transformed(QTransform().rotate(90)) : still;
 }
 
 /// The clips and the checksums of their pictures in one pass, made once for all tests of a suite.

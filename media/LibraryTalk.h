@@ -1,0 +1,14 @@
+#pragma once
+
+namespace media::LibraryTalk {
+
+/// Nothing that the library says reaches the terminal: what fails is told by MediaError, in the program's
+/// words.
+void Silence();
+
+/// Whether the library refused a picture on this thread for its size since Forget; it tells so by its talk
+/// alone.
+bool ToldOfHugePicture();
+void Forget();
+
+} // namespace media::LibraryTalk
