@@ -14,6 +14,7 @@ using namespace std::chrono_literals;
 constexpr auto OpenLimit = 10s;
 constexpr auto AddressLimit = 15s;
 constexpr auto PictureLimit = 5s;
+constexpr auto HurryLimit = 300ms; // a decoding in its normal course is through by then
 constexpr auto IndexLimit = 5s; // for the index to reach the place that a call asks for
 constexpr int IndexSlice = 512; // pictures, read between two looks at the commands
 constexpr int PlayingSlice = 32;
@@ -21,6 +22,12 @@ constexpr auto SpareTime = 5ms; // a pause this long while playing is used for t
 constexpr double LongestLastPicture = 10; // seconds; durations in files are no promise
 
 } // namespace
+
+void Wires::Hurry()
+{
+    isHurried = true;
+    interrupt.SetDeadline(media::Interrupt::Clock::now() + HurryLimit);
+}
 
 View Wires::LookedAt() const
 {
@@ -60,6 +67,9 @@ public:
             const Deadline deadline(engine_.wires_.interrupt, IndexLimit);
             engine_.ExtendIndex(number + PlayingSlice);
         }
+        const bool isUnknown = number >= server_.KnownFrames() && !engine_.IsIndexWhole();
+        if (isUnknown)
+            throw media::MediaError(media::Failure::TimedOut, "the rest of the media does not come");
         return number < server_.KnownFrames();
     }
     double TimeOf(int number) override { return server_.TimeOf(number); }
@@ -167,14 +177,16 @@ void Engine::ReachTime(double seconds)
 /// False when there is nothing to be gained from going on.
 bool Engine::ExtendIndex(int frames)
 {
-    if (isIndexBroken_ || server_->IsComplete())
+    if (IsIndexWhole())
         return false;
     const int known = server_->KnownFrames();
     try {
         server_->ExtendIndex(frames);
     } catch (const media::MediaError& error) {
         // What is known can still be played; whoever needs the rest will be told by the decoder.
-        isIndexBroken_ = error.failure != media::Failure::TimedOut;
+        if (error.failure != media::Failure::TimedOut)
+            indexFailure_ = error.failure;
+        TellFacts();
         return false;
     }
     TellFacts();
@@ -183,8 +195,7 @@ bool Engine::ExtendIndex(int frames)
 
 void Engine::TellFacts()
 {
-    const bool isComplete = isIndexBroken_ || server_->IsComplete();
-    wires_.facts.Write({ server_->KnownFrames(), isComplete, server_->Duration(), server_->Size() });
+    wires_.facts.Write({ server_->KnownFrames(), IsIndexWhole(), server_->Duration(), server_->Size() });
 }
 
 PlaySpan Engine::Span()
@@ -260,6 +271,8 @@ void Engine::Finish()
     last.turn = turn_;
     Mail mail;
     mail.end = { last, !timeline_->Reaches(last.number + 1) };
+    if (mail.end->isMediaEnd)
+        mail.failure = indexFailure_; // it ends earlier than it should
     wires_.mail->Post(mail);
     if (!options_.rewindsAtEnd)
         return;
@@ -298,7 +311,9 @@ void Engine::Guard(const std::function<void()>& work)
     try {
         work();
     } catch (const media::MediaError& error) {
-        Fail(error.failure);
+        // What was cut short for an order is done anew or not at all, as the order wants it.
+        if (!wires_.isHurried || error.failure != media::Failure::TimedOut)
+            Fail(error.failure);
     } catch (const std::bad_alloc&) {
         Fail(media::Failure::TooLarge);
     }
@@ -307,6 +322,8 @@ void Engine::Guard(const std::function<void()>& work)
 void Engine::Obey(int turn, const std::function<void(Engine&)>& order)
 {
     turn_ = turn;
+    wires_.isHurried = false;
+    wires_.interrupt.ClearDeadline();
     Guard([&] { order(*this); });
 }
 

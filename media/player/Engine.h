@@ -6,6 +6,7 @@
 #include "media/player/Playback.h"
 #include "media/player/StepAhead.h"
 #include "media/player/StillShelf.h"
+#include <atomic>
 #include <mutex>
 #include <optional>
 
@@ -17,6 +18,10 @@ struct Wires {
     FactSheet facts;
     StillShelf shelf;
     std::shared_ptr<Mailbox> mail;
+
+    /// Cuts short what the engine does on its own account, for an order that is about to come.
+    void Hurry();
+    std::atomic<bool> isHurried = false;
 
     View LookedAt() const;
     void LookAt(const View& view);
@@ -83,6 +88,7 @@ private:
     Time WorkIdle();
     Time WorkPlaying();
     bool ExtendIndex(int frames);
+    bool IsIndexWhole() const { return indexFailure_ || server_->IsComplete(); }
     bool PrepareSteps();
     void TellFacts();
 
@@ -96,7 +102,7 @@ private:
     int turn_ = 0;
     StepAhead steps_;
     bool wantsWholeIndex_ = false;
-    bool isIndexBroken_ = false;
+    std::optional<media::Failure> indexFailure_; ///< why the index cannot grow any more
 };
 
 } // namespace player

@@ -3,6 +3,7 @@
 #include "app/ControlError.h"
 #include "media/player/PictureView.h"
 #include "media/player/TrackingScale.h"
+#include <QPointer>
 #include <system_error>
 
 using namespace player;
@@ -120,6 +121,7 @@ void PlayerControl::Tell(media::Failure failure)
 
 void PlayerControl::Read(const Mail& mail)
 {
+    const QPointer<PlayerControl> self(this);
     if (mail.redrawn && mail.redrawn->number == shown_.number) {
         shown_.screen = mail.redrawn->screen;
         update();
@@ -133,12 +135,13 @@ void PlayerControl::Read(const Mail& mail)
             progress_.Force();
         }
     }
-    // Who listened may have dropped the source.
-    if (session_ && mail.shot && mail.shot->turn == session_->Turn() && mail.shot->number != shown_.number) {
+    // Who listened may have dropped the source, or the player.
+    if (self && session_ && mail.shot && mail.shot->turn == session_->Turn()
+        && mail.shot->number != shown_.number) {
         Adopt(*mail.shot);
         progress_.Offer();
     }
-    if (mail.failure) {
+    if (self && mail.failure) {
         state_ = Stopped;
         Q_EMIT PlayerError(int(*mail.failure));
     }

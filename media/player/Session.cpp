@@ -97,6 +97,7 @@ void Session::Order(CommandQueue::Command command)
 {
     wires_.shelf.Drop();
     const int turn = ++turn_;
+    wires_.Hurry();
     if (!commands_.Push([turn, command = std::move(command)](Engine& engine) { engine.Obey(turn, command); }))
         throw NoAnswer();
 }

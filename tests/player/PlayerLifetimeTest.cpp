@@ -1,6 +1,8 @@
 #include "tests/player/PlayerFixture.h"
+#include "tests/player/SilentServer.h"
 
 #include <QDir>
+#include <QFile>
 
 namespace {
 
@@ -117,4 +119,46 @@ TEST_F(PlayerLifetimeTest, AnotherSourceGivenByAnAnswerToAnEventIsSafe)
     EXPECT_EQ(SeenTag(), 2);
     player_->ResetSource();
     ExpectNothingLeft();
+}
+
+class PlayerOnASilentLineTest : public PlayerLifetimeTest {
+protected:
+    void SetUp() override
+    {
+        QFile file(ClipPath(QStringLiteral("frag.mp4")));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray film = file.readAll();
+        server_ = std::make_unique<SilentServer>(film, film.size() * 3 / 4);
+        player_->SetSourceFile(server_->Address());
+        ASSERT_EQ(player_->SourceKind(), ltmmPlay::FileSource);
+        EXPECT_EQ(Seen(), 0);
+    }
+    void TearDown() override
+    {
+        player_.reset();
+        server_.reset();
+        ExpectNothingLeft();
+    }
+    void PlayIntoTheSilence()
+    {
+        player_->SetRate(5);
+        player_->Run();
+        ASSERT_TRUE(Wait([&] { return player_->CurrentFrame() > 40; }));
+    }
+
+    std::unique_ptr<SilentServer> server_;
+};
+
+TEST_F(PlayerOnASilentLineTest, DyingWhileItWaitsLeavesNothing)
+{
+    PlayIntoTheSilence();
+}
+
+TEST_F(PlayerOnASilentLineTest, PlayingIntoTheSilenceEndsAndKeepsThePlace)
+{
+    PlayIntoTheSilence();
+    ASSERT_TRUE(WaitForEnd());
+    EXPECT_LE(errors_.size(), 1);
+    EXPECT_GT(player_->CurrentFrame(), 40);
+    EXPECT_EQ(Seen(), player_->CurrentFrame());
 }
