@@ -2,13 +2,12 @@
 
 #include "app/ApplicationState.h"
 #include "app/ControlError.h"
+#include "app/CurrentFolder.h"
 #include "app/Frame.h"
 #include "app/Talk.h"
 #include "toolkit/FileDialog.h"
 #include "toolkit/PathText.h"
 #include "video/VideoNames.h"
-
-#include <QDir>
 
 void ShowOpenDialog(Frame& frame, const std::function<void()>& unloadList)
 {
@@ -22,15 +21,17 @@ void ShowOpenDialog(Frame& frame, const std::function<void()>& unloadList)
 
     state.Reload(Key::OldDir);
     if (state.OldDir.isEmpty())
-        state.OldDir = QDir::currentPath();
+        IgnoreErrors([&] { state.OldDir = CurrentFolder(); });
     state.OpenCancelled = false;
     QString chosen;
     IgnoreErrors([&] {
         chosen = frame.Dialogs().AskOpenNames(
             frame.FrameWindow(), QStringLiteral("Open Videos To Capture"), QLatin1String(OpenFilter), state.OldDir);
     });
-    state.OldDir = QDir::currentPath();
-    state.Store(Key::OldDir);
+    IgnoreErrors([&] {
+        state.OldDir = CurrentFolder();
+        state.Store(Key::OldDir);
+    });
     state.OpenCancelled = !ParseMultiFileName(chosen, state.FileFolder, state.FileNames, state.FileCount);
 }
 
@@ -39,12 +40,14 @@ void KeepVideos(ApplicationState& state)
     state.VideoCount = 0;
     state.VideoPath.clear();
     state.Videos = QStringList(state.FileCount + 1);
+    QString folder;
+    IgnoreErrors([&] { folder = CurrentFolder(); });
     for (const QString& name : state.FileNames) {
         if (name.trimmed().isEmpty())
             continue;
         state.NotVideo = !IsVideoName(name);
         if (!state.NotVideo)
-            state.Videos[++state.VideoCount] = QDir::currentPath() + PathText::Separator() + name;
+            state.Videos[++state.VideoCount] = folder + PathText::Separator() + name;
         state.NotVideo = false;
     }
     state.VideoPath = state.Videos.value(1);

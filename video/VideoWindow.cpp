@@ -74,6 +74,7 @@ VideoWindow::VideoWindow(Frame& frame, Transport& transport, const PlayerFactory
 void VideoWindow::Build(const PlayerFactory& makePlayer)
 {
     setObjectName(QStringLiteral("VideoWindow"));
+    setAttribute(Qt::WA_DeleteOnClose);
     BuildHead();
     auto* body = new QWidget(this);
     auto* column = new QVBoxLayout(body);

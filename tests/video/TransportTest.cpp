@@ -1,0 +1,253 @@
+#include "tests/testing/FakeFrame.h"
+#include "toolkit/PositionSlider.h"
+#include "toolkit/StripButton.h"
+#include "video/Transport.h"
+#include "video/TransportPane.h"
+
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+class TransportTest : public testing::Test {
+protected:
+    FakeFrame frame;
+    ApplicationState& state = frame.state;
+    FakePlayer& player = frame.player;
+    TransportPane pane;
+    int opened = 0;
+    Transport transport { pane, frame, [this] { ++opened; } };
+
+    void SetUp() override
+    {
+        state.VideoPath = QStringLiteral("/films/a.avi");
+        player.file = state.VideoPath;
+        state.VideoExt = QStringLiteral(".avi");
+        pane.show();
+        transport.EnableVideoControls(true);
+    }
+
+    static void Click(QWidget* button) { QTest::mouseClick(button, Qt::LeftButton); }
+    QString Status(StatusLabel label) const { return frame.status.value(label); }
+};
+
+}
+
+TEST_F(TransportTest, PlayResetsTheSelectionStartWithoutAMark)
+{
+    player.selectionStart = 3;
+    Click(pane.Cmd2[PlayButton]);
+    EXPECT_EQ(player.state, ltmmPlay::Running);
+    EXPECT_EQ(player.selectionStart, 0);
+    EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("Reset"));
+}
+
+TEST_F(TransportTest, PlayKeepsTheSelectionStartWithAMark)
+{
+    player.selectionStart = 3;
+    state.MarksSet = true;
+    Click(pane.Cmd2[PlayButton]);
+    EXPECT_EQ(player.state, ltmmPlay::Running);
+    EXPECT_EQ(player.selectionStart, 3);
+    EXPECT_EQ(Status(StatusLabel::Operation), QString());
+}
+
+TEST_F(TransportTest, PauseTogglesAndTellsSo)
+{
+    player.state = ltmmPlay::Running;
+    Click(pane.Cmd2[PauseButton]);
+    EXPECT_EQ(player.state, ltmmPlay::Paused);
+    EXPECT_EQ(pane.Cmd2[PauseButton]->Value(), 1);
+    EXPECT_EQ(Status(StatusLabel::Flashing), QStringLiteral("Paused"));
+    Click(pane.Cmd2[PauseButton]);
+    EXPECT_EQ(player.state, ltmmPlay::Running);
+    EXPECT_EQ(pane.Cmd2[PauseButton]->Value(), 0);
+    EXPECT_EQ(Status(StatusLabel::Flashing), QStringLiteral("Auto"));
+}
+
+TEST_F(TransportTest, FrameButtonsStepOneFrame)
+{
+    player.frame = 10;
+    Click(pane.Cmd2[FrameForwardButton]);
+    EXPECT_EQ(player.frame, 11);
+    Click(pane.Cmd2[FrameBackButton]);
+    Click(pane.Cmd2[FrameBackButton]);
+    EXPECT_EQ(player.frame, 9);
+}
+
+TEST_F(TransportTest, AWmvMovesByTenOnTheTrackingScale)
+{
+    state.VideoExt = QStringLiteral(".wmv");
+    player.frameCount = 10001;
+    player.frame = 100;
+    Click(pane.Cmd2[FrameForwardButton]);
+    EXPECT_EQ(player.frame, 110);
+    Click(pane.Cmd2[FrameBackButton]);
+    EXPECT_EQ(player.frame, 100);
+}
+
+TEST_F(TransportTest, SeekButtonsFollowWhatThePlayerCanDo)
+{
+    player.capabilities = ltmmPlay::ToEnd;
+    transport.EnableVideoControls(true);
+    EXPECT_FALSE(pane.Cmd3[SeekStartButton]->isEnabled());
+    EXPECT_TRUE(pane.Cmd3[SeekEndButton]->isEnabled());
+    EXPECT_FALSE(pane.Cmd3[MarkStartButton]->isEnabled());
+    player.capabilities = ltmmPlay::MarkEnd;
+    transport.EnableVideoControls(true);
+    EXPECT_TRUE(pane.Cmd3[MarkStartButton]->isEnabled());
+    EXPECT_TRUE(pane.Cmd3[MarkEndButton]->isEnabled());
+}
+
+TEST_F(TransportTest, WithoutAVideoNothingCanBePressedButWhatIsDown)
+{
+    player.file.clear();
+    player.capabilities = 0;
+    transport.SetSoundOn();
+    pane.Cmd3[LoopButton]->SetValue(1);
+    transport.EnableVideoControls(false);
+    EXPECT_FALSE(pane.Cmd2[PlayButton]->isEnabled());
+    EXPECT_FALSE(pane.Cmd3[AutoRewindButton]->isEnabled());
+    EXPECT_TRUE(pane.Cmd3[LoopButton]->isEnabled()) << "down, so it keeps its state";
+    EXPECT_FALSE(pane.Cmd3[SoundButton]->isEnabled());
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::Operation, true));
+}
+
+TEST_F(TransportTest, AMarkIsSetAndClearedByItsButton)
+{
+    player.frame = 50;
+    Click(pane.Cmd3[MarkStartButton]);
+    EXPECT_EQ(player.selectionStart, 2.0);
+    EXPECT_TRUE(state.MarksSet);
+    EXPECT_EQ(pane.Cmd3[MarkStartButton]->Value(), 1);
+    EXPECT_EQ(pane.Cmd3[MarkStartButton]->toolTip(), QStringLiteral(" Start Selection Marked "));
+    player.frame = 75;
+    Click(pane.Cmd3[MarkEndButton]);
+    EXPECT_EQ(player.selectionEnd, 3.0);
+    EXPECT_EQ(pane.Cmd3[MarkEndButton]->toolTip(), QStringLiteral(" End Selection Marked "));
+
+    Click(pane.Cmd3[MarkEndButton]);
+    EXPECT_EQ(player.selectionStart, 0.0);
+    EXPECT_EQ(player.selectionEnd, player.Duration());
+    EXPECT_FALSE(state.MarksSet);
+    EXPECT_TRUE(state.MarksCleared);
+    EXPECT_EQ(pane.Cmd3[MarkStartButton]->Value(), 0);
+    EXPECT_EQ(pane.Cmd3[MarkEndButton]->Value(), 0);
+    EXPECT_EQ(pane.Cmd3[MarkStartButton]->toolTip(), QStringLiteral(" Cleared Marked Selection "));
+}
+
+TEST_F(TransportTest, AMarkButtonWithoutAVideoDoesNothingAndKeepsItsValue)
+{
+    state.VideoPath.clear();
+    Click(pane.Cmd3[MarkStartButton]);
+    EXPECT_FALSE(state.MarksSet);
+    EXPECT_EQ(pane.Cmd3[MarkStartButton]->Value(), 0);
+}
+
+TEST_F(TransportTest, MarksWaitForTheSliderAfterAnOpen)
+{
+    transport.ForgetMarks();
+    for (const SeekButton button : { MarkStartButton, MarkEndButton })
+        pane.Cmd3[button]->setEnabled(false);
+    transport.Scroll(5000);
+    EXPECT_TRUE(pane.Cmd3[MarkStartButton]->isEnabled());
+    EXPECT_TRUE(pane.Cmd3[MarkEndButton]->isEnabled());
+    EXPECT_FALSE(state.MarksCleared);
+}
+
+TEST_F(TransportTest, LatchingButtonsDoWhatTheirValueSays)
+{
+    Click(pane.Cmd3[AutoRewindButton]);
+    EXPECT_TRUE(player.autoRewind);
+    EXPECT_EQ(pane.Cmd3[AutoRewindButton]->toolTip(), QStringLiteral(" Auto Rewind ON "));
+    Click(pane.Cmd3[AutoRewindButton]);
+    EXPECT_FALSE(player.autoRewind);
+    EXPECT_EQ(pane.Cmd3[AutoRewindButton]->toolTip(), QStringLiteral(" Auto Rewind OFF "));
+
+    Click(pane.Cmd3[LoopButton]);
+    EXPECT_EQ(player.playCount, 0);
+    EXPECT_EQ(pane.Cmd3[LoopButton]->toolTip(), QStringLiteral(" Loop ON "));
+    Click(pane.Cmd3[LoopButton]);
+    EXPECT_EQ(player.playCount, 1);
+    EXPECT_EQ(pane.Cmd3[LoopButton]->toolTip(), QStringLiteral(" Loop OFF "));
+
+    transport.SetSoundOn();
+    Click(pane.Cmd3[SoundButton]);
+    EXPECT_TRUE(player.mute);
+    EXPECT_EQ(pane.Cmd3[SoundButton]->toolTip(), QStringLiteral(" Sound OFF "));
+    Click(pane.Cmd3[SoundButton]);
+    EXPECT_FALSE(player.mute);
+    EXPECT_EQ(pane.Cmd3[SoundButton]->toolTip(), QStringLiteral(" Sound ON "));
+}
+
+TEST_F(TransportTest, ARefusedRateIsToldInTheTipAndBecomesOne)
+{
+    player.rate = 0.05;
+    pane.speedbtn[DecreaseRateButton]->setEnabled(true);
+    Click(pane.speedbtn[DecreaseRateButton]);
+    EXPECT_EQ(player.rate, 1.0);
+    player.rate = 0.05;
+    Click(pane.speedbtn[DecreaseRateButton]);
+    EXPECT_EQ(player.rate, 1.0);
+    EXPECT_TRUE(pane.speedbtn[DecreaseRateButton]->toolTip().endsWith(QStringLiteral(" Rate not supported  -")));
+}
+
+TEST_F(TransportTest, TheSliderSeeksAndShowsItsOwnPercent)
+{
+    player.frameCount = 10001;
+    transport.Scroll(10000);
+    EXPECT_EQ(player.frame, 10000);
+    EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("100%"));
+    EXPECT_EQ(Status(StatusLabel::Position), QStringLiteral("00:06:40  -  00:06:40"));
+    transport.Scroll(99);
+    EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("0%"));
+}
+
+TEST_F(TransportTest, ASelectionWithAnEndBelowItsStartShowsNoLength)
+{
+    transport.ShowSelection(500, 200);
+    EXPECT_EQ(pane.trkPosition->SelStart(), 500);
+    EXPECT_EQ(pane.trkPosition->SelLength(), 0);
+}
+
+TEST_F(TransportTest, PreviousAndNextWrapOverAllSelectedFiles)
+{
+    state.Videos = { QString(), QStringLiteral("/f/1.avi"), QStringLiteral("/f/2.avi"), QString() };
+    state.VideoCount = 2;
+    state.FileCount = 3;
+    state.ListIndex = 1;
+    state.FirstOfList = false;
+    transport.StartVideo();
+    Click(pane.CmdList[NextVideoButton]);
+    EXPECT_EQ(state.VideoPath, QStringLiteral("/f/2.avi"));
+    EXPECT_TRUE(state.FromList);
+    EXPECT_EQ(state.CaptureName, state.VideoPath);
+    Click(pane.CmdList[NextVideoButton]);
+    EXPECT_EQ(state.VideoPath, QString()) << "the third file was no video";
+    Click(pane.CmdList[NextVideoButton]);
+    EXPECT_EQ(state.ListIndex, 1);
+    Click(pane.CmdList[PreviousVideoButton]);
+    EXPECT_EQ(state.ListIndex, 3);
+    EXPECT_EQ(opened, 4);
+}
+
+TEST_F(TransportTest, TheFirstStepInAFreshListPlaysEntryOne)
+{
+    state.Videos = { QString(), QStringLiteral("/f/1.avi"), QStringLiteral("/f/2.avi") };
+    state.VideoCount = state.FileCount = 2;
+    state.FirstOfList = true;
+    transport.WalkList(+1);
+    EXPECT_EQ(state.VideoPath, QStringLiteral("/f/1.avi"));
+    EXPECT_FALSE(state.FirstOfList);
+}
+
+TEST_F(TransportTest, OneVideoCannotBeWalked)
+{
+    state.VideoCount = 1;
+    transport.StartVideo();
+    EXPECT_FALSE(pane.CmdList[PreviousVideoButton]->isEnabled());
+    EXPECT_FALSE(pane.CmdList[NextVideoButton]->isEnabled());
+    state.VideoCount = 2;
+    transport.StartVideo();
+    EXPECT_TRUE(pane.CmdList[NextVideoButton]->isEnabled());
+}

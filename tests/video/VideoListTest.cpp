@@ -1,0 +1,26 @@
+#include "tests/testing/FakeFrame.h"
+#include "video/VideoList.h"
+
+#include <QListWidget>
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+TEST(VideoList, AClickOpensTheEntryAsChosenFromTheList)
+{
+    FakeFrame frame;
+    frame.state.Videos = { QString(), QStringLiteral("/f/1.avi"), QStringLiteral("/f/2.avi"), QString() };
+    frame.state.VideoCount = 2;
+    auto* list = new VideoList(frame);
+    list->show();
+    auto* entries = list->findChild<QListWidget*>(QStringLiteral("VidList"));
+    ASSERT_EQ(entries->count(), 2);
+    EXPECT_EQ(entries->item(1)->text(), QStringLiteral("/f/2.avi"));
+    QSignalSpy chosen(list, &VideoList::VideoChosen);
+    QTest::mouseClick(entries->viewport(), Qt::LeftButton, {}, entries->visualItemRect(entries->item(1)).center());
+    EXPECT_EQ(chosen.size(), 1);
+    EXPECT_EQ(frame.state.VideoPath, QStringLiteral("/f/2.avi"));
+    EXPECT_EQ(frame.state.CaptureName, frame.state.VideoPath);
+    EXPECT_TRUE(frame.state.FromList);
+    delete list;
+}

@@ -1,0 +1,259 @@
+#include "tests/testing/FakeFrame.h"
+#include "toolkit/PositionSlider.h"
+#include "toolkit/StripButton.h"
+#include "toolkit/TitleStrip.h"
+#include "video/Transport.h"
+#include "video/TransportPane.h"
+#include "video/VideoWindow.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A frame whose current player is the video window's own.
+class OneVideoFrame : public FakeFrame {
+public:
+    ltmmPlay& CurrentPlayer() override { return *own; }
+    FakePlayer* own = nullptr;
+};
+
+class VideoWindowTest : public testing::Test {
+protected:
+    OneVideoFrame frame;
+    ApplicationState& state = frame.state;
+    TransportPane pane;
+    FakePlayer spare;
+    std::unique_ptr<Transport> transport;
+    QPointer<VideoWindow> window;
+
+    void SetUp() override
+    {
+        frame.own = &spare; // asked for while the window is being made
+        transport = std::make_unique<Transport>(pane, frame, [] {});
+        window = new VideoWindow(frame, *transport, [this](QWidget* parent) { return frame.own = new FakePlayer(parent); });
+        frame.own->size = QSize(640, 360);
+        window->show();
+        pane.show();
+        QDir::setCurrent(frame.folder.path());
+    }
+    void TearDown() override
+    {
+        delete window;
+        QDir::setCurrent(QDir::rootPath());
+    }
+
+    FakePlayer& Player() { return *frame.own; }
+    void Open(const QStringList& names)
+    {
+        state.FileNames = names;
+        state.FileCount = int(names.size());
+        window->OpenVideo();
+    }
+    QString Status(StatusLabel label) const { return frame.status.value(label); }
+};
+
+}
+
+TEST_F(VideoWindowTest, TheWindowTakesTheSizeOfTheVideo)
+{
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_EQ(Player().file, frame.folder.filePath(QStringLiteral("a.avi")));
+    EXPECT_EQ(window->size(), QSize(640 + 10, 360 + 33));
+    EXPECT_EQ(Player().QWidget::size(), QSize(640, 360));
+}
+
+TEST_F(VideoWindowTest, OpeningResetsThePlayerAndNeverPlays)
+{
+    Player().state = ltmmPlay::Running;
+    Player().displaySize = ltmmPlay::StretchToWindow;
+    pane.Cmd2[PauseButton]->SetValue(1);
+    pane.Cmd3[MarkStartButton]->SetValue(1);
+    state.MarksSet = true;
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_EQ(Player().state, ltmmPlay::Stopped);
+    EXPECT_EQ(Player().displaySize, ltmmPlay::Normal);
+    EXPECT_EQ(pane.Cmd2[PauseButton]->Value(), 0);
+    EXPECT_EQ(pane.Cmd3[MarkStartButton]->Value(), 0);
+    EXPECT_EQ(pane.Cmd3[MarkEndButton]->toolTip(), QStringLiteral(" Cleared Marked Selection "));
+    EXPECT_FALSE(state.MarksSet);
+    EXPECT_TRUE(state.MarksCleared);
+    EXPECT_EQ(pane.trkPosition->Max(), 10000);
+    EXPECT_EQ(pane.trkPosition->Value(), 0);
+    EXPECT_TRUE(pane.Cmd2[PlayButton]->isEnabled());
+}
+
+TEST_F(VideoWindowTest, ASelectionOfOnlyTextFilesLeavesTheTransportDisabled)
+{
+    Open({ QStringLiteral("a.txt"), QStringLiteral("b.doc") });
+    EXPECT_EQ(state.VideoPath, QString());
+    EXPECT_EQ(Player().file, QString());
+    EXPECT_FALSE(pane.Cmd2[PlayButton]->isEnabled());
+    EXPECT_FALSE(pane.CmdList[NextVideoButton]->isEnabled());
+}
+
+TEST_F(VideoWindowTest, AnMpegFileAskedIntoMemoryEndsWithAnEmptyPlayer)
+{
+    state.LoadVid = true;
+    for (const QString& name : { QStringLiteral("a.mpg"), QStringLiteral("a.mpeg") }) {
+        Open({ name });
+        EXPECT_EQ(Player().SourceKind(), ltmmPlay::NoSource) << name.toStdString();
+    }
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_EQ(Player().SourceKind(), ltmmPlay::FileSource);
+}
+
+TEST_F(VideoWindowTest, AWmvSaysThatItStreams)
+{
+    Open({ QStringLiteral("a.WMV") });
+    EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("Streaming video"));
+    EXPECT_EQ(Status(StatusLabel::Position), QStringLiteral(", please wait for video to play"));
+}
+
+TEST_F(VideoWindowTest, SavingWithoutCaptureSwapsTheTwoButtons)
+{
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_TRUE(frame.enabled.value(Command::Capture));
+    EXPECT_FALSE(frame.enabled.value(Command::Save));
+    state.NoCap = true;
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_FALSE(frame.enabled.value(Command::Capture));
+    EXPECT_TRUE(frame.enabled.value(Command::Save));
+}
+
+TEST_F(VideoWindowTest, TheListIsWantedWhenSeveralVideosWereSelectedAndItMayOpen)
+{
+    QSignalSpy wanted(window, &VideoWindow::ListWanted);
+    state.OpenVidList = true;
+    Open({ QStringLiteral("a.avi"), QStringLiteral("b.avi") });
+    state.OpenVidList = false;
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_EQ(wanted.size(), 0);
+    Open({ QStringLiteral("a.avi"), QStringLiteral("b.avi") });
+    EXPECT_EQ(wanted.size(), 1);
+}
+
+TEST_F(VideoWindowTest, TheTitleIsThePathOrTheNameAlone)
+{
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_EQ(window->Head().Title(), frame.folder.filePath(QStringLiteral("a.avi")));
+    state.NameFull = true;
+    state.Store(Key::NameFull);
+    window->UpdateVideoTitle();
+    EXPECT_EQ(window->Head().Title(), QStringLiteral("a.avi"));
+    EXPECT_EQ(state.VideoFolder, frame.folder.path());
+}
+
+TEST_F(VideoWindowTest, AnEntryOfTheListIsOpenedWithoutBuildingTheListAgain)
+{
+    Open({ QStringLiteral("a.avi"), QStringLiteral("b.avi") });
+    state.VideoPath = state.Videos.value(2);
+    state.FromList = true;
+    window->OpenVideo();
+    EXPECT_EQ(Player().file, frame.folder.filePath(QStringLiteral("b.avi")));
+    EXPECT_EQ(state.VideoCount, 2);
+    EXPECT_FALSE(state.FromList);
+}
+
+TEST_F(VideoWindowTest, ProgressIsToldInTheLabels)
+{
+    Open({ QStringLiteral("a.avi") });
+    Player().frame = 50;
+    Q_EMIT Player().PlaybackProgress(5049);
+    EXPECT_EQ(pane.trkPosition->Value(), 5049);
+    EXPECT_EQ(Status(StatusLabel::Percent), QStringLiteral("50%"));
+    EXPECT_EQ(Status(StatusLabel::Position), QStringLiteral("00:00:02  -  00:00:04  Time"));
+    EXPECT_EQ(Status(StatusLabel::FrameNumber), QStringLiteral("Frame: 50"));
+    Q_EMIT Player().PositionChanged();
+    EXPECT_EQ(Status(StatusLabel::Position), QStringLiteral("00:00:02  -  00:00:04"));
+}
+
+TEST_F(VideoWindowTest, ATimedCaptureEndsAtExactlyHundredPercent)
+{
+    Open({ QStringLiteral("a.avi") });
+    state.CaptureTime = true;
+    Q_EMIT Player().PlaybackProgress(9900);
+    EXPECT_FALSE(window->EndReached);
+    EXPECT_TRUE(frame.statusShown.value(StatusLabel::AutoCapture));
+    Q_EMIT Player().PlaybackProgress(10000);
+    EXPECT_TRUE(window->EndReached);
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::Flashing));
+    EXPECT_FALSE(frame.enabled.value(Command::Cancel));
+}
+
+TEST_F(VideoWindowTest, WithoutATrackingScaleTheLabelsStay)
+{
+    Open({ QStringLiteral("a.avi") });
+    Q_EMIT Player().PlaybackProgress(100);
+    const QString before = Status(StatusLabel::Percent);
+    Player().file.clear();
+    Q_EMIT Player().PlaybackProgress(200);
+    EXPECT_EQ(Status(StatusLabel::Percent), before);
+}
+
+TEST_F(VideoWindowTest, APlayerErrorIsToldWithItsCodeAndThenTheHint)
+{
+    frame.errors.Expect(QStringLiteral("Error Abort"),
+        QStringLiteral("Abort, Error Playing.     Error Code: Reason 5.  Or file is not complete, or it is corrupt"));
+    Q_EMIT Player().PlayerError(5);
+    EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("Abort"));
+}
+
+TEST_F(VideoWindowTest, SilencedErrorsPassWithoutAWord)
+{
+    state.ShowPlayerErrors = false;
+    Q_EMIT Player().PlayerError(5);
+    EXPECT_EQ(Status(StatusLabel::Operation), QString());
+}
+
+TEST_F(VideoWindowTest, EscapeTogglesFullScreenAndNoOtherKeyDoes)
+{
+    Q_EMIT Player().KeyReleased(Qt::Key_Space);
+    EXPECT_FALSE(Player().fullScreen);
+    Q_EMIT Player().KeyReleased(Qt::Key_Escape);
+    EXPECT_TRUE(Player().fullScreen);
+    Q_EMIT Player().KeyReleased(Qt::Key_Escape);
+    EXPECT_FALSE(Player().fullScreen);
+}
+
+TEST_F(VideoWindowTest, TheSizePopupSetsTheDisplaySizeAndTheCaptions)
+{
+    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Image1")), Qt::LeftButton);
+    EXPECT_EQ(state.PopupKind, 1);
+    EXPECT_EQ(frame.log.last(5),
+        (QStringList { QStringLiteral("  Normal Video Size"), QStringLiteral("  Three Quarter"),
+            QStringLiteral("  Half Size"), QStringLiteral("  Double Size"), QStringLiteral("  Close Captioning") }));
+    for (const auto& [item, mode] : { std::pair(0, ltmmPlay::Normal), { 1, ltmmPlay::ThreeQuarters }, { 2, ltmmPlay::Half },
+             { 3, ltmmPlay::Double } }) {
+        frame.chosenInMenus(item);
+        EXPECT_EQ(Player().displaySize, mode);
+    }
+    frame.chosenInMenus(4);
+    EXPECT_TRUE(Player().closedCaption);
+}
+
+TEST_F(VideoWindowTest, TheCloseButtonStopsThePlayerAndLeavesNoVideo)
+{
+    Open({ QStringLiteral("a.avi") });
+    pane.Cmd3[LoopButton]->SetValue(1);
+    bool wasClosingWhenPumped = false;
+    frame.whenPumped = [&] { wasClosingWhenPumped = window->Closing; };
+    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Cmds(0)")), Qt::LeftButton);
+    EXPECT_TRUE(wasClosingWhenPumped) << "a running capture can see it";
+    EXPECT_FALSE(state.VideoOpen);
+    EXPECT_EQ(state.VideoCount, 0);
+    EXPECT_TRUE(state.ExitRequested);
+    EXPECT_FALSE(pane.isVisible());
+    EXPECT_EQ(pane.Cmd3[LoopButton]->Value(), 0);
+    EXPECT_FALSE(frame.enabled.value(Command::Capture));
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::AutoCapture));
+}
+
+TEST_F(VideoWindowTest, ATinyVideoGrowsToEightHundredTwipsAfterAResize)
+{
+    Player().size = QSize(4, 4);
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window->width() >= 54 && window->height() >= 53; }, 10000));
+}

@@ -1,0 +1,124 @@
+#include "tests/testing/FakeFrame.h"
+#include "toolkit/TitleStrip.h"
+#include "viewers/Viewer.h"
+
+#include <QDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+class ViewerTest : public testing::Test {
+protected:
+    FakeFrame frame;
+    ApplicationState& state = frame.state;
+
+    void SetUp() override
+    {
+        frame.clipboard.picture = QImage(120, 90, QImage::Format_BGR888);
+        frame.clipboard.picture.fill(Qt::red);
+    }
+    std::unique_ptr<Viewer> Open()
+    {
+        auto viewer = std::make_unique<Viewer>(frame);
+        viewer->setAttribute(Qt::WA_DeleteOnClose, false);
+        viewer->show();
+        return viewer;
+    }
+};
+
+}
+
+TEST_F(ViewerTest, WindowsAreNumberedOneApartAndNumbersAreNeverGivenAgain)
+{
+    const auto first = Open();
+    auto second = Open();
+    EXPECT_EQ(first->Head().Title(), QStringLiteral("Capture Window 1"));
+    EXPECT_EQ(second->Head().Title(), QStringLiteral("Capture Window 2"));
+    second->close();
+    EXPECT_EQ(Open()->Head().Title(), QStringLiteral("Capture Window 3"));
+}
+
+TEST_F(ViewerTest, TheWindowIsThePictureAndItsRoom)
+{
+    const auto viewer = Open();
+    EXPECT_EQ(viewer->size(), QSize(120 + 63, 90 + 34));
+    EXPECT_GE(viewer->Picture().width(), 120);
+    EXPECT_GE(viewer->Picture().height(), 90);
+    EXPECT_TRUE(frame.enabled.value(Command::Save));
+    EXPECT_TRUE(frame.enabled.value(Command::Print));
+}
+
+TEST_F(ViewerTest, AClipboardWithoutAPictureOpensAnEmptyWindow)
+{
+    frame.clipboard.picture = {};
+    const auto viewer = Open();
+    EXPECT_TRUE(viewer->Picture().Bitmap().isNull());
+}
+
+TEST_F(ViewerTest, APickedThumbnailReplacesWhatTheClipboardHolds)
+{
+    state.SelectedBitmap = QImage(40, 30, QImage::Format_BGR888);
+    state.SelectedBitmap.fill(Qt::blue);
+    state.UseSelectedBitmap = true;
+    const auto viewer = Open();
+    EXPECT_EQ(viewer->Picture().Bitmap(), state.SelectedBitmap);
+    EXPECT_FALSE(state.UseSelectedBitmap);
+}
+
+TEST_F(ViewerTest, ThePictureIsHeldOnce)
+{
+    const auto viewer = Open();
+    EXPECT_EQ(viewer->Picture().Bitmap().constBits(), frame.clipboard.picture.constBits());
+    EXPECT_EQ(viewer->ClipPic().constBits(), frame.clipboard.picture.constBits());
+}
+
+TEST_F(ViewerTest, TheLeftButtonZoomsInByTenAndTheRightOut)
+{
+    const auto viewer = Open();
+    Lead& picture = viewer->Picture();
+    QTest::mouseClick(&picture, Qt::LeftButton);
+    EXPECT_EQ(picture.PaintZoomFactor(), 110);
+    QTest::mouseClick(&picture, Qt::RightButton);
+    QTest::mouseClick(&picture, Qt::RightButton);
+    EXPECT_EQ(picture.PaintZoomFactor(), 90);
+    QTest::mouseClick(&picture, Qt::MiddleButton);
+    EXPECT_EQ(picture.PaintZoomFactor(), 90);
+    EXPECT_EQ(picture.ScaleMode(), int(Lead::ScalePixels));
+}
+
+TEST_F(ViewerTest, TheSaveButtonSaysFrameSaved)
+{
+    state.AutoSave = true;
+    state.AutoDir = true;
+    const auto viewer = Open();
+    frame.activeForm = viewer.get();
+    frame.activeCapture = &viewer->Picture();
+    QTest::mouseClick(viewer->findChild<QWidget*>(QStringLiteral("Cmds(6)")), Qt::LeftButton);
+    EXPECT_EQ(frame.status.value(StatusLabel::Operation), QStringLiteral("Frame Saved"));
+    EXPECT_TRUE(QFile::exists(frame.folder.filePath(QStringLiteral("AutoSave/auto1.bmp"))));
+}
+
+TEST_F(ViewerTest, WithNoCapAFileIsWrittenBeforeTheWindowShowsItsPicture)
+{
+    state.NoCap = true;
+    const auto viewer = Open();
+    EXPECT_TRUE(QFile::exists(frame.folder.filePath(QStringLiteral("AutoSave/auto1.bmp"))));
+    EXPECT_EQ(frame.player.stillsGiven, 1);
+}
+
+TEST_F(ViewerTest, AFailureWhileThePictureIsLoadedIsTold)
+{
+    state.NoCap = true;
+    frame.player.failsStills = true;
+    frame.errors.Expect(QStringLiteral("Error Opening Capture!"), QStringLiteral("Error opening clipboard capture."));
+    Open();
+}
+
+TEST_F(ViewerTest, ClosingTakesTheWindowOutOfTheKidTable)
+{
+    const auto viewer = Open();
+    EXPECT_EQ(frame.log.count(QStringLiteral("AddKid")), 1);
+    viewer->close();
+    EXPECT_EQ(frame.log.count(QStringLiteral("RemoveKid")), 1);
+}
