@@ -14,7 +14,6 @@ using namespace std::chrono_literals;
 constexpr auto OpenLimit = 10s;
 constexpr auto AddressLimit = 15s;
 constexpr auto PictureLimit = 5s;
-constexpr auto HurryLimit = 300ms; // a decoding in its normal course is through by then
 constexpr auto IndexLimit = 5s; // for the index to reach the place that a call asks for
 constexpr int IndexSlice = 512; // pictures, read between two looks at the commands
 constexpr int PlayingSlice = 32;
@@ -22,36 +21,6 @@ constexpr auto SpareTime = 5ms; // a pause this long while playing is used for t
 constexpr double LongestLastPicture = 10; // seconds; durations in files are no promise
 
 } // namespace
-
-void Wires::Hurry()
-{
-    isHurried = true;
-    interrupt.SetDeadline(media::Interrupt::Clock::now() + HurryLimit);
-}
-
-View Wires::LookedAt() const
-{
-    const std::lock_guard lock(mutex_);
-    return view_;
-}
-
-void Wires::LookAt(const View& view)
-{
-    const std::lock_guard lock(mutex_);
-    view_ = view;
-}
-
-void Wires::OrderRedraw(const Shot& shot)
-{
-    const std::lock_guard lock(mutex_);
-    redraw_ = shot;
-}
-
-std::optional<Shot> Wires::TakeRedraw()
-{
-    const std::lock_guard lock(mutex_);
-    return std::exchange(redraw_, std::nullopt);
-}
 
 /// Extends the index as the playing comes near its end.
 class Engine::ServerTimeline : public Timeline {

@@ -149,9 +149,14 @@ protected:
     std::unique_ptr<SilentServer> server_;
 };
 
-TEST_F(PlayerOnASilentLineTest, DyingWhileItWaitsLeavesNothing)
+TEST_F(PlayerOnASilentLineTest, WhatCameCanBePausedSoughtAndLeft)
 {
     PlayIntoTheSilence();
+    player_->Pause();
+    EXPECT_EQ(player_->State(), ltmmPlay::Paused);
+    player_->SetCurrentFrame(10);
+    EXPECT_EQ(Seen(), 10);
+    player_->Run();
 }
 
 TEST_F(PlayerOnASilentLineTest, PlayingIntoTheSilenceEndsAndKeepsThePlace)

@@ -1,0 +1,93 @@
+// How the player control goes to a place.
+#include "app/ControlError.h"
+#include "media/player/PlayerControl.h"
+#include "media/player/TrackingScale.h"
+
+using namespace player;
+
+namespace {
+
+ControlError NoVideo()
+{
+    return ControlError(QStringLiteral("There is no video to step through."));
+}
+
+} // namespace
+
+void PlayerControl::SetCurrentPosition(double seconds)
+{
+    Go([&] { return session_->SeekTime(seconds); });
+}
+
+void PlayerControl::SeekStart()
+{
+    Go([&] { return session_->Seek(0, media::Purpose::Jump); });
+}
+
+void PlayerControl::SeekEnd()
+{
+    const bool arrived = Go([&] { return session_->SeekEnd(); });
+    if (!arrived)
+        return;
+    trackingPut_ = TrackingScale::Max;
+    progress_.Force();
+}
+
+void PlayerControl::SetTrackingPosition(int position)
+{
+    position = std::clamp(position, 0, TrackingScale::Max);
+    if (Go([&] { return session_->SeekTime(TrackingScale::ToSeconds(position, Duration())); }))
+        trackingPut_ = position;
+}
+
+/// Seeks for a caller that is not told of failures but by PlayerError.
+bool PlayerControl::Go(const std::function<Shot()>& seek)
+{
+    if (!session_)
+        return false;
+    strides_.Forget();
+    try {
+        Arrive(seek());
+        return true;
+    } catch (const media::MediaError& error) {
+        Tell(error.failure);
+        return false;
+    }
+}
+
+void PlayerControl::SetCurrentFrame(int frame)
+{
+    if (!session_)
+        throw NoVideo();
+    strides_.Sought(frame);
+    try {
+        const std::optional<Shot> ready = state_ == Running ? std::nullopt : session_->FromShelf(frame);
+        Arrive(ready ? *ready : session_->Seek(frame, media::Purpose::Jump));
+    } catch (const media::MediaError& error) {
+        throw ControlError(media::FailureText(error.failure));
+    }
+}
+
+void PlayerControl::NextFrame()
+{
+    Step(1);
+}
+
+void PlayerControl::PreviousFrame()
+{
+    Step(-1);
+}
+
+void PlayerControl::Step(int frames)
+{
+    if (!session_)
+        throw NoVideo();
+    strides_.Forget();
+    if (state_ == Running)
+        Halt(Paused);
+    try {
+        Arrive(session_->Seek(std::max(shown_.number + frames, 0), media::Purpose::Step));
+    } catch (const media::MediaError& error) {
+        throw ControlError(media::FailureText(error.failure));
+    }
+}
