@@ -16,6 +16,7 @@ constexpr auto IndexAtOpen = std::chrono::milliseconds(100);
 constexpr int RestartCost =
     4; ///< packets that a restarted decoder takes in before the first picture comes out
 constexpr int MostEntries = 8; ///< tried for one picture
+constexpr int MostStandIns = 64; ///< pictures looked at for one that stands in for a lost one
 constexpr int Everything = INT_MAX;
 
 /// A picture that is wanted, and what may be left out and kept on the way to it.
@@ -124,7 +125,12 @@ std::unique_ptr<FrameServer> FrameServer::Open(
 
 void FrameServerPrivate::ExtendIndex(int frames)
 {
-    while (index_.Frames() < frames && !interrupt_.IsDue() && index_.Extend()) { }
+    try {
+        while (index_.Frames() < frames && !interrupt_.IsDue() && index_.Extend()) { }
+    } catch (const MediaError& error) {
+        if (error.failure != Failure::TimedOut)
+            throw;
+    }
 }
 
 double FrameServerPrivate::Duration() const
@@ -218,7 +224,7 @@ Picture FrameServerPrivate::Reach(const Goal& goal)
 /// A picture that the decoder does not give keeps its number and looks like the one before it.
 Picture FrameServerPrivate::NearestBefore(const Goal& goal)
 {
-    for (int number = goal.number - 1; number >= 0; --number) {
+    for (int number = goal.number - 1; number >= std::max(0, goal.number - MostStandIns); --number) {
         RestartAt(index_.EntryFor(number, Everything));
         const Goal before { .number = number, .keepFrom = number };
         if (const Picture picture = Pursue(before, false); !picture.IsNull())
@@ -248,7 +254,7 @@ void FrameServerPrivate::RestartAt(int entry)
 Picture FrameServerPrivate::Pursue(const Goal& goal, bool mayDrain)
 {
     do {
-        const Picture picture = Receive(goal);
+        Picture picture = Receive(goal);
         if (!picture.IsNull() || out_ >= goal.number || isTainted_)
             return picture;
         ThrowIfDue();

@@ -110,7 +110,7 @@ enum class Purpose {
 
 /// Bytes that a server may keep.
 struct Limits {
-    qsizetype pictures = 256 * 1024 * 1024; ///< decoded
+    qsizetype pictures = qsizetype(256) << 20; ///< decoded
     qsizetype packets =
         192 * 1024 * 1024; ///< as stored in the file; what does not fit is read again when needed
 };

@@ -136,14 +136,13 @@ void MediaSource::Open()
     ChooseVideo();
     MakeFilter();
     openBy_ = Interrupt::Clock::time_point::max();
-    endedWell_ = true;
 }
 
 void MediaSource::Configure(AVFormatContext& format)
 {
     format.interrupt_callback = { &MediaSource::IsDue, this };
     format.probesize = 5'000'000;
-    format.max_analyze_duration = 5 * AV_TIME_BASE;
+    format.max_analyze_duration = int64_t(5) * AV_TIME_BASE;
     format.max_streams = int(MaxStreams);
 }
 
@@ -203,10 +202,8 @@ PacketPtr MediaSource::ReadFromContainer()
         ThrowIfDue();
         if (error == AVERROR(EAGAIN))
             continue;
-        if (error < 0) {
-            endedWell_ = error == AVERROR_EOF && !format_->pb->error;
+        if (error < 0)
             return nullptr;
-        }
         if (packet->stream_index == int(stream_) && packet->size > 0)
             return packet;
         av_packet_unref(packet.get());

@@ -38,8 +38,6 @@ public:
     bool HasSound() const;
     /// A bare stream without container and time stamps, whose packets lie one after the other.
     bool IsBareStream() const;
-    /// Whether the file ended where its container says, not by an error.
-    bool EndedWell() const { return endedWell_; }
 
 private:
     static int IsDue(void* self);
@@ -62,7 +60,6 @@ private:
     FormatPtr format_;
     FilterPtr filter_;
     unsigned stream_ = 0;
-    bool endedWell_ = true;
 };
 
 } // namespace media

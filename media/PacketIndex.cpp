@@ -58,7 +58,7 @@ bool PacketIndex::Extend()
     order_.Finish(shown);
     waiting_.insert(waiting_.end(), shown.begin(), shown.end());
     if (!groups_.empty())
-        CloseGroup(Packets());
+        groups_.back().end = Packets();
     Publish(true);
     isComplete_ = true;
     return true;
@@ -84,7 +84,7 @@ void PacketIndex::AddPacket(const AVPacket& packet)
         keys_.push_back(ordinal);
     if (groups_.empty() || fact.Has(PacketFact::Key)) {
         if (!groups_.empty())
-            CloseGroup(ordinal);
+            groups_.back().end = ordinal;
         groups_.push_back({ .first = ordinal });
     }
     if (fact.IsShown() && fact.dts != NoStamp)
@@ -92,12 +92,6 @@ void PacketIndex::AddPacket(const AVPacket& packet)
     std::vector<int> shown;
     order_.Add(ordinal, fact, shown);
     waiting_.insert(waiting_.end(), shown.begin(), shown.end());
-}
-
-void PacketIndex::CloseGroup(int end)
-{
-    groups_.back().end = end;
-    Judge(groups_.size() - 1);
 }
 
 void PacketIndex::Judge(size_t at)
@@ -109,6 +103,7 @@ void PacketIndex::Judge(size_t at)
     group.isDoubtful = IsDoubtful(group, order) || (at > 0 && groups_[at - 1].endIsLost);
     if (group.isDoubtful)
         Learn(at);
+    group.isJudged = true;
 }
 
 /// The file's head is doubtful unless it starts with a key and nothing is shown before that.
@@ -135,6 +130,7 @@ void PacketIndex::Learn(size_t at)
             if (frame->pts >= group.first && frame->pts < group.end && facts_[size_t(frame->pts)].number < 0)
                 group.decoded.push_back(int(frame->pts));
     };
+    group.decoded.clear();
     prober_->Restart();
     for (int ordinal = start; ordinal < group.end; ++ordinal) {
         prober_->Send(*Packet(ordinal), ordinal, false);
@@ -159,6 +155,8 @@ void PacketIndex::Publish(bool everything)
         const bool mayWait = parser_.Order() == Ordering::Unknown || waiting_.size() <= LongestWait;
         if (!everything && !isClosed && mayWait)
             return;
+        if (isClosed && !groups_[publishing_].isJudged)
+            Judge(publishing_);
         waiting_.pop_front();
         PublishPacket(ordinal);
     }

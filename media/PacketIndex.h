@@ -49,13 +49,13 @@ private:
     struct Group {
         int first = 0;
         int end = -1; ///< -1 while it is open
-        bool isDoubtful = false;
+        bool isJudged = false;
+        bool isDoubtful = false; ///< what it shows was learned from the decoder
         bool endIsLost = false; ///< its last packet gave no picture
         std::deque<int> decoded = {}; ///< the ordinals that the decoder gave and that are not yet numbered
     };
 
     void AddPacket(const AVPacket& packet);
-    void CloseGroup(int end);
     void Resume();
     void Judge(size_t group);
     void Learn(size_t group);
