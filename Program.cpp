@@ -10,8 +10,8 @@
 
 namespace {
 
-/// Before any part stands: the picture coders, the face, and no death by a file-size limit or a broken pipe, which the
-/// writer tells as errors.
+/// Before any part stands: the picture coders, the face, and no death by a file-size limit or a broken pipe,
+/// which the writer tells as errors.
 const QString& Prepared(const QString& applicationFolder)
 {
     std::signal(SIGXFSZ, SIG_IGN);
@@ -21,11 +21,12 @@ const QString& Prepared(const QString& applicationFolder)
     return applicationFolder;
 }
 
-}
+} // namespace
 
 Program::Program(const QString& applicationFolder)
     : state_(Prepared(applicationFolder))
     , errors_(state_)
-    , main_({ state_, clipboard_, dialogs_, errors_, [](QWidget* parent) { return new PlayerControl(parent); } })
+    , main_({ state_, clipboard_, dialogs_, errors_,
+          [](QWidget* parent) { return new PlayerControl(parent); } })
 {
 }

@@ -15,6 +15,7 @@ QImage ComposeBackground(const QImage& source, QSize clientSize, Placement place
     if (placement == Placement::Tiled)
         painter.fillRect(target.rect(), QBrush(source));
     else
-        painter.drawImage(QPoint(clientSize.width() - source.width(), clientSize.height() - source.height()), source);
+        painter.drawImage(
+            QPoint(clientSize.width() - source.width(), clientSize.height() - source.height()), source);
     return target;
 }

@@ -6,6 +6,7 @@
 
 enum class Placement { Tiled, LowerRight };
 
-/// The frame's background for a client area of clientSize pixels: the source tiled from the upper left, or once in the
-/// lower right corner of the ground. The result is 5 pixels (75 twips) larger than the area in both directions.
+/// The frame's background for a client area of clientSize pixels: the source tiled from the upper left, or
+/// once in the lower right corner of the ground. The result is 5 pixels (75 twips) larger than the area in
+/// both directions.
 QImage ComposeBackground(const QImage& source, QSize clientSize, Placement placement, QColor ground);

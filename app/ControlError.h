@@ -3,7 +3,8 @@
 #include <QString>
 #include <stdexcept>
 
-/// A control (player, picture, printer) could not do what it was asked; what() says why in the program's words.
+/// A control (player, picture, printer) could not do what it was asked; what() says why in the program's
+/// words.
 class ControlError : public std::runtime_error {
 public:
     explicit ControlError(const QString& reason)

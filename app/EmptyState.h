@@ -2,7 +2,8 @@
 
 #include <QWidget>
 
-/// What an empty frame says: how to begin. Stands in the middle of the area it is given to, behind all windows.
+/// What an empty frame says: how to begin. Stands in the middle of the area it is given to, behind all
+/// windows.
 class EmptyState : public QWidget {
     Q_OBJECT
 

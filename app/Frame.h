@@ -15,7 +15,19 @@ class QWidget;
 class ltmmPlay;
 
 /// The frame's command buttons, Cmds(0) to Cmds(9).
-enum class Command { Open, Stretch, FitToWindow, DefaultSize, Download, Cancel, Print, Options, Capture, Save, Count };
+enum class Command {
+    Open,
+    Stretch,
+    FitToWindow,
+    DefaultSize,
+    Download,
+    Cancel,
+    Print,
+    Options,
+    Capture,
+    Save,
+    Count
+};
 
 /// The frame's status labels by role.
 enum class StatusLabel {
@@ -68,7 +80,8 @@ public:
 
     /// Opens a new capture window, which takes the picture from the clipboard.
     virtual void OpenViewer() = 0;
-    /// Adds a thumbnail of the picture on the clipboard to the strip, opening it when needed, and puts it behind.
+    /// Adds a thumbnail of the picture on the clipboard to the strip, opening it when needed, and puts it
+    /// behind.
     virtual void AddThumbnail() = 0;
     /// The hidden control that holds a frame which no capture window takes from the clipboard.
     virtual Lead& ThumbHold() = 0;
@@ -80,9 +93,9 @@ public:
     /// Opens the one popup at a place on the screen; chosen gets the number of the item.
     /// checkedItems is a bit mask of the items that show a check. kind is kept in PopupKind.
     virtual void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, QPoint place,
-        std::function<void(int)> chosen)
-        = 0;
+        std::function<void(int)> chosen) = 0;
 
-    /// The one place that yields to the window system; whatever can go meanwhile must be looked at again afterwards.
+    /// The one place that yields to the window system; whatever can go meanwhile must be looked at again
+    /// afterwards.
     virtual void PumpEvents() = 0;
 };

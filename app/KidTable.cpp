@@ -2,7 +2,10 @@
 
 #include "app/ApplicationState.h"
 
-void KidTable::RedimKids() { state_.Kids.resize(size_t(state_.KidCount) + 1); }
+void KidTable::RedimKids()
+{
+    state_.Kids.resize(size_t(state_.KidCount) + 1);
+}
 
 int KidTable::AddKid(quintptr handle)
 {
@@ -27,7 +30,8 @@ int KidTable::FindKid(quintptr handle) const
     return found;
 }
 
-void KidTable::MakeKidActive(int index, const std::function<quintptr()>& active, const std::function<void()>& pushBack) const
+void KidTable::MakeKidActive(
+    int index, const std::function<quintptr()>& active, const std::function<void()>& pushBack) const
 {
     for (int rounds = state_.KidCount; rounds > 0 && active() != state_.Kids.at(size_t(index)); --rounds)
         pushBack();

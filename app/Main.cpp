@@ -47,7 +47,8 @@ namespace {
 
 constexpr auto WindowText = "TAQ Pro v2.1";
 constexpr auto StartPrompt = " Open video to begin capture";
-constexpr auto AboutText = "TAQ Video Capture Pro takes the best frames out of your videos and turns them into pictures.";
+constexpr auto AboutText =
+    "TAQ Video Capture Pro takes the best frames out of your videos and turns them into pictures.";
 constexpr Twips StartHeight = 8000_twips;
 
 /// The first local file of a drop, by its raw bytes; empty when there is none.
@@ -55,11 +56,12 @@ QString FirstFile(const QMimeData& data)
 {
     for (const QUrl& url : data.urls())
         if (url.isLocalFile())
-            return FileName::FromBytes(QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()));
+            return FileName::FromBytes(
+                QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()));
     return {};
 }
 
-}
+} // namespace
 
 Main::Main(const FrameParts& parts)
     : state_(parts.state)
@@ -79,7 +81,10 @@ Main::Main(const FrameParts& parts)
     StartTimers();
 }
 
-Main::~Main() { CloseAllForms(); }
+Main::~Main()
+{
+    CloseAllForms();
+}
 
 void Main::Bind()
 {
@@ -107,7 +112,10 @@ void Main::StartTimers()
     });
 }
 
-QWidget* Main::ActiveForm() { return area_->currentSubWindow(); }
+QWidget* Main::ActiveForm()
+{
+    return area_->currentSubWindow();
+}
 
 Lead* Main::ActiveCapture()
 {
@@ -131,9 +139,15 @@ void Main::SendToBack(QWidget* form)
         child->SendToBack();
 }
 
-void Main::SetStatus(StatusLabel label, const QString& text) { labels_[size_t(label)]->setText(text); }
+void Main::SetStatus(StatusLabel label, const QString& text)
+{
+    labels_[size_t(label)]->setText(text);
+}
 
-void Main::ShowStatus(StatusLabel label, bool visible) { labels_[size_t(label)]->setVisible(visible); }
+void Main::ShowStatus(StatusLabel label, bool visible)
+{
+    labels_[size_t(label)]->setVisible(visible);
+}
 
 void Main::EnableCommand(Command command, bool enabled)
 {
@@ -143,11 +157,15 @@ void Main::EnableCommand(Command command, bool enabled)
         Cmds[size_t(command)]->setEnabled(enabled);
 }
 
-bool Main::IsCommandEnabled(Command command) const { return Cmds[size_t(command)]->isEnabled(); }
+bool Main::IsCommandEnabled(Command command) const
+{
+    return Cmds[size_t(command)]->isEnabled();
+}
 
 void Main::SetEnabled(bool enabled)
 {
-    for (const Command command : { Command::Stretch, Command::FitToWindow, Command::DefaultSize, Command::Capture })
+    for (const Command command :
+        { Command::Stretch, Command::FitToWindow, Command::DefaultSize, Command::Capture })
         EnableCommand(command, enabled);
 }
 
@@ -165,7 +183,10 @@ VideoWindow& Main::CurrentVideo()
     return *window;
 }
 
-ltmmPlay& Main::CurrentPlayer() { return CurrentVideo().Player(); }
+ltmmPlay& Main::CurrentPlayer()
+{
+    return CurrentVideo().Player();
+}
 
 void Main::AddKid(quintptr handle)
 {
@@ -183,10 +204,14 @@ void Main::RemoveKid(quintptr handle)
 
 void Main::MakeKidActive(int index)
 {
-    kids_.MakeKidActive(index, [this] { return quintptr(ActiveForm()); }, [this] { SendToBack(ActiveForm()); });
+    kids_.MakeKidActive(
+        index, [this] { return quintptr(ActiveForm()); }, [this] { SendToBack(ActiveForm()); });
 }
 
-void Main::OpenViewer() { AddChild(new Viewer(*this)); }
+void Main::OpenViewer()
+{
+    AddChild(new Viewer(*this));
+}
 
 void Main::AddThumbnail()
 {
@@ -200,16 +225,23 @@ void Main::AddThumbnail()
         AddChild(front);
 }
 
-void Main::ShowFront(bool visible) { front1_->setVisible(visible); }
+void Main::ShowFront(bool visible)
+{
+    front1_->setVisible(visible);
+}
 
 void Main::OpenHelp()
 {
-    const bool opened = FileHasContent(state_.HelpPath) && QDesktopServices::openUrl(QUrl::fromLocalFile(state_.HelpPath));
+    const bool opened =
+        FileHasContent(state_.HelpPath) && QDesktopServices::openUrl(QUrl::fromLocalFile(state_.HelpPath));
     if (!opened)
         errors_.Show(this, QStringLiteral("Error!"), QStringLiteral("Help file \"TAQ.hlp\" missing,"));
 }
 
-void Main::PumpEvents() { QCoreApplication::processEvents(); }
+void Main::PumpEvents()
+{
+    QCoreApplication::processEvents();
+}
 
 void Main::RunCommand(Command command)
 {
@@ -321,8 +353,8 @@ void Main::ShowPopup()
         QStringLiteral("  Close All Windows"), QStringLiteral("  About") };
     const QPoint place = pos() + QPoint((2840_twips).Pixels(), (500_twips).Pixels());
     OpenMenus(PopupOwner::Frame, items, 0, place, [this](int item) {
-        constexpr std::array Actions { &Main::ShowVideoListIfVideo, &Main::mnuFullScreen_Click, &Main::CloseAllWindows,
-            &Main::ShowAbout };
+        constexpr std::array Actions { &Main::ShowVideoListIfVideo, &Main::mnuFullScreen_Click,
+            &Main::CloseAllWindows, &Main::ShowAbout };
         (this->*Actions[size_t(item)])();
     });
 }
@@ -333,7 +365,10 @@ void Main::ShowVideoListIfVideo()
         ShowVideoList();
 }
 
-void Main::ShowAbout() { errors_.Show(this, QStringLiteral("About"), QLatin1String(AboutText)); }
+void Main::ShowAbout()
+{
+    errors_.Show(this, QStringLiteral("About"), QLatin1String(AboutText));
+}
 
 void Main::CloseAllWindows()
 {
@@ -396,8 +431,8 @@ void Main::ApplyBackground()
     state_.TileBackground = state_.OpPic == 0;
     state_.Reload(Key::PicFolder);
     try {
-        const QImage source
-            = imaging::PictureFile::Decode(WholeFile::Read(state_.BackgroundFile, imaging::PictureFile::MaxFileBytes));
+        const QImage source = imaging::PictureFile::Decode(
+            WholeFile::Read(state_.BackgroundFile, imaging::PictureFile::MaxFileBytes));
         area_->setBackground(QBrush(ComposeBackground(source, area_->viewport()->size(),
             state_.TileBackground ? Placement::Tiled : Placement::LowerRight, StyleColor(Token::Ground))));
     } catch (const std::runtime_error&) {

@@ -35,8 +35,8 @@ struct FrameParts {
     PlayerFactory makePlayer;
 };
 
-/// The frame window: title strip, command buttons, child windows, transport and status labels. It knows every window and
-/// only wires them.
+/// The frame window: title strip, command buttons, child windows, transport and status labels. It knows every
+/// window and only wires them.
 class Main : public QWidget, public Frame {
     Q_OBJECT
 

@@ -36,7 +36,8 @@ constexpr LabelRow LabelRows[] {
     { StatusLabel::Percent, "LblMsg1(3)", "100%" },
 };
 
-template <typename Button> Button* MakeHeadButton(const char* objectName, Face face, const char* name, TitleStrip* strip)
+template <typename Button>
+Button* MakeHeadButton(const char* objectName, Face face, const char* name, TitleStrip* strip)
 {
     auto* button = new Button(strip);
     button->setObjectName(QLatin1String(objectName));
@@ -45,7 +46,7 @@ template <typename Button> Button* MakeHeadButton(const char* objectName, Face f
     return button;
 }
 
-}
+} // namespace
 
 void Main::Build()
 {
@@ -75,10 +76,11 @@ void Main::BuildHead(QVBoxLayout* column)
     front1_ = MakeHeadButton<Front>("front1", Face::BringToFront, "Bring video to front", topBack_);
     auto* help = MakeHeadButton<xphelp>("xphelp1", Face::Help, "Help", topBack_);
     auto* minimise = MakeHeadButton<xptopbuttons>("ToolBarPic(2)", Face::Minimize, "Minimize", topBack_);
-    maximise_ = MakeHeadButton<xptopbuttons>("ToolBarPic(1)", Face::Maximize, "Maximize or restore", topBack_);
+    maximise_ =
+        MakeHeadButton<xptopbuttons>("ToolBarPic(1)", Face::Maximize, "Maximize or restore", topBack_);
     auto* close = MakeHeadButton<xptopbuttons>("ToolBarPic(0)", Face::Close, "Close", topBack_);
-    for (StripButton* button : { front1_, static_cast<StripButton*>(help), static_cast<StripButton*>(minimise), maximise_,
-             static_cast<StripButton*>(close) })
+    for (StripButton* button : { front1_, static_cast<StripButton*>(help),
+             static_cast<StripButton*>(minimise), maximise_, static_cast<StripButton*>(close) })
         topBack_->AddButton(button);
     front1_->hide();
     connect(menu, &StripButton::Click, this, &Main::ShowPopup);

@@ -5,7 +5,8 @@
 
 #include <QMessageBox>
 
-QString SystemDialogs::AskSaveName(QWidget* owner, const QString& title, const QString& filter, const QString& folder)
+QString SystemDialogs::AskSaveName(
+    QWidget* owner, const QString& title, const QString& filter, const QString& folder)
 {
     QString chosenFolder;
     return AskFileName(owner, FileMode::Save, title, QString(), filter, folder, QString(), chosenFolder);
@@ -14,12 +15,13 @@ QString SystemDialogs::AskSaveName(QWidget* owner, const QString& title, const Q
 bool SystemDialogs::ConfirmReplace(QWidget* owner, const QString& path)
 {
     const auto answer = QMessageBox::question(owner, QStringLiteral("Save"),
-        FileName::Shown(path) + QStringLiteral("\nThis file already exists. Replace it?"), QMessageBox::Yes | QMessageBox::No,
-        QMessageBox::No);
+        FileName::Shown(path) + QStringLiteral("\nThis file already exists. Replace it?"),
+        QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
     return answer == QMessageBox::Yes;
 }
 
-QString SystemDialogs::AskOpenNames(QWidget* owner, const QString& title, const QString& filter, const QString& folder)
+QString SystemDialogs::AskOpenNames(
+    QWidget* owner, const QString& title, const QString& filter, const QString& folder)
 {
     cFileDialog dialog;
     dialog.DialogTitle = title;

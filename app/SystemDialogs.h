@@ -5,7 +5,9 @@
 /// The desktop's file dialogs, or the toolkit's own where the desktop has none.
 class SystemDialogs : public FileDialogs {
 public:
-    QString AskSaveName(QWidget* owner, const QString& title, const QString& filter, const QString& folder) override;
+    QString AskSaveName(
+        QWidget* owner, const QString& title, const QString& filter, const QString& folder) override;
     bool ConfirmReplace(QWidget* owner, const QString& path) override;
-    QString AskOpenNames(QWidget* owner, const QString& title, const QString& filter, const QString& folder) override;
+    QString AskOpenNames(
+        QWidget* owner, const QString& title, const QString& filter, const QString& folder) override;
 };

@@ -10,7 +10,8 @@ class ErrorBox {
 public:
     virtual ~ErrorBox() = default;
     virtual void Show(QWidget* owner, const QString& title, const QString& message) = 0;
-    /// The same with the check box that silences further errors of the player; nothing when they are silenced.
+    /// The same with the check box that silences further errors of the player; nothing when they are
+    /// silenced.
     virtual void ShowPlayerError(QWidget* owner, const QString& title, const QString& message) = 0;
 };
 
@@ -19,10 +20,13 @@ class FileDialogs {
 public:
     virtual ~FileDialogs() = default;
     /// The chosen path, empty on cancel; asks before an existing file is replaced.
-    virtual QString AskSaveName(QWidget* owner, const QString& title, const QString& filter, const QString& folder) = 0;
-    /// Whether a file may be replaced that the user has not named himself; asked of a name that was completed.
+    virtual QString AskSaveName(
+        QWidget* owner, const QString& title, const QString& filter, const QString& folder) = 0;
+    /// Whether a file may be replaced that the user has not named himself; asked of a name that was
+    /// completed.
     virtual bool ConfirmReplace(QWidget* owner, const QString& path) = 0;
-    /// The result buffer of a multiple selection: one full path, or folder NUL name NUL name NUL; empty on cancel.
-    /// Leaves the process's current folder at the chosen folder.
-    virtual QString AskOpenNames(QWidget* owner, const QString& title, const QString& filter, const QString& folder) = 0;
+    /// The result buffer of a multiple selection: one full path, or folder NUL name NUL name NUL; empty on
+    /// cancel. Leaves the process's current folder at the chosen folder.
+    virtual QString AskOpenNames(
+        QWidget* owner, const QString& title, const QString& filter, const QString& folder) = 0;
 };

@@ -193,10 +193,11 @@ void PositionSlider::PaintGroove(QPainter& painter) const
         FillRounded(painter, fill, Token::Accent);
 }
 
-// The range is a bar above the groove with posts at its ends, so that it shows on both parts of the groove.
+// The range is a bar above the groove with posts at its ends, so that it shows on both parts of the groove. A range
+// that is the whole scale selects nothing.
 void PositionSlider::PaintSelection(QPainter& painter) const
 {
-    if (selLength_ <= 0)
+    if (selLength_ <= 0 || selLength_ >= Max())
         return;
     const int left = XOf(selStart_);
     const int right = std::max(XOf(selStart_ + selLength_), left + 2);

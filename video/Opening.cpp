@@ -25,8 +25,8 @@ void ShowOpenDialog(Frame& frame, const std::function<void()>& unloadList)
     state.OpenCancelled = false;
     QString chosen;
     IgnoreErrors([&] {
-        chosen = frame.Dialogs().AskOpenNames(
-            frame.FrameWindow(), QStringLiteral("Open Videos To Capture"), QLatin1String(OpenFilter), state.OldDir);
+        chosen = frame.Dialogs().AskOpenNames(frame.FrameWindow(), QStringLiteral("Open Videos To Capture"),
+            QLatin1String(OpenFilter), state.OldDir);
     });
     IgnoreErrors([&] {
         state.OldDir = CurrentFolder();

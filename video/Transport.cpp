@@ -26,13 +26,18 @@ struct ToggleRow {
 constexpr ToggleRow Toggles[] {
     { AutoRewindButton, " Auto Rewind OFF ", " Auto Rewind ON ",
         [](ltmmPlay& player, bool wasDown) { player.SetAutoRewind(!wasDown); } },
-    { LoopButton, " Loop OFF ", " Loop ON ", [](ltmmPlay& player, bool wasDown) { player.SetPlayCount(wasDown ? 1 : 0); } },
-    { SoundButton, " Sound OFF ", " Sound ON ", [](ltmmPlay& player, bool wasDown) { player.SetMute(wasDown); } },
+    { LoopButton, " Loop OFF ", " Loop ON ",
+        [](ltmmPlay& player, bool wasDown) { player.SetPlayCount(wasDown ? 1 : 0); } },
+    { SoundButton, " Sound OFF ", " Sound ON ",
+        [](ltmmPlay& player, bool wasDown) { player.SetMute(wasDown); } },
 };
 
-bool IsDown(const StripButton* button) { return button->Value() != 0; }
-
+bool IsDown(const StripButton* button)
+{
+    return button->Value() != 0;
 }
+
+} // namespace
 
 Transport::Transport(TransportPane& pane, Frame& frame, std::function<void()> openListed)
     : QObject(&pane)
@@ -45,7 +50,9 @@ Transport::Transport(TransportPane& pane, Frame& frame, std::function<void()> op
 
 void Transport::Bind()
 {
-    const auto onClick = [this](StripButton* button, auto action) { connect(button, &StripButton::Click, this, action); };
+    const auto onClick = [this](StripButton* button, auto action) {
+        connect(button, &StripButton::Click, this, action);
+    };
     onClick(pane_.Cmd2[PlayButton], [this] { Play(); });
     onClick(pane_.Cmd2[PauseButton], [this] { PauseOrRun(); });
     onClick(pane_.Cmd2[FrameBackButton], [this] { StepFrame(-1); });
@@ -102,7 +109,10 @@ void Transport::StartVideo()
     pane_.trkPosition->SetValue(0);
 }
 
-void Transport::ReleasePause() { pane_.Cmd2[PauseButton]->SetValue(0); }
+void Transport::ReleasePause()
+{
+    pane_.Cmd2[PauseButton]->SetValue(0);
+}
 
 void Transport::ReleaseRepeats()
 {
@@ -110,11 +120,20 @@ void Transport::ReleaseRepeats()
         pane_.Cmd3[button]->SetValue(0);
 }
 
-void Transport::SetSoundOn() { pane_.Cmd3[SoundButton]->SetValue(1); }
+void Transport::SetSoundOn()
+{
+    pane_.Cmd3[SoundButton]->SetValue(1);
+}
 
-void Transport::ShowPane(bool visible) { pane_.setVisible(visible); }
+void Transport::ShowPane(bool visible)
+{
+    pane_.setVisible(visible);
+}
 
-void Transport::FollowProgress(int position) { pane_.trkPosition->SetValue(position); }
+void Transport::FollowProgress(int position)
+{
+    pane_.trkPosition->SetValue(position);
+}
 
 void Transport::ShowSelection(int start, int end)
 {
@@ -201,7 +220,8 @@ void Transport::Mark(SeekButton button)
         Player().MarkSelectionStart();
     else
         Player().MarkSelectionEnd();
-    pane_.Cmd3[button]->setToolTip(button == MarkStartButton ? QStringLiteral(" Start Selection Marked ") : QStringLiteral(" End Selection Marked "));
+    pane_.Cmd3[button]->setToolTip(button == MarkStartButton ? QStringLiteral(" Start Selection Marked ")
+                                                             : QStringLiteral(" End Selection Marked "));
     State().MarksSet = true;
 }
 
@@ -220,7 +240,8 @@ void Transport::ChangeRate(RateButton button)
 {
     StripButton* clicked = pane_.speedbtn[button];
     const double rate = Player().Rate();
-    const auto wanted = button == IncreaseRateButton ? rateClicks_.Increase(rate) : rateClicks_.Decrease(rate);
+    const auto wanted =
+        button == IncreaseRateButton ? rateClicks_.Increase(rate) : rateClicks_.Decrease(rate);
     const double next = wanted.value_or(1.0);
     const QString number = QLocale().toString(next, 'g', 3);
     if (!wanted || Player().IsRateSupported(next)) {
@@ -237,7 +258,8 @@ void Transport::Scroll(int value)
     IgnoreErrors([&] { Player().SetTrackingPosition(value); });
     frame_.SetStatus(StatusLabel::Operation, QString::number(value / 100) + u'%');
     frame_.SetStatus(StatusLabel::Position,
-        FormatPosition(Player().CurrentPosition()) + QStringLiteral("  -  ") + FormatPosition(Player().Duration()));
+        FormatPosition(Player().CurrentPosition()) + QStringLiteral("  -  ")
+            + FormatPosition(Player().Duration()));
     if (State().MarksCleared) {
         State().MarksCleared = false;
         for (const SeekButton button : { MarkStartButton, MarkEndButton })
@@ -260,6 +282,12 @@ void Transport::WalkList(int direction)
     openListed_();
 }
 
-ltmmPlay& Transport::Player() { return frame_.CurrentPlayer(); }
+ltmmPlay& Transport::Player()
+{
+    return frame_.CurrentPlayer();
+}
 
-ApplicationState& Transport::State() { return frame_.State(); }
+ApplicationState& Transport::State()
+{
+    return frame_.State();
+}

@@ -26,7 +26,7 @@ std::array<StripButton*, N> MakeButtons(
     return buttons;
 }
 
-}
+} // namespace
 
 TransportPane::TransportPane(QWidget* parent)
     : QWidget(parent)
@@ -52,8 +52,8 @@ void TransportPane::LayOut()
             row->addWidget(widget);
         row->addSpacing(GroupGap);
     };
-    add({ Cmd3[SeekStartButton], Cmd2[FrameBackButton], Cmd2[PlayButton], Cmd2[PauseButton], Cmd2[FrameForwardButton],
-        Cmd3[SeekEndButton] });
+    add({ Cmd3[SeekStartButton], Cmd2[FrameBackButton], Cmd2[PlayButton], Cmd2[PauseButton],
+        Cmd2[FrameForwardButton], Cmd3[SeekEndButton] });
     add({ Cmd3[MarkStartButton], Cmd3[MarkEndButton] });
     add({ Cmd3[AutoRewindButton], Cmd3[LoopButton], Cmd3[SoundButton] });
     row->addWidget(trkPosition, 1);

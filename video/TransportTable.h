@@ -4,7 +4,8 @@
 
 #include <array>
 
-/// One button of the transport bar: its pictures up and down, its tool tip at start and its name for those who cannot see it.
+/// One button of the transport bar: its pictures up and down, its tool tip at start and its name for those
+/// who cannot see it.
 struct TransportButton {
     Face face;
     Face latchedFace;

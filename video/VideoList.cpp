@@ -22,7 +22,7 @@ constexpr HeadButton HeadButtons[] {
     { Face::Close, "Close Video Window", "Close video list", [](VideoList& list) { list.close(); } },
 };
 
-}
+} // namespace
 
 VideoList::VideoList(Frame& frame)
     : frame_(frame)

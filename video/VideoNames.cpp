@@ -5,7 +5,10 @@
 #include <algorithm>
 #include <array>
 
-QString VideoExtension(const QString& name) { return name.right(4).toLower().trimmed(); }
+QString VideoExtension(const QString& name)
+{
+    return name.right(4).toLower().trimmed();
+}
 
 bool IsVideoName(const QString& name)
 {

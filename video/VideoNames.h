@@ -8,8 +8,8 @@ QString VideoExtension(const QString& name);
 /// Whether a name counts as a video. The four characters alone decide, with or without a point before "mpeg".
 bool IsVideoName(const QString& name);
 
-/// A path split at its last separator: the native one for files, only "\" for a web address, so that an address with
-/// forward slashes keeps its whole text. The name is cut at its first NUL.
+/// A path split at its last separator: the native one for files, only "\" for a web address, so that an
+/// address with forward slashes keeps its whole text. The name is cut at its first NUL.
 struct VideoPathParts {
     bool isSplit = false; ///< false without a separator: name and folder are empty then
     QString name;

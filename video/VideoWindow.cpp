@@ -52,10 +52,11 @@ constexpr int CaptionItem = 4;
 
 QString PositionText(const ltmmPlay& player)
 {
-    return FormatPosition(player.CurrentPosition()) + QStringLiteral("  -  ") + FormatPosition(player.Duration());
+    return FormatPosition(player.CurrentPosition()) + QStringLiteral("  -  ")
+        + FormatPosition(player.Duration());
 }
 
-}
+} // namespace
 
 VideoWindow::VideoWindow(Frame& frame, Transport& transport, const PlayerFactory& makePlayer)
     : frame_(frame)
@@ -84,6 +85,7 @@ void VideoWindow::Build(const PlayerFactory& makePlayer)
     ltmmPlay1->setObjectName(QStringLiteral("ltmmPlay1"));
     column->addWidget(ltmmPlay1);
     SetBody(body);
+    ltmmPlay1->setFocus();
     setWindowTitle(QStringLiteral("Video Window"));
     resize((6000_twips).Pixels(), (4000_twips).Pixels());
     Timer1.setInterval(2000ms);
@@ -108,8 +110,10 @@ void VideoWindow::BuildHead()
         button->setProperty("Tag", QLatin1String(row.tip));
         Head().AddButton(button);
         connect(button, &StripButton::Click, this, [this, index = row.index] {
-            constexpr std::array<void (VideoWindow::*)(), HeadButtons.size()> Actions { &VideoWindow::CloseClicked,
-                &VideoWindow::ToggleMaximize, &VideoWindow::Minimize, &VideoWindow::OpenClicked };
+            constexpr std::array<void (VideoWindow::*)(), HeadButtons.size()> Actions {
+                &VideoWindow::CloseClicked, &VideoWindow::ToggleMaximize, &VideoWindow::Minimize,
+                &VideoWindow::OpenClicked
+            };
             (this->*Actions[size_t(index)])();
         });
     }
@@ -138,7 +142,8 @@ void VideoWindow::BindPlayer()
         if (key == Qt::Key_Escape)
             ltmmPlay1->ToggleFullScreen();
     });
-    connect(ltmmPlay1, &ltmmPlay::MousePressed, this, [this] { Q_EMIT Head().MoveRequested(QCursor::pos()); });
+    connect(
+        ltmmPlay1, &ltmmPlay::MousePressed, this, [this] { Q_EMIT Head().MoveRequested(QCursor::pos()); });
     connect(ltmmPlay1, &ltmmPlay::PlayerError, this, &VideoWindow::TellError);
 }
 
@@ -185,7 +190,8 @@ void VideoWindow::GiveSource()
     const ApplicationState& state = frame_.State();
     const Hourglass waiting;
     ltmmPlay1->SetSourceFile(state.VideoPath);
-    // An MPEG file asked into memory ends with an empty player: no path is ever given to load the memory from.
+    // An MPEG file asked into memory ends with an empty player: no path is ever given to load the memory
+    // from.
     if (state.LoadVid && (state.VideoExt == QLatin1String(".mpg") || state.VideoExt == QLatin1String("mpeg")))
         ltmmPlay1->ResetSource();
 }
@@ -194,7 +200,8 @@ void VideoWindow::SizeToVideo(double width, double height)
 {
     if (CurrentShape() != Shape::Normal)
         return;
-    resize(Twips { int(width) + PlayerMarginWidth.value }.Pixels(), Twips { int(height) + PlayerMarginHeight.value }.Pixels());
+    resize(Twips { int(width) + PlayerMarginWidth.value }.Pixels(),
+        Twips { int(height) + PlayerMarginHeight.value }.Pixels());
 }
 
 void VideoWindow::UpdateVideoTitle()
@@ -258,7 +265,8 @@ void VideoWindow::ShowProgress(int position)
         }
     }
     frame_.SetStatus(StatusLabel::Position, PositionText(*ltmmPlay1) + QStringLiteral("  Time"));
-    frame_.SetStatus(StatusLabel::FrameNumber, QStringLiteral("Frame: ") + QString::number(ltmmPlay1->CurrentFrame()));
+    frame_.SetStatus(
+        StatusLabel::FrameNumber, QStringLiteral("Frame: ") + QString::number(ltmmPlay1->CurrentFrame()));
     if (percent >= 100)
         frame_.EnableCommand(Command::Cancel, false);
     if (state.VideoPath.isEmpty() && position == 0)

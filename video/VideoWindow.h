@@ -20,8 +20,8 @@ class VideoWindow : public ChildForm {
 public:
     VideoWindow(Frame& frame, Transport& transport, const PlayerFactory& makePlayer);
 
-    /// Opens the selection in FileNames or, when FromList is set, the video that VideoPath names. Never plays. Reports
-    /// no failure: without a video the transport is disabled.
+    /// Opens the selection in FileNames or, when FromList is set, the video that VideoPath names. Never
+    /// plays. Reports no failure: without a video the transport is disabled.
     void OpenVideo();
     /// Works out VideoName and VideoFolder and shows the title.
     void UpdateVideoTitle();

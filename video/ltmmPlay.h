@@ -8,14 +8,21 @@
 
 /// The player control: one video, shown in this widget, exact to the frame.
 /// All members are called on the user-interface thread; a call that needs the engine waits for it, bounded.
-/// Failures of a call are ControlError exceptions (app/ControlError.h); failures of the media, which may come at any
-/// time, are told by PlayerError.
+/// Failures of a call are ControlError exceptions (app/ControlError.h); failures of the media, which may come
+/// at any time, are told by PlayerError.
 class ltmmPlay : public QWidget {
     Q_OBJECT
 
 public:
     enum PlayState { Stopped = 1, Paused = 2, Running = 3 };
-    enum DisplayMode { FitToWindow = 0, StretchToWindow = 1, Normal = 2, ThreeQuarters = 3, Half = 4, Double = 5 };
+    enum DisplayMode {
+        FitToWindow = 0,
+        StretchToWindow = 1,
+        Normal = 2,
+        ThreeQuarters = 3,
+        Half = 4,
+        Double = 5
+    };
     enum Source { NoSource = 0, FileSource = 1, MemorySource = 2, ArraySource = 3 };
     /// Bits of CheckSeeking.
     enum Capability { MarkStart = 1, MarkEnd = 2, ToStart = 4, ToEnd = 8 };
@@ -23,7 +30,8 @@ public:
     using QWidget::QWidget;
 
     /// Loads a file (see desktop/FileName.h for names that are no text) or an address; returns when the first
-    /// frame stands on the screen or the attempt has failed, which PlayerError tells. An empty name drops the source.
+    /// frame stands on the screen or the attempt has failed, which PlayerError tells. An empty name drops the
+    /// source.
     virtual void SetSourceFile(const QString& file) = 0;
     virtual QString SourceFile() const = 0;
     virtual Source SourceKind() const = 0;

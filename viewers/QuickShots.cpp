@@ -52,7 +52,8 @@ void QuickShots::Build()
             [](QuickShots& strip) { strip.OpenHighlighted(); } },
         { 5, Face::SaveAll, "Save ALL pictures to the AutoFolder", "Save all pictures",
             [](QuickShots& strip) { strip.SaveAll(); } },
-        { 1, Face::Minimize, " Minimize Window ", "Minimize window", [](QuickShots& strip) { strip.Minimize(); } },
+        { 1, Face::Minimize, " Minimize Window ", "Minimize window",
+            [](QuickShots& strip) { strip.Minimize(); } },
         { 0, Face::Close, " Close Thumbnail Window ", "Close thumbnail window",
             [](QuickShots& strip) { strip.close(); } },
     };
@@ -127,17 +128,19 @@ void QuickShots::SaveAll()
     int bits = 0;
     imaging::WhatTypeFiles(state.FormatIndex, format, quality, bits);
     try {
-        const AutoName names(state.Beside(QStringLiteral("AutoSave")), state.CurrentExt, QStringLiteral("AutoThumb"));
+        const AutoName names(
+            state.Beside(QStringLiteral("AutoSave")), state.CurrentExt, QStringLiteral("AutoThumb"));
         int number = 0;
         Lead writer;
         for (const ThumbCell* cell : Lead3) {
             writer.SetBitmap(cell->Bitmap());
-            number = names.Write([&](const QString& path) { return writer.SaveNew(path, format, bits, quality); }, number);
+            number = names.Write(
+                [&](const QString& path) { return writer.SaveNew(path, format, bits, quality); }, number);
         }
         frame_.SetStatus(StatusLabel::Operation, QStringLiteral("All Thumbs Saved"));
     } catch (const ControlError&) {
-        frame_.Errors().Show(
-            frame_.FrameWindow(), QStringLiteral("Error!"), QStringLiteral("Error saving captured video frame."));
+        frame_.Errors().Show(frame_.FrameWindow(), QStringLiteral("Error!"),
+            QStringLiteral("Error saving captured video frame."));
     }
 }
 

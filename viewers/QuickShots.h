@@ -12,8 +12,8 @@ class QLabel;
 class QScrollArea;
 class ThumbCell;
 
-/// The strip of thumbnails of all captures since it was opened. Each cell holds its capture at full size, shared with
-/// whoever else holds it, and paints it scaled down.
+/// The strip of thumbnails of all captures since it was opened. Each cell holds its capture at full size,
+/// shared with whoever else holds it, and paints it scaled down.
 class QuickShots : public ChildForm {
     Q_OBJECT
 
@@ -21,8 +21,8 @@ public:
     explicit QuickShots(Frame& frame);
     ~QuickShots() override;
 
-    /// Adds a thumbnail of the capture just made: with OpThumb 0 what ThumbHold holds, else the active capture window's
-    /// picture.
+    /// Adds a thumbnail of the capture just made: with OpThumb 0 what ThumbHold holds, else the active
+    /// capture window's picture.
     void mnuControlsAdd2();
     int Count() const { return int(Lead3.size()); }
 

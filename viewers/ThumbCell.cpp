@@ -9,7 +9,7 @@ namespace {
 constexpr int TintAlpha = 96;
 constexpr int HighlightWidth = 2;
 
-}
+} // namespace
 
 ThumbCell::ThumbCell(const QImage& picture, int number, QWidget* parent)
     : QAbstractButton(parent)

@@ -3,7 +3,8 @@
 #include <QPoint>
 #include <QSize>
 
-/// Where the cells of the thumbnail strip stand: rows from left to right, a new row where the next cell does not fit.
+/// Where the cells of the thumbnail strip stand: rows from left to right, a new row where the next cell does
+/// not fit.
 class ThumbLayout {
 public:
     static constexpr int Left = 8;
@@ -19,7 +20,8 @@ public:
     {
     }
 
-    /// The place of the next cell in a panel of this inner width. A cell wider than the panel has a row of its own.
+    /// The place of the next cell in a panel of this inner width. A cell wider than the panel has a row of
+    /// its own.
     QPoint Next(int panelWidth);
     int RowCount() const { return rowCount_; }
     /// Height of the panel that holds the cells placed so far; it grows in steps.

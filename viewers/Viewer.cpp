@@ -18,7 +18,8 @@
 
 namespace {
 
-/// Room that the window keeps around the picture: the column of tools and the edges; the title strip and the edges.
+/// Room that the window keeps around the picture: the column of tools and the edges; the title strip and the
+/// edges.
 constexpr Twips RoomBeside = 950_twips;
 constexpr Twips RoomAbove = 510_twips;
 constexpr int Gap = 4; // the grid
@@ -50,7 +51,7 @@ template <typename Button> StripButton* MakeButton(const ViewerButton& row, QWid
     return button;
 }
 
-}
+} // namespace
 
 Viewer::Viewer(Frame& frame)
     : frame_(frame)
@@ -91,6 +92,8 @@ void Viewer::Build()
     tools->setFixedWidth(RoomBeside.Pixels() - FrameSize().width() - Gap);
     BuildTools(tools);
     SetBody(body);
+    Lead1->setFocusPolicy(Qt::StrongFocus);
+    Lead1->setFocus();
 }
 
 void Viewer::BuildTools(QWidget* column)
@@ -162,14 +165,16 @@ void Viewer::Zoom(Qt::MouseButton button)
 void Viewer::ShowPopup()
 {
     const auto* button = findChild<QWidget*>(QStringLiteral("Image1"));
-    const QStringList items { QStringLiteral("  Save"), QStringLiteral("  Help"), QStringLiteral("  Exit Viewer") };
+    const QStringList items { QStringLiteral("  Save"), QStringLiteral("  Help"),
+        QStringLiteral("  Exit Viewer") };
     const QPointer<Viewer> alive(this);
-    frame_.OpenMenus(PopupOwner::Viewer, items, 0, button->mapToGlobal(QPoint(0, button->height())), [alive](int item) {
-        constexpr std::array Actions { +[](Viewer& viewer) { viewer.Save(); },
-            +[](Viewer& viewer) { viewer.frame_.OpenHelp(); }, +[](Viewer& viewer) { viewer.close(); } };
-        if (alive)
-            Actions[size_t(item)](*alive);
-    });
+    frame_.OpenMenus(
+        PopupOwner::Viewer, items, 0, button->mapToGlobal(QPoint(0, button->height())), [alive](int item) {
+            constexpr std::array Actions { +[](Viewer& viewer) { viewer.Save(); },
+                +[](Viewer& viewer) { viewer.frame_.OpenHelp(); }, +[](Viewer& viewer) { viewer.close(); } };
+            if (alive)
+                Actions[size_t(item)](*alive);
+        });
 }
 
 void Viewer::Save()

@@ -12,7 +12,7 @@ QImage Dot()
     return source;
 }
 
-}
+} // namespace
 
 TEST(Background, IsSeventyFiveTwipsLargerThanTheArea)
 {
@@ -36,5 +36,6 @@ TEST(Background, StandsOnceInTheLowerRightCorner)
 
 TEST(Background, WithoutAPictureIsPlainGround)
 {
-    EXPECT_EQ(ComposeBackground(QImage(), { 4, 4 }, Placement::Tiled, Qt::black).pixelColor(2, 2), QColor(Qt::black));
+    EXPECT_EQ(ComposeBackground(QImage(), { 4, 4 }, Placement::Tiled, Qt::black).pixelColor(2, 2),
+        QColor(Qt::black));
 }

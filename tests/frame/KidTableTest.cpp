@@ -1,5 +1,5 @@
-#include "app/ApplicationState.h"
 #include "app/KidTable.h"
+#include "app/ApplicationState.h"
 
 #include <QTemporaryDir>
 #include <algorithm>
@@ -26,7 +26,7 @@ protected:
     }
 };
 
-}
+} // namespace
 
 TEST_F(KidTableTest, TheUpperBoundIsTheCount)
 {
@@ -61,7 +61,8 @@ TEST_F(KidTableTest, AKidIsBroughtUpByPushingTheOthersBack)
         Open(handle);
     std::vector<quintptr> stack { 11, 12, 13 }; // the last is on top
     const auto push = [&] { std::rotate(stack.rbegin(), stack.rbegin() + 1, stack.rend()); };
-    kids.MakeKidActive(0, [&] { return stack.back(); }, push);
+    kids.MakeKidActive(
+        0, [&] { return stack.back(); }, push);
     EXPECT_EQ(stack.back(), 11u);
 }
 
@@ -71,6 +72,7 @@ TEST_F(KidTableTest, OnAHoleAllGoRoundOnce)
         Open(handle);
     state.Kids[1] = 0;
     int pushed = 0;
-    kids.MakeKidActive(1, [] { return quintptr(11); }, [&] { ++pushed; });
+    kids.MakeKidActive(
+        1, [] { return quintptr(11); }, [&] { ++pushed; });
     EXPECT_EQ(pushed, 3);
 }

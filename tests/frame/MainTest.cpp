@@ -1,5 +1,5 @@
-#include "app/ApplicationState.h"
 #include "app/Main.h"
+#include "app/ApplicationState.h"
 #include "desktop/FileName.h"
 #include "tests/testing/FakeClipboard.h"
 #include "tests/testing/FakePlayer.h"
@@ -39,7 +39,10 @@ protected:
     }
     void TearDown() override { QDir::setCurrent(QDir::rootPath()); }
 
-    template <typename Widget = QWidget> Widget* Find(const char* name) { return main->findChild<Widget*>(QLatin1String(name)); }
+    template <typename Widget = QWidget> Widget* Find(const char* name)
+    {
+        return main->findChild<Widget*>(QLatin1String(name));
+    }
     void Click(const char* name) { QTest::mouseClick(Find(name), Qt::LeftButton); }
     QString Label(const char* name) { return Find<QLabel>(name)->text(); }
     bool IsEnabled(Command command) { return main->IsCommandEnabled(command); }
@@ -51,16 +54,18 @@ protected:
     }
     void Store(const char* key, const char* value)
     {
-        ASSERT_TRUE(state.Settings.SaveSetting(QStringLiteral("Options"), QLatin1String(key), QLatin1String(value)));
+        ASSERT_TRUE(
+            state.Settings.SaveSetting(QStringLiteral("Options"), QLatin1String(key), QLatin1String(value)));
     }
 };
 
-}
+} // namespace
 
 TEST_F(MainTest, TheButtonsBearTheirCaptionsAndTips)
 {
     const std::pair<const char*, const char*> expected[] { { "Open videos", " Open videos for capture  " },
-        { "Stretch", " Stretch video to window " }, { "Fit to Window", " Fit to window, maintain aspect ratio " },
+        { "Stretch", " Stretch video to window " },
+        { "Fit to Window", " Fit to window, maintain aspect ratio " },
         { "Default Size", " View video at it's default (normal) size " },
         { "Download", " Download video from internet " }, { "Cancel", " Cancel downloading " },
         { "Print Frame", " Print top picture " }, { "Options", " Set TAQ Video Capture Pro options " },

@@ -1,5 +1,5 @@
-// What the user of the whole program meets when a file is not what it should be: one message or none, and a program
-// that opens the next video as if nothing had been.
+// What the user of the whole program meets when a file is not what it should be: one message or none, and a
+// program that opens the next video as if nothing had been.
 #include "app/ApplicationState.h"
 #include "app/Main.h"
 #include "desktop/FileName.h"
@@ -27,8 +27,8 @@ protected:
     FakeClipboard clipboard;
     ScriptedDialogs dialogs;
     ScriptedErrors errors;
-    std::unique_ptr<Main> main = std::make_unique<Main>(
-        FrameParts { state, clipboard, dialogs, errors, [](QWidget* parent) { return new PlayerControl(parent); } });
+    std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts {
+        state, clipboard, dialogs, errors, [](QWidget* parent) { return new PlayerControl(parent); } });
 
     void SetUp() override
     {
@@ -50,7 +50,10 @@ protected:
         dialogs.openNames.push(result);
         QTest::mouseClick(main->findChild<QWidget*>(QStringLiteral("Cmds(0)")), Qt::LeftButton);
     }
-    QString Label(int index) const { return main->findChild<QLabel*>(QStringLiteral("LblMsg1(%1)").arg(index))->text(); }
+    QString Label(int index) const
+    {
+        return main->findChild<QLabel*>(QStringLiteral("LblMsg1(%1)").arg(index))->text();
+    }
 
     void ExpectError(const char* reason)
     {
@@ -63,7 +66,8 @@ protected:
     {
         ExpectError(reason);
         ClickOpen(Path(name));
-        EXPECT_TRUE(QTest::qWaitFor([this] { return Label(0) == QStringLiteral("Abort"); }, Patience)) << name;
+        EXPECT_TRUE(QTest::qWaitFor([this] { return Label(0) == QStringLiteral("Abort"); }, Patience))
+            << name;
         EXPECT_EQ(main->CurrentPlayer().TrackingMax(), 0);
         OpenGood();
     }
@@ -76,7 +80,7 @@ protected:
     }
 };
 
-}
+} // namespace
 
 TEST_F(ProgramFaultTest, ASelectionWithNoVideoIsSilent)
 {

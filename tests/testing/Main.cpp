@@ -9,12 +9,13 @@ namespace {
 void FailOnWarning(QtMsgType type, const QMessageLogContext&, const QString& message)
 {
     // The offscreen platform says so of everything it cannot do; that is no fault of the program.
-    if (type == QtDebugMsg || type == QtInfoMsg || message.startsWith(QLatin1String("This plugin does not support")))
+    if (type == QtDebugMsg || type == QtInfoMsg
+        || message.startsWith(QLatin1String("This plugin does not support")))
         return;
     ADD_FAILURE() << "Qt said: " << message.toStdString();
 }
 
-}
+} // namespace
 
 int main(int argc, char** argv)
 {

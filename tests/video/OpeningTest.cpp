@@ -1,5 +1,5 @@
-#include "tests/testing/FakeFrame.h"
 #include "video/Opening.h"
+#include "tests/testing/FakeFrame.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ protected:
     }
 };
 
-}
+} // namespace
 
 TEST_F(OpeningTest, OneFileIsOneNameOfItsFolder)
 {
@@ -39,7 +39,8 @@ TEST_F(OpeningTest, OneFileIsOneNameOfItsFolder)
 
 TEST_F(OpeningTest, ThreeFilesOfWhichOneIsATextFileGiveTwoVideos)
 {
-    Choose(here + Nul + QStringLiteral("a.avi") + Nul + QStringLiteral("b.txt") + Nul + QStringLiteral("c.mpg") + Nul + Nul);
+    Choose(here + Nul + QStringLiteral("a.avi") + Nul + QStringLiteral("b.txt") + Nul
+        + QStringLiteral("c.mpg") + Nul + Nul);
     KeepVideos(state);
     EXPECT_EQ(state.FileCount, 3);
     EXPECT_EQ(state.VideoCount, 2);
@@ -77,7 +78,8 @@ TEST_F(OpeningTest, TheDialogOpensInTheLastFolderAndTheOneItLeavesIsKept)
     state.Store(Key::OldDir);
     Choose(QString());
     EXPECT_EQ(frame.dialogs.folder, QStringLiteral("/tmp"));
-    EXPECT_EQ(state.Settings.GetSetting(QStringLiteral("Options"), QStringLiteral("OldDir"), QString()), QDir::currentPath());
+    EXPECT_EQ(state.Settings.GetSetting(QStringLiteral("Options"), QStringLiteral("OldDir"), QString()),
+        QDir::currentPath());
 }
 
 TEST_F(OpeningTest, WithoutALastFolderTheCurrentOneIsTaken)

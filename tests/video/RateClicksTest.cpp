@@ -15,7 +15,7 @@ std::vector<double> Series(std::optional<double> (RateClicks::*click)(double), i
     return rates;
 }
 
-}
+} // namespace
 
 TEST(RateClicks, FiveIncreasesLeadToFiveAndTheSixthBackToOne)
 {

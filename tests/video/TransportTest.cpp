@@ -1,7 +1,7 @@
+#include "video/Transport.h"
 #include "tests/testing/FakeFrame.h"
 #include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
-#include "video/Transport.h"
 #include "video/TransportPane.h"
 
 #include <QTest>
@@ -31,7 +31,7 @@ protected:
     QString Status(StatusLabel label) const { return frame.status.value(label); }
 };
 
-}
+} // namespace
 
 TEST_F(TransportTest, PlayResetsTheSelectionStartWithoutAMark)
 {
@@ -189,7 +189,8 @@ TEST_F(TransportTest, ARefusedRateIsToldInTheTipAndBecomesOne)
     player.rate = 0.05;
     Click(pane.speedbtn[DecreaseRateButton]);
     EXPECT_EQ(player.rate, 1.0);
-    EXPECT_TRUE(pane.speedbtn[DecreaseRateButton]->toolTip().endsWith(QStringLiteral(" Rate not supported  -")));
+    EXPECT_TRUE(
+        pane.speedbtn[DecreaseRateButton]->toolTip().endsWith(QStringLiteral(" Rate not supported  -")));
 }
 
 TEST_F(TransportTest, TheSliderSeeksAndShowsItsOwnPercent)

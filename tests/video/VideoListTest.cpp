@@ -1,5 +1,5 @@
-#include "tests/testing/FakeFrame.h"
 #include "video/VideoList.h"
+#include "tests/testing/FakeFrame.h"
 
 #include <QListWidget>
 #include <QSignalSpy>
@@ -17,7 +17,8 @@ TEST(VideoList, AClickOpensTheEntryAsChosenFromTheList)
     ASSERT_EQ(entries->count(), 2);
     EXPECT_EQ(entries->item(1)->text(), QStringLiteral("/f/2.avi"));
     QSignalSpy chosen(list, &VideoList::VideoChosen);
-    QTest::mouseClick(entries->viewport(), Qt::LeftButton, {}, entries->visualItemRect(entries->item(1)).center());
+    QTest::mouseClick(
+        entries->viewport(), Qt::LeftButton, {}, entries->visualItemRect(entries->item(1)).center());
     EXPECT_EQ(chosen.size(), 1);
     EXPECT_EQ(frame.state.VideoPath, QStringLiteral("/f/2.avi"));
     EXPECT_EQ(frame.state.CaptureName, frame.state.VideoPath);

@@ -1,11 +1,12 @@
-#include "app/TimeText.h"
 #include "video/VideoNames.h"
+#include "app/TimeText.h"
 
 #include <gtest/gtest.h>
 
 TEST(VideoNames, TheLastFourCharactersDecide)
 {
-    for (const char* name : { "a.mpeg", "ampeg", "mpeg", "a.mpg", "A.AVI", "b.swf", "c.mpa", "d.Wmv", "e.asx" })
+    for (const char* name :
+        { "a.mpeg", "ampeg", "mpeg", "a.mpg", "A.AVI", "b.swf", "c.mpa", "d.Wmv", "e.asx" })
         EXPECT_TRUE(IsVideoName(QLatin1String(name))) << name;
     for (const char* name : { "", "a.txt", "avi", "a.mp4", "mpg", "a.avi2", "a.avi " })
         EXPECT_FALSE(IsVideoName(QLatin1String(name))) << name;
@@ -24,7 +25,8 @@ TEST(VideoNames, APathIsSplitAtItsLastSeparatorAndCutAtANul)
     EXPECT_TRUE(parts.isSplit);
     EXPECT_EQ(parts.name, QStringLiteral("clip.avi"));
     EXPECT_EQ(parts.folder, QStringLiteral("/films/old one"));
-    EXPECT_EQ(SplitVideoPath(QStringLiteral("/f/clip.avi") + QChar(0) + u'x').name, QStringLiteral("clip.avi"));
+    EXPECT_EQ(
+        SplitVideoPath(QStringLiteral("/f/clip.avi") + QChar(0) + u'x').name, QStringLiteral("clip.avi"));
     EXPECT_FALSE(SplitVideoPath(QStringLiteral("clip.avi")).isSplit);
 }
 

@@ -1,10 +1,10 @@
+#include "video/VideoWindow.h"
 #include "tests/testing/FakeFrame.h"
 #include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
 #include "toolkit/TitleStrip.h"
 #include "video/Transport.h"
 #include "video/TransportPane.h"
-#include "video/VideoWindow.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -33,7 +33,8 @@ protected:
     {
         frame.own = &spare; // asked for while the window is being made
         transport = std::make_unique<Transport>(pane, frame, [] {});
-        window = new VideoWindow(frame, *transport, [this](QWidget* parent) { return frame.own = new FakePlayer(parent); });
+        window = new VideoWindow(
+            frame, *transport, [this](QWidget* parent) { return frame.own = new FakePlayer(parent); });
         frame.own->size = QSize(640, 360);
         window->show();
         pane.show();
@@ -55,7 +56,7 @@ protected:
     QString Status(StatusLabel label) const { return frame.status.value(label); }
 };
 
-}
+} // namespace
 
 TEST_F(VideoWindowTest, TheWindowTakesTheSizeOfTheVideo)
 {
@@ -196,7 +197,8 @@ TEST_F(VideoWindowTest, WithoutATrackingScaleTheLabelsStay)
 TEST_F(VideoWindowTest, APlayerErrorIsToldWithItsCodeAndThenTheHint)
 {
     frame.errors.Expect(QStringLiteral("Error Abort"),
-        QStringLiteral("Abort, Error Playing.     Error Code: Reason 5.  Or file is not complete, or it is corrupt"));
+        QStringLiteral(
+            "Abort, Error Playing.     Error Code: Reason 5.  Or file is not complete, or it is corrupt"));
     Q_EMIT Player().PlayerError(5);
     EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("Abort"));
 }
@@ -224,9 +226,10 @@ TEST_F(VideoWindowTest, TheSizePopupSetsTheDisplaySizeAndTheCaptions)
     EXPECT_EQ(state.PopupKind, 1);
     EXPECT_EQ(frame.log.last(5),
         (QStringList { QStringLiteral("  Normal Video Size"), QStringLiteral("  Three Quarter"),
-            QStringLiteral("  Half Size"), QStringLiteral("  Double Size"), QStringLiteral("  Close Captioning") }));
-    for (const auto& [item, mode] : { std::pair(0, ltmmPlay::Normal), { 1, ltmmPlay::ThreeQuarters }, { 2, ltmmPlay::Half },
-             { 3, ltmmPlay::Double } }) {
+            QStringLiteral("  Half Size"), QStringLiteral("  Double Size"),
+            QStringLiteral("  Close Captioning") }));
+    for (const auto& [item, mode] : { std::pair(0, ltmmPlay::Normal), { 1, ltmmPlay::ThreeQuarters },
+             { 2, ltmmPlay::Half }, { 3, ltmmPlay::Double } }) {
         frame.chosenInMenus(item);
         EXPECT_EQ(Player().displaySize, mode);
     }

@@ -1,6 +1,6 @@
+#include "viewers/QuickShots.h"
 #include "tests/testing/FakeFrame.h"
 #include "tests/testing/Files.h"
-#include "viewers/QuickShots.h"
 #include "viewers/ThumbCell.h"
 
 #include <QTest>
@@ -28,10 +28,13 @@ protected:
         frame.hold.SetBitmap(picture);
         strip->mnuControlsAdd2();
     }
-    void Click(const char* name) { QTest::mouseClick(strip->findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton); }
+    void Click(const char* name)
+    {
+        QTest::mouseClick(strip->findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton);
+    }
 };
 
-}
+} // namespace
 
 TEST_F(QuickShotsTest, AThumbnailSharesThePixelsOfItsCapture)
 {
@@ -67,7 +70,8 @@ TEST_F(QuickShotsTest, AllAreSavedUnderTheNextFreeNumbers)
     Add(Qt::blue);
     Click("Cmds(5)");
     EXPECT_EQ(FilesIn(state.Beside(QStringLiteral("AutoSave"))),
-        (QStringList { QStringLiteral("AutoThumb1.bmp"), QStringLiteral("AutoThumb2.bmp"), QStringLiteral("AutoThumb3.bmp") }));
+        (QStringList { QStringLiteral("AutoThumb1.bmp"), QStringLiteral("AutoThumb2.bmp"),
+            QStringLiteral("AutoThumb3.bmp") }));
     EXPECT_EQ(FileBytes(state.Beside(QStringLiteral("AutoSave/AutoThumb1.bmp"))), QByteArray("taken"));
     EXPECT_EQ(frame.status.value(StatusLabel::Operation), QStringLiteral("All Thumbs Saved"));
 }

@@ -1,6 +1,6 @@
+#include "viewers/Viewer.h"
 #include "tests/testing/FakeFrame.h"
 #include "toolkit/TitleStrip.h"
-#include "viewers/Viewer.h"
 
 #include <QDir>
 #include <QTest>
@@ -27,7 +27,7 @@ protected:
     }
 };
 
-}
+} // namespace
 
 TEST_F(ViewerTest, WindowsAreNumberedOneApartAndNumbersAreNeverGivenAgain)
 {
@@ -111,7 +111,8 @@ TEST_F(ViewerTest, AFailureWhileThePictureIsLoadedIsTold)
 {
     state.NoCap = true;
     frame.player.failsStills = true;
-    frame.errors.Expect(QStringLiteral("Error Opening Capture!"), QStringLiteral("Error opening clipboard capture."));
+    frame.errors.Expect(
+        QStringLiteral("Error Opening Capture!"), QStringLiteral("Error opening clipboard capture."));
     Open();
 }
 

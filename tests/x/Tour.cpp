@@ -22,7 +22,8 @@
 namespace {
 
 constexpr int Patience = 20'000; // milliseconds
-const QStringList Chosen { QStringLiteral("Aurora.avi"), QStringLiteral("notes.txt"), QStringLiteral("Sunset.mpg") };
+const QStringList Chosen { QStringLiteral("Aurora.avi"), QStringLiteral("notes.txt"),
+    QStringLiteral("Sunset.mpg") };
 
 void Require(bool holds, const QString& what)
 {
@@ -38,7 +39,8 @@ template <typename Condition> void WaitFor(Condition condition, const QString& w
 void WriteText(const QString& path, const QByteArray& text)
 {
     QFile file(path);
-    Require(file.open(QIODevice::WriteOnly) && file.write(text) == text.size(), QStringLiteral("write ") + path);
+    Require(
+        file.open(QIODevice::WriteOnly) && file.write(text) == text.size(), QStringLiteral("write ") + path);
 }
 
 QString Empty(const QString& folder)
@@ -48,7 +50,7 @@ QString Empty(const QString& folder)
     return QDir(folder).absolutePath();
 }
 
-}
+} // namespace
 
 Tour::Tour(const QString& folder, const QString& samples)
     : folder_(Empty(folder))
@@ -82,17 +84,19 @@ void Tour::Run()
 void Tour::ShowFrame()
 {
     CRegSettings& settings = program_.State().Settings;
-    for (const auto& [key, value] : { std::pair("OpThumb", "2"), { "AutoSave", "True" }, { "AutoDir", "True" } })
+    for (const auto& [key, value] :
+        { std::pair("OpThumb", "2"), { "AutoSave", "True" }, { "AutoDir", "True" } })
         Require(settings.SaveSetting(QStringLiteral("Options"), QLatin1String(key), QLatin1String(value)),
             QStringLiteral("store a setting"));
     for (const Key key : { Key::OpThumb, Key::AutoSave, Key::AutoDir })
         program_.State().Reload(key);
-    main_.resize(1120, 760);
+    main_.resize(QSize(1120, 760).boundedTo(main_.screen()->availableSize()));
     main_.show();
     Require(QTest::qWaitForWindowExposed(&main_, Patience), QStringLiteral("the frame stands on the screen"));
     main_.activateWindow();
     WaitFor([this] { return main_.isActiveWindow(); }, QStringLiteral("the frame is active"));
-    Require(main_.windowTitle() == QStringLiteral("TAQ Pro v2.1"), QStringLiteral("the frame bears its window text"));
+    Require(main_.windowTitle() == QStringLiteral("TAQ Pro v2.1"),
+        QStringLiteral("the frame bears its window text"));
     Shoot(QStringLiteral("empty-frame"));
 }
 
@@ -118,7 +122,8 @@ void Tour::OpenThreeFiles()
     const ApplicationState& state = program_.State();
     Require(state.FileCount == 3, QStringLiteral("three files were chosen"));
     Require(state.VideoCount == 2, QStringLiteral("two of them are videos"));
-    Require(state.VideoPath.endsWith(QStringLiteral("/videos/Aurora.avi")), QStringLiteral("the first is open"));
+    Require(
+        state.VideoPath.endsWith(QStringLiteral("/videos/Aurora.avi")), QStringLiteral("the first is open"));
     Require(state.VideoOpen, QStringLiteral("a video is open"));
 }
 
@@ -126,15 +131,14 @@ void Tour::PlayAndPause()
 {
     Click(QStringLiteral("Cmd2(0)"));
     WaitFor([this] { return ShownFrame() >= 5; }, QStringLiteral("the label counts frames"));
-    const QImage early = Screen();
+    const QWidget& player = Find(QStringLiteral("ltmmPlay1"));
+    const QImage early = Screen(player);
     const int before = ShownFrame();
     WaitFor([&] { return ShownFrame() >= before + 25; }, QStringLiteral("the video goes on playing"));
-    const QImage late = Screen();
-    const QWidget& player = Find(QStringLiteral("ltmmPlay1"));
-    const QRect shown(player.mapToGlobal(QPoint()), player.size());
-    Require(early.copy(shown) != late.copy(shown), QStringLiteral("the picture on the screen has changed"));
+    Require(Screen(player) != early, QStringLiteral("the picture on the screen has changed"));
     Click(QStringLiteral("Cmd2(1)"));
-    WaitFor([this] { return main_.CurrentPlayer().State() == ltmmPlay::Paused; }, QStringLiteral("the player pauses"));
+    WaitFor([this] { return main_.CurrentPlayer().State() == ltmmPlay::Paused; },
+        QStringLiteral("the player pauses"));
     Shoot(QStringLiteral("playing"));
 }
 
@@ -146,7 +150,8 @@ void Tour::StepFrames()
     for (int i = 0; i < 2; ++i)
         Click(QStringLiteral("Cmd2(2)"));
     frame_ = start + 1;
-    WaitFor([this] { return ShownFrame() == frame_; }, QStringLiteral("three steps forward and two back are one frame"));
+    WaitFor([this] { return ShownFrame() == frame_; },
+        QStringLiteral("three steps forward and two back are one frame"));
     const double likeness = Witness::Likeness(
         main_.CurrentPlayer().GetStillPicture(5000), Witness::FrameOf(program_.State().VideoPath, frame_));
     Require(likeness > 38, QStringLiteral("the label names the frame shown (%1 dB)").arg(likeness));
@@ -211,17 +216,17 @@ int Tour::ShownFrame()
     return main_.findChild<QLabel*>(QStringLiteral("LblMsg1(2)"))->text().section(u' ', -1).toInt();
 }
 
-QImage Tour::Screen()
+QImage Tour::Screen(const QWidget& part)
 {
     main_.repaint();
-    return QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+    const QRect place(part.mapToGlobal(QPoint()), part.size());
+    return part.screen()->grabWindow(0, place.x(), place.y(), place.width(), place.height()).toImage();
 }
 
 void Tour::Shoot(const QString& name)
 {
     QTest::qWait(0);
     const QString file = folder_.filePath(name + QStringLiteral(".png"));
-    const QRect frame(main_.mapToGlobal(QPoint()), main_.size());
-    Require(Screen().copy(frame).save(file), QStringLiteral("write ") + file);
+    Require(Screen(main_).save(file), QStringLiteral("write ") + file);
     written_ += file;
 }

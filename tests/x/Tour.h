@@ -12,8 +12,8 @@ class TourStopped : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// A user at the real program on a real screen: opens, plays, steps, captures, saves; looks at what stands on the
-/// screen and in the files.
+/// A user at the real program on a real screen: opens, plays, steps, captures, saves; looks at what stands on
+/// the screen and in the files.
 class Tour {
 public:
     /// Everything is written below folder, which is emptied first. samples holds the videos to show.
@@ -36,7 +36,8 @@ private:
     QWidget& Find(const QString& name);
     void Click(const QString& name);
     int ShownFrame();
-    QImage Screen();
+    /// What of a window stands on the screen.
+    QImage Screen(const QWidget& part);
     void Shoot(const QString& name);
 
     QDir folder_;

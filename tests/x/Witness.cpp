@@ -13,8 +13,9 @@ QByteArray OutputOf(const QString& program, const QStringList& arguments)
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(program, arguments);
     process.waitForFinished(60'000);
-    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 ? process.readAllStandardOutput()
-                                                                                  : QByteArray();
+    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0
+        ? process.readAllStandardOutput()
+        : QByteArray();
 }
 
 QImage FromPortable(const QByteArray& bytes)
@@ -22,7 +23,7 @@ QImage FromPortable(const QByteArray& bytes)
     return QImage::fromData(bytes, "PPM").convertToFormat(QImage::Format_RGB888);
 }
 
-}
+} // namespace
 
 QImage Witness::FrameOf(const QString& video, int number)
 {
@@ -39,8 +40,8 @@ QImage Witness::PictureOf(const QString& file, QString* kind)
         OutputOf(QStringLiteral("identify"), { QStringLiteral("-format"), QStringLiteral("%m "), file }))
                 .section(u' ', 0, 0);
     return FromPortable(OutputOf(QStringLiteral("convert"),
-        { file + QStringLiteral("[0]"), QStringLiteral("-auto-orient"), QStringLiteral("-alpha"), QStringLiteral("off"), QStringLiteral("-depth"),
-            QStringLiteral("8"), QStringLiteral("ppm:-") }));
+        { file + QStringLiteral("[0]"), QStringLiteral("-auto-orient"), QStringLiteral("-alpha"),
+            QStringLiteral("off"), QStringLiteral("-depth"), QStringLiteral("8"), QStringLiteral("ppm:-") }));
 }
 
 double Witness::Likeness(const QImage& one, const QImage& other)

@@ -13,4 +13,4 @@ QImage PictureOf(const QString& file, QString* kind);
 /// Peak signal to noise ratio in decibels; infinite for equal pictures, -1 for different sizes.
 double Likeness(const QImage& one, const QImage& other);
 
-}
+} // namespace Witness
