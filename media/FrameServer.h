@@ -111,8 +111,7 @@ enum class Purpose {
 /// Bytes that a server may keep.
 struct Limits {
     qsizetype pictures = qsizetype(256) << 20; ///< decoded
-    qsizetype packets =
-        192 * 1024 * 1024; ///< as stored in the file; what does not fit is read again when needed
+    qsizetype packets = qsizetype(192) << 20; ///< as stored; what does not fit is read again when needed
 };
 
 class FrameServer {
