@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Program.h"
+
+#include <QTemporaryDir>
+
+class ltmmPlay;
+
+/// The real program on the screen, with settings and folders of its own, driven by the mouse.
+class LiveProgram {
+public:
+    /// Shows the frame and waits until it stands on the screen. Throws std::runtime_error when it does not.
+    LiveProgram();
+
+    /// Opens a video by the open dialog, which lets through some extensions only: under a name that has one
+    /// of them.
+    void Open(const QString& clip);
+    void Click(const QString& name);
+    ltmmPlay& Player() { return main_.CurrentPlayer(); }
+    /// Capture windows open.
+    int Captures() { return program_.State().KidCount; }
+
+private:
+    QString Prepared() const;
+    void ShowCapturesEverywhere();
+
+    QTemporaryDir folder_;
+    Program program_;
+    Main& main_;
+};
