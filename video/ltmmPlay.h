@@ -8,8 +8,8 @@
 
 /// The player control: one video, shown in this widget, exact to the frame.
 /// All members are called on the user-interface thread; a call that needs the engine waits for it, bounded.
-/// Failures of a call are ControlError exceptions (app/ControlError.h); failures of the media, which may come
-/// at any time, are told by PlayerError.
+/// SetCurrentFrame, NextFrame, PreviousFrame, SetRate and the stills throw ControlError (app/ControlError.h);
+/// every other call, and whatever happens to the media at any time, tells its failures by PlayerError.
 class ltmmPlay : public QWidget {
     Q_OBJECT
 
@@ -92,7 +92,8 @@ public:
     virtual void ToggleClosedCaption() = 0;
 
     /// The shown frame at source resolution in square pixels (24-bit pictures are QImage::Format_BGR888).
-    /// Throws ControlError when no frame can be had within timeoutMs milliseconds.
+    /// Throws ControlError when no frame can be had within timeoutMs milliseconds, and after Stop until the
+    /// video runs or moves again.
     virtual QImage GetStillPicture(int timeoutMs) = 0;
     /// The same picture as a device-independent bitmap that the caller owns.
     Dib GetStillDIB(int timeoutMs) { return Dib::FromImage(GetStillPicture(timeoutMs)); }

@@ -3,6 +3,7 @@
 #include "app/ControlError.h"
 #include "media/player/PictureView.h"
 #include "media/player/TrackingScale.h"
+#include "toolkit/Style.h"
 #include <QPointer>
 #include <system_error>
 
@@ -37,7 +38,7 @@ PlayerControl::PlayerControl(QWidget* parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     QPalette ground = palette();
-    ground.setColor(QPalette::Window, QColor(0x1b, 0x1b, 0x1b));
+    ground.setColor(QPalette::Window, StyleColor(Token::Ground));
     setPalette(ground);
 }
 
@@ -108,6 +109,7 @@ void PlayerControl::Drop()
     memory_.clear();
     kind_ = NoSource;
     state_ = Stopped;
+    stoppedByCall_ = false;
     options_.selection = {};
     update();
 }
@@ -155,6 +157,7 @@ void PlayerControl::Run()
     try {
         session_->Play(shown_, options_);
         state_ = Running;
+        stoppedByCall_ = false;
     } catch (const media::MediaError& error) {
         Tell(error.failure);
     }
@@ -169,6 +172,7 @@ void PlayerControl::Pause()
 void PlayerControl::Stop()
 {
     Halt(Stopped);
+    stoppedByCall_ = true;
 }
 
 void PlayerControl::Halt(PlayState state)
@@ -197,6 +201,7 @@ void PlayerControl::Adopt(const Shot& shot)
 
 void PlayerControl::Arrive(const Shot& shot)
 {
+    stoppedByCall_ = false;
     Adopt(shot);
     Q_EMIT PositionChanged();
     progress_.Force();
@@ -239,6 +244,8 @@ QImage PlayerControl::GetStillPicture(int)
 {
     if (!session_ || shown_.picture.IsNull())
         throw NoVideo();
+    if (stoppedByCall_)
+        throw ControlError(QStringLiteral("The video is stopped."));
     QImage still = shown_.still.isNull() ? shown_.picture.ToStill() : shown_.still;
     if (still.isNull())
         throw ControlError(QStringLiteral("The frame could not be had in time."));

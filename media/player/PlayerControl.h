@@ -102,6 +102,7 @@ private:
     QByteArray memory_;
     Source kind_ = NoSource;
     PlayState state_ = Stopped;
+    bool stoppedByCall_ = false; ///< by Stop, and not by the end of the video: there is no still to be had
     player::PlayOptions options_;
     player::View view_;
     QRect windowedPlace_; ///< among its siblings, while it fills the screen

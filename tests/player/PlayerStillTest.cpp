@@ -1,3 +1,4 @@
+#include "app/ControlError.h"
 #include "tests/player/PlayerFixture.h"
 
 class PlayerStillTest : public PlayerFixture { };
@@ -23,6 +24,27 @@ TEST_F(PlayerStillTest, WhilePlayingItIsTheFrameOnTheScreenAndPlayingGoesOn)
         ASSERT_EQ(NumberIn(player_->GetStillPicture(5000)), Seen());
         ASSERT_EQ(player_->State(), ltmmPlay::Running);
     }
+}
+
+TEST_F(PlayerStillTest, AStoppedVideoGivesNoneUntilItMovesAgain)
+{
+    Load(QStringLiteral("h264_closed.mp4"));
+    EXPECT_EQ(NumberIn(player_->GetStillPicture(5000)), 0) << "just loaded";
+    player_->Stop();
+    EXPECT_THROW(player_->GetStillPicture(5000), ControlError);
+    player_->NextFrame();
+    EXPECT_EQ(NumberIn(player_->GetStillPicture(5000)), 1);
+    player_->Stop();
+    player_->Run();
+    EXPECT_FALSE(player_->GetStillPicture(5000).isNull());
+}
+
+TEST_F(PlayerStillTest, AVideoAtItsEndGivesItsLastFrame)
+{
+    Load(QStringLiteral("two_frames.avi"));
+    player_->Run();
+    ASSERT_TRUE(WaitForEnd());
+    EXPECT_EQ(NumberIn(player_->GetStillPicture(5000)), 1);
 }
 
 TEST_F(PlayerStillTest, ADibHoldsTheSamePicture)
