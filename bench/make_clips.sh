@@ -29,7 +29,9 @@ h264=(-c:v libx264 -preset veryfast -pix_fmt yuv420p -b:v 8M -maxrate 8M -bufsiz
 make big_gop50.mp4 1920x1080 500 "${h264[@]}" -g 50 -x264-params scenecut=0
 make big_gop250.mp4 1920x1080 500 "${h264[@]}" -g 250 -x264-params scenecut=0
 make big_mpeg4.avi 1920x1080 500 -c:v mpeg4 -vtag XVID -b:v 8M -g 50 -bf 2
-make sd_mpeg2.mpg 720x576 500 -c:v mpeg2video -pix_fmt yuv420p -b:v 6M -maxrate 8M -bufsize 1835k -g 12 -bf 2 -f vob
+mpeg2=(-c:v mpeg2video -pix_fmt yuv420p -b:v 6M -maxrate 8M -bufsize 1835k -g 12 -bf 2 -f vob)
+make sd_mpeg2.mpg 720x576 500 "${mpeg2[@]}"
+make sd_mpeg2_long.mpg 720x576 3000 "${mpeg2[@]}"
 
 # copy NAME FROM OPTIONS…: the packets of a clip in another file
 copy()
