@@ -13,11 +13,14 @@ int KidTable::AddKid(quintptr handle)
     return 0;
 }
 
-int KidTable::RemoveKid(quintptr handle)
+int KidTable::RemoveKid(quintptr handle, const std::function<void()>& found)
 {
-    for (size_t slot = 0; slot < size_t(state_.KidCount); ++slot)
-        if (state_.Kids.at(slot) == handle)
-            state_.Kids[slot] = 0;
+    for (size_t slot = 0; slot < size_t(state_.KidCount); ++slot) {
+        if (state_.Kids.at(slot) != handle)
+            continue;
+        state_.Kids[slot] = 0;
+        found();
+    }
     return 0;
 }
 

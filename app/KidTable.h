@@ -21,8 +21,9 @@ public:
     /// Stores the handle in slot KidCount - 1. The caller raises KidCount and calls RedimKids first. Always
     /// 0.
     int AddKid(quintptr handle);
-    /// Empties every slot below KidCount that holds the handle. The caller lowers KidCount. Always 0.
-    int RemoveKid(quintptr handle);
+    /// Empties every slot below KidCount that holds the handle, and calls found for each. The caller lowers
+    /// KidCount. Always 0.
+    int RemoveKid(quintptr handle, const std::function<void()>& found);
     /// The last slot below KidCount that holds the handle; 0 also when none does.
     int FindKid(quintptr handle) const;
     /// Brings a kid to the top by pushing the active child back, at most KidCount times.

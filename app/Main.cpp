@@ -15,6 +15,7 @@
 #include "toolkit/PopupMenu.h"
 #include "toolkit/SizeGrip.h"
 #include "toolkit/StripButton.h"
+#include "toolkit/StripControl.h"
 #include "toolkit/Style.h"
 #include "toolkit/TAQbutton.h"
 #include "toolkit/TitleStrip.h"
@@ -83,7 +84,7 @@ Main::Main(const FrameParts& parts)
 
 Main::~Main()
 {
-    CloseAllForms();
+    UnloadForms();
 }
 
 void Main::Bind()
@@ -197,8 +198,7 @@ void Main::AddKid(quintptr handle)
 
 void Main::RemoveKid(quintptr handle)
 {
-    kids_.RemoveKid(handle);
-    ShowStatus(StatusLabel::AutoCapture, false);
+    kids_.RemoveKid(handle, [this] { ShowStatus(StatusLabel::AutoCapture, false); });
     --state_.KidCount;
 }
 
@@ -215,7 +215,7 @@ void Main::OpenViewer()
 
 void Main::AddThumbnail()
 {
-    if (!quickShots_)
+    if (!quickShots_ || !state_.QuickShotsOpen) // one that is closing takes no more
         quickShots_ = new QuickShots(*this);
     quickShots_->mnuControlsAdd2();
     QWidget* const front = ActiveForm();
@@ -319,12 +319,16 @@ void Main::ShowVideoList()
         connect(videoList_, &VideoList::OpenWanted, this, &Main::OpenVideos);
     }
     AddChild(videoList_);
+    videoList_->setGeometry(0, 0, videoList_->width(), area_->viewport()->height());
 }
 
 void Main::CloseVideoList()
 {
-    if (videoList_)
-        videoList_->close();
+    // Let go of at once: a closed list lives on until the event loop deletes it.
+    if (VideoList* list = videoList_) {
+        videoList_ = nullptr;
+        list->close();
+    }
 }
 
 void Main::mnuFullScreen_Click()
@@ -338,6 +342,13 @@ void Main::OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems
 {
     delete menus_;
     menus_ = new PopupMenu(this);
+    menus_->setAttribute(Qt::WA_DeleteOnClose);
+    // Over a button the pointer may still be on its way from there to the list.
+    connect(menus_, &PopupMenu::MovedOutside, menus_, [menus = menus_.data()](QPoint pointer) {
+        QWidget* const under = QApplication::widgetAt(pointer);
+        if (under && !qobject_cast<StripControl*>(under))
+            menus->close();
+    });
     menus_->setObjectName(QStringLiteral("Menus"));
     state_.PopupKind = qint16(kind);
     menus_->SetItems(items);
@@ -351,7 +362,8 @@ void Main::ShowPopup()
 {
     const QStringList items { QStringLiteral("  Video List"), QStringLiteral("  View Full Screen"),
         QStringLiteral("  Close All Windows"), QStringLiteral("  About") };
-    const QPoint place = pos() + QPoint((2840_twips).Pixels(), (500_twips).Pixels());
+    const auto* button = findChild<QWidget*>(QStringLiteral("Image3"));
+    const QPoint place = button->mapToGlobal(QPoint(0, button->height()));
     OpenMenus(PopupOwner::Frame, items, 0, place, [this](int item) {
         constexpr std::array Actions { &Main::ShowVideoListIfVideo, &Main::mnuFullScreen_Click,
             &Main::CloseAllWindows, &Main::ShowAbout };
@@ -375,33 +387,50 @@ void Main::CloseAllWindows()
     const Hourglass waiting;
     if (quickShots_)
         SendToBack(quickShots_);
-    const auto forms = area_->subWindowList();
-    for (QMdiSubWindow* form : forms)
-        if (qobject_cast<Viewer*>(form))
-            form->close();
+    // Whatever child is active goes, a video in front of the captures too.
+    while (state_.KidCount > 0) {
+        QWidget* const form = ActiveForm();
+        if (!form || !form->close())
+            break;
+    }
     EnableCommand(Command::Print, false);
     ShowStatus(StatusLabel::AutoCapture, false);
 }
 
-void Main::CloseAllForms()
+void Main::UnloadForms()
 {
-    area_->closeAllSubWindows();
+    CloseAllFormsExcept(objectName());
     // A form can open or raise another while it closes; the second round takes what the first passed over.
-    area_->closeAllSubWindows();
-    delete state_.CurrentVideo;
+    CloseAllFormsExcept(objectName());
+    delete state_.CurrentVideo; // one that was made on demand and never shown
+}
+
+void Main::CloseAllFormsExcept(const QString& name)
+{
+    for (QMdiSubWindow* form : area_->subWindowList())
+        form->close();
+    for (QWidget* form : QApplication::topLevelWidgets())
+        if (form->isVisible() && form->objectName() != name)
+            form->close();
 }
 
 void Main::ToggleMaximised()
 {
-    const bool wasMaximised = isMaximized();
-    wasMaximised ? showNormal() : showMaximized();
-    maximise_->SetFace(wasMaximised ? Face::Maximize : Face::Restore);
-    Image2->setVisible(wasMaximised);
+    isMaximized() ? showNormal() : showMaximized();
+}
+
+void Main::ShowWindowState()
+{
+    maximise_->SetValue(isMaximized() ? WindowButton::Restore : WindowButton::Maximise);
+    Image2->setVisible(!isMaximized());
+    setWindowTitle(QLatin1String(WindowText));
 }
 
 void Main::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange)
+        ShowWindowState();
     if (event->type() != QEvent::ActivationChange)
         return;
     topBack_->SetActive(isActiveWindow());
@@ -409,10 +438,17 @@ void Main::changeEvent(QEvent* event)
         setWindowTitle(QLatin1String(WindowText));
 }
 
+void Main::mousePressEvent(QMouseEvent* event)
+{
+    // The bare ground of the command strip, the foot and the labels leave their presses to the frame.
+    if (event->button() == Qt::LeftButton)
+        drag_->StartMove(event->globalPosition().toPoint());
+}
+
 void Main::closeEvent(QCloseEvent* event)
 {
     state_.ExitRequested = true;
-    CloseAllForms();
+    UnloadForms();
     QWidget::closeEvent(event);
 }
 
@@ -425,6 +461,8 @@ void Main::resizeEvent(QResizeEvent* event)
 
 void Main::ApplyBackground()
 {
+    const QColor ground = StyleColor(Token::Ground);
+    area_->setBackground(ground);
     state_.Reload(Key::OpPic);
     if (state_.OpPic == 2)
         return;
@@ -433,8 +471,8 @@ void Main::ApplyBackground()
     try {
         const QImage source = imaging::PictureFile::Decode(
             WholeFile::Read(state_.BackgroundFile, imaging::PictureFile::MaxFileBytes));
-        area_->setBackground(QBrush(ComposeBackground(source, area_->viewport()->size(),
-            state_.TileBackground ? Placement::Tiled : Placement::LowerRight, StyleColor(Token::Ground))));
+        const Placement placement = state_.TileBackground ? Placement::Tiled : Placement::LowerRight;
+        area_->setBackground(ComposeBackground(source, area_->viewport()->size(), placement, ground));
     } catch (const std::runtime_error&) {
         // Without its picture the frame stays plain.
     }
@@ -454,4 +492,5 @@ void Main::dropEvent(QDropEvent* event)
         return;
     AddChild(&CurrentVideo());
     CurrentPlayer().SetSourceFile(file);
+    event->acceptProposedAction();
 }

@@ -78,6 +78,7 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -101,10 +102,13 @@ private:
     void ShowVideoListIfVideo();
     void CloseVideoList();
     void CloseAllWindows();
-    void CloseAllForms();
+    /// Unloads every form whose name differs.
+    void CloseAllFormsExcept(const QString& name);
+    void UnloadForms();
     void ShowPopup();
     void ShowAbout();
     void ToggleMaximised();
+    void ShowWindowState();
     void ApplyBackground();
 
     ApplicationState& state_;
@@ -125,7 +129,7 @@ private:
     std::array<QLabel*, size_t(StatusLabel::Count)> labels_ {};
     FrameDrag* drag_ = nullptr;
     SizeGrip* Image2 = nullptr;
-    PopupMenu* menus_ = nullptr;
+    QPointer<PopupMenu> menus_;
     Lead* thumbHold_ = nullptr;
     QPointer<VideoList> videoList_;
     QPointer<QuickShots> quickShots_;

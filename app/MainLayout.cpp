@@ -1,4 +1,5 @@
 // How the frame is made up of its parts, from top to bottom.
+#include "app/ApplicationState.h"
 #include "app/CommandTable.h"
 #include "app/EmptyState.h"
 #include "app/Lead.h"
@@ -76,15 +77,18 @@ void Main::BuildHead(QVBoxLayout* column)
     front1_ = MakeHeadButton<Front>("front1", Face::BringToFront, "Bring video to front", topBack_);
     auto* help = MakeHeadButton<xphelp>("xphelp1", Face::Help, "Help", topBack_);
     auto* minimise = MakeHeadButton<xptopbuttons>("ToolBarPic(2)", Face::Minimize, "Minimize", topBack_);
-    maximise_ =
-        MakeHeadButton<xptopbuttons>("ToolBarPic(1)", Face::Maximize, "Maximize or restore", topBack_);
+    maximise_ = MakeHeadButton<xptopbuttons>("ToolBarPic(1)", Face::None, "Maximize or restore", topBack_);
+    maximise_->SetValue(WindowButton::Maximise);
     auto* close = MakeHeadButton<xptopbuttons>("ToolBarPic(0)", Face::Close, "Close", topBack_);
     for (StripButton* button : { front1_, static_cast<StripButton*>(help),
              static_cast<StripButton*>(minimise), maximise_, static_cast<StripButton*>(close) })
         topBack_->AddButton(button);
     front1_->hide();
     connect(menu, &StripButton::Click, this, &Main::ShowPopup);
-    connect(front1_, &StripButton::Click, this, [this] { AddChild(&CurrentVideo()); });
+    connect(front1_, &StripButton::Click, this, [this] {
+        if (state_.CurrentVideo)
+            AddChild(&CurrentVideo());
+    });
     connect(help, &StripButton::Click, this, &Main::OpenHelp);
     connect(minimise, &StripButton::Click, this, &QWidget::showMinimized);
     connect(maximise_, &StripButton::Click, this, &Main::ToggleMaximised);
@@ -120,6 +124,8 @@ void Main::BuildArea(QVBoxLayout* column)
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    // When a window closes, the one used before it comes up.
+    area_->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     emptyState_ = new EmptyState(area_->viewport());
     connect(emptyState_, &EmptyState::Opens, this, [this] {
         RevealVideoWindow();

@@ -193,8 +193,8 @@ void PositionSlider::PaintGroove(QPainter& painter) const
         FillRounded(painter, fill, Token::Accent);
 }
 
-// The range is a bar above the groove with posts at its ends, so that it shows on both parts of the groove. A range
-// that is the whole scale selects nothing.
+// The range is a bar above the groove with posts at its ends, so that it shows on both parts of the groove. A
+// range that is the whole scale selects nothing.
 void PositionSlider::PaintSelection(QPainter& painter) const
 {
     if (selLength_ <= 0 || selLength_ >= Max())

@@ -49,6 +49,11 @@ private:
     bool toggle_ = false;
 };
 
+/// What the `Value` of a window's button shows, in the strips of both families below.
+namespace WindowButton {
+enum Value { Close = 0, Maximise = 1, Minimise = 2, Restore = 3 };
+}
+
 /// Buttons of the frame's title strip: 0 close, 1 maximise, 2 minimise, 3 restore.
 class xptopbuttons : public StripButton {
     Q_OBJECT

@@ -66,7 +66,7 @@ void Transport::Bind()
     connect(pane_.trkPosition, &PositionSlider::Scroll, this, [this] { Scroll(pane_.trkPosition->Value()); });
 }
 
-void Transport::EnableVideoControls(bool enabled)
+void Transport::EnableVideoControls(bool enabled, const ltmmPlay& player)
 {
     for (StripButton* button : pane_.Cmd2)
         button->setEnabled(enabled);
@@ -81,22 +81,29 @@ void Transport::EnableVideoControls(bool enabled)
         for (StripButton* button : pane_.CmdList)
             button->setEnabled(false);
 
-    int seeking = 0;
-    if (enabled)
-        IgnoreErrors([&] { seeking = Player().CheckSeeking(15); });
+    const int seeking = player.CheckSeeking(15);
     pane_.Cmd3[SeekStartButton]->setEnabled(seeking & ltmmPlay::ToStart);
     pane_.Cmd3[SeekEndButton]->setEnabled(seeking & ltmmPlay::ToEnd);
+    // After an open or a clear the marks wait for the slider.
+    const bool marksUsable = seeking & (ltmmPlay::MarkStart | ltmmPlay::MarkEnd) && !State().MarksCleared;
     for (const SeekButton button : { MarkStartButton, MarkEndButton })
-        pane_.Cmd3[button]->setEnabled(seeking & (ltmmPlay::MarkStart | ltmmPlay::MarkEnd));
+        pane_.Cmd3[button]->setEnabled(marksUsable);
 }
 
 void Transport::ForgetMarks()
+{
+    ClearMarks();
+    for (const SeekButton button : { MarkStartButton, MarkEndButton })
+        pane_.Cmd3[button]->SetValue(0);
+}
+
+void Transport::ClearMarks()
 {
     State().MarksSet = false;
     State().MarksCleared = true;
     for (const SeekButton button : { MarkStartButton, MarkEndButton }) {
         pane_.Cmd3[button]->setToolTip(QLatin1String(ClearedTip));
-        pane_.Cmd3[button]->SetValue(0);
+        pane_.Cmd3[button]->setEnabled(false);
     }
 }
 
@@ -209,11 +216,8 @@ void Transport::Mark(SeekButton button)
     if (IsDown(pane_.Cmd3[button])) {
         Player().SetSelectionStart(0.0);
         Player().SetSelectionEnd(Player().Duration());
-        for (const SeekButton mark : { MarkStartButton, MarkEndButton })
-            pane_.Cmd3[mark]->setToolTip(QLatin1String(ClearedTip));
         pane_.Cmd3[other]->SetValue(0);
-        State().MarksSet = false;
-        State().MarksCleared = true;
+        ClearMarks();
         return;
     }
     if (button == MarkStartButton)

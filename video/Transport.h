@@ -22,7 +22,7 @@ public:
     Transport(TransportPane& pane, Frame& frame, std::function<void()> openListed);
 
     /// Sets the bar to usable or not, as far as the player can seek.
-    void EnableVideoControls(bool enabled);
+    void EnableVideoControls(bool enabled, const ltmmPlay& player);
     /// What every open begins with: no marks, both mark buttons released and waiting for the slider.
     void ForgetMarks();
     /// The slider and the previous/next buttons for a video just loaded.
@@ -51,6 +51,7 @@ public:
 private:
     void Bind();
     void Mark(SeekButton button);
+    void ClearMarks();
     void Toggle(SeekButton button);
     ltmmPlay& Player();
     ApplicationState& State();

@@ -36,8 +36,9 @@ VideoList::VideoList(Frame& frame)
     VidList->setAccessibleName(QStringLiteral("Videos"));
     SetBody(VidList);
     Fill();
+    // One signal for a click and for Enter, on every desktop.
+    VidList->setStyleSheet(QStringLiteral("QListWidget { activate-on-singleclick: 1; }"));
     connect(VidList, &QListWidget::itemActivated, this, [this] { Choose(VidList->currentRow()); });
-    connect(VidList, &QListWidget::itemClicked, this, [this] { Choose(VidList->currentRow()); });
     frame_.State().ApplyToolTips(*this);
 }
 

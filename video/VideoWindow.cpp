@@ -42,7 +42,7 @@ struct HeadButton {
 constexpr std::array<HeadButton, 4> HeadButtons { {
     { 3, Face::Open, " Open Videos ", "Open videos" },
     { 2, Face::Minimize, " Minimize Window ", "Minimize window" },
-    { 1, Face::Maximize, " Restore/Maximize Window ", "Restore or maximize window" },
+    { 1, Face::None, " Restore/Maximize Window ", "Restore or maximize window" },
     { 0, Face::Close, " Close Video Window ", "Close video window" },
 } };
 
@@ -66,7 +66,7 @@ VideoWindow::VideoWindow(Frame& frame, Transport& transport, const PlayerFactory
     Bind();
     BindPlayer();
     frame_.State().FirstOfList = true;
-    transport_.EnableVideoControls(false);
+    transport_.EnableVideoControls(false, *ltmmPlay1);
     transport_.SetSoundOn();
     frame_.State().ApplyToolTips(*this);
     SetPointer(Pointer::Normal);
@@ -90,6 +90,7 @@ void VideoWindow::Build(const PlayerFactory& makePlayer)
     resize((6000_twips).Pixels(), (4000_twips).Pixels());
     Timer1.setInterval(2000ms);
     Timer1.setSingleShot(true);
+    Timer1.start();
     Timer3.start(1000ms);
     FlashTimer.setInterval(2000ms);
 }
@@ -122,6 +123,12 @@ void VideoWindow::BuildHead()
 void VideoWindow::Bind()
 {
     connect(this, &ChildForm::Activated, this, [this] { frame_.State().VideoOpen = true; });
+    auto* maximise = findChild<StripButton*>(QStringLiteral("Cmds(1)"));
+    maximise->SetValue(WindowButton::Maximise);
+    connect(this, &ChildForm::ShapeChanged, this, [this, maximise] {
+        maximise->SetValue(
+            CurrentShape() == Shape::Maximized ? WindowButton::Restore : WindowButton::Maximise);
+    });
     connect(&Timer1, &QTimer::timeout, this, &VideoWindow::GrowToMinimum);
     connect(&Timer3, &QTimer::timeout, this, [this] { frame_.ShowStatus(StatusLabel::Flashing, false); });
     connect(&FlashTimer, &QTimer::timeout, this, [this] {
@@ -142,8 +149,10 @@ void VideoWindow::BindPlayer()
         if (key == Qt::Key_Escape)
             ltmmPlay1->ToggleFullScreen();
     });
-    connect(
-        ltmmPlay1, &ltmmPlay::MousePressed, this, [this] { Q_EMIT Head().MoveRequested(QCursor::pos()); });
+    connect(ltmmPlay1, &ltmmPlay::MousePressed, this, [this] {
+        if (!ltmmPlay1->FullScreen())
+            Q_EMIT Head().MoveRequested(QCursor::pos());
+    });
     connect(ltmmPlay1, &ltmmPlay::PlayerError, this, &VideoWindow::TellError);
 }
 
@@ -162,13 +171,17 @@ void VideoWindow::OpenVideo()
     state.VideoExt = VideoExtension(state.VideoPath);
     state.FromList = false;
     GiveSource();
-    SizeToVideo(ltmmPlay1->VideoWidth(), ltmmPlay1->VideoHeight());
+    const bool hasPath = !state.VideoPath.trimmed().isEmpty();
+    // A video that could not be loaded has no size; its window keeps the one it had, so that it stays in
+    // reach.
+    if (!hasPath || ltmmPlay1->VideoWidth() > 0)
+        SizeAround(ltmmPlay1->VideoWidth(), ltmmPlay1->VideoHeight());
     transport_.StartVideo();
     transport_.ReleasePause();
     state.MarksSet = false;
     frame_.ShowStatus(StatusLabel::Operation, true);
     frame_.ShowStatus(StatusLabel::Position, true);
-    transport_.EnableVideoControls(!state.VideoPath.trimmed().isEmpty());
+    transport_.EnableVideoControls(hasPath, *ltmmPlay1);
     if (state.VideoExt == QLatin1String(".wmv")) {
         frame_.SetStatus(StatusLabel::Operation, QStringLiteral("Streaming video"));
         frame_.SetStatus(StatusLabel::Position, QStringLiteral(", please wait for video to play"));
@@ -196,7 +209,7 @@ void VideoWindow::GiveSource()
         ltmmPlay1->ResetSource();
 }
 
-void VideoWindow::SizeToVideo(double width, double height)
+void VideoWindow::SizeAround(double width, double height)
 {
     if (CurrentShape() != Shape::Normal)
         return;
@@ -214,6 +227,13 @@ void VideoWindow::UpdateVideoTitle()
     }
     state.Reload(Key::NameFull);
     Head().SetTitle(FileName::Shown(state.NameFull ? state.VideoName : state.VideoPath));
+}
+
+void VideoWindow::mousePressEvent(QMouseEvent* event)
+{
+    ChildForm::mousePressEvent(event);
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT Head().MoveRequested(event->globalPosition().toPoint());
 }
 
 void VideoWindow::resizeEvent(QResizeEvent* event)
@@ -275,13 +295,15 @@ void VideoWindow::ShowProgress(int position)
 
 void VideoWindow::TellError(int code)
 {
-    ApplicationState& state = frame_.State();
+    Frame& frame = frame_; // the window may go while the box stands
+    ApplicationState& state = frame.State();
     if (!state.ShowPlayerErrors)
         return;
+    const QString title = QStringLiteral("Error Abort");
     state.MessageText = QStringLiteral("Abort, Error Playing.     Error Code: ") + ltmmPlay1->ErrorText(code)
         + QStringLiteral("  Or file is not complete, or it is corrupt");
-    frame_.Errors().ShowPlayerError(this, QStringLiteral("Error Abort"), state.MessageText);
-    frame_.SetStatus(StatusLabel::Operation, QStringLiteral("Abort"));
+    frame.Errors().ShowPlayerError(this, title, state.MessageText);
+    frame.SetStatus(StatusLabel::Operation, QStringLiteral("Abort"));
 }
 
 void VideoWindow::StopTimers()
@@ -338,7 +360,7 @@ void VideoWindow::closeEvent(QCloseEvent* event)
     transport_.ShowPane(false);
     Q_EMIT ListUnwanted();
     state.VideoOpen = false;
-    transport_.EnableVideoControls(false);
+    transport_.EnableVideoControls(false, *ltmmPlay1);
     FlashTimer.stop();
     CapTimer.stop();
     state.FromList = false;

@@ -38,6 +38,7 @@ Q_SIGNALS:
     void OpenWanted(); ///< the window's own open button was pressed; playing has stopped
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
@@ -48,8 +49,8 @@ private:
     void BindPlayer();
     void ResetPlayer();
     void GiveSource();
-    void EmptyPlayer();
-    void SizeToVideo(double width, double height);
+    /// Measures of the player in twips; the window keeps its room around it.
+    void SizeAround(double width, double height);
     void ShowSizePopup();
     void GrowToMinimum();
     void StopTimers();

@@ -133,6 +133,8 @@ void QuickShots::SaveAll()
         int number = 0;
         Lead writer;
         for (const ThumbCell* cell : Lead3) {
+            if (cell->Bitmap().isNull())
+                continue; // its capture never reached the clipboard
             writer.SetBitmap(cell->Bitmap());
             number = names.Write(
                 [&](const QString& path) { return writer.SaveNew(path, format, bits, quality); }, number);

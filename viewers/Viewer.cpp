@@ -15,6 +15,7 @@
 #include <QPointer>
 
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -34,7 +35,7 @@ struct ViewerButton {
 };
 constexpr std::array<ViewerButton, 3> HeadButtons { {
     { 2, Face::Minimize, " Minimize Window ", "Minimize window" },
-    { 1, Face::Maximize, " Restore/Maximize Window ", "Restore or maximize window" },
+    { 1, Face::None, " Restore/Maximize Window ", "Restore or maximize window" },
     { 0, Face::Close, " Close Capture Window ", "Close capture window" },
 } };
 constexpr std::array<ViewerButton, 1> ToolColumn { {
@@ -66,7 +67,7 @@ Viewer::Viewer(Frame& frame)
     SetTitle(QStringLiteral("Capture Window %1").arg(state.CaptureWindowCount));
     LoadPicture();
     SetPointer(Pointer::Normal);
-    frame_.EnableCommand(Command::Save, true);
+    frame_.EnableCommand(Command::Save, !Lead1->Bitmap().isNull());
 }
 
 void Viewer::Build()
@@ -116,6 +117,13 @@ void Viewer::Bind()
     onClick("Cmds(1)", &Viewer::ToggleMaximize);
     onClick("Cmds(2)", &Viewer::Minimize);
     onClick("Cmds(6)", &Viewer::Save);
+    auto* maximise = findChild<StripButton*>(QStringLiteral("Cmds(1)"));
+    maximise->SetValue(WindowButton::Maximise);
+    connect(this, &ChildForm::ShapeChanged, this, [this, maximise] {
+        maximise->SetValue(
+            CurrentShape() == Shape::Maximized ? WindowButton::Restore : WindowButton::Maximise);
+    });
+    connect(this, &ChildForm::Activated, this, [this] { setWindowTitle(QStringLiteral("Capture Window")); });
     connect(Lead1, &Lead::MouseDown, this, &Viewer::Zoom);
 }
 
@@ -137,6 +145,7 @@ void Viewer::LoadPicture()
         frame_.EnableCommand(Command::Print, true);
         ClipPic_ = Lead1->GetPicture();
         SizeToPicture();
+        frame_.PumpEvents();
         state.ApplyToolTips(*this);
     } catch (const ControlError&) {
         frame_.Errors().Show(frame_.FrameWindow(), QStringLiteral("Error Opening Capture!"),
@@ -186,6 +195,8 @@ void Viewer::Save()
 
 void Viewer::closeEvent(QCloseEvent* event)
 {
-    frame_.RemoveKid(quintptr(this));
+    // A closed window lives on until the event loop deletes it, and may be closed once more meanwhile.
+    if (!std::exchange(isGone_, true))
+        frame_.RemoveKid(quintptr(this));
     ChildForm::closeEvent(event);
 }

@@ -38,4 +38,5 @@ private:
     Frame& frame_;
     Lead* Lead1 = nullptr;
     QImage ClipPic_;
+    bool isGone_ = false;
 };

@@ -12,6 +12,7 @@ protected:
     QTemporaryDir folder;
     ApplicationState state { folder.path(), folder.path() };
     KidTable kids { state };
+    int removed = 0;
 
     void Open(quintptr handle)
     {
@@ -21,7 +22,7 @@ protected:
     }
     void Close(quintptr handle)
     {
-        EXPECT_EQ(kids.RemoveKid(handle), 0);
+        EXPECT_EQ(kids.RemoveKid(handle, [this] { ++removed; }), 0);
         --state.KidCount;
     }
 };
@@ -53,6 +54,16 @@ TEST_F(KidTableTest, ANewKidTakesTheThirdOnesSlotAndTheHoleStays)
     Open(14);
     EXPECT_EQ(state.KidCount, 3);
     EXPECT_EQ(state.Kids, (std::vector<quintptr> { 0, 12, 14, 0 }));
+}
+
+TEST_F(KidTableTest, AKidWhoseSlotWasTakenIsNotFoundAnyMore)
+{
+    for (const quintptr handle : { 11, 12, 13 })
+        Open(handle);
+    Close(11);
+    Open(14);
+    Close(13);
+    EXPECT_EQ(removed, 1) << "only the first";
 }
 
 TEST_F(KidTableTest, AKidIsBroughtUpByPushingTheOthersBack)

@@ -1,21 +1,30 @@
 #include "app/Main.h"
 #include "app/ApplicationState.h"
+#include "capture/CaptureCurrentFrame.h"
+#include "capture/SavePicture.h"
 #include "desktop/FileName.h"
+#include "imaging/PictureFile.h"
 #include "tests/testing/FakeClipboard.h"
 #include "tests/testing/FakePlayer.h"
 #include "tests/testing/ScriptedTalk.h"
+#include "toolkit/SizeGrip.h"
+#include "toolkit/StripButton.h"
 #include "toolkit/TAQbutton.h"
 #include "viewers/QuickShots.h"
 #include "viewers/Viewer.h"
 
 #include <QDir>
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QLabel>
+#include <QListWidget>
+#include <QMdiArea>
 #include <QMenu>
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -27,10 +36,18 @@ protected:
     FakeClipboard clipboard;
     ScriptedDialogs dialogs;
     ScriptedErrors errors;
-    FakePlayer* player = nullptr;
-    std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors,
-        [this](QWidget* parent) { return player = new FakePlayer(parent); } });
+    QPointer<FakePlayer> player;
+    bool playersFailStills = false;
+    std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts {
+        state, clipboard, dialogs, errors, [this](QWidget* parent) { return MakePlayer(parent); } });
 
+    FakePlayer* MakePlayer(QWidget* parent)
+    {
+        player = new FakePlayer(parent);
+        player->failsStills = playersFailStills;
+        return player;
+    }
+    static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
     void SetUp() override
     {
         main->show();
@@ -174,32 +191,135 @@ TEST_F(MainTest, MakeKidActiveBringsAWindowUp)
 
 TEST_F(MainTest, ClosingTheFrameClosesEveryWindowWhateverTheirOrder)
 {
-    OpenOne();
-    Click("Cmds(8)");
-    Click("Cmds(8)");
-    const QPointer<QWidget> video = Find("VideoWindow");
-    const QPointer<QuickShots> strip = main->findChild<QuickShots*>();
+    for (const char* last : { "VideoWindow", "QuickShots", "Viewer" }) {
+        OpenOne();
+        Click("Cmds(8)");
+        Click("Cmds(8)");
+        main->AddChild(Find(last));
+        main->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_FALSE(main->isVisible());
+        for (const char* form : { "VideoWindow", "QuickShots", "Viewer" })
+            EXPECT_EQ(Find(form), nullptr) << form << " after " << last;
+        EXPECT_EQ(state.KidCount, 0);
+        EXPECT_TRUE(state.ExitRequested);
+        main->show();
+    }
+}
+
+TEST_F(MainTest, TheCloseButtonClosesTheFrame)
+{
     Click("ToolBarPic(0)");
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(main->isVisible());
-    EXPECT_FALSE(video);
-    EXPECT_FALSE(strip);
-    EXPECT_EQ(main->findChildren<Viewer*>().size(), 0);
+}
+
+TEST_F(MainTest, ACaptureWithoutAnyVideoIsToldAndMakesAVideoWindowOnDemand)
+{
+    playersFailStills = true;
+    errors.Expect(QStringLiteral("Error!"),
+        QStringLiteral("Capture Error. Restart video, then pause, then try to capture again."));
+    CaptureCurrentFrame(*main);
+    EXPECT_NE(state.CurrentVideo, nullptr);
     EXPECT_EQ(state.KidCount, 0);
 }
 
-TEST_F(MainTest, CloseAllWindowsClosesTheCapturesAndNotTheVideo)
+TEST_F(MainTest, TheFirstRunWritesNoKeyAndTheSecondIsSilent)
+{
+    EXPECT_FALSE(QFileInfo::exists(state.Settings.FilePath()));
+    EXPECT_EQ(Find("VideoWindow"), nullptr);
+    const Main second(FrameParts { state, clipboard, dialogs, errors, {} });
+    EXPECT_FALSE(QFileInfo::exists(state.Settings.FilePath()));
+}
+
+TEST_F(MainTest, FullScreenWithoutAVideoMakesNoVideoWindow)
+{
+    main->mnuFullScreen_Click();
+    EXPECT_EQ(state.CurrentVideo, nullptr);
+    OpenOne();
+    main->mnuFullScreen_Click();
+    EXPECT_TRUE(player->fullScreen);
+}
+
+TEST_F(MainTest, TheVideoWindowsOwnOpenButtonReadsTheAutomaticCaptureAnew)
+{
+    OpenOne();
+    for (const auto& [key, value] : { std::pair("AutoFrame", "True"), { "CaptureTime", "True" },
+             { "AutoCapture", "True" }, { "AutoNumber", "77" }, { "Ext", ".png" } })
+        Store(key, value);
+    dialogs.openNames.push(QString());
+    QTest::mouseClick(Find("VideoWindow")->findChild<QWidget*>(QStringLiteral("Cmds(3)")), Qt::LeftButton);
+    EXPECT_TRUE(state.AutoFrame && state.CaptureTime && state.AutoCapture);
+    EXPECT_EQ(state.AutoNumber, 77);
+    EXPECT_EQ(state.CurrentExt, QStringLiteral(".png"));
+    EXPECT_FALSE(state.OpenCancelled);
+}
+
+TEST_F(MainTest, ThePictureBehindTheWindowsFollowsItsSettings)
+{
+    QImage picture(8, 8, QImage::Format_BGR888);
+    picture.fill(Qt::red);
+    SavePicture(picture, folder.filePath(QStringLiteral("back.bmp")));
+    Store("PicFolder", qPrintable(folder.filePath(QStringLiteral("back.bmp"))));
+    const auto* area = main->findChild<QMdiArea*>();
+    const auto shown = [&](const char* placement) {
+        Store("OpPic", placement);
+        main->resize(main->width() + 1, main->height());
+        const QImage image = area->viewport()->grab().toImage();
+        return std::pair(image.pixelColor(2, 2), image.pixelColor(image.width() - 2, image.height() - 2));
+    };
+    const QColor red(Qt::red);
+    EXPECT_EQ(shown("0"), std::pair(red, red)) << "tiled";
+    EXPECT_NE(shown("1").first, red) << "lower right";
+    EXPECT_EQ(shown("1").second, red) << "lower right";
+    EXPECT_NE(shown("2").second, red) << "none";
+}
+
+TEST_F(MainTest, CloseAllWindowsClosesWhateverStandsInFrontUntilNoCaptureIsLeft)
 {
     Store("OpThumb", "2");
     OpenOne();
     Click("Cmds(8)");
     Click("Cmds(8)");
-    Click("Image3");
-    auto* menus = Find<QMenu>("Menus");
-    ASSERT_NE(menus, nullptr);
-    menus->actions().at(2)->trigger();
+    const auto chooseCloseAll = [this] {
+        Click("Image3");
+        Find<QMenu>("Menus")->actions().at(2)->trigger();
+    };
+    chooseCloseAll();
     EXPECT_EQ(state.KidCount, 0);
-    EXPECT_TRUE(Find("VideoWindow")->isVisible());
+    EXPECT_TRUE(state.VideoOpen) << "it stood behind";
+    Click("Cmds(8)");
+    main->AddChild(Find("VideoWindow"));
+    chooseCloseAll();
+    EXPECT_EQ(state.KidCount, 0);
+    EXPECT_FALSE(state.VideoOpen) << "it stood in front";
+}
+
+TEST_F(MainTest, ASecondSelectionShowsItsOwnList)
+{
+    Store("OpenVidList", "False");
+    state.Reload(Key::OpenVidList);
+    for (const QString& pair : { QStringLiteral("a.avi b.avi"), QStringLiteral("c.avi d.avi") }) {
+        const QStringList names = pair.split(u' ');
+        dialogs.openNames.push(folder.path() + QChar(0) + names.join(QChar(0)) + QChar(0) + QChar(0));
+        Click("Cmds(0)");
+        const auto lists = main->findChildren<QListWidget*>(QStringLiteral("VidList"));
+        const auto shown =
+            std::find_if(lists.begin(), lists.end(), [](QListWidget* list) { return list->isVisible(); });
+        ASSERT_NE(shown, lists.end());
+        EXPECT_EQ((*shown)->item(1)->text(), folder.filePath(names[1]));
+    }
+}
+
+TEST_F(MainTest, TheMaximiseButtonFollowsTheWindow)
+{
+    auto* button = Find<StripButton>("ToolBarPic(1)");
+    Click("ToolBarPic(1)");
+    EXPECT_TRUE(main->isMaximized());
+    EXPECT_EQ(button->Value(), 3);
+    EXPECT_FALSE(main->findChild<SizeGrip*>(QString(), Qt::FindDirectChildrenOnly)->isVisible());
+    main->showNormal();
+    EXPECT_EQ(button->Value(), 1);
+    EXPECT_EQ(main->windowTitle(), QStringLiteral("TAQ Pro v2.1"));
 }
 
 TEST_F(MainTest, AFileDroppedOnTheFrameGoesToThePlayerAndChangesNothingElse)

@@ -87,7 +87,10 @@ TEST_F(OpeningTest, WithoutALastFolderTheCurrentOneIsTaken)
     Choose(QString());
     EXPECT_EQ(frame.dialogs.folder, QDir::currentPath());
     EXPECT_EQ(frame.dialogs.title, QStringLiteral("Open Videos To Capture"));
-    EXPECT_EQ(frame.dialogs.filter, QLatin1String(OpenFilter));
+    EXPECT_EQ(frame.dialogs.filter,
+        QStringLiteral("Video Files (*.avi;*.mpeg;*.mpg;*.mpa;*.wmv)|*.avi;*.mpeg;*.mpg;*.mpa;*.wmv|"
+                       "AVI, DivX Files (*.avi)|*.avi|MPEG Files (*.mpeg)|*.mpeg|MPG Files (*.mpg)|*.mpg|"
+                       "MPA Files (*.mpa)|*.mpa|WMV Files (*.wmv)|*.wmv|All Files (*.*)|*.*"));
 }
 
 TEST_F(OpeningTest, PathsAreBuiltFromTheCurrentFolderAndNotFromTheDialogs)

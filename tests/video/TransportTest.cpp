@@ -24,7 +24,7 @@ protected:
         player.file = state.VideoPath;
         state.VideoExt = QStringLiteral(".avi");
         pane.show();
-        transport.EnableVideoControls(true);
+        transport.EnableVideoControls(true, player);
     }
 
     static void Click(QWidget* button) { QTest::mouseClick(button, Qt::LeftButton); }
@@ -89,12 +89,12 @@ TEST_F(TransportTest, AWmvMovesByTenOnTheTrackingScale)
 TEST_F(TransportTest, SeekButtonsFollowWhatThePlayerCanDo)
 {
     player.capabilities = ltmmPlay::ToEnd;
-    transport.EnableVideoControls(true);
+    transport.EnableVideoControls(true, player);
     EXPECT_FALSE(pane.Cmd3[SeekStartButton]->isEnabled());
     EXPECT_TRUE(pane.Cmd3[SeekEndButton]->isEnabled());
     EXPECT_FALSE(pane.Cmd3[MarkStartButton]->isEnabled());
     player.capabilities = ltmmPlay::MarkEnd;
-    transport.EnableVideoControls(true);
+    transport.EnableVideoControls(true, player);
     EXPECT_TRUE(pane.Cmd3[MarkStartButton]->isEnabled());
     EXPECT_TRUE(pane.Cmd3[MarkEndButton]->isEnabled());
 }
@@ -105,7 +105,7 @@ TEST_F(TransportTest, WithoutAVideoNothingCanBePressedButWhatIsDown)
     player.capabilities = 0;
     transport.SetSoundOn();
     pane.Cmd3[LoopButton]->SetValue(1);
-    transport.EnableVideoControls(false);
+    transport.EnableVideoControls(false, player);
     EXPECT_FALSE(pane.Cmd2[PlayButton]->isEnabled());
     EXPECT_FALSE(pane.Cmd3[AutoRewindButton]->isEnabled());
     EXPECT_TRUE(pane.Cmd3[LoopButton]->isEnabled()) << "down, so it keeps its state";
@@ -144,15 +144,55 @@ TEST_F(TransportTest, AMarkButtonWithoutAVideoDoesNothingAndKeepsItsValue)
     EXPECT_EQ(pane.Cmd3[MarkStartButton]->Value(), 0);
 }
 
-TEST_F(TransportTest, MarksWaitForTheSliderAfterAnOpen)
+TEST_F(TransportTest, MarksWaitForTheSliderAfterAnOpenAndAfterAClear)
 {
+    const auto areUsable = [this] {
+        return pane.Cmd3[MarkStartButton]->isEnabled() && pane.Cmd3[MarkEndButton]->isEnabled();
+    };
     transport.ForgetMarks();
-    for (const SeekButton button : { MarkStartButton, MarkEndButton })
-        pane.Cmd3[button]->setEnabled(false);
+    transport.EnableVideoControls(true, player);
+    EXPECT_FALSE(areUsable());
     transport.Scroll(5000);
-    EXPECT_TRUE(pane.Cmd3[MarkStartButton]->isEnabled());
-    EXPECT_TRUE(pane.Cmd3[MarkEndButton]->isEnabled());
+    EXPECT_TRUE(areUsable());
     EXPECT_FALSE(state.MarksCleared);
+    Click(pane.Cmd3[MarkStartButton]);
+    EXPECT_TRUE(areUsable());
+    Click(pane.Cmd3[MarkStartButton]);
+    EXPECT_FALSE(areUsable());
+}
+
+TEST_F(TransportTest, EveryButtonStartsWithItsTip)
+{
+    state.ApplyToolTips(pane);
+    const std::pair<StripButton*, const char*> expected[] { { pane.Cmd2[0], " Play " },
+        { pane.Cmd2[1], " Pause " }, { pane.Cmd2[2], " Back 1 Frame " },
+        { pane.Cmd2[3], " Forward 1 Frame " }, { pane.Cmd3[0], " Seek Start " },
+        { pane.Cmd3[1], " Seek End " }, { pane.Cmd3[2], " Use SLIDER to set start mark. " },
+        { pane.Cmd3[3], " Use SLIDER to set end mark. " }, { pane.Cmd3[4], " Auto Rewind " },
+        { pane.Cmd3[5], " Loop " }, { pane.Cmd3[6], " Sound On " }, { pane.speedbtn[0], " Increase Rate " },
+        { pane.speedbtn[1], " Decrease Rate " }, { pane.CmdList[0], " Back 1 video on list  " },
+        { pane.CmdList[1], " Forward 1 video on list " } };
+    for (const auto& [button, tip] : expected)
+        EXPECT_EQ(button->toolTip(), QLatin1String(tip));
+}
+
+TEST_F(TransportTest, SeekButtonsSeekAndKeepTheirValue)
+{
+    player.frame = 50;
+    Click(pane.Cmd3[SeekEndButton]);
+    EXPECT_EQ(player.frame, 99);
+    Click(pane.Cmd3[SeekStartButton]);
+    EXPECT_EQ(player.frame, 0);
+    EXPECT_EQ(pane.Cmd3[SeekStartButton]->Value(), 0);
+    EXPECT_EQ(pane.Cmd3[SeekEndButton]->Value(), 0);
+}
+
+TEST_F(TransportTest, AnAcceptedRateIsToldInTheTip)
+{
+    Click(pane.speedbtn[IncreaseRateButton]);
+    Click(pane.speedbtn[IncreaseRateButton]);
+    EXPECT_EQ(player.rate, 2.0);
+    EXPECT_EQ(pane.speedbtn[IncreaseRateButton]->toolTip(), QStringLiteral("2"));
 }
 
 TEST_F(TransportTest, LatchingButtonsDoWhatTheirValueSays)

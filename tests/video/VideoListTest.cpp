@@ -23,5 +23,7 @@ TEST(VideoList, AClickOpensTheEntryAsChosenFromTheList)
     EXPECT_EQ(frame.state.VideoPath, QStringLiteral("/f/2.avi"));
     EXPECT_EQ(frame.state.CaptureName, frame.state.VideoPath);
     EXPECT_TRUE(frame.state.FromList);
+    QTest::keyClick(entries, Qt::Key_Return);
+    EXPECT_EQ(chosen.size(), 2);
     delete list;
 }

@@ -93,6 +93,39 @@ TEST_F(VideoWindowTest, ASelectionOfOnlyTextFilesLeavesTheTransportDisabled)
     EXPECT_EQ(Player().file, QString());
     EXPECT_FALSE(pane.Cmd2[PlayButton]->isEnabled());
     EXPECT_FALSE(pane.CmdList[NextVideoButton]->isEnabled());
+    EXPECT_LT(window->height(), 100) << "the window stays at its minimum size";
+}
+
+TEST_F(VideoWindowTest, AVideoThatCannotBeLoadedKeepsItsWindowInReach)
+{
+    Open({ QStringLiteral("a.avi") });
+    const QSize before = window->size();
+    state.LoadVid = true; // ends with an empty player
+    Open({ QStringLiteral("a.mpg") });
+    EXPECT_EQ(window->size(), before);
+}
+
+TEST_F(VideoWindowTest, AnOpenInProgressSuppressesTheNextResizeOnce)
+{
+    state.OpeningNow = true;
+    window->resize(300, 300);
+    EXPECT_FALSE(state.OpeningNow);
+}
+
+TEST_F(VideoWindowTest, TheMaximiseButtonShowsWhatItWillDo)
+{
+    auto* button = window->findChild<StripButton*>(QStringLiteral("Cmds(1)"));
+    EXPECT_EQ(button->Value(), 1);
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(button->Value(), 3);
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(button->Value(), 1);
+}
+
+TEST_F(VideoWindowTest, TheFlashingLabelIsHiddenAfterASecond)
+{
+    EXPECT_TRUE(QTest::qWaitFor([this] { return frame.statusShown.contains(StatusLabel::Flashing); }, 10000));
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::Flashing));
 }
 
 TEST_F(VideoWindowTest, AnMpegFileAskedIntoMemoryEndsWithAnEmptyPlayer)

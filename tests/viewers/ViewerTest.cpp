@@ -54,6 +54,8 @@ TEST_F(ViewerTest, AClipboardWithoutAPictureOpensAnEmptyWindow)
     frame.clipboard.picture = {};
     const auto viewer = Open();
     EXPECT_TRUE(viewer->Picture().Bitmap().isNull());
+    EXPECT_FALSE(frame.enabled.value(Command::Save));
+    EXPECT_EQ(frame.log.count(QStringLiteral("PumpEvents")), 1);
 }
 
 TEST_F(ViewerTest, APickedThumbnailReplacesWhatTheClipboardHolds)
@@ -99,6 +101,16 @@ TEST_F(ViewerTest, TheSaveButtonSaysFrameSaved)
     EXPECT_TRUE(QFile::exists(frame.folder.filePath(QStringLiteral("AutoSave/auto1.bmp"))));
 }
 
+TEST_F(ViewerTest, TheSaveButtonsWordsReplaceAnyOutcome)
+{
+    frame.dialogs.saveNames.push(QString());
+    const auto viewer = Open();
+    frame.activeForm = viewer.get();
+    frame.activeCapture = &viewer->Picture();
+    QTest::mouseClick(viewer->findChild<QWidget*>(QStringLiteral("Cmds(6)")), Qt::LeftButton);
+    EXPECT_EQ(frame.status.value(StatusLabel::Operation), QStringLiteral("Frame Saved")) << "cancelled";
+}
+
 TEST_F(ViewerTest, WithNoCapAFileIsWrittenBeforeTheWindowShowsItsPicture)
 {
     state.NoCap = true;
@@ -113,7 +125,7 @@ TEST_F(ViewerTest, AFailureWhileThePictureIsLoadedIsTold)
     frame.player.failsStills = true;
     frame.errors.Expect(
         QStringLiteral("Error Opening Capture!"), QStringLiteral("Error opening clipboard capture."));
-    Open();
+    EXPECT_TRUE(Open()->Picture().Bitmap().isNull()) << "the file comes first";
 }
 
 TEST_F(ViewerTest, ClosingTakesTheWindowOutOfTheKidTable)
