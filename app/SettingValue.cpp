@@ -17,8 +17,8 @@ QString Text(qint32 value)
 
 QString Text(float value)
 {
-    char digits[32];
-    const auto end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
+    char digits[64]; // the smallest numbers have 46 digits behind their point
+    const auto end = std::to_chars(std::begin(digits), std::end(digits), value, std::chars_format::fixed).ptr;
     return QString::fromLatin1(digits, end - digits);
 }
 

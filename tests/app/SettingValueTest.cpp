@@ -2,6 +2,7 @@
 
 #include <QLocale>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace {
 
@@ -39,6 +40,18 @@ TEST(SettingValue, FloatsComeBackAsTheyWere)
     EXPECT_EQ(Text(0.1F), QStringLiteral("0.1"));
     for (const char* text : { "nan", "inf", "1e99", "wide", "1,5" })
         EXPECT_EQ(Parse<float>(QString::fromLatin1(text)), std::nullopt) << text;
+}
+
+TEST(SettingValue, FloatsAreDecimalTextHoweverLargeOrSmall)
+{
+    using Limits = std::numeric_limits<float>;
+    EXPECT_EQ(Text(100000.0F), QStringLiteral("100000"));
+    EXPECT_EQ(Text(1e-5F), QStringLiteral("0.00001"));
+    for (const float value :
+        { Limits::max(), Limits::lowest(), Limits::min(), -Limits::denorm_min(), -1.17549435e-38F }) {
+        EXPECT_FALSE(Text(value).contains(u'e')) << value;
+        EXPECT_EQ(Parse<float>(Text(value)), value);
+    }
 }
 
 TEST(SettingValue, NumbersAreTheSameInEveryLocale)
