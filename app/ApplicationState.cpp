@@ -2,8 +2,8 @@
 
 #include "app/SettingValue.h"
 #include "desktop/FileName.h"
+#include "toolkit/PathText.h"
 
-#include <QDir>
 #include <QMdiSubWindow>
 
 #include <algorithm>
@@ -166,5 +166,5 @@ bool ApplicationState::Store(Key key)
 
 QString ApplicationState::Beside(const QString& name) const
 {
-    return applicationFolder_ + QDir::separator() + name;
+    return applicationFolder_ + PathText::Separator() + name;
 }

@@ -1,6 +1,6 @@
 #include "app/SettingsKeys.h"
 
-#include <QDir>
+#include "toolkit/PathText.h"
 
 QString DefaultText(Key key, Reader reader, const QString& applicationFolder)
 {
@@ -9,5 +9,5 @@ QString DefaultText(Key key, Reader reader, const QString& applicationFolder)
         if (other.text && other.reader == reader)
             return QString::fromUtf16(other.text);
     const QString text = QString::fromUtf16(row.text);
-    return row.base == Base::ApplicationFolder ? applicationFolder + QDir::separator() + text : text;
+    return row.base == Base::ApplicationFolder ? applicationFolder + PathText::Separator() + text : text;
 }

@@ -2,11 +2,10 @@
 
 #include "app/ControlError.h"
 #include "desktop/WholeFile.h"
-
-#include <QDir>
+#include "toolkit/PathText.h"
 
 AutoName::AutoName(const QString& folder, const QString& extension, const QString& stem)
-    : front_(folder + QDir::separator() + stem)
+    : front_(folder + PathText::Separator() + stem)
     , extension_(extension)
 {
     if (folder.trimmed().isEmpty())
