@@ -15,6 +15,7 @@
 #include "video/ltmmPlay.h"
 
 #include <functional>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -103,9 +104,19 @@ Writer CaptureWriter(Frame& frame)
     };
 }
 
-QString WriteUnder(const AutoName& names, const Writer& write)
+/// Every name that is tried is the shared path while it is tried.
+void WriteUnder(const AutoName& names, const Writer& write, ApplicationState& state)
 {
-    return names.At(names.Write([&write](const QString& path) { return write(path, Name::New); }));
+    names.Write([&](const QString& path) {
+        state.CurrentFile = path;
+        return write(path, Name::New);
+    });
+}
+
+void WriteConfirmed(const QString& path, const Writer& write, ApplicationState& state)
+{
+    state.CurrentFile = path;
+    write(path, Name::Confirmed);
 }
 
 void Save(Frame& frame)
@@ -113,7 +124,9 @@ void Save(Frame& frame)
     ApplicationState& state = frame.State();
     state.Reload(Key::Ext);
     const bool isStill = state.VidSave;
-    const ForcedExtension forced(state, isStill ? QStringLiteral(".bmp") : state.CurrentExt);
+    std::optional<ForcedExtension> forced;
+    if (isStill)
+        forced.emplace(state, QStringLiteral(".bmp"));
     const SaveTarget target = TargetOf(state.SpecialFolder, state.AutoSave, state.AutoDir);
     const bool isAsked = target.naming == SaveTarget::Naming::Asked;
     const QString chosen = isAsked ? AskName(frame, target.folder) : QString();
@@ -124,9 +137,9 @@ void Save(Frame& frame)
     frame.ShowStatus(StatusLabel::AutoCapture, false);
     const Writer write = isStill ? StillWriter(frame) : CaptureWriter(frame);
     if (isAsked)
-        write(chosen, Name::Confirmed);
-    state.CurrentFile =
-        isAsked ? chosen : WriteUnder(AutoName(FolderOf(target.folder, state), extension), write);
+        WriteConfirmed(chosen, write, state);
+    else
+        WriteUnder(AutoName(FolderOf(target.folder, state), extension), write, state);
     if (!isStill)
         frame.SetStatus(StatusLabel::Operation, QStringLiteral("Capture Saved"));
     if (QWidget* form = frame.ActiveForm(); form && state.NoWin)
@@ -151,5 +164,5 @@ void ImmediateSave(Frame& frame)
 {
     ApplicationState& state = frame.State();
     const AutoName names(state.Beside(QStringLiteral("AutoSave")), state.CurrentExt);
-    state.CurrentFile = WriteUnder(names, StillWriter(frame));
+    WriteUnder(names, StillWriter(frame), state);
 }

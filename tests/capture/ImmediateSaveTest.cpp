@@ -11,6 +11,7 @@ TEST_F(ImmediateSaveTest, WritesBitmapDataUnderTheExtensionLastRead)
     frame_.state.CurrentExt = QStringLiteral(".jpg");
     frame_.player.frame = 5;
     ImmediateSave(frame_);
+    EXPECT_EQ(frame_.player.lastTimeout, 5000);
     EXPECT_EQ(frame_.state.CurrentFile, AutoSave("auto1.jpg"));
     EXPECT_EQ(
         QImage::fromData(FileBytes(AutoSave("auto1.jpg")), "BMP").convertToFormat(QImage::Format_BGR888),
@@ -43,6 +44,7 @@ TEST_F(ImmediateSaveTest, AFailureIsTheWindows)
     frame_.player.failsStills = false;
     QDir(frame_.folder.filePath(QStringLiteral("AutoSave"))).removeRecursively();
     EXPECT_THROW(ImmediateSave(frame_), ControlError);
+    EXPECT_EQ(frame_.state.CurrentFile, AutoSave("auto1.bmp"));
 }
 
 TEST_F(ImmediateSaveTest, FileAndWindowOfARunningVideoHoldTwoStills)

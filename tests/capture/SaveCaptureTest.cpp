@@ -108,6 +108,28 @@ TEST_F(SaveCaptureTest, ThePointerIsNormalAfterwards)
     EXPECT_EQ(CurrentPointer(), Pointer::Normal);
 }
 
+TEST_F(SaveCaptureTest, TheActiveFormIsSavedAndNotTheWindowThatAsked)
+{
+    frame_.state.AutoSave = false;
+    frame_.state.NoWin = true;
+    QPointer<QWidget> other = new QWidget;
+    other->setAttribute(Qt::WA_DeleteOnClose);
+    auto* picture = new Lead(other);
+    picture->SetBitmap(Capture().scaled(5, 3));
+    const QImage expected = picture->Bitmap();
+    other->show();
+    frame_.dialogs.whileShown = [&] {
+        frame_.activeForm = other;
+        frame_.activeCapture = picture;
+    };
+    Answer(Current("shot.bmp"));
+    SaveCapture(frame_);
+    EXPECT_EQ(QImage(Current("shot.bmp")).convertToFormat(QImage::Format_BGR888), expected);
+    EXPECT_FALSE(other && other->isVisible());
+    EXPECT_TRUE(IsFormOpen());
+    delete other;
+}
+
 class SaveFromVideo : public SaveCaptureTest {
 protected:
     SaveFromVideo()
@@ -150,6 +172,13 @@ TEST_F(SaveFromVideo, TheForcedExtensionCompletesATypedName)
     Answer(Current("shot.jpg"));
     SaveCapture(frame_);
     EXPECT_TRUE(FileBytes(Current("shot.jpg.bmp")).startsWith("BM"));
+}
+
+TEST_F(SaveFromVideo, ClosesTheActiveFormWithNoWin)
+{
+    frame_.state.NoWin = true;
+    SaveCapture(frame_);
+    EXPECT_FALSE(IsFormOpen());
 }
 
 TEST_F(SaveFromVideo, NeedsNoCaptureWindow)
@@ -212,6 +241,16 @@ TEST_F(SaveByDialog, AnotherExtensionIsCompleted)
     SaveCapture(frame_);
     ExpectSaved(Current("shot.png.jpg"));
     EXPECT_TRUE(FileBytes(Current("shot.png.jpg")).startsWith("\xFF\xD8"));
+}
+
+TEST_F(SaveByDialog, AnExtensionStoredWhileTheDialogStandsIsTheOneLastRead)
+{
+    frame_.dialogs.whileShown = [this] { StoreExt(".png"); };
+    Answer(Current("shot"));
+    SaveCapture(frame_);
+    ExpectSaved(Current("shot.bmp"));
+    EXPECT_TRUE(FileBytes(Current("shot.bmp")).startsWith("\x89PNG"));
+    EXPECT_EQ(frame_.state.CurrentExt, QStringLiteral(".png"));
 }
 
 TEST_F(SaveByDialog, AConfirmedNameIsReplacedWhole)

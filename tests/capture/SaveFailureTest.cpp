@@ -21,8 +21,10 @@ protected:
         frame_.state.NoWin = true;
     }
 
-    void ExpectFailure()
+    /// The path being written is told by CurrentFile; a save that failed before it had one tells none.
+    void ExpectFailure(const QString& written = {})
     {
+        frame_.state.CurrentFile.clear();
         ExpectMessage();
         SaveCapture(frame_);
         EXPECT_EQ(frame_.errors.lastOwner, &frame_.window);
@@ -30,14 +32,14 @@ protected:
         EXPECT_FALSE(frame_.status.contains(StatusLabel::Operation));
         EXPECT_FALSE(frame_.statusShown[StatusLabel::AutoCapture]);
         EXPECT_EQ(CurrentPointer(), Pointer::Normal);
-        EXPECT_TRUE(frame_.state.CurrentFile.isEmpty());
+        EXPECT_EQ(frame_.state.CurrentFile, written);
     }
 };
 
 TEST_F(SaveFailureTest, AMissingFolder)
 {
     frame_.state.OldFolder = frame_.folder.filePath(QStringLiteral("gone"));
-    ExpectFailure();
+    ExpectFailure(Chosen("auto1.bmp"));
     EXPECT_FALSE(QFileInfo::exists(frame_.state.OldFolder));
 }
 
@@ -68,7 +70,7 @@ TEST_F(SaveFailureTest, AFolderThatIsAFile)
 {
     frame_.state.OldFolder = frame_.folder.filePath(QStringLiteral("file"));
     ASSERT_TRUE(MakeFile(frame_.state.OldFolder, "mine"));
-    ExpectFailure();
+    ExpectFailure(Chosen("auto1.bmp"));
     EXPECT_EQ(FileBytes(frame_.state.OldFolder), "mine");
 }
 
@@ -77,7 +79,7 @@ TEST_F(SaveFailureTest, AReadOnlyFolder)
     ::chmod(frame_.folder.path().toUtf8().constData(), 0755);
     ::chmod(frame_.state.OldFolder.toUtf8().constData(), 0555);
     const OrdinaryUser ordinary;
-    ExpectFailure();
+    ExpectFailure(Chosen("auto1.bmp"));
     EXPECT_TRUE(FilesIn(frame_.state.OldFolder).isEmpty());
 }
 
@@ -88,7 +90,7 @@ TEST_F(SaveFailureTest, AReadOnlyDisk)
         GTEST_SKIP() << "this machine lets no test mount a file system";
     disk.MakeReadOnly();
     frame_.state.OldFolder = disk.Path();
-    ExpectFailure();
+    ExpectFailure(Chosen("auto1.bmp"));
 }
 
 TEST_F(SaveFailureTest, AFullDisk)
@@ -98,7 +100,7 @@ TEST_F(SaveFailureTest, AFullDisk)
         GTEST_SKIP() << "this machine lets no test mount a file system";
     disk.Fill();
     frame_.state.OldFolder = disk.Path();
-    ExpectFailure();
+    ExpectFailure(Chosen("auto1.bmp"));
     EXPECT_EQ(FilesIn(disk.Path()), QStringList(QStringLiteral("filler")));
 }
 
@@ -113,7 +115,7 @@ TEST_F(SaveFailureTest, AFullDiskKeepsTheFileThatWasToBeReplaced)
     frame_.state.SpecialFolder = false;
     frame_.state.AutoSave = false;
     Answer(path);
-    ExpectFailure();
+    ExpectFailure(path);
     EXPECT_EQ(FileBytes(path), "mine");
 }
 
@@ -124,7 +126,7 @@ TEST_F(SaveFailureTest, AFileSizeLimit)
     const auto handler = ::signal(SIGXFSZ, SIG_IGN);
     const rlimit small { 100, before.rlim_max };
     ::setrlimit(RLIMIT_FSIZE, &small);
-    ExpectFailure();
+    ExpectFailure(Chosen("auto1.bmp"));
     ::setrlimit(RLIMIT_FSIZE, &before);
     ::signal(SIGXFSZ, handler);
     EXPECT_TRUE(FilesIn(frame_.state.OldFolder).isEmpty());
@@ -138,9 +140,9 @@ TEST_F(SaveFailureTest, AFolderOrPipeUnderTheChosenName)
     ASSERT_EQ(::mkfifo(pipe.toUtf8().constData(), 0600), 0);
     Make(Current("folder.bmp"));
     Answer(pipe);
-    ExpectFailure();
+    ExpectFailure(pipe);
     Answer(Current("folder.bmp"));
-    ExpectFailure();
+    ExpectFailure(Current("folder.bmp"));
     struct stat status { };
     ASSERT_EQ(::stat(pipe.toUtf8().constData(), &status), 0);
     EXPECT_TRUE(S_ISFIFO(status.st_mode));
@@ -156,7 +158,7 @@ TEST_F(SaveFailureTest, AnActiveFormWithoutACapture)
 TEST_F(SaveFailureTest, AnEmptyCapture)
 {
     lead_->SetBitmap({});
-    ExpectFailure();
+    ExpectFailure(Chosen("auto1.bmp"));
     EXPECT_TRUE(FilesIn(frame_.state.OldFolder).isEmpty());
 }
 
@@ -173,7 +175,7 @@ TEST_F(SaveFailureTest, TheNextSaveWorks)
 {
     const QString there = frame_.state.OldFolder;
     frame_.state.OldFolder = frame_.folder.filePath(QStringLiteral("gone"));
-    ExpectFailure();
+    ExpectFailure(Chosen("auto1.bmp"));
     frame_.state.OldFolder = there;
     SaveCapture(frame_);
     ExpectSaved(Chosen("auto1.bmp"));
