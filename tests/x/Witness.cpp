@@ -18,30 +18,31 @@ QByteArray OutputOf(const QString& program, const QStringList& arguments)
         : QByteArray();
 }
 
-QImage FromPortable(const QByteArray& bytes)
+QImage Decoded(const QString& file, const QStringList& filter)
 {
-    return QImage::fromData(bytes, "PPM").convertToFormat(QImage::Format_RGB888);
+    const QStringList before { QStringLiteral("-nostdin"), QStringLiteral("-i"), file };
+    const QStringList after { QStringLiteral("-frames:v"), QStringLiteral("1"), QStringLiteral("-sws_flags"),
+        QStringLiteral("accurate_rnd+full_chroma_int"), QStringLiteral("-c:v"), QStringLiteral("ppm"),
+        QStringLiteral("-f"), QStringLiteral("image2pipe"), QStringLiteral("-") };
+    const QByteArray picture = OutputOf(QStringLiteral("ffmpeg"), before + filter + after);
+    return QImage::fromData(picture, "PPM").convertToFormat(QImage::Format_RGB888);
 }
 
 } // namespace
 
 QImage Witness::FrameOf(const QString& video, int number)
 {
-    return FromPortable(OutputOf(QStringLiteral("ffmpeg"),
-        { QStringLiteral("-nostdin"), QStringLiteral("-i"), video, QStringLiteral("-vf"),
-            QStringLiteral("select=eq(n\\,%1),scale=flags=accurate_rnd+full_chroma_int").arg(number),
-            QStringLiteral("-frames:v"), QStringLiteral("1"), QStringLiteral("-c:v"), QStringLiteral("ppm"),
-            QStringLiteral("-f"), QStringLiteral("image2pipe"), QStringLiteral("-") }));
+    return Decoded(video, { QStringLiteral("-vf"), QStringLiteral("select=eq(n\\,%1)").arg(number) });
 }
 
 QImage Witness::PictureOf(const QString& file, QString* kind)
 {
-    *kind = QString::fromLatin1(
-        OutputOf(QStringLiteral("identify"), { QStringLiteral("-format"), QStringLiteral("%m "), file }))
-                .section(u' ', 0, 0);
-    return FromPortable(OutputOf(QStringLiteral("convert"),
-        { file + QStringLiteral("[0]"), QStringLiteral("-auto-orient"), QStringLiteral("-alpha"),
-            QStringLiteral("off"), QStringLiteral("-depth"), QStringLiteral("8"), QStringLiteral("ppm:-") }));
+    *kind = QString::fromLatin1(OutputOf(QStringLiteral("ffprobe"),
+                                    { QStringLiteral("-v"), QStringLiteral("error"),
+                                        QStringLiteral("-show_entries"), QStringLiteral("stream=codec_name"),
+                                        QStringLiteral("-of"), QStringLiteral("csv=p=0"), file }))
+                .trimmed();
+    return Decoded(file, {});
 }
 
 double Witness::Likeness(const QImage& one, const QImage& other)
