@@ -2,6 +2,7 @@
 
 #include "desktop/Clipboard.h"
 #include "desktop/WholeFile.h"
+#include "imaging/Converted.h"
 #include "imaging/PictureFile.h"
 #include "imaging/Resample.h"
 #include "toolkit/Twips.h"
@@ -14,6 +15,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace {
@@ -27,6 +29,8 @@ template <typename Step> auto AsControl(Step&& step)
         throw ControlError(error.Reason());
     } catch (const imaging::PictureError& error) {
         throw ControlError(error.Reason());
+    } catch (const std::bad_alloc&) {
+        throw ControlError(QStringLiteral("There is not enough memory for this picture."));
     }
 }
 
@@ -51,7 +55,7 @@ QImage WithBits(const QImage& picture, int bits)
     const Depth* depth = std::ranges::find(Depths, bits, &Depth::bits);
     if (depth == std::end(Depths))
         throw ControlError(QStringLiteral("A picture cannot have %1 bits.").arg(bits));
-    return picture.convertToFormat(depth->format);
+    return imaging::Converted(picture, depth->format);
 }
 
 /// A part of a picture, in its pixels, and where it stands on the control.
@@ -166,7 +170,7 @@ void Lead::Copy(Clipboard& clipboard, bool flag) const
 {
     if (!flag || bitmap_.isNull())
         throw ControlError(QStringLiteral("There is no picture to copy."));
-    Dib dib = Dib::FromImage(bitmap_);
+    Dib dib = AsControl([&] { return Dib::FromImage(bitmap_); });
     if (!clipboard.Open(window()))
         throw ControlError(QStringLiteral("The clipboard is in use by another program."));
     clipboard.Empty();

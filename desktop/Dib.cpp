@@ -1,6 +1,7 @@
 #include "desktop/Dib.h"
 
 #include <cstring>
+#include <new>
 
 namespace {
 
@@ -34,6 +35,8 @@ Dib Dib::FromImage(const QImage& image)
     if (image.isNull())
         return dib;
     const QImage pixels = image.convertToFormat(QImage::Format_BGR888);
+    if (pixels.isNull())
+        throw std::bad_alloc();
     const qsizetype stride = Stride(pixels.width());
     Header header;
     header.width = pixels.width();

@@ -15,6 +15,7 @@ public:
     Dib& operator=(const Dib&) = delete;
 
     /// A 24-bit bitmap of a picture of any format; alpha is dropped. A null picture gives an empty block.
+    /// Throws std::bad_alloc.
     static Dib FromImage(const QImage& image);
     /// The picture as QImage::Format_BGR888; null for an empty or damaged block.
     QImage ToImage() const;

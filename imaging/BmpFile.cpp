@@ -1,5 +1,7 @@
 #include "imaging/BmpFile.h"
 
+#include "imaging/Converted.h"
+
 namespace imaging::BmpFile {
 namespace {
 
@@ -28,7 +30,7 @@ static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN);
 
 EncodedFile Encode(const QImage& picture)
 {
-    const QImage pixels = picture.convertToFormat(QImage::Format_BGR888);
+    const QImage pixels = Converted(picture, QImage::Format_BGR888);
     Header header;
     header.width = pixels.width();
     header.height = pixels.height();

@@ -1,5 +1,6 @@
 #include "imaging/MagickCoders.h"
 
+#include "imaging/Converted.h"
 #include "imaging/PictureError.h"
 #include "imaging/PictureLimits.h"
 
@@ -167,7 +168,7 @@ QByteArray Tight(const QImage& picture)
 
 Magick::Image FromPicture(const QImage& picture, bool withAlpha)
 {
-    const QImage pixels = picture.convertToFormat(withAlpha ? QImage::Format_ARGB32 : QImage::Format_BGR888);
+    const QImage pixels = Converted(picture, withAlpha ? QImage::Format_ARGB32 : QImage::Format_BGR888);
     Magick::Image image;
     image.read(unsigned(pixels.width()), unsigned(pixels.height()), withAlpha ? "BGRA" : "BGR",
         MagickLib::CharPixel, Tight(pixels).constData());

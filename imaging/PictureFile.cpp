@@ -42,11 +42,31 @@ bool IsInTable(int format, int bits)
         FormatTable, [&](const FormatRow& row) { return row.format == format && row.bits == bits; });
 }
 
+/// Carries out a step on a picture of this size; without the memory for it, that is told.
+template <typename Step> auto WithinMemory(qint64 width, qint64 height, Step&& step)
+{
+    try {
+        return step();
+    } catch (const std::bad_alloc&) {
+        throw PictureError(
+            QStringLiteral("There is not enough memory for this picture: %1x%2.").arg(width).arg(height));
+    }
+}
+
 QImage DecodeKnown(const QByteArray& file, FormatCode format)
 {
     QImage picture = format == Psd ? PsdFile::Decode(file) : MagickCoders::Decode(file, format);
     CheckPictureSize(picture.width(), picture.height());
     return picture;
+}
+
+EncodedFile EncodeKnown(const QImage& picture, FormatCode format, int quality)
+{
+    if (format == Bmp)
+        return BmpFile::Encode(picture);
+    if (format == Psd)
+        return EncodedFile(PsdFile::Encode(picture));
+    return EncodedFile(MagickCoders::Encode(picture, format, quality));
 }
 
 } // namespace
@@ -70,13 +90,7 @@ QImage PictureFile::Decode(const QByteArray& file)
     CheckPictureSize(header.width, header.height);
     if (file.size() < FewestBytes(header))
         throw PictureError(QStringLiteral("The picture is damaged or incomplete."));
-    try {
-        return DecodeKnown(file, header.format);
-    } catch (const std::bad_alloc&) {
-        throw PictureError(QStringLiteral("There is not enough memory for this picture: %1x%2.")
-                               .arg(header.width)
-                               .arg(header.height));
-    }
+    return WithinMemory(header.width, header.height, [&] { return DecodeKnown(file, header.format); });
 }
 
 EncodedFile PictureFile::Encode(const QImage& picture, int format, int bits, int quality)
@@ -85,17 +99,14 @@ EncodedFile PictureFile::Encode(const QImage& picture, int format, int bits, int
         throw PictureError(
             QStringLiteral("A picture of format %1 cannot have %2 bits.").arg(format).arg(bits));
     CheckPictureSize(picture.width(), picture.height());
-    if (format == Bmp)
-        return BmpFile::Encode(picture);
-    if (format == Psd)
-        return EncodedFile(PsdFile::Encode(picture));
-    return EncodedFile(MagickCoders::Encode(picture, FormatCode(format), quality));
+    return WithinMemory(
+        picture.width(), picture.height(), [&] { return EncodeKnown(picture, FormatCode(format), quality); });
 }
 
 EncodedFile PictureFile::EncodeBitmap(const QImage& picture)
 {
     CheckPictureSize(picture.width(), picture.height());
-    return BmpFile::Encode(picture);
+    return WithinMemory(picture.width(), picture.height(), [&] { return BmpFile::Encode(picture); });
 }
 
 } // namespace imaging

@@ -25,11 +25,12 @@ void Initialise();
 QImage Decode(const QByteArray& file);
 
 /// The picture as a file of a format code, bits and quality of FormatTable; transparency is kept by 32-bit
-/// formats and dropped by the others. Throws PictureError, also for a combination that is not in the table.
+/// formats and dropped by the others. Throws PictureError, also for a combination that is not in the table
+/// and when the memory does not suffice.
 EncodedFile Encode(const QImage& picture, int format, int bits, int quality);
 
 /// The picture as a 24-bit Windows bitmap: no pixel is converted or copied when it is a Format_BGR888
-/// already.
+/// already. Throws PictureError.
 EncodedFile EncodeBitmap(const QImage& picture);
 
 } // namespace PictureFile

@@ -1,6 +1,7 @@
 #include "imaging/PsdFile.h"
 
 #include "imaging/ByteReader.h"
+#include "imaging/Converted.h"
 
 #include <QtEndian>
 
@@ -225,7 +226,7 @@ QByteArray Encode(const QImage& picture)
         throw PictureError(QStringLiteral("The picture is too large for a PSD file: %1x%2.")
                                .arg(picture.width())
                                .arg(picture.height()));
-    const QImage pixels = picture.convertToFormat(QImage::Format_BGR888);
+    const QImage pixels = Converted(picture, QImage::Format_BGR888);
     QByteArray file;
     file.reserve(40 + qsizetype(pixels.width()) * pixels.height() * 3);
     file.append("8BPS\0\1\0\0\0\0\0\0", 12);

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "app/ControlError.h"
 #include "desktop/Dib.h"
 #include "desktop/FileName.h"
 #include <QByteArray>
 #include <QImage>
 #include <QWidget>
+#include <new>
 
 /// The player control: one video, shown in this widget, exact to the frame.
 /// All members are called on the user-interface thread; a call that needs the engine waits for it, bounded.
@@ -95,8 +97,16 @@ public:
     /// Throws ControlError when no frame can be had within timeoutMs milliseconds, and after Stop until the
     /// video runs or moves again.
     virtual QImage GetStillPicture(int timeoutMs) = 0;
-    /// The same picture as a device-independent bitmap that the caller owns.
-    Dib GetStillDIB(int timeoutMs) { return Dib::FromImage(GetStillPicture(timeoutMs)); }
+    /// The same picture as a device-independent bitmap that the caller owns. Throws ControlError also when
+    /// the memory does not suffice.
+    Dib GetStillDIB(int timeoutMs)
+    {
+        try {
+            return Dib::FromImage(GetStillPicture(timeoutMs));
+        } catch (const std::bad_alloc&) {
+            throw ControlError(QStringLiteral("There is not enough memory for this picture."));
+        }
+    }
 
 Q_SIGNALS:
     /// The place on the tracking scale; at most ten times a second, and at every step, seek and end.

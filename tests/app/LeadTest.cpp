@@ -4,6 +4,7 @@
 #include "imaging/FormatTable.h"
 #include "imaging/PictureFile.h"
 #include "tests/testing/FakeClipboard.h"
+#include "tests/testing/SmallMemory.h"
 
 #include <QDir>
 #include <QFile>
@@ -213,6 +214,16 @@ TEST_F(LeadTest, AClipboardThatFailsLeavesThePicture)
     clipboard.isHeldElsewhere = true;
     EXPECT_FALSE(ReasonOf([&] { lead.Copy(clipboard, true); }).isEmpty());
     EXPECT_EQ(clipboard.log, QStringList({ "Open" }));
+}
+
+TEST_F(LeadTest, APictureThatTheMemoryDoesNotHoldTwiceIsNotCopied)
+{
+    lead.SetBitmap(QImage(8000, 8000, QImage::Format_BGR888));
+    const SmallMemory memory(100);
+    if (!memory.IsThere())
+        GTEST_SKIP() << "this allocator ends the program";
+    EXPECT_EQ(ReasonOf([&] { lead.Copy(clipboard, true); }), "There is not enough memory for this picture.");
+    EXPECT_TRUE(clipboard.log.isEmpty());
 }
 
 TEST_F(LeadTest, SizeResamplesPlainOrSmooth)

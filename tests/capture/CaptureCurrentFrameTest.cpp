@@ -2,6 +2,7 @@
 
 #include "app/Hourglass.h"
 #include "tests/testing/FakeFrame.h"
+#include "tests/testing/SmallMemory.h"
 
 #include <gtest/gtest.h>
 
@@ -135,6 +136,18 @@ TEST_F(CaptureCurrentFrameTest, AVideoWithoutAStillIsToldAndOpensNothing)
     EXPECT_TRUE(frame_.log.isEmpty());
     EXPECT_TRUE(frame_.IsCommandEnabled(Command::Save));
     EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+}
+
+TEST_F(CaptureCurrentFrameTest, AStillThatTheMemoryDoesNotHoldTwiceIsToldAndOpensNothing)
+{
+    frame_.player.size = { 8000, 8000 };
+    const SmallMemory memory(300);
+    if (!memory.IsThere())
+        GTEST_SKIP() << "this allocator ends the program";
+    ExpectMessage();
+    CaptureCurrentFrame(frame_);
+    EXPECT_TRUE(frame_.log.isEmpty());
+    EXPECT_FALSE(frame_.clipboard.HasPicture());
 }
 
 TEST_F(CaptureCurrentFrameTest, AWindowThatDoesNotOpenIsToldAndTheClipboardKeepsTheFrame)

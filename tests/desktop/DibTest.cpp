@@ -1,5 +1,7 @@
 #include "desktop/Dib.h"
 
+#include "tests/testing/SmallMemory.h"
+
 #include <gtest/gtest.h>
 
 TEST(Dib, EveryPixelOfATrueColourPictureComesBack)
@@ -20,6 +22,16 @@ TEST(Dib, RowsStandBottomUpInBlueGreenRedPaddedToFourBytes)
     image.setPixelColor(0, 1, QColor(4, 5, 6));
     const Dib dib = Dib::FromImage(image);
     EXPECT_EQ(dib.Block().sliced(40), QByteArray("\x06\x05\x04\x00\x03\x02\x01\x00", 8));
+}
+
+TEST(Dib, APictureThatTheMemoryDoesNotHoldIsNoHalfBlock)
+{
+    QImage small(8000, 8000, QImage::Format_Mono);
+    small.setColorTable({ qRgb(0, 0, 0), qRgb(255, 255, 255) });
+    const SmallMemory memory(100);
+    if (!memory.IsThere())
+        GTEST_SKIP() << "this allocator ends the program";
+    EXPECT_THROW(Dib::FromImage(small), std::bad_alloc);
 }
 
 TEST(Dib, AnEmptyPictureGivesAnEmptyBlockAndBack)

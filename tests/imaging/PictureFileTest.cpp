@@ -2,6 +2,7 @@
 #include "imaging/PictureFile.h"
 
 #include "Pictures.h"
+#include "tests/testing/SmallMemory.h"
 
 #include <csignal>
 #include <thread>
@@ -67,6 +68,18 @@ int BitsInHeader(const QByteArray& file, int format)
     }
     }
     return 0;
+}
+
+const char NoMemory[] = "There is not enough memory for this picture: 8000x8000.";
+
+template <typename Step> std::string RefusalOf(Step&& step)
+{
+    try {
+        step();
+    } catch (const PictureError& error) {
+        return error.what();
+    }
+    return {};
 }
 
 } // namespace
@@ -179,6 +192,20 @@ TEST_F(PictureFileTest, AnEmptyOrTooLargePictureIsRefused)
         EXPECT_THROW(Encode(QImage(), row), PictureError);
         EXPECT_THROW(Encode(QImage(16385, 1, QImage::Format_BGR888), row), PictureError);
     }
+}
+
+TEST_F(PictureFileTest, APictureThatTheMemoryDoesNotHoldIsRefused)
+{
+    QImage small(8000, 8000, QImage::Format_Mono);
+    small.setColorTable({ qRgb(0, 0, 0), qRgb(255, 255, 255) });
+    const QImage full(8000, 8000, QImage::Format_BGR888);
+    const SmallMemory memory(100);
+    if (!memory.IsThere())
+        GTEST_SKIP() << "this allocator ends the program";
+    for (const FormatRow& row : FormatTable)
+        EXPECT_EQ(RefusalOf([&] { Encode(small, row); }), NoMemory) << row.extension;
+    EXPECT_EQ(RefusalOf([&] { PictureFile::Encode(full, imaging::Psd, 24, 0); }), NoMemory);
+    EXPECT_EQ(RefusalOf([&] { PictureFile::EncodeBitmap(small); }), NoMemory);
 }
 
 TEST_F(PictureFileTest, TheLongestSidesComeBackExactly)
