@@ -4,6 +4,7 @@
 #include "media/player/Session.h"
 #include "media/player/StrideWatch.h"
 #include "video/ltmmPlay.h"
+#include <set>
 
 /// The player control on the engine of media/: one engine thread per source, which this widget waits for
 /// where it must and else only looks at. Never runs an event loop of its own.
@@ -76,6 +77,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -106,6 +110,7 @@ private:
     player::PlayOptions options_;
     player::View view_;
     QRect windowedPlace_; ///< among its siblings, while it fills the screen
+    std::set<int> pressedKeys_; ///< here, and not released yet
     QSize natural_ { 0, 0 }; ///< of the source's first picture; 0 without a source
     bool showsCaptions_ = false;
 

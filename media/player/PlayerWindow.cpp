@@ -100,9 +100,35 @@ void PlayerControl::hideEvent(QHideEvent*)
     Look();
 }
 
-void PlayerControl::keyReleaseEvent(QKeyEvent* event)
+/// The window manager closes the full screen, not the player, which is a part of another window. Not at once:
+/// leaving it drops the very window that is being asked.
+void PlayerControl::closeEvent(QCloseEvent* event)
+{
+    if (!view_.isFullScreen)
+        return;
+    event->ignore();
+    QMetaObject::invokeMethod(
+        this, [this] { SetFullScreen(false); }, Qt::QueuedConnection);
+}
+
+void PlayerControl::focusOutEvent(QFocusEvent* event)
+{
+    pressedKeys_.clear();
+    ltmmPlay::focusOutEvent(event);
+}
+
+void PlayerControl::keyPressEvent(QKeyEvent* event)
 {
     if (!event->isAutoRepeat())
+        pressedKeys_.insert(event->key());
+    ltmmPlay::keyPressEvent(event);
+}
+
+/// A release alone is the end of a press that was meant for another window, as that of a dialog that it
+/// closed.
+void PlayerControl::keyReleaseEvent(QKeyEvent* event)
+{
+    if (!event->isAutoRepeat() && pressedKeys_.erase(event->key()) > 0)
         Q_EMIT KeyReleased(event->key());
 }
 

@@ -1,5 +1,7 @@
 #include "tests/player/PlayerFixture.h"
 
+#include <QWindow>
+
 class PlayerWindowTest : public PlayerFixture {
 protected:
     void SetUp() override { Load(QStringLiteral("h264_closed.mp4")); }
@@ -122,6 +124,24 @@ TEST_F(PlayerWindowTest, FullScreenFillsTheScreenAndComesBackToItsPlace)
     player_.reset();
 }
 
+TEST_F(PlayerWindowTest, ClosingTheFullScreenLeavesItAndNotThePlayer)
+{
+    QWidget window;
+    window.resize(600, 500);
+    player_->setParent(&window);
+    player_->setGeometry(30, 40, 320, 240);
+    window.show();
+    player_->ToggleFullScreen();
+    ASSERT_TRUE(player_->windowHandle());
+    player_->windowHandle()->close(); // as the window manager does
+    EXPECT_TRUE(Wait([&] { return !player_->FullScreen(); }));
+    EXPECT_FALSE(player_->isWindow());
+    EXPECT_TRUE(player_->isVisible());
+    EXPECT_EQ(player_->geometry(), QRect(30, 40, 320, 240));
+    EXPECT_EQ(Seen(), 0);
+    player_.reset();
+}
+
 TEST_F(PlayerWindowTest, PlayingGoesOnThroughFullScreen)
 {
     player_->SetPlayCount(0);
@@ -146,6 +166,25 @@ TEST_F(PlayerWindowTest, KeysAndMouseAreTold)
     EXPECT_EQ(keys[0][0].toInt(), Qt::Key_Escape);
     EXPECT_EQ(presses.size(), 1);
     EXPECT_GE(moves.size(), 1);
+}
+
+TEST_F(PlayerWindowTest, AReleaseWithoutAPressTellsNothing)
+{
+    QSignalSpy keys(player_.get(), &ltmmPlay::KeyReleased);
+    QTest::keyRelease(player_.get(), Qt::Key_Escape); // of a dialog that the press has closed
+    QTest::keyClick(player_.get(), Qt::Key_Escape);
+    QTest::keyRelease(player_.get(), Qt::Key_Escape);
+    EXPECT_EQ(keys.size(), 1);
+}
+
+TEST_F(PlayerWindowTest, APressIsForgottenWhenTheFocusGoes)
+{
+    QSignalSpy keys(player_.get(), &ltmmPlay::KeyReleased);
+    QTest::keyPress(player_.get(), Qt::Key_Escape);
+    QFocusEvent leaving(QEvent::FocusOut);
+    QCoreApplication::sendEvent(player_.get(), &leaving);
+    QTest::keyRelease(player_.get(), Qt::Key_Escape);
+    EXPECT_TRUE(keys.isEmpty());
 }
 
 TEST_F(PlayerWindowTest, ClosedCaptionsAreSwitched)
