@@ -112,7 +112,7 @@ ApplicationState::ApplicationState(const QString& applicationFolder, const QStri
 {
 }
 
-void ApplicationState::Load(QWidget& frame)
+void ApplicationState::LoadApplicationState(QWidget& frame)
 {
     Settings.SetCompany(QStringLiteral("Marlowfern Software"));
     Settings.SetAppName(QStringLiteral("TAQ Video Capture Pro v2.1"));

@@ -19,7 +19,7 @@ public:
 
     /// The load step of the start: names the store, reads the settings, applies the tool tips of frame and
     /// makes the four folders beside the program. A step that fails is passed over.
-    void Load(QWidget& frame);
+    void LoadApplicationState(QWidget& frame);
 
     /// Gives every control of a form the tool tip in its property "Tag" when ToolTip is on, and none
     /// otherwise. Forms standing inside the form keep theirs.

@@ -74,7 +74,7 @@ Main::Main(const FrameParts& parts)
 {
     Build();
     Bind();
-    state_.Load(*this);
+    state_.LoadApplicationState(*this);
     setWindowFlag(Qt::FramelessWindowHint);
     resize(width(), StartHeight.Pixels());
     state_.Reload(Key::ToolTip);

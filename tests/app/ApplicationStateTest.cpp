@@ -26,7 +26,7 @@ protected:
 
 TEST_F(ApplicationStateTest, AFirstRunHoldsTheDefaultsAndWritesNoKey)
 {
-    state_.Load(frame_);
+    state_.LoadApplicationState(frame_);
     EXPECT_TRUE(state_.FadeOuts);
     EXPECT_TRUE(state_.HighQ);
     EXPECT_TRUE(state_.OpenVidList);
@@ -46,7 +46,7 @@ TEST_F(ApplicationStateTest, AFirstRunHoldsTheDefaultsAndWritesNoKey)
 
 TEST_F(ApplicationStateTest, AFirstRunMakesTheFourFolders)
 {
-    state_.Load(frame_);
+    state_.LoadApplicationState(frame_);
     EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name),
         QStringList({ QStringLiteral("AutoFrame"), QStringLiteral("AutoSave"), QStringLiteral("Help"),
             QStringLiteral("WallPaper") }));
@@ -54,10 +54,10 @@ TEST_F(ApplicationStateTest, AFirstRunMakesTheFourFolders)
 
 TEST_F(ApplicationStateTest, ASecondRunIsSilentAndKeepsWhatIsInTheFolders)
 {
-    state_.Load(frame_);
+    state_.LoadApplicationState(frame_);
     QFile capture(folder_.filePath(QStringLiteral("AutoSave/auto1.bmp")));
     ASSERT_TRUE(capture.open(QIODevice::WriteOnly));
-    state_.Load(frame_);
+    state_.LoadApplicationState(frame_);
     EXPECT_TRUE(capture.exists());
 }
 
@@ -65,7 +65,7 @@ TEST_F(ApplicationStateTest, AFolderThatCannotBeMadeIsPassedOver)
 {
     QFile inTheWay(folder_.filePath(QStringLiteral("AutoSave")));
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    state_.Load(frame_);
+    state_.LoadApplicationState(frame_);
     EXPECT_TRUE(QFileInfo(folder_.filePath(QStringLiteral("Help"))).isDir());
 }
 
@@ -73,7 +73,7 @@ TEST_F(ApplicationStateTest, TheStartSetsItsVariables)
 {
     state_.KidCount = 3;
     state_.MarksSet = true;
-    state_.Load(frame_);
+    state_.LoadApplicationState(frame_);
     EXPECT_EQ(state_.KidCount, 0);
     EXPECT_FALSE(state_.MarksSet);
     EXPECT_EQ(state_.ListIndex, 1);
@@ -88,7 +88,7 @@ TEST_F(ApplicationStateTest, StoredValuesAreRead)
     Save("PositionX", "12.5");
     Save("sFontColor", "16777215");
     Save("Ext", ".jpg");
-    state_.Load(frame_);
+    state_.LoadApplicationState(frame_);
     EXPECT_FALSE(state_.FadeOuts);
     EXPECT_EQ(state_.PositionX, 12.5F);
     EXPECT_EQ(state_.sFontColor, 16777215);
@@ -100,7 +100,7 @@ TEST_F(ApplicationStateTest, AValueThatCannotBeConvertedLeavesTheVariableAsItWas
     Save("FadeOuts", "perhaps");
     Save("AutoNumber", "99999");
     Save("PositionY", "@Variant");
-    state_.Load(frame_);
+    state_.LoadApplicationState(frame_);
     EXPECT_FALSE(state_.FadeOuts);
     EXPECT_EQ(state_.AutoNumber, 0);
     EXPECT_EQ(state_.PositionY, 0);
@@ -112,7 +112,7 @@ TEST_F(ApplicationStateTest, AValueThatCannotBeConvertedLeavesTheVariableAsItWas
 
 TEST_F(ApplicationStateTest, EachReaderHasItsOwnDefault)
 {
-    state_.Load(frame_);
+    state_.LoadApplicationState(frame_);
     state_.Reload(Key::UsersCaptureTime, Reader::AutoRun);
     EXPECT_EQ(state_.UsersCaptureTime, 1000);
     state_.Reload(Key::UsersCaptureTime, Reader::Options);
@@ -124,7 +124,7 @@ TEST_F(ApplicationStateTest, EachReaderHasItsOwnDefault)
 
 TEST_F(ApplicationStateTest, WhatIsStoredIsReadAtTheNextStart)
 {
-    state_.Load(frame_);
+    state_.LoadApplicationState(frame_);
     state_.UseWatermark = true;
     state_.SFontSize = 12.5F;
     state_.BackgroundFile = QStringLiteral("/pictures/ground.jpg");
@@ -132,7 +132,7 @@ TEST_F(ApplicationStateTest, WhatIsStoredIsReadAtTheNextStart)
     ASSERT_TRUE(state_.Store(Key::SFontSize));
     ASSERT_TRUE(state_.Store(Key::PicFolder));
     ApplicationState next(folder_.path(), folder_.filePath(QStringLiteral("settings")));
-    next.Load(frame_);
+    next.LoadApplicationState(frame_);
     next.Reload(Key::PicFolder);
     EXPECT_TRUE(next.UseWatermark);
     EXPECT_EQ(next.SFontSize, 12.5F);
@@ -155,7 +155,7 @@ TEST_F(ToolTips, ComeFromTheTagsOfAllControls)
     QLabel* inner = LabelIn(label, " Close ");
     auto* plain = new QLabel(&frame_);
     plain->setToolTip(QStringLiteral("left over"));
-    state_.Load(frame_);
+    state_.LoadApplicationState(frame_);
     EXPECT_EQ(label->toolTip(), QStringLiteral(" Print top picture "));
     EXPECT_EQ(inner->toolTip(), QStringLiteral(" Close "));
     EXPECT_EQ(plain->toolTip(), QString());
@@ -166,7 +166,7 @@ TEST_F(ToolTips, AreBlankWhenSwitchedOff)
     Save("ToolTip", "False");
     QLabel* label = LabelIn(&frame_, "tip");
     label->setToolTip(QStringLiteral("tip"));
-    state_.Load(frame_);
+    state_.LoadApplicationState(frame_);
     EXPECT_EQ(label->toolTip(), QString());
     EXPECT_EQ(label->property("Tag").toString(), QStringLiteral("tip"));
 }
@@ -175,7 +175,7 @@ TEST_F(ToolTips, OfAFormInsideTheFormStay)
 {
     auto* child = new QMdiSubWindow(&frame_);
     QLabel* label = LabelIn(child, "tip");
-    state_.Load(frame_);
+    state_.LoadApplicationState(frame_);
     EXPECT_EQ(label->toolTip(), QString());
     state_.ApplyToolTips(*child);
     EXPECT_EQ(label->toolTip(), QStringLiteral("tip"));

@@ -32,7 +32,7 @@ public:
     std::function<void()> whenPumped;
     std::function<void(int)> chosenInMenus;
 
-    FakeFrame() { state.Load(window); }
+    FakeFrame() { state.LoadApplicationState(window); }
 
     ApplicationState& State() override { return state; }
     Clipboard& SystemClipboard() override { return clipboard; }
