@@ -1,6 +1,7 @@
 #include "media/player/Engine.h"
 
 #include "media/player/Deadline.h"
+#include "media/player/WithinMemory.h"
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -150,7 +151,7 @@ bool Engine::ExtendIndex(int frames)
         return false;
     const int known = server_->KnownFrames();
     try {
-        server_->ExtendIndex(frames);
+        WithinMemory([&] { server_->ExtendIndex(frames); });
     } catch (const media::MediaError& error) {
         // What is known can still be played; whoever needs the rest will be told by the decoder.
         if (error.failure != media::Failure::TimedOut)
@@ -261,30 +262,35 @@ void Engine::Fail(media::Failure failure)
 
 void Engine::WalkAhead()
 {
-    const std::vector<int> wanted = wires_.shelf.Wanted();
-    if (wanted.empty() || playback_)
+    if (playback_)
         return wires_.shelf.Drop();
     try {
-        server_->Walk(wanted, [this](const media::Picture& picture) {
-            Shot shot = Render(picture);
-            shot.still = picture.ToStill();
-            return wires_.shelf.Put(shot);
-        });
+        WithinMemory([this] { FillShelf(); });
     } catch (const media::MediaError&) {
         wires_.shelf.Drop(); // the caller will come to the place itself and be told there
     }
 }
 
+void Engine::FillShelf()
+{
+    const std::vector<int> wanted = wires_.shelf.Wanted();
+    if (wanted.empty())
+        return wires_.shelf.Drop();
+    server_->Walk(wanted, [this](const media::Picture& picture) {
+        Shot shot = Render(picture);
+        shot.still = picture.ToStill();
+        return wires_.shelf.Put(shot);
+    });
+}
+
 void Engine::Guard(const std::function<void()>& work)
 {
     try {
-        work();
+        WithinMemory(work);
     } catch (const media::MediaError& error) {
         // What was cut short for an order is done anew or not at all, as the order wants it.
         if (!wires_.isHurried || error.failure != media::Failure::TimedOut)
             Fail(error.failure);
-    } catch (const std::bad_alloc&) {
-        Fail(media::Failure::TooLarge);
     }
 }
 
@@ -342,7 +348,7 @@ bool Engine::PrepareSteps()
         return false;
     try {
         const Deadline deadline(wires_.interrupt, PictureLimit);
-        server_->Get(*wanted, media::Purpose::Step);
+        WithinMemory([&] { server_->Get(*wanted, media::Purpose::Step); });
         // A cache too small for what was wanted would have it decoded over and over.
         if (isCached(*wanted))
             return true;

@@ -55,6 +55,7 @@ private:
     void Finish();
     void Fail(media::Failure failure);
 
+    void FillShelf();
     void Redraw();
     Time WorkIdle();
     Time WorkPlaying();

@@ -1,6 +1,6 @@
 #include "media/player/Session.h"
 
-#include "media/player/Deadline.h"
+#include "media/player/WithinMemory.h"
 
 namespace player {
 
@@ -43,8 +43,10 @@ void Session::Run()
 {
     std::unique_ptr<Engine> engine;
     try {
-        engine = std::make_unique<Engine>(source_, wires_);
-        opened_.set_value(engine->Seek(0, media::Purpose::Step));
+        opened_.set_value(WithinMemory([&] {
+            engine = std::make_unique<Engine>(source_, wires_);
+            return engine->Seek(0, media::Purpose::Step);
+        }));
     } catch (...) {
         opened_.set_exception(std::current_exception());
         return;
@@ -85,7 +87,8 @@ Shot Session::First()
 template <typename Work> auto Session::Ask(Work work)
 {
     using Result = std::invoke_result_t<Work, Engine&>;
-    const auto task = std::make_shared<std::packaged_task<Result(Engine&)>>(std::move(work));
+    const auto task = std::make_shared<std::packaged_task<Result(Engine&)>>(
+        [work](Engine& engine) { return WithinMemory([&] { return work(engine); }); });
     std::future<Result> answer = task->get_future();
     Order([task](Engine& engine) { (*task)(engine); });
     if (answer.wait_for(AnswerPatience) != std::future_status::ready)
