@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QPointer>
 #include <QRegularExpression>
 
@@ -63,6 +64,35 @@ Answer Ask(const Question& question)
     }
     delete dialog;
     return answer;
+}
+
+/// False when the owner closed meanwhile and took the message with it.
+bool TellMissingFolder(const Question& question, const QString& folder)
+{
+    const QPointer<QMessageBox> box = new QMessageBox(QMessageBox::Warning, question.title,
+        QStringLiteral("There is no folder %1.").arg(QDir::toNativeSeparators(folder)), QMessageBox::Ok,
+        question.owner);
+    box->exec();
+    const bool ownerStands = !box.isNull();
+    delete box;
+    return ownerStands;
+}
+
+/// Asks until the folder of the chosen path is there; what was typed is put forward again.
+Answer AskInFolder(Question question)
+{
+    for (;;) {
+        const Answer answer = Ask(question);
+        if (answer.paths.isEmpty())
+            return {};
+        const QFileInfo chosen(answer.paths.first());
+        if (QFileInfo(chosen.absolutePath()).isDir())
+            return answer;
+        if (!TellMissingFolder(question, chosen.absolutePath()))
+            return {};
+        question.name = chosen.fileName();
+        question.filterIndex = answer.filterIndex;
+    }
 }
 
 QString ResultBuffer(const QStringList& paths)
@@ -151,7 +181,7 @@ QString AskFileName(QWidget* owner, FileMode mode, const QString& title, const Q
         question.accept = QFileDialog::AcceptSave;
         question.mode = QFileDialog::AnyFile;
     }
-    const Answer answer = Ask(question);
+    const Answer answer = mode == FileMode::Open ? Ask(question) : AskInFolder(question);
     if (answer.paths.isEmpty())
         return {};
     QString path = UpToNul(QDir::toNativeSeparators(answer.paths.first()));

@@ -65,7 +65,8 @@ QStringList NameFilters(const QString& filter);
 
 enum class FileMode { Open = 1, Save = 2 };
 
-/// One path, for forms that need no properties; empty on cancel. chosenFolder takes the path's folder with
+/// One path, for forms that need no properties; empty on cancel. Save asks again until the folder
+/// of the path is there. chosenFolder takes the path's folder with
 /// its closing separator and stays as it was on cancel.
 QString AskFileName(QWidget* owner, FileMode mode, const QString& title, const QString& fileName,
     const QString& filter, const QString& startFolder, const QString& defaultExtension,

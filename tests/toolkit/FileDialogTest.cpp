@@ -1,16 +1,13 @@
 #include "toolkit/FileDialog.h"
 
-#include <QApplication>
+#include "tests/testing/RunningDialog.h"
+
 #include <QDir>
 #include <QFile>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -34,35 +31,6 @@ struct Folder {
     QString before = QDir::currentPath();
 };
 
-/// Does something to the dialog once it runs.
-void WhenOpen(std::function<void(QFileDialog&)> act)
-{
-    auto* timer = new QTimer(qApp);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!dialog || !dialog->isVisible())
-            return;
-        timer->deleteLater();
-        timer->stop();
-        act(*dialog);
-    });
-    timer->start(0);
-}
-
-/// Types names as a user would and accepts.
-void Type(QFileDialog& dialog, const QString& names)
-{
-    auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    ASSERT_NE(edit, nullptr);
-    edit->setText(names);
-    QMetaObject::invokeMethod(&dialog, "accept");
-}
-
-void Cancel(QFileDialog& dialog)
-{
-    dialog.reject();
-}
-
 cFileDialog VideoDialog(const Folder& folder)
 {
     cFileDialog dialog;
@@ -79,6 +47,12 @@ QString Nul()
 }
 
 } // namespace
+
+TEST(cFileDialog, TheBitsAreThoseThatCallersKnow)
+{
+    EXPECT_EQ(cFileDialog::AllowMultiselect, 0x200);
+    EXPECT_EQ(cFileDialog::Explorer, 0x80000);
+}
 
 TEST(cFileDialog, SeveralFilesGiveFolderAndNamesWithANulAfterEach)
 {
@@ -227,23 +201,69 @@ TEST(AskFileName, SaveAsksBeforeAFileIsReplaced)
     const Folder folder;
     QString chosen;
     bool asked = false;
-    QTimer question;
-    QObject::connect(&question, &QTimer::timeout, &question, [&] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!box)
-            return;
-        question.stop();
-        asked = true;
-        box->button(QMessageBox::Yes)->click();
-    });
     WhenOpen([&](QFileDialog& open) {
-        question.start(0);
+        WhenOpen<QMessageBox>([&](QMessageBox& box) {
+            asked = true;
+            box.button(QMessageBox::Yes)->click();
+        });
         Type(open, QStringLiteral("a.avi"));
     });
     const QString path = AskFileName(nullptr, FileMode::Save, QStringLiteral("Save"), QString(),
         QStringLiteral("AVI|*.avi"), folder.Sea(), QString(), chosen);
     EXPECT_TRUE(asked);
     EXPECT_EQ(path, folder.Path("a.avi"));
+}
+
+TEST(AskFileName, SaveInsistsOnAFolderThatIsThere)
+{
+    const Folder folder;
+    QString chosen;
+    WhenOpen([&](QFileDialog& open) {
+        WhenOpen<QMessageBox>([&](QMessageBox& box) {
+            EXPECT_EQ(box.text(), QStringLiteral("There is no folder %1.").arg(folder.Path("gone")));
+            WhenOpen([](QFileDialog& again) {
+                EXPECT_EQ(again.selectedFiles(), QStringList(again.directory().filePath("new.bmp")));
+                Type(again, QStringLiteral("other"));
+            });
+            box.accept();
+        });
+        Type(open, folder.Path("gone/new.bmp"));
+    });
+    const QString path = AskFileName(nullptr, FileMode::Save, QStringLiteral("Save"), QString(),
+        QStringLiteral("Bitmap|*.bmp"), folder.Sea(), QStringLiteral("bmp"), chosen);
+    EXPECT_EQ(path, folder.Path("other.bmp"));
+    EXPECT_EQ(chosen, folder.Sea() + QLatin1Char('/'));
+}
+
+TEST(AskFileName, AFileIsNoFolderToSaveIn)
+{
+    const Folder folder;
+    QString chosen = QStringLiteral("before");
+    WhenOpen([&](QFileDialog& open) {
+        WhenOpen<QMessageBox>([](QMessageBox& box) {
+            WhenOpen(Cancel);
+            box.accept();
+        });
+        Type(open, folder.Path("a.avi/new.bmp"));
+    });
+    EXPECT_EQ(AskFileName(nullptr, FileMode::Save, QStringLiteral("Save"), QString(), QString(), folder.Sea(),
+                  QString(), chosen),
+        QString());
+    EXPECT_EQ(chosen, QStringLiteral("before"));
+}
+
+TEST(AskFileName, AnOwnerThatClosesWhileItIsToldIsACancel)
+{
+    const Folder folder;
+    QString chosen;
+    auto* owner = new QWidget;
+    WhenOpen([&](QFileDialog& open) {
+        WhenOpen<QMessageBox>([owner](QMessageBox&) { delete owner; });
+        Type(open, folder.Path("gone/new.bmp"));
+    });
+    EXPECT_EQ(AskFileName(owner, FileMode::Save, QStringLiteral("Save"), QString(), QString(), folder.Sea(),
+                  QString(), chosen),
+        QString());
 }
 
 TEST(AskFileName, CancelGivesAnEmptyPathAndLeavesTheFolder)
