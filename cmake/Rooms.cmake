@@ -3,6 +3,7 @@ add_library(taq_rules INTERFACE)
 target_compile_options(taq_rules INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 target_compile_definitions(taq_rules INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_BYTEARRAY QT_NO_FOREACH)
 target_include_directories(taq_rules INTERFACE ${CMAKE_SOURCE_DIR})
+option(TAQ_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 if(TAQ_SANITIZE)
     target_compile_options(taq_rules INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer
         -fno-sanitize-recover=undefined)
@@ -11,7 +12,7 @@ endif()
 
 # Qt's headers are compiled once for each of the two depths a room may reach: pictures only, or windows.
 function(taq_precompiled_headers name qt header)
-    file(WRITE ${CMAKE_BINARY_DIR}/${name}.cpp "")
+    file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/${name}.cpp CONTENT "") # written once, or all would be built anew
     add_library(${name} OBJECT ${CMAKE_BINARY_DIR}/${name}.cpp)
     target_link_libraries(${name} PRIVATE taq_rules ${qt})
     target_precompile_headers(${name} PRIVATE ${header})

@@ -97,7 +97,10 @@ ScalerPtr ScalerFor(const AVFrame& frame, QSize size, AVPixelFormat target, int 
 QImage Scaled(const AVFrame& frame, QSize size, const Target& target, int flags, BufferPool& pool)
 {
     QImage image = AlignedImage(size, target, pool);
-    const ScalerPtr scaler = ScalerFor(frame, size, target.pixels, flags);
+    // An odd width takes the scaler's slow road, up to five times the time. For the screen the padding of the
+    // rows takes the column that makes it even.
+    const int width = target.pixels == ScreenTarget.pixels ? FFALIGN(size.width(), 2) : size.width();
+    const ScalerPtr scaler = ScalerFor(frame, { width, size.height() }, target.pixels, flags);
     if (image.isNull() || !scaler)
         return {};
     uint8_t* rows[] = { image.bits(), nullptr, nullptr, nullptr };

@@ -12,17 +12,20 @@ namespace {
 constexpr unsigned MostThreads = 8;
 constexpr int SmallPicture = 320 * 240; ///< pixels below which threads cost more than they gain
 
-/// In these codecs the decoder itself never refers to a picture that is marked as not needed.
-bool KeepsUnneededApart(AVCodecID codec)
+/// In these codecs the decoder itself never refers to a picture that is marked as not needed. MPEG-4 is one
+/// of them only where each packet holds one picture.
+bool KeepsUnneededApart(AVCodecID codec, bool isUnpacked)
 {
+    if (codec == AV_CODEC_ID_MPEG4)
+        return isUnpacked;
     constexpr AVCodecID safe[] = { AV_CODEC_ID_H264, AV_CODEC_ID_MPEG1VIDEO, AV_CODEC_ID_MPEG2VIDEO };
     return std::find(std::begin(safe), std::end(safe), codec) != std::end(safe);
 }
 
 } // namespace
 
-Decoder::Decoder(const AVStream& stream, const AVCodecParameters& parameters)
-    : canDrop_(KeepsUnneededApart(parameters.codec_id))
+Decoder::Decoder(const AVStream& stream, const AVCodecParameters& parameters, bool isUnpacked)
+    : canDrop_(KeepsUnneededApart(parameters.codec_id, isUnpacked))
 {
     const AVCodec* codec = avcodec_find_decoder(parameters.codec_id);
     context_.reset(codec ? avcodec_alloc_context3(codec) : nullptr);

@@ -9,7 +9,8 @@ namespace media {
 class Decoder {
 public:
     /// Throws MediaError when there is no such decoder or it refuses the stream.
-    explicit Decoder(const AVStream& stream, const AVCodecParameters& parameters);
+    /// isUnpacked: packets that held two pictures have been split.
+    Decoder(const AVStream& stream, const AVCodecParameters& parameters, bool isUnpacked);
 
     /// Forgets everything that was fed.
     void Restart();

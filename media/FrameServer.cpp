@@ -192,7 +192,8 @@ Goal FrameServerPrivate::GoalFor(int number, Purpose purpose) const
 {
     switch (purpose) {
     case Purpose::Jump:
-        return { .number = number, .keepFrom = number, .isLast = true };
+        // A decoder that can go on to this picture may go on to the next as well: jumps often come in a row.
+        return { .number = number, .keepFrom = number, .isLast = !CanContinue(number) };
     case Purpose::Play:
         return { .number = number, .keepFrom = number };
     case Purpose::Step:
@@ -238,7 +239,7 @@ bool FrameServerPrivate::CanContinue(int number) const
     const int ordinal = index_.OrdinalOf(number);
     if (isDrained_ || number <= out_ || dropped_.contains(ordinal))
         return false;
-    return ordinal - fed_ <= ordinal - index_.EntryFor(number, Everything) + RestartCost;
+    return index_.EntryFor(number, Everything) <= fed_ + RestartCost;
 }
 
 void FrameServerPrivate::RestartAt(int entry)

@@ -33,6 +33,8 @@ public:
 
     const AVStream& Video() const { return *format_->streams[stream_]; }
     /// The codec parameters of the packets that Read gives.
+    /// Whether packets that hold two pictures are split on the way.
+    bool IsUnpacked() const { return filter_ != nullptr; }
     const AVCodecParameters& Parameters() const { return filter_ ? *filter_->par_out : *Video().codecpar; }
     const AVFormatContext& Format() const { return *format_; }
     bool HasSound() const;

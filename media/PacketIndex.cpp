@@ -37,7 +37,7 @@ PacketIndex::PacketIndex(const Source& source, Interrupt& interrupt, int64_t pac
 
 std::unique_ptr<Decoder> PacketIndex::MakeDecoder() const
 {
-    return std::make_unique<Decoder>(media_.Video(), media_.Parameters());
+    return std::make_unique<Decoder>(media_.Video(), media_.Parameters(), media_.IsUnpacked());
 }
 
 bool PacketIndex::Extend()
