@@ -1,10 +1,17 @@
 #include "app/ApplicationState.h"
 
+#include "app/Frame.h"
+#include "app/SettingValue.h"
+#include "tests/testing/Files.h"
+
 #include <QDir>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+
+#include <type_traits>
+#include <variant>
 
 namespace {
 
@@ -137,6 +144,119 @@ TEST_F(ApplicationStateTest, WhatIsStoredIsReadAtTheNextStart)
     EXPECT_TRUE(next.UseWatermark);
     EXPECT_EQ(next.SFontSize, 12.5F);
     EXPECT_EQ(next.BackgroundFile, QStringLiteral("/pictures/ground.jpg"));
+}
+
+using State = ApplicationState;
+
+struct Stored {
+    const char* name;
+    std::variant<bool State::*, qint16 State::*, float State::*, qint32 State::*, QString State::*> variable;
+};
+
+constexpr Stored StoredKeys[] = {
+    { "FadeOuts", &State::FadeOuts },
+    { "VidWinOnly", &State::VidWinOnly },
+    { "SpecialFolder", &State::SpecialFolder },
+    { "AutoSave", &State::AutoSave },
+    { "OldFolder", &State::OldFolder },
+    { "AutoDir", &State::AutoDir },
+    { "AutoCapture", &State::AutoCapture },
+    { "CaptureTime", &State::CaptureTime },
+    { "UsersCaptureTime", &State::UsersCaptureTime },
+    { "AutoFrame", &State::AutoFrame },
+    { "AutoNumber", &State::AutoNumber },
+    { "Ext", &State::CurrentExt },
+    { "SetFocusYES", &State::SetFocusYES },
+    { "NoCap", &State::NoCap },
+    { "VidSave", &State::VidSave },
+    { "NoWin", &State::NoWin },
+    { "LoadVid", &State::LoadVid },
+    { "HighQ", &State::HighQ },
+    { "BW", &State::BW },
+    { "PPosition", &State::PPosition },
+    { "NameFull", &State::NameFull },
+    { "OpThumb", &State::OpThumb },
+    { "OpPic", &State::OpPic },
+    { "PicFolder", &State::BackgroundFile },
+    { "OpenVidList", &State::OpenVidList },
+    { "OldDir", &State::OldDir },
+    { "OldFolder2", &State::OldFolder2 },
+    { "ToolTip", &State::ToolTip },
+    { "PositionX", &State::PositionX },
+    { "PositionY", &State::PositionY },
+    { "SFontSize", &State::SFontSize },
+    { "SFontBold", &State::SFontBold },
+    { "SFontName", &State::SFontName },
+    { "SFontItalic", &State::SFontItalic },
+    { "sFontColor", &State::sFontColor },
+    { "sFontText", &State::sFontText },
+    { "UseWatermark", &State::UseWatermark },
+    { "WatermarkBATCH", &State::WatermarkBATCH },
+    { "TextShadowPosX", &State::TextShadowPosX },
+    { "TextShadowPosY", &State::TextShadowPosY },
+    { "WatermarkTextStyle", &State::WatermarkTextStyle },
+    { "sFontWatermarkTextAngle", &State::sFontWatermarkTextAngle },
+    { "sFontShadowColor", &State::sFontShadowColor },
+    { "sFontBorderColor", &State::sFontBorderColor },
+    { "UseShadows", &State::UseShadows },
+    { "WordWrap", &State::WordWrap },
+};
+
+/// The value stored for a key in a round: numbers and texts are all different, and of the Booleans only the
+/// one that has its turn is True.
+template <typename Value> Value ValueOf(size_t key, size_t round)
+{
+    if constexpr (std::is_same_v<Value, bool>)
+        return key == round;
+    else if constexpr (std::is_same_v<Value, QString>)
+        return QStringLiteral("text %1").arg(key);
+    else
+        return Value(100 + key);
+}
+
+class EveryKey : public ApplicationStateTest {
+protected:
+    void StoreAll(size_t round)
+    {
+        QByteArray lines("[Options]\n");
+        for (size_t key = 0; key < std::size(StoredKeys); ++key) {
+            const auto text = [&]<typename Value>(
+                                  Value State::*) { return SettingValue::Text(ValueOf<Value>(key, round)); };
+            lines +=
+                StoredKeys[key].name + ('=' + std::visit(text, StoredKeys[key].variable).toUtf8() + '\n');
+        }
+        QDir().mkpath(QFileInfo(state_.Settings.FilePath()).path());
+        ASSERT_TRUE(MakeFile(state_.Settings.FilePath(), lines));
+    }
+    void ExpectAll(size_t round) const
+    {
+        for (size_t key = 0; key < std::size(StoredKeys); ++key) {
+            const auto expect = [&]<typename Value>(Value State::*variable) {
+                EXPECT_EQ(state_.*variable, ValueOf<Value>(key, round)) << StoredKeys[key].name;
+            };
+            std::visit(expect, StoredKeys[key].variable);
+        }
+    }
+};
+
+TEST_F(EveryKey, IsReadIntoItsOwnVariable)
+{
+    ASSERT_EQ(std::size(StoredKeys), SettingsKeys.size());
+    state_.LoadApplicationState(frame_);
+    for (size_t round = 0; round < std::size(StoredKeys); ++round) {
+        StoreAll(round);
+        state_.LoadApplicationState(frame_);
+        for (const Key key : { Key::UsersCaptureTime, Key::PicFolder, Key::OldDir, Key::OldFolder2 })
+            state_.Reload(key); // the start does not read these
+        ExpectAll(round);
+    }
+}
+
+TEST(PopupKind, TellsTheOwnersByTheirNumbers)
+{
+    EXPECT_EQ(int(PopupOwner::Frame), 0);
+    EXPECT_EQ(int(PopupOwner::VideoWindow), 1);
+    EXPECT_EQ(int(PopupOwner::Viewer), 2);
 }
 
 class ToolTips : public ApplicationStateTest {
