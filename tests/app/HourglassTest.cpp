@@ -17,6 +17,13 @@ TEST(Hourglass, TheBusyPointerEndsWithItsScope)
     EXPECT_FALSE(QGuiApplication::overrideCursor());
 }
 
+TEST(Hourglass, ThePointersHaveTheirNumbers)
+{
+    EXPECT_EQ(int(Pointer::Normal), 0);
+    EXPECT_EQ(int(Pointer::Busy), 11);
+    EXPECT_EQ(int(Pointer::ArrowWithHourglass), 13);
+}
+
 TEST(Hourglass, SettingAPointerReplacesTheOneBefore)
 {
     SetPointer(Pointer::Busy);
