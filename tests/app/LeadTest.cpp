@@ -426,6 +426,44 @@ TEST_F(LeadTest, WithoutBackEraseTheGroundIsLeftAlone)
     EXPECT_EQ(Shown().pixelColor(3, 3), ColourAt(3, 3));
 }
 
+TEST_F(LeadTest, FlagsAndModesHaveTheirNumbers)
+{
+    EXPECT_EQ(Lead::PasteTest, 16384);
+    EXPECT_EQ(Lead::ScalePixels, 3);
+}
+
+/// Counts how often a widget is painted.
+class PaintCount : public QObject {
+public:
+    explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint;
+        return false;
+    }
+};
+
+TEST_F(LeadTest, AChangeIsPaintedByItselfOnlyWithAutoRepaint)
+{
+    lead.SetBitmap(Sample({ 20, 10 }));
+    lead.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&lead));
+    QCoreApplication::processEvents();
+    PaintCount paints(lead);
+    lead.SetAutoRepaint(false);
+    lead.SetBitmap(Sample({ 30, 20 }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(paints.count, 0);
+    lead.ForceRepaint();
+    EXPECT_EQ(paints.count, 1);
+    lead.SetAutoRepaint(true);
+    lead.SetBitmap(Sample({ 20, 10 }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 2; }));
+}
+
 TEST_F(LeadTest, ATransparentPictureShowsTheGround)
 {
     QImage clear(20, 10, QImage::Format_ARGB32);
