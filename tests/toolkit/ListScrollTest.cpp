@@ -55,6 +55,19 @@ TEST(CLBHScroll, TheListScrollsOverItsExtent)
         [&] { return bar->maximum() + shown.list.viewport()->width() == shown.scroll.Extent(); }));
 }
 
+TEST(CLBHScroll, AWiderRowThatComesLaterMakesTheExtentGrow)
+{
+    Shown shown;
+    shown.scroll.AddItem(Long);
+    const int before = shown.scroll.Extent();
+    shown.scroll.AddItem(Long + Long);
+    EXPECT_EQ(shown.scroll.Widest(), shown.list.fontMetrics().horizontalAdvance(Long + Long));
+    EXPECT_GT(shown.scroll.Extent(), before);
+    const QScrollBar* bar = shown.list.horizontalScrollBar();
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return bar->maximum() + shown.list.viewport()->width() == shown.scroll.Extent(); }));
+}
+
 TEST(CLBHScroll, AfterEveryAddItemTheListShowsItsLastRow)
 {
     Shown shown;
