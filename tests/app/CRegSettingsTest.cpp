@@ -85,6 +85,14 @@ TEST_F(CRegSettingsTest, AStoredValueOfSizeZeroYieldsTheDefault)
     EXPECT_EQ(Get(QStringLiteral("OldDir")), Default);
 }
 
+TEST_F(CRegSettingsTest, AValueOfOneCharacterComesBackWhole)
+{
+    for (const char* value : { "7", " ", "\"", "\\" }) {
+        ASSERT_TRUE(Save(QStringLiteral("sFontText"), QString::fromLatin1(value)));
+        EXPECT_EQ(Get(QStringLiteral("sFontText")), QString::fromLatin1(value));
+    }
+}
+
 TEST_F(CRegSettingsTest, AStarStandsForTheUnnamedValue)
 {
     ASSERT_TRUE(Save(QStringLiteral("*"), QStringLiteral("unnamed")));
