@@ -213,7 +213,7 @@ Shot Engine::Pause()
 void Engine::PlayFrom(int shown, int next)
 {
     PlaySpan span = Span();
-    if (next > span.last + 1)
+    if (next - 1 > span.last)
         span.last = std::numeric_limits<int>::max(); // the user went on behind the selection
     const bool isContinued = next == shown + 1;
     const double from = server_->TimeOf(isContinued ? shown : next);
@@ -236,13 +236,14 @@ void Engine::PlayFrom(int shown, int next)
 
 void Engine::Finish()
 {
+    const bool isMediaEnd = !timeline_->Reaches(shown_.number + 1); // may fail: then it is not over yet
     playback_.reset();
     Shot last = std::exchange(shown_, {});
     last.turn = turn_;
     Mail mail;
-    mail.end = { last, !timeline_->Reaches(last.number + 1) };
-    if (mail.end->isMediaEnd)
-        mail.failure = indexFailure_; // it ends earlier than it should
+    mail.end = { last, isMediaEnd };
+    if (isMediaEnd && indexFailure_)
+        mail.fault = { *indexFailure_, turn_ }; // it ends earlier than it should
     wires_.mail->Post(mail);
     if (!options_.rewindsAtEnd)
         return;
@@ -256,7 +257,7 @@ void Engine::Fail(media::Failure failure)
     playback_.reset();
     shown_ = {};
     Mail mail;
-    mail.failure = failure;
+    mail.fault = { failure, turn_ };
     wires_.mail->Post(mail);
 }
 

@@ -21,8 +21,8 @@ void Mailbox::Post(const Mail& mail)
         waiting_.redrawn = mail.redrawn;
     if (mail.end)
         waiting_.end = mail.end;
-    if (mail.failure)
-        waiting_.failure = mail.failure;
+    if (mail.fault)
+        waiting_.fault = mail.fault;
     if (!std::exchange(isAnnounced_, true))
         QMetaObject::invokeMethod(
             receiver_, [self = shared_from_this()] { self->Deliver(); }, Qt::QueuedConnection);

@@ -22,7 +22,12 @@ struct Mail {
         bool isMediaEnd;
     };
     std::optional<End> end;
-    std::optional<media::Failure> failure;
+    /// Why playing, or what an order wanted, came to nothing.
+    struct Fault {
+        media::Failure failure;
+        int turn; ///< as a Shot's
+    };
+    std::optional<Fault> fault;
 };
 
 /// Carries mail from the engine thread to the user-interface thread by queued events; the sender never waits.

@@ -124,29 +124,29 @@ void PlayerControl::Tell(media::Failure failure)
 void PlayerControl::Read(const Mail& mail)
 {
     const QPointer<PlayerControl> self(this);
+    const std::shared_ptr<Session> session = session_;
     if (mail.redrawn && mail.redrawn->number == shown_.number) {
         shown_.screen = mail.redrawn->screen;
         update();
     }
-    if (mail.end) {
+    const bool isOver = (mail.end && session->IsOfLastPlay(mail.end->lastShown.turn))
+        || (mail.fault && session->IsOfLastPlay(mail.fault->turn));
+    if (isOver)
         state_ = Stopped;
-        if (mail.end->lastShown.turn == session_->Turn()) {
-            Adopt(mail.end->lastShown);
-            if (mail.end->isMediaEnd)
-                trackingPut_ = TrackingScale::Max;
-            progress_.Force();
-        }
+    if (mail.end && mail.end->lastShown.turn == session->Turn()) {
+        Adopt(mail.end->lastShown);
+        if (mail.end->isMediaEnd)
+            trackingPut_ = TrackingScale::Max;
+        progress_.Force();
     }
     // Who listened may have dropped the source, or the player.
-    if (self && session_ && mail.shot && mail.shot->turn == session_->Turn()
+    if (self && session_ == session && mail.shot && mail.shot->turn == session->Turn()
         && mail.shot->number != shown_.number) {
         Adopt(*mail.shot);
         progress_.Offer();
     }
-    if (self && mail.failure) {
-        state_ = Stopped;
-        Q_EMIT PlayerError(int(*mail.failure));
-    }
+    if (self && mail.fault)
+        Q_EMIT PlayerError(int(mail.fault->failure));
 }
 
 void PlayerControl::Run()

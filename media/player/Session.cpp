@@ -96,12 +96,21 @@ template <typename Work> auto Session::Ask(Work work)
     return answer.get();
 }
 
+/// What changes the picture that is shown: pictures of before are stale, and for it is cut short what the
+/// engine does on its own account.
 void Session::Order(CommandQueue::Command command)
 {
     wires_.shelf.Drop();
-    const int turn = ++turn_;
+    ++turn_;
     wires_.Hurry();
-    if (!commands_.Push([turn, command = std::move(command)](Engine& engine) { engine.Obey(turn, command); }))
+    Push(std::move(command));
+}
+
+void Session::Push(CommandQueue::Command command)
+{
+    const auto obey = [turn = turn_, command = std::move(command)](
+                          Engine& engine) { engine.Obey(turn, command); };
+    if (!commands_.Push(obey))
         throw NoAnswer();
 }
 
@@ -123,11 +132,12 @@ Shot Session::SeekEnd()
 void Session::Play(const Shot& shown, const PlayOptions& options)
 {
     Order([=](Engine& engine) { engine.Play(shown, options); });
+    playTurn_ = turn_;
 }
 
 void Session::Change(const PlayOptions& options)
 {
-    Order([=](Engine& engine) { engine.Change(options); });
+    Push([=](Engine& engine) { engine.Change(options); });
 }
 
 Shot Session::Pause()

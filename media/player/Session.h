@@ -29,6 +29,7 @@ public:
     Shot SeekTime(double seconds);
     Shot SeekEnd();
     void Play(const Shot& shown, const PlayOptions& options);
+    /// Options for what is playing; what was shown so far, and an end that it came to, hold.
     void Change(const PlayOptions& options);
     /// The picture that playing showed last; null when nothing was playing any more.
     Shot Pause();
@@ -49,6 +50,8 @@ public:
 
     /// Counts the orders that change what is shown; pictures of an earlier one are stale.
     int Turn() const { return turn_; }
+    /// Whether what was told in this turn is about the last playing, and not about one before.
+    bool IsOfLastPlay(int turn) const { return turn >= playTurn_; }
 
     static constexpr Millis JoinLimit { 2000 };
 
@@ -58,6 +61,7 @@ private:
     void Loop(Engine& engine);
     template <typename Work> auto Ask(Work work);
     void Order(CommandQueue::Command command);
+    void Push(CommandQueue::Command command);
 
     media::Source source_;
     Wires wires_;
@@ -66,6 +70,7 @@ private:
     std::promise<void> ended_;
     std::thread thread_;
     int turn_ = 0;
+    int playTurn_ = 0;
 };
 
 } // namespace player

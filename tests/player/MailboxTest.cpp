@@ -48,7 +48,7 @@ TEST_F(MailboxTest, OfSeveralPicturesTheNewestCounts)
 TEST_F(MailboxTest, ALaterPictureDoesNotSwallowAFailureOrTheEnd)
 {
     Mail mail;
-    mail.failure = media::Failure::Damaged;
+    mail.fault = { media::Failure::Damaged, 1 };
     box_->Post(mail);
     mail = {};
     mail.end.emplace();
@@ -56,7 +56,8 @@ TEST_F(MailboxTest, ALaterPictureDoesNotSwallowAFailureOrTheEnd)
     box_->Post(MailWith(9));
     QCoreApplication::processEvents();
     ASSERT_EQ(read_.size(), 1U);
-    EXPECT_EQ(read_[0].failure, media::Failure::Damaged);
+    ASSERT_TRUE(read_[0].fault);
+    EXPECT_EQ(read_[0].fault->failure, media::Failure::Damaged);
     EXPECT_TRUE(read_[0].end);
     EXPECT_EQ(read_[0].shot->number, 9);
 }

@@ -3,6 +3,31 @@
 
 #include <set>
 
+namespace {
+
+/// Does something each time that the engine has posted mail and the player has not read it yet.
+class BeforeMail : public QObject {
+public:
+    BeforeMail(PlayerControl& player, std::function<void()> deed)
+        : deed_(std::move(deed))
+    {
+        player.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::MetaCall)
+            deed_();
+        return false;
+    }
+
+private:
+    std::function<void()> deed_;
+};
+
+} // namespace
+
 class PlayerPlayTest : public PlayerFixture {
 protected:
     void SetUp() override { Load(QStringLiteral("h264_closed.mp4")); }
@@ -142,6 +167,36 @@ TEST_F(PlayerPlayTest, LeavingTheLoopWhilePlayingEndsAtTheEnd)
     player_->SetPlayCount(1);
     ASSERT_TRUE(WaitForEnd());
     EXPECT_EQ(player_->CurrentFrame(), 99);
+}
+
+TEST_F(PlayerPlayTest, AnOptionChangedWhileTheEndIsUnderWayLosesNothingOfIt)
+{
+    bool isMuted = false;
+    const BeforeMail switching(*player_, [&] { player_->SetMute(isMuted = !isMuted); });
+    player_->SetCurrentFrame(90);
+    player_->Run();
+    ASSERT_TRUE(WaitForEnd());
+    EXPECT_EQ(Reported().back(), 10000);
+    EXPECT_EQ(player_->CurrentFrame(), 99);
+    EXPECT_EQ(Seen(), 99);
+}
+
+TEST_F(PlayerPlayTest, TheEndOfAnEarlierRunDoesNotStopTheNext)
+{
+    bool runsAgain = false;
+    const BeforeMail again(*player_, [&] {
+        if (player_->CurrentFrame() < 99)
+            return;
+        player_->Stop();
+        player_->SetCurrentFrame(0);
+        player_->Run();
+        runsAgain = true;
+    });
+    player_->SetRate(0.1); // the last frame stands long, and its mail does not melt with that of the end
+    player_->SetCurrentFrame(98);
+    player_->Run();
+    ASSERT_TRUE(Wait([&] { return runsAgain; }));
+    EXPECT_EQ(player_->State(), ltmmPlay::Running);
 }
 
 TEST_F(PlayerPlayTest, AStepWhilePlayingPauses)
