@@ -11,6 +11,7 @@ struct CommandRow {
     Face face;
     const char* caption;
     const char* tip;
+    bool isBuilt = true; ///< false: what it opens is not in this version, so it stays disabled
 };
 
 inline constexpr std::array<CommandRow, size_t(Command::Count)> CommandTable { {
@@ -18,10 +19,10 @@ inline constexpr std::array<CommandRow, size_t(Command::Count)> CommandTable { {
     { Command::Stretch, Face::Stretch, "Stretch", " Stretch video to window " },
     { Command::FitToWindow, Face::FitToWindow, "Fit to Window", " Fit to window, maintain aspect ratio " },
     { Command::DefaultSize, Face::NormalSize, "Default Size", " View video at it's default (normal) size " },
-    { Command::Download, Face::Download, "Download", " Download video from internet " },
-    { Command::Cancel, Face::Cancel, "Cancel", " Cancel downloading " },
-    { Command::Print, Face::Print, "Print Frame", " Print top picture " },
-    { Command::Options, Face::Options, "Options", " Set TAQ Video Capture Pro options " },
+    { Command::Download, Face::Download, "Download", " Download video from internet ", false },
+    { Command::Cancel, Face::Cancel, "Cancel", " Cancel downloading ", false },
+    { Command::Print, Face::Print, "Print Frame", " Print top picture ", false },
+    { Command::Options, Face::Options, "Options", " Set TAQ Video Capture Pro options ", false },
     { Command::Capture, Face::Capture, "Capture", " Capture video frame  " },
     { Command::Save, Face::Save, "Save Capture", " Save captured frame " },
 } };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPoint>
 #include <QStringList>
 #include <QtGlobal>
 
@@ -90,9 +89,9 @@ public:
 
     /// Opens the user's guide, or tells that it is missing.
     virtual void OpenHelp() = 0;
-    /// Opens the one popup at a place on the screen; chosen gets the number of the item.
+    /// Opens the one popup below a button; chosen gets the number of the item.
     /// checkedItems is a bit mask of the items that show a check. kind is kept in PopupKind.
-    virtual void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, QPoint place,
+    virtual void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget& button,
         std::function<void(int)> chosen) = 0;
 
     /// The one place that yields to the window system; whatever can go meanwhile must be looked at again

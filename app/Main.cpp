@@ -2,6 +2,7 @@
 
 #include "app/ApplicationState.h"
 #include "app/Background.h"
+#include "app/CommandTable.h"
 #include "app/ControlError.h"
 #include "app/Hourglass.h"
 #include "app/Lead.h"
@@ -10,7 +11,6 @@
 #include "capture/SaveCapture.h"
 #include "desktop/FileName.h"
 #include "desktop/WholeFile.h"
-#include "imaging/PictureFile.h"
 #include "toolkit/FrameDrag.h"
 #include "toolkit/PopupMenu.h"
 #include "toolkit/SizeGrip.h"
@@ -38,9 +38,9 @@
 #include <QMimeData>
 #include <QUrl>
 
-#include <algorithm>
 #include <array>
 #include <chrono>
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -152,9 +152,7 @@ void Main::ShowStatus(StatusLabel label, bool visible)
 
 void Main::EnableCommand(Command command, bool enabled)
 {
-    // These open windows that the program does not have yet.
-    constexpr std::array Missing { Command::Download, Command::Cancel, Command::Print, Command::Options };
-    if (std::ranges::find(Missing, command) == Missing.end())
+    if (CommandTable[size_t(command)].isBuilt)
         Cmds[size_t(command)]->setEnabled(enabled);
 }
 
@@ -267,39 +265,41 @@ void Main::RunCommand(Command command)
     }
 }
 
-void Main::OpenVideos()
+bool Main::AskForVideos()
 {
-    state_.OpeningNow = true;
     ShowOpenDialog(*this, [this] { CloseVideoList(); });
-    if (state_.OpenCancelled) {
-        state_.OpenCancelled = false;
-        return;
-    }
-    bottomPane_->show();
-    SetEnabled(true);
-    AddChild(&CurrentVideo());
-    CurrentVideo().OpenVideo();
-    state_.OpeningNow = false;
+    return !std::exchange(state_.OpenCancelled, false);
 }
 
-void Main::OpenFromVideoWindow()
+void Main::OpenSelection()
 {
-    ShowOpenDialog(*this, [this] { CloseVideoList(); });
-    for (const Key key : { Key::AutoFrame, Key::CaptureTime, Key::AutoCapture, Key::AutoNumber, Key::Ext })
-        state_.Reload(key);
-    if (state_.OpenCancelled) {
-        state_.OpenCancelled = false;
-        return;
-    }
     bottomPane_->show();
     SetEnabled(true);
-    CurrentVideo().OpenVideo();
+    OpenListed();
 }
 
 void Main::OpenListed()
 {
     AddChild(&CurrentVideo());
     CurrentVideo().OpenVideo();
+}
+
+void Main::OpenVideos()
+{
+    state_.OpeningNow = true;
+    if (!AskForVideos())
+        return;
+    OpenSelection();
+    state_.OpeningNow = false;
+}
+
+void Main::OpenFromVideoWindow()
+{
+    const bool hasChosen = AskForVideos();
+    for (const Key key : { Key::AutoFrame, Key::CaptureTime, Key::AutoCapture, Key::AutoNumber, Key::Ext })
+        state_.Reload(key);
+    if (hasChosen)
+        OpenSelection();
 }
 
 void Main::RevealVideoWindow()
@@ -337,7 +337,7 @@ void Main::mnuFullScreen_Click()
         CurrentPlayer().ToggleFullScreen();
 }
 
-void Main::OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, QPoint place,
+void Main::OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget& button,
     std::function<void(int)> chosen)
 {
     delete menus_;
@@ -355,16 +355,14 @@ void Main::OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems
     for (int item = 0; item < items.size(); ++item)
         menus_->SetChecked(item, checkedItems >> item & 1);
     connect(menus_, &PopupMenu::Chosen, this, std::move(chosen));
-    menus_->Open(place);
+    menus_->Open(button.mapToGlobal(QPoint(0, button.height())));
 }
 
 void Main::ShowPopup()
 {
     const QStringList items { QStringLiteral("  Video List"), QStringLiteral("  View Full Screen"),
         QStringLiteral("  Close All Windows"), QStringLiteral("  About") };
-    const auto* button = findChild<QWidget*>(QStringLiteral("Image3"));
-    const QPoint place = button->mapToGlobal(QPoint(0, button->height()));
-    OpenMenus(PopupOwner::Frame, items, 0, place, [this](int item) {
+    OpenMenus(PopupOwner::Frame, items, 0, *menu_, [this](int item) {
         constexpr std::array Actions { &Main::ShowVideoListIfVideo, &Main::mnuFullScreen_Click,
             &Main::CloseAllWindows, &Main::ShowAbout };
         (this->*Actions[size_t(item)])();
@@ -468,14 +466,14 @@ void Main::ApplyBackground()
         return;
     state_.TileBackground = state_.OpPic == 0;
     state_.Reload(Key::PicFolder);
-    try {
-        const QImage source = imaging::PictureFile::Decode(
-            WholeFile::Read(state_.BackgroundFile, imaging::PictureFile::MaxFileBytes));
+    // Without its picture the frame stays plain.
+    IgnoreErrors([&] {
+        Lead picSource;
+        picSource.Load(state_.BackgroundFile, 0, 0, 1);
         const Placement placement = state_.TileBackground ? Placement::Tiled : Placement::LowerRight;
-        area_->setBackground(ComposeBackground(source, area_->viewport()->size(), placement, ground));
-    } catch (const std::runtime_error&) {
-        // Without its picture the frame stays plain.
-    }
+        area_->setBackground(
+            ComposeBackground(picSource.Bitmap(), area_->viewport()->size(), placement, ground));
+    });
 }
 
 void Main::dragEnterEvent(QDragEnterEvent* event)

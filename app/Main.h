@@ -66,7 +66,7 @@ public:
     Lead& ThumbHold() override { return *thumbHold_; }
     void ShowFront(bool visible) override;
     void OpenHelp() override;
-    void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, QPoint place,
+    void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget& button,
         std::function<void(int)> chosen) override;
     void PumpEvents() override;
 
@@ -95,6 +95,9 @@ private:
 
     VideoWindow& CurrentVideo();
     void RunCommand(Command command);
+    /// False when nothing was chosen.
+    bool AskForVideos();
+    void OpenSelection();
     void OpenFromVideoWindow();
     void OpenListed();
     void RevealVideoWindow();
@@ -119,6 +122,7 @@ private:
     KidTable kids_;
 
     TitleStrip* topBack_ = nullptr;
+    StripButton* menu_ = nullptr;
     StripButton* maximise_ = nullptr;
     StripButton* front1_ = nullptr;
     std::array<TAQbutton*, size_t(Command::Count)> Cmds {};

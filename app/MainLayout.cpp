@@ -72,8 +72,8 @@ void Main::BuildHead(QVBoxLayout* column)
     topBack_ = new TitleStrip(this);
     topBack_->setObjectName(QStringLiteral("TopBack"));
     topBack_->SetTitle(QStringLiteral("TAQ Video Capture Pro"));
-    auto* menu = MakeHeadButton<xptopbuttons>("Image3", Face::Menu, "Menu", topBack_);
-    topBack_->AddLeading(menu);
+    menu_ = MakeHeadButton<xptopbuttons>("Image3", Face::Menu, "Menu", topBack_);
+    topBack_->AddLeading(menu_);
     front1_ = MakeHeadButton<Front>("front1", Face::BringToFront, "Bring video to front", topBack_);
     auto* help = MakeHeadButton<xphelp>("xphelp1", Face::Help, "Help", topBack_);
     auto* minimise = MakeHeadButton<xptopbuttons>("ToolBarPic(2)", Face::Minimize, "Minimize", topBack_);
@@ -84,7 +84,7 @@ void Main::BuildHead(QVBoxLayout* column)
              static_cast<StripButton*>(minimise), maximise_, static_cast<StripButton*>(close) })
         topBack_->AddButton(button);
     front1_->hide();
-    connect(menu, &StripButton::Click, this, &Main::ShowPopup);
+    connect(menu_, &StripButton::Click, this, &Main::ShowPopup);
     connect(front1_, &StripButton::Click, this, [this] {
         if (state_.CurrentVideo)
             AddChild(&CurrentVideo());

@@ -2,6 +2,7 @@
 
 #include "toolkit/FrameDrag.h"
 #include "toolkit/SizeGrip.h"
+#include "toolkit/StripButton.h"
 #include "toolkit/Style.h"
 #include "toolkit/TitleStrip.h"
 #include <QCoreApplication>
@@ -171,6 +172,15 @@ QList<ChildForm*> ChildForm::Siblings() const
     auto forms = parentWidget()->findChildren<ChildForm*>(QString(), Qt::FindDirectChildrenOnly);
     forms.removeOne(const_cast<ChildForm*>(this));
     return forms;
+}
+
+void ChildForm::ShowShapeOn(StripButton& button)
+{
+    const auto show = [this, &button] {
+        button.SetValue(shape_ == Shape::Maximized ? WindowButton::Restore : WindowButton::Maximise);
+    };
+    connect(this, &ChildForm::ShapeChanged, &button, show);
+    show();
 }
 
 void ChildForm::BringToFront()

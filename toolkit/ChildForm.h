@@ -6,6 +6,7 @@
 class FrameDrag;
 class QVBoxLayout;
 class SizeGrip;
+class StripButton;
 class TitleStrip;
 
 /// A frameless child window of a QMdiArea: a title strip, a body and a one-pixel edge. Moved by its strip,
@@ -35,6 +36,8 @@ public:
     void Restore();
     /// What the maximise button and a double click on the strip do: restores a form that is not normal.
     void ToggleMaximize();
+    /// The button's Value tells from now on whether it will maximise or restore.
+    void ShowShapeOn(StripButton& button);
     /// The sizing corner; hidden while the form is not normal.
     SizeGrip& Grip() { return *grip_; }
 

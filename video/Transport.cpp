@@ -39,6 +39,12 @@ bool IsDown(const StripButton* button)
 
 } // namespace
 
+QString PositionText(const ltmmPlay& player)
+{
+    return FormatPosition(player.CurrentPosition()) + QStringLiteral("  -  ")
+        + FormatPosition(player.Duration());
+}
+
 Transport::Transport(TransportPane& pane, Frame& frame, std::function<void()> openListed)
     : QObject(&pane)
     , pane_(pane)
@@ -81,7 +87,7 @@ void Transport::EnableVideoControls(bool enabled, const ltmmPlay& player)
         for (StripButton* button : pane_.CmdList)
             button->setEnabled(false);
 
-    const int seeking = player.CheckSeeking(15);
+    const int seeking = player.CheckSeeking(ltmmPlay::EveryCapability);
     pane_.Cmd3[SeekStartButton]->setEnabled(seeking & ltmmPlay::ToStart);
     pane_.Cmd3[SeekEndButton]->setEnabled(seeking & ltmmPlay::ToEnd);
     // After an open or a clear the marks wait for the slider.
@@ -261,9 +267,7 @@ void Transport::Scroll(int value)
 {
     IgnoreErrors([&] { Player().SetTrackingPosition(value); });
     frame_.SetStatus(StatusLabel::Operation, QString::number(value / 100) + u'%');
-    frame_.SetStatus(StatusLabel::Position,
-        FormatPosition(Player().CurrentPosition()) + QStringLiteral("  -  ")
-            + FormatPosition(Player().Duration()));
+    frame_.SetStatus(StatusLabel::Position, PositionText(Player()));
     if (State().MarksCleared) {
         State().MarksCleared = false;
         for (const SeekButton button : { MarkStartButton, MarkEndButton })

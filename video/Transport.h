@@ -13,6 +13,9 @@ class TransportPane;
 class StripButton;
 class ltmmPlay;
 
+/// Where the player stands and how long the video is: "00:00:00  -  00:00:00".
+QString PositionText(const ltmmPlay& player);
+
 /// The transport bar at work: what each of its controls does to the player of the current video, at once.
 class Transport : public QObject {
     Q_OBJECT

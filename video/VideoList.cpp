@@ -3,26 +3,9 @@
 #include "app/ApplicationState.h"
 #include "app/Frame.h"
 #include "desktop/FileName.h"
-#include "toolkit/StripButton.h"
-#include "toolkit/TitleStrip.h"
+#include "toolkit/HeadButtons.h"
 
 #include <QListWidget>
-
-namespace {
-
-struct HeadButton {
-    Face face;
-    const char* tip;
-    const char* name;
-    void (*act)(VideoList&);
-};
-constexpr HeadButton HeadButtons[] {
-    { Face::Open, " Open Videos ", "Open videos", [](VideoList& list) { Q_EMIT list.OpenWanted(); } },
-    { Face::Minimize, "Minimize Window", "Minimize window", [](VideoList& list) { list.Minimize(); } },
-    { Face::Close, "Close Video Window", "Close video list", [](VideoList& list) { list.close(); } },
-};
-
-} // namespace
 
 VideoList::VideoList(Frame& frame)
     : frame_(frame)
@@ -44,14 +27,12 @@ VideoList::VideoList(Frame& frame)
 
 void VideoList::BuildHead()
 {
-    for (const HeadButton& row : HeadButtons) {
-        auto* button = new smallXPbuttons(this);
-        button->SetFace(row.face);
-        button->setAccessibleName(QLatin1String(row.name));
-        button->setProperty("Tag", QLatin1String(row.tip));
-        Head().AddButton(button);
-        connect(button, &StripButton::Click, this, [this, act = row.act] { act(*this); });
-    }
+    static constexpr FormButton<VideoList> Buttons[] {
+        { 2, Face::Open, " Open Videos ", "Open videos", [](VideoList& list) { Q_EMIT list.OpenWanted(); } },
+        { 1, Face::Minimize, "Minimize Window", "Minimize window", [](VideoList& list) { list.Minimize(); } },
+        { 0, Face::Close, "Close Video Window", "Close video list", [](VideoList& list) { list.close(); } },
+    };
+    AddHeadButtons(*this, Buttons);
 }
 
 void VideoList::Fill()

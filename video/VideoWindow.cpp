@@ -7,9 +7,7 @@
 #include "app/Talk.h"
 #include "app/TimeText.h"
 #include "desktop/FileName.h"
-#include "toolkit/SizeGrip.h"
-#include "toolkit/StripButton.h"
-#include "toolkit/TitleStrip.h"
+#include "toolkit/HeadButtons.h"
 #include "toolkit/Twips.h"
 #include "video/Opening.h"
 #include "video/Transport.h"
@@ -19,7 +17,6 @@
 #include <QCloseEvent>
 #include <QVBoxLayout>
 
-#include <array>
 #include <chrono>
 #include <cmath>
 
@@ -32,29 +29,9 @@ constexpr Twips PlayerMarginWidth = 150_twips;
 constexpr Twips PlayerMarginHeight = 500_twips;
 constexpr Twips SmallestSide = 800_twips;
 
-/// The window's own buttons, Cmds(0..3), as they stand from left to right.
-struct HeadButton {
-    int index;
-    Face face;
-    const char* tip;
-    const char* name;
-};
-constexpr std::array<HeadButton, 4> HeadButtons { {
-    { 3, Face::Open, " Open Videos ", "Open videos" },
-    { 2, Face::Minimize, " Minimize Window ", "Minimize window" },
-    { 1, Face::None, " Restore/Maximize Window ", "Restore or maximize window" },
-    { 0, Face::Close, " Close Video Window ", "Close video window" },
-} };
-
 const QStringList SizeItems { QStringLiteral("  Normal Video Size"), QStringLiteral("  Three Quarter"),
     QStringLiteral("  Half Size"), QStringLiteral("  Double Size"), QStringLiteral("  Close Captioning") };
 constexpr int CaptionItem = 4;
-
-QString PositionText(const ltmmPlay& player)
-{
-    return FormatPosition(player.CurrentPosition()) + QStringLiteral("  -  ")
-        + FormatPosition(player.Duration());
-}
 
 } // namespace
 
@@ -97,38 +74,23 @@ void VideoWindow::Build(const PlayerFactory& makePlayer)
 
 void VideoWindow::BuildHead()
 {
-    auto* sizes = new smallXPbuttons(this);
-    sizes->setObjectName(QStringLiteral("Image1"));
-    sizes->SetFace(Face::Menu);
-    sizes->setAccessibleName(QStringLiteral("Video size"));
-    Head().AddLeading(sizes);
-    connect(sizes, &StripButton::Click, this, &VideoWindow::ShowSizePopup);
-    for (const HeadButton& row : HeadButtons) {
-        auto* button = new smallXPbuttons(this);
-        button->setObjectName(QStringLiteral("Cmds(%1)").arg(row.index));
-        button->SetFace(row.face);
-        button->setAccessibleName(QLatin1String(row.name));
-        button->setProperty("Tag", QLatin1String(row.tip));
-        Head().AddButton(button);
-        connect(button, &StripButton::Click, this, [this, index = row.index] {
-            constexpr std::array<void (VideoWindow::*)(), HeadButtons.size()> Actions {
-                &VideoWindow::CloseClicked, &VideoWindow::ToggleMaximize, &VideoWindow::Minimize,
-                &VideoWindow::OpenClicked
-            };
-            (this->*Actions[size_t(index)])();
-        });
-    }
+    static constexpr FormButton<VideoWindow> Buttons[] {
+        { 3, Face::Open, " Open Videos ", "Open videos", [](VideoWindow& window) { window.OpenClicked(); } },
+        { 2, Face::Minimize, " Minimize Window ", "Minimize window",
+            [](VideoWindow& window) { window.Minimize(); } },
+        { 1, ShapeFace, " Restore/Maximize Window ", "Restore or maximize window",
+            [](VideoWindow& window) { window.ToggleMaximize(); } },
+        { 0, Face::Close, " Close Video Window ", "Close video window",
+            [](VideoWindow& window) { window.CloseClicked(); } },
+    };
+    AddHeadButtons(*this, Buttons);
+    sizes_ = AddMenuButton(*this, QStringLiteral("Video size"));
+    connect(sizes_, &StripButton::Click, this, &VideoWindow::ShowSizePopup);
 }
 
 void VideoWindow::Bind()
 {
     connect(this, &ChildForm::Activated, this, [this] { frame_.State().VideoOpen = true; });
-    auto* maximise = findChild<StripButton*>(QStringLiteral("Cmds(1)"));
-    maximise->SetValue(WindowButton::Maximise);
-    connect(this, &ChildForm::ShapeChanged, this, [this, maximise] {
-        maximise->SetValue(
-            CurrentShape() == Shape::Maximized ? WindowButton::Restore : WindowButton::Maximise);
-    });
     connect(&Timer1, &QTimer::timeout, this, &VideoWindow::GrowToMinimum);
     connect(&Timer3, &QTimer::timeout, this, [this] { frame_.ShowStatus(StatusLabel::Flashing, false); });
     connect(&FlashTimer, &QTimer::timeout, this, [this] {
@@ -159,8 +121,7 @@ void VideoWindow::BindPlayer()
 void VideoWindow::OpenVideo()
 {
     ApplicationState& state = frame_.State();
-    CapTimer.stop();
-    FlashTimer.stop();
+    StopCapture();
     UserCaptures = 0;
     ResetPlayer();
     transport_.ForgetMarks();
@@ -257,9 +218,7 @@ void VideoWindow::ShowSizePopup()
     int checked = ltmmPlay1->ClosedCaption() ? 1 << CaptionItem : 0;
     if (ltmmPlay1->DisplaySize() >= ltmmPlay::Normal)
         checked |= 1 << (ltmmPlay1->DisplaySize() - ltmmPlay::Normal);
-    const auto* button = findChild<QWidget*>(QStringLiteral("Image1"));
-    const QPoint place = button->mapToGlobal(QPoint(0, button->height()));
-    frame_.OpenMenus(PopupOwner::VideoWindow, SizeItems, checked, place, [this](int item) {
+    frame_.OpenMenus(PopupOwner::VideoWindow, SizeItems, checked, *sizes_, [this](int item) {
         if (item == CaptionItem)
             ltmmPlay1->ToggleClosedCaption();
         else
@@ -281,7 +240,8 @@ void VideoWindow::ShowProgress(int position)
         if (EndReached) {
             frame_.ShowStatus(StatusLabel::Flashing, false);
             frame_.ShowStatus(StatusLabel::Watermark, false);
-            StopTimers();
+            StopCapture();
+            Timer3.stop();
         }
     }
     frame_.SetStatus(StatusLabel::Position, PositionText(*ltmmPlay1) + QStringLiteral("  Time"));
@@ -306,11 +266,10 @@ void VideoWindow::TellError(int code)
     frame.SetStatus(StatusLabel::Operation, QStringLiteral("Abort"));
 }
 
-void VideoWindow::StopTimers()
+void VideoWindow::StopCapture()
 {
     CapTimer.stop();
     FlashTimer.stop();
-    Timer3.stop();
 }
 
 void VideoWindow::CloseClicked()
@@ -322,8 +281,7 @@ void VideoWindow::CloseClicked()
     frame_.PumpEvents();
     if (!alive)
         return;
-    FlashTimer.stop();
-    CapTimer.stop();
+    StopCapture();
     state.FromList = false;
     frame_.ShowStatus(StatusLabel::AutoCapture, false);
     ltmmPlay1->Stop();
@@ -336,8 +294,7 @@ void VideoWindow::OpenClicked()
     frame_.State().OpeningNow = true;
     Q_EMIT ListUnwanted();
     Timer1.stop();
-    FlashTimer.stop();
-    CapTimer.stop();
+    StopCapture();
     frame_.State().FromList = false;
     frame_.ShowStatus(StatusLabel::AutoCapture, false);
     ltmmPlay1->Stop();
@@ -361,8 +318,7 @@ void VideoWindow::closeEvent(QCloseEvent* event)
     Q_EMIT ListUnwanted();
     state.VideoOpen = false;
     transport_.EnableVideoControls(false, *ltmmPlay1);
-    FlashTimer.stop();
-    CapTimer.stop();
+    StopCapture();
     state.FromList = false;
     ltmmPlay1->Stop();
     state.CurrentVideo = nullptr;

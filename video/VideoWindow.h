@@ -53,7 +53,7 @@ private:
     void SizeAround(double width, double height);
     void ShowSizePopup();
     void GrowToMinimum();
-    void StopTimers();
+    void StopCapture();
 
     void ShowProgress(int position);
     void TellError(int code);
@@ -63,6 +63,7 @@ private:
     Frame& frame_;
     Transport& transport_;
     ltmmPlay* ltmmPlay1 = nullptr;
+    StripButton* sizes_ = nullptr;
     QTimer Timer1; ///< grows a window that was sized too small
     QTimer Timer3; ///< hides the flashing label
     QTimer FlashTimer; ///< shows it again

@@ -27,7 +27,7 @@ public:
     };
     enum Source { NoSource = 0, FileSource = 1, MemorySource = 2, ArraySource = 3 };
     /// Bits of CheckSeeking.
-    enum Capability { MarkStart = 1, MarkEnd = 2, ToStart = 4, ToEnd = 8 };
+    enum Capability { MarkStart = 1, MarkEnd = 2, ToStart = 4, ToEnd = 8, EveryCapability = 15 };
 
     using QWidget::QWidget;
 

@@ -8,8 +8,7 @@
 #include "app/Talk.h"
 #include "capture/AutoName.h"
 #include "imaging/FormatTable.h"
-#include "toolkit/StripButton.h"
-#include "toolkit/TitleStrip.h"
+#include "toolkit/HeadButtons.h"
 #include "viewers/ThumbCell.h"
 #include "viewers/Viewer.h"
 
@@ -21,15 +20,6 @@ namespace {
 constexpr QSize StartSize { 560, 330 };
 
 }
-
-/// Cmds of the strip, as they stand from left to right.
-struct QuickShots::HeadButton {
-    int index;
-    Face face;
-    const char* tip;
-    const char* name;
-    void (*act)(QuickShots&);
-};
 
 QuickShots::QuickShots(Frame& frame)
     : frame_(frame)
@@ -47,7 +37,7 @@ QuickShots::~QuickShots() = default;
 
 void QuickShots::Build()
 {
-    static constexpr HeadButton HeadButtons[] {
+    static constexpr FormButton<QuickShots> HeadButtons[] {
         { 2, Face::OpenCapture, " Open Highlighted Capture ", "Open highlighted capture",
             [](QuickShots& strip) { strip.OpenHighlighted(); } },
         { 5, Face::SaveAll, "Save ALL pictures to the AutoFolder", "Save all pictures",
@@ -57,15 +47,7 @@ void QuickShots::Build()
         { 0, Face::Close, " Close Thumbnail Window ", "Close thumbnail window",
             [](QuickShots& strip) { strip.close(); } },
     };
-    for (const HeadButton& row : HeadButtons) {
-        auto* button = new smallXPbuttons(this);
-        button->setObjectName(QStringLiteral("Cmds(%1)").arg(row.index));
-        button->SetFace(row.face);
-        button->setAccessibleName(QLatin1String(row.name));
-        button->setProperty("Tag", QLatin1String(row.tip));
-        Head().AddButton(button);
-        connect(button, &StripButton::Click, this, [this, act = row.act] { act(*this); });
-    }
+    AddHeadButtons(*this, HeadButtons);
     picOuter_ = new QScrollArea(this);
     picOuter_->setObjectName(QStringLiteral("PicOuter"));
     picOuter_->setFrameShape(QFrame::NoFrame);

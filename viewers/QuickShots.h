@@ -30,7 +30,6 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    struct HeadButton;
     void Build();
     QImage NewCapture() const;
     void Select(ThumbCell& cell);

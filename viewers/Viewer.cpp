@@ -7,8 +7,7 @@
 #include "app/Lead.h"
 #include "app/Talk.h"
 #include "capture/SaveCapture.h"
-#include "toolkit/StripButton.h"
-#include "toolkit/TitleStrip.h"
+#include "toolkit/HeadButtons.h"
 #include "toolkit/Twips.h"
 
 #include <QHBoxLayout>
@@ -25,32 +24,6 @@ constexpr Twips RoomBeside = 950_twips;
 constexpr Twips RoomAbove = 510_twips;
 constexpr int Gap = 4; // the grid
 constexpr int ZoomStep = 10; // percent
-
-/// Cmds of the window's head from left to right, and of its column of tools from top to bottom.
-struct ViewerButton {
-    int index;
-    Face face;
-    const char* tip;
-    const char* name;
-};
-constexpr std::array<ViewerButton, 3> HeadButtons { {
-    { 2, Face::Minimize, " Minimize Window ", "Minimize window" },
-    { 1, Face::None, " Restore/Maximize Window ", "Restore or maximize window" },
-    { 0, Face::Close, " Close Capture Window ", "Close capture window" },
-} };
-constexpr std::array<ViewerButton, 1> ToolColumn { {
-    { 6, Face::SaveCapture, " Save Capture ", "Save capture" },
-} };
-
-template <typename Button> StripButton* MakeButton(const ViewerButton& row, QWidget* parent)
-{
-    auto* button = new Button(parent);
-    button->setObjectName(QStringLiteral("Cmds(%1)").arg(row.index));
-    button->SetFace(row.face);
-    button->setAccessibleName(QLatin1String(row.name));
-    button->setProperty("Tag", QLatin1String(row.tip));
-    return button;
-}
 
 } // namespace
 
@@ -72,13 +45,17 @@ Viewer::Viewer(Frame& frame)
 
 void Viewer::Build()
 {
-    auto* menu = new smallXPbuttons(this);
-    menu->setObjectName(QStringLiteral("Image1"));
-    menu->SetFace(Face::Menu);
-    menu->setAccessibleName(QStringLiteral("Capture menu"));
-    Head().AddLeading(menu);
-    for (const ViewerButton& row : HeadButtons)
-        Head().AddButton(MakeButton<smallXPbuttons>(row, this));
+    static constexpr FormButton<Viewer> HeadButtons[] {
+        { 2, Face::Minimize, " Minimize Window ", "Minimize window",
+            [](Viewer& viewer) { viewer.Minimize(); } },
+        { 1, ShapeFace, " Restore/Maximize Window ", "Restore or maximize window",
+            [](Viewer& viewer) { viewer.ToggleMaximize(); } },
+        { 0, Face::Close, " Close Capture Window ", "Close capture window",
+            [](Viewer& viewer) { viewer.close(); } },
+    };
+    AddHeadButtons(*this, HeadButtons);
+    menu_ = AddMenuButton(*this, QStringLiteral("Capture menu"));
+    connect(menu_, &StripButton::Click, this, &Viewer::ShowPopup);
 
     auto* body = new QWidget(this);
     auto* row = new QHBoxLayout(body);
@@ -102,27 +79,14 @@ void Viewer::BuildTools(QWidget* column)
     auto* stack = new QVBoxLayout(column);
     stack->setContentsMargins(Gap, Gap, Gap, Gap);
     stack->setSpacing(Gap);
-    for (const ViewerButton& row : ToolColumn)
-        stack->addWidget(MakeButton<VideoEditButtons>(row, column), 0, Qt::AlignHCenter);
+    static constexpr FormButton<Viewer> SaveButton { 6, Face::SaveCapture, " Save Capture ", "Save capture",
+        [](Viewer& viewer) { viewer.Save(); } };
+    stack->addWidget(MakeFormButton<VideoEditButtons>(SaveButton, *this, column), 0, Qt::AlignHCenter);
     stack->addStretch();
 }
 
 void Viewer::Bind()
 {
-    const auto onClick = [this](const char* name, auto action) {
-        connect(findChild<StripButton*>(QLatin1String(name)), &StripButton::Click, this, action);
-    };
-    onClick("Image1", &Viewer::ShowPopup);
-    onClick("Cmds(0)", [this] { close(); });
-    onClick("Cmds(1)", &Viewer::ToggleMaximize);
-    onClick("Cmds(2)", &Viewer::Minimize);
-    onClick("Cmds(6)", &Viewer::Save);
-    auto* maximise = findChild<StripButton*>(QStringLiteral("Cmds(1)"));
-    maximise->SetValue(WindowButton::Maximise);
-    connect(this, &ChildForm::ShapeChanged, this, [this, maximise] {
-        maximise->SetValue(
-            CurrentShape() == Shape::Maximized ? WindowButton::Restore : WindowButton::Maximise);
-    });
     connect(this, &ChildForm::Activated, this, [this] { setWindowTitle(QStringLiteral("Capture Window")); });
     connect(Lead1, &Lead::MouseDown, this, &Viewer::Zoom);
 }
@@ -173,17 +137,15 @@ void Viewer::Zoom(Qt::MouseButton button)
 
 void Viewer::ShowPopup()
 {
-    const auto* button = findChild<QWidget*>(QStringLiteral("Image1"));
     const QStringList items { QStringLiteral("  Save"), QStringLiteral("  Help"),
         QStringLiteral("  Exit Viewer") };
     const QPointer<Viewer> alive(this);
-    frame_.OpenMenus(
-        PopupOwner::Viewer, items, 0, button->mapToGlobal(QPoint(0, button->height())), [alive](int item) {
-            constexpr std::array Actions { +[](Viewer& viewer) { viewer.Save(); },
-                +[](Viewer& viewer) { viewer.frame_.OpenHelp(); }, +[](Viewer& viewer) { viewer.close(); } };
-            if (alive)
-                Actions[size_t(item)](*alive);
-        });
+    frame_.OpenMenus(PopupOwner::Viewer, items, 0, *menu_, [alive](int item) {
+        constexpr std::array Actions { +[](Viewer& viewer) { viewer.Save(); },
+            +[](Viewer& viewer) { viewer.frame_.OpenHelp(); }, +[](Viewer& viewer) { viewer.close(); } };
+        if (alive)
+            Actions[size_t(item)](*alive);
+    });
 }
 
 void Viewer::Save()

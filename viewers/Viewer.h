@@ -36,6 +36,7 @@ private:
     void Save();
 
     Frame& frame_;
+    StripButton* menu_ = nullptr;
     Lead* Lead1 = nullptr;
     QImage ClipPic_;
     bool isGone_ = false;

@@ -75,8 +75,8 @@ public:
         log << (visible ? QStringLiteral("ShowFront") : QStringLiteral("HideFront"));
     }
     void OpenHelp() override { log << QStringLiteral("OpenHelp"); }
-    void OpenMenus(
-        PopupOwner kind, const QStringList& items, int, QPoint, std::function<void(int)> chosen) override
+    void OpenMenus(PopupOwner kind, const QStringList& items, int, const QWidget&,
+        std::function<void(int)> chosen) override
     {
         state.PopupKind = qint16(kind);
         log << items;
