@@ -82,7 +82,7 @@ bool TellMissingFolder(const Question& question, const QString& folder)
 Answer AskInFolder(Question question)
 {
     for (;;) {
-        const Answer answer = Ask(question);
+        Answer answer = Ask(question);
         if (answer.paths.isEmpty())
             return {};
         const QFileInfo chosen(answer.paths.first());
