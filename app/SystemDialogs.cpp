@@ -4,6 +4,7 @@
 #include "toolkit/FileDialog.h"
 
 #include <QMessageBox>
+#include <QPointer>
 
 QString SystemDialogs::AskSaveName(
     QWidget* owner, const QString& title, const QString& filter, const QString& folder)
@@ -14,9 +15,13 @@ QString SystemDialogs::AskSaveName(
 
 bool SystemDialogs::ConfirmReplace(QWidget* owner, const QString& path)
 {
-    const auto answer = QMessageBox::question(owner, QStringLiteral("Save"),
+    // The owner may close while the question stands, and takes it along: that is a no.
+    const QPointer<QMessageBox> question = new QMessageBox(QMessageBox::Question, QStringLiteral("Save"),
         FileName::Shown(path) + QStringLiteral("\nThis file already exists. Replace it?"),
-        QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+        QMessageBox::Yes | QMessageBox::No, owner);
+    question->setDefaultButton(QMessageBox::No);
+    const int answer = question->exec();
+    delete question;
     return answer == QMessageBox::Yes;
 }
 

@@ -225,7 +225,7 @@ QImage Tour::Screen(const QWidget& part)
 
 void Tour::Shoot(const QString& name)
 {
-    QTest::qWait(0);
+    QCoreApplication::processEvents();
     const QString file = folder_.filePath(name + QStringLiteral(".png"));
     Require(Screen(main_).save(file), QStringLiteral("write ") + file);
     written_ += file;
