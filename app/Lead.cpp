@@ -1,5 +1,6 @@
 #include "app/Lead.h"
 
+#include "app/AsControl.h"
 #include "desktop/Clipboard.h"
 #include "desktop/WholeFile.h"
 #include "imaging/Converted.h"
@@ -15,24 +16,9 @@
 #include <QWheelEvent>
 
 #include <algorithm>
-#include <new>
 #include <utility>
 
 namespace {
-
-/// Carries out a step of the floors below; what they refuse is a failure of this control.
-template <typename Step> auto AsControl(Step&& step)
-{
-    try {
-        return step();
-    } catch (const FileError& error) {
-        throw ControlError(error.Reason());
-    } catch (const imaging::PictureError& error) {
-        throw ControlError(error.Reason());
-    } catch (const std::bad_alloc&) {
-        throw ControlError(QStringLiteral("There is not enough memory for this picture."));
-    }
-}
 
 struct Depth {
     int bits;

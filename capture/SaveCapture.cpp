@@ -8,10 +8,10 @@
 #include "app/Lead.h"
 #include "app/Talk.h"
 #include "capture/AutoName.h"
+#include "capture/FormatInForce.h"
 #include "capture/SavePicture.h"
 #include "capture/SaveTarget.h"
 #include "desktop/WholeFile.h"
-#include "imaging/FormatTable.h"
 #include "video/ltmmPlay.h"
 
 #include <functional>
@@ -85,21 +85,14 @@ Writer StillWriter(Frame& frame)
 
 Writer CaptureWriter(Frame& frame)
 {
-    ApplicationState& state = frame.State();
-    state.Reload(Key::Ext);
-    if (const int index = imaging::FormatIndex(state.CurrentExt); index >= 0)
-        state.FormatIndex = index;
-    int format = 0;
-    int quality = 0;
-    int bits = 0;
-    imaging::WhatTypeFiles(state.FormatIndex, format, quality, bits);
+    const imaging::FormatRow& row = FormatInForce(frame.State());
     const Lead* capture = frame.ActiveCapture();
     if (!capture)
         throw ControlError(QStringLiteral("The active window holds no capture."));
-    return [=](const QString& path, Name name) {
+    return [capture, row](const QString& path, Name name) {
         if (name == Name::New)
-            return capture->SaveNew(path, format, bits, quality);
-        capture->Save(path, format, bits, quality, false);
+            return capture->SaveNew(path, row.format, row.bits, row.quality);
+        capture->Save(path, row.format, row.bits, row.quality, false);
         return true;
     };
 }

@@ -1,22 +1,14 @@
 #include "capture/SavePicture.h"
 
-#include "app/ControlError.h"
-#include "desktop/WholeFile.h"
-#include "imaging/PictureError.h"
+#include "app/AsControl.h"
 #include "imaging/PictureFile.h"
 
 namespace {
 
-/// Hands the bitmap's parts to write; the lower floors' failures become the control's.
+/// Hands the bitmap's parts to write.
 template <typename Write> bool Encoded(const QImage& picture, Write&& write)
 {
-    try {
-        return write(imaging::PictureFile::EncodeBitmap(picture).Parts());
-    } catch (const imaging::PictureError& error) {
-        throw ControlError(error.Reason());
-    } catch (const FileError& error) {
-        throw ControlError(error.Reason());
-    }
+    return AsControl([&] { return write(imaging::PictureFile::EncodeBitmap(picture).Parts()); });
 }
 
 } // namespace

@@ -7,7 +7,7 @@
 #include "app/Lead.h"
 #include "app/Talk.h"
 #include "capture/AutoName.h"
-#include "imaging/FormatTable.h"
+#include "capture/FormatInForce.h"
 #include "toolkit/HeadButtons.h"
 #include "viewers/ThumbCell.h"
 #include "viewers/Viewer.h"
@@ -102,13 +102,7 @@ void QuickShots::SaveAll()
 {
     ApplicationState& state = frame_.State();
     const Hourglass waiting;
-    state.Reload(Key::Ext);
-    if (const int index = imaging::FormatIndex(state.CurrentExt); index >= 0)
-        state.FormatIndex = index;
-    int format = 0;
-    int quality = 0;
-    int bits = 0;
-    imaging::WhatTypeFiles(state.FormatIndex, format, quality, bits);
+    const imaging::FormatRow& row = FormatInForce(state);
     try {
         const AutoName names(
             state.Beside(QStringLiteral("AutoSave")), state.CurrentExt, QStringLiteral("AutoThumb"));
@@ -119,7 +113,8 @@ void QuickShots::SaveAll()
                 continue; // its capture never reached the clipboard
             writer.SetBitmap(cell->Bitmap());
             number = names.Write(
-                [&](const QString& path) { return writer.SaveNew(path, format, bits, quality); }, number);
+                [&](const QString& path) { return writer.SaveNew(path, row.format, row.bits, row.quality); },
+                number);
         }
         frame_.SetStatus(StatusLabel::Operation, QStringLiteral("All Thumbs Saved"));
     } catch (const ControlError&) {
