@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr qsizetype MaxBytes = 1024 * 1024; // a larger file is none of ours
+constexpr qsizetype MaxBytes = qsizetype(1024) * 1024; // a larger file is none of ours
 constexpr auto LockWait = 2000ms;
 constexpr auto LockRetry = 2ms; // the lock's own waiting grows to seconds and starves under many writers
 

@@ -1,5 +1,6 @@
 #include "app/Hourglass.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 
 void SetPointer(Pointer pointer)

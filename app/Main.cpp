@@ -91,12 +91,11 @@ void Main::Bind()
 {
     connect(topBack_, &TitleStrip::MoveRequested, drag_, &FrameDrag::StartMove);
     connect(topBack_, &TitleStrip::MaximizeToggled, this, &Main::ToggleMaximised);
-    for (size_t i = 0; i < Cmds.size(); ++i)
-        connect(Cmds[i], &TAQbutton::Click, this, [this, command = Command(i)] { RunCommand(command); });
+    for (const CommandRow& row : CommandTable)
+        connect(Cmds[size_t(row.command)], &TAQbutton::Click, this,
+            [this, command = row.command] { RunCommand(command); });
     transport_ = new Transport(*bottomPane_, *this, [this] { OpenListed(); });
     bottomPane_->hide();
-    SetEnabled(false);
-    EnableCommand(Command::Save, false);
 }
 
 void Main::StartTimers()

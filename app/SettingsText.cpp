@@ -2,6 +2,7 @@
 
 #include "desktop/FileName.h"
 
+#include <QList>
 #include <QStringDecoder>
 
 #include <algorithm>

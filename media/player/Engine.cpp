@@ -94,7 +94,7 @@ Shot Engine::SeekEnd()
 Shot Engine::Show(int number, media::Purpose purpose)
 {
     const Deadline deadline(wires_.interrupt, PictureLimit);
-    const Shot shot = Render(server_->Get(number, purpose));
+    Shot shot = Render(server_->Get(number, purpose));
     TellFacts();
     if (playback_) {
         shown_ = shot;

@@ -13,7 +13,7 @@ constexpr double LongestFreeze = 0.25; // wall seconds; then a late picture is b
 } // namespace
 
 Playback::Playback(PlayPlan plan, double from, double rate, std::unique_ptr<MediaClock> clock, Hands hands)
-    : plan_(std::move(plan))
+    : plan_(plan)
     , from_(from)
     , rate_(rate)
     , clock_(std::move(clock))

@@ -20,9 +20,9 @@ media::MediaError NoAnswer()
 } // namespace
 
 std::shared_ptr<Session> Session::Start(const media::Source& source, const View& view,
-    std::shared_ptr<Mailbox> mail, std::shared_ptr<std::atomic<int>> running)
+    std::shared_ptr<Mailbox> mail, const std::shared_ptr<std::atomic<int>>& running)
 {
-    const std::shared_ptr<Session> session(new Session(source, view, std::move(mail)));
+    std::shared_ptr<Session> session(new Session(source, view, std::move(mail)));
     ++*running;
     session->thread_ = std::thread([session, running] {
         session->Run();

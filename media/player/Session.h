@@ -18,7 +18,7 @@ public:
 
     /// Starts the thread, which opens the source. running counts the threads that have not ended.
     static std::shared_ptr<Session> Start(const media::Source& source, const View& view,
-        std::shared_ptr<Mailbox> mail, std::shared_ptr<std::atomic<int>> running);
+        std::shared_ptr<Mailbox> mail, const std::shared_ptr<std::atomic<int>>& running);
     /// Ends the thread, within JoinLimit or behind our back.
     void Close();
 

@@ -27,7 +27,7 @@ public:
     /// Drops the plan and the pictures, and lets go who waits.
     void Drop();
 
-    static constexpr qsizetype MaxBytes = 64 * 1024 * 1024;
+    static constexpr qsizetype MaxBytes = qsizetype(64) * 1024 * 1024;
 
 private:
     bool IsPlanned(int number) const;
