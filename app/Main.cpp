@@ -51,6 +51,7 @@ constexpr auto StartPrompt = " Open video to begin capture";
 constexpr auto AboutText =
     "TAQ Video Capture Pro takes the best frames out of your videos and turns them into pictures.";
 constexpr Twips StartHeight = 8000_twips;
+constexpr int ListWidth = 300; // leaves the video beside the list in sight
 
 /// The first local file of a drop, by its raw bytes; empty when there is none.
 QString FirstFile(const QMimeData& data)
@@ -318,7 +319,7 @@ void Main::ShowVideoList()
         connect(videoList_, &VideoList::OpenWanted, this, &Main::OpenVideos);
     }
     AddChild(videoList_);
-    videoList_->setGeometry(0, 0, videoList_->width(), area_->viewport()->height());
+    videoList_->setGeometry(0, 0, ListWidth, area_->viewport()->height());
 }
 
 void Main::CloseVideoList()

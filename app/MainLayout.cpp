@@ -13,6 +13,7 @@
 #include "video/TransportPane.h"
 
 #include <QMdiArea>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
@@ -53,7 +54,7 @@ void Main::Build()
 {
     setObjectName(QStringLiteral("Main"));
     setAcceptDrops(true);
-    resize(StartWidth, height());
+    resize(qMin(StartWidth, screen()->availableSize().width()), height());
     drag_ = new FrameDrag(this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
