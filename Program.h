@@ -2,7 +2,7 @@
 
 #include "app/ApplicationState.h"
 #include "app/ErrFrmBox.h"
-#include "app/Main.h"
+#include "frame/Main.h"
 #include "app/SystemDialogs.h"
 #include "desktop/SystemClipboard.h"
 

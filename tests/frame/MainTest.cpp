@@ -1,4 +1,4 @@
-#include "app/Main.h"
+#include "frame/Main.h"
 #include "app/ApplicationState.h"
 #include "capture/CaptureCurrentFrame.h"
 #include "capture/SavePicture.h"

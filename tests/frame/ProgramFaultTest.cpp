@@ -1,7 +1,7 @@
 // What the user of the whole program meets when a file is not what it should be: one message or none, and a
 // program that opens the next video as if nothing had been.
 #include "app/ApplicationState.h"
-#include "app/Main.h"
+#include "frame/Main.h"
 #include "desktop/FileName.h"
 #include "media/player/PlayerControl.h"
 #include "tests/clips/Clips.h"

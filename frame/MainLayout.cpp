@@ -1,9 +1,9 @@
 // How the frame is made up of its parts, from top to bottom.
 #include "app/ApplicationState.h"
-#include "app/CommandTable.h"
-#include "app/EmptyState.h"
+#include "frame/CommandTable.h"
+#include "frame/EmptyState.h"
 #include "app/Lead.h"
-#include "app/Main.h"
+#include "frame/Main.h"
 #include "toolkit/DigitLabel.h"
 #include "toolkit/FrameDrag.h"
 #include "toolkit/SizeGrip.h"

@@ -1,8 +1,8 @@
-#include "app/Main.h"
+#include "frame/Main.h"
 
 #include "app/ApplicationState.h"
-#include "app/Background.h"
-#include "app/CommandTable.h"
+#include "frame/Background.h"
+#include "frame/CommandTable.h"
 #include "app/ControlError.h"
 #include "app/Hourglass.h"
 #include "app/Lead.h"

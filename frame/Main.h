@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Frame.h"
-#include "app/KidTable.h"
+#include "frame/KidTable.h"
 #include "video/VideoWindow.h"
 
 #include <QPointer>
