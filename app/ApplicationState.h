@@ -68,6 +68,7 @@ public:
     QString MessageText; ///< the text last handed to the message form
     bool ShowPlayerErrors = true; ///< the message form may tell errors of the player
     bool ToolsOpen = false;
+    QPointer<QWidget> Tools; ///< the one window of edit tools
     bool QuickShotsOpen = false;
     bool TileBackground = false; ///< the frame's background picture is tiled
     QString BackgroundFile; ///< picture file of the frame's background: "PicFolder"

@@ -6,6 +6,7 @@
 #include "media/player/PlayerControl.h"
 #include "tests/clips/Clips.h"
 #include "tests/testing/FakeClipboard.h"
+#include "tests/testing/FakeDocuments.h"
 #include "tests/testing/ScriptedTalk.h"
 
 #include <QDir>
@@ -27,8 +28,9 @@ protected:
     FakeClipboard clipboard;
     ScriptedDialogs dialogs;
     ScriptedErrors errors;
+    FakeDocuments documents;
     std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts {
-        state, clipboard, dialogs, errors, [](QWidget* parent) { return new PlayerControl(parent); } });
+        state, clipboard, dialogs, errors, documents, [](QWidget* parent) { return new PlayerControl(parent); } });
 
     void SetUp() override
     {
