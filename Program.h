@@ -2,10 +2,10 @@
 
 #include "app/ApplicationState.h"
 #include "app/ErrFrmBox.h"
-#include "frame/Main.h"
 #include "app/SystemDialogs.h"
 #include "desktop/SystemClipboard.h"
 #include "desktop/SystemDocuments.h"
+#include "frame/Main.h"
 
 /// The program put together: the parts in the order in which they depend on each other, and the frame on top.
 class Program {

@@ -16,7 +16,8 @@ constexpr int Margin = 16;
 
 QString GuideStyle()
 {
-    return QStringLiteral("a, h1, h2 { color: %1; } td, th { padding: 2px 16px 2px 0; } th { text-align: left; }")
+    return QStringLiteral(
+        "a, h1, h2 { color: %1; } td, th { padding: 2px 16px 2px 0; } th { text-align: left; }")
         .arg(StyleColor(Token::Accent).name());
 }
 
@@ -42,7 +43,8 @@ HelpWindow::HelpWindow(const QString& guide, Documents& documents)
 void HelpWindow::Build()
 {
     static constexpr FormButton<HelpWindow> HeadButtons[] {
-        { 2, Face::Minimize, " Minimize Window ", "Minimize window", [](HelpWindow& help) { help.Minimize(); } },
+        { 2, Face::Minimize, " Minimize Window ", "Minimize window",
+            [](HelpWindow& help) { help.Minimize(); } },
         { 1, ShapeFace, " Restore/Maximize Window ", "Restore or maximize window",
             [](HelpWindow& help) { help.ToggleMaximize(); } },
         { 0, Face::Close, " Close Help ", "Close help", [](HelpWindow& help) { help.close(); } },

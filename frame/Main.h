@@ -78,8 +78,8 @@ public:
     void OpenVideos();
     /// Brings a capture window to the top by its place in the kid table.
     void MakeKidActive(int index);
-    /// Opens a document: a guide in the help window, anything else by the desktop. False when it is missing or
-    /// nothing opens it.
+    /// Opens a document: a guide in the help window, anything else by the desktop. False when it is missing
+    /// or nothing opens it.
     bool StartDoc(const QString& document);
     void mnuFullScreen_Click();
 

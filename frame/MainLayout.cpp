@@ -1,8 +1,8 @@
 // How the frame is made up of its parts, from top to bottom.
 #include "app/ApplicationState.h"
+#include "app/Lead.h"
 #include "frame/CommandTable.h"
 #include "frame/EmptyState.h"
-#include "app/Lead.h"
 #include "frame/Main.h"
 #include "toolkit/DigitLabel.h"
 #include "toolkit/FrameDrag.h"

@@ -18,9 +18,10 @@ public:
     {
     }
 
-    /// Opens below a button. checkedItems is a bit mask of the items that show a check; chosen gets the number
-    /// of the item. A pointer that moves over any window of the program closes it.
-    void Open(const QStringList& items, int checkedItems, const QWidget& button, std::function<void(int)> chosen);
+    /// Opens below a button. checkedItems is a bit mask of the items that show a check; chosen gets the
+    /// number of the item. A pointer that moves over any window of the program closes it.
+    void Open(
+        const QStringList& items, int checkedItems, const QWidget& button, std::function<void(int)> chosen);
 
 private:
     QWidget& owner_;

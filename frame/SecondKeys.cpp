@@ -54,5 +54,6 @@ bool SecondKeys::BelongsToControl(const QWidget& widget, QKeyCombination key) co
     if (widget.testAttribute(Qt::WA_InputMethodEnabled))
         return true;
     constexpr std::array<QKeyCombination, 3> ControlKeys { Qt::Key_Space, Qt::Key_Home, Qt::Key_End };
-    return std::ranges::count(ControlKeys, key) > 0 && &widget != &frame_ && !qobject_cast<const ltmmPlay*>(&widget);
+    return std::ranges::count(ControlKeys, key) > 0 && &widget != &frame_
+        && !qobject_cast<const ltmmPlay*>(&widget);
 }

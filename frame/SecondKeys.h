@@ -8,9 +8,9 @@
 class QKeyEvent;
 class QWidget;
 
-/// Keys for those who keep their hands on the keyboard, beside the buttons. They act in the windows of the frame
-/// while no text box has the focus and no box or popup waits for an answer. Space, Home and End go first to
-/// whatever control has the focus: a button is pressed by Space, a list scrolls by Home.
+/// Keys for those who keep their hands on the keyboard, beside the buttons. They act in the windows of the
+/// frame while no text box has the focus and no box or popup waits for an answer. Space, Home and End go
+/// first to whatever control has the focus: a button is pressed by Space, a list scrolls by Home.
 class SecondKeys : public QObject {
     Q_OBJECT
 

@@ -25,8 +25,8 @@ protected:
     FakeDocuments documents;
     QPointer<FakePlayer> player;
     bool playersFailStills = false;
-    std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts {
-        state, clipboard, dialogs, errors, documents, [this](QWidget* parent) { return MakePlayer(parent); } });
+    std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors,
+        documents, [this](QWidget* parent) { return MakePlayer(parent); } });
 
     FakePlayer* MakePlayer(QWidget* parent)
     {

@@ -1,6 +1,6 @@
 // The keys beside the buttons, pressed as a user would press them.
-#include "tests/frame/FrameFixture.h"
 #include "app/Lead.h"
+#include "tests/frame/FrameFixture.h"
 #include "viewers/Viewer.h"
 
 #include <QFile>
@@ -170,7 +170,7 @@ TEST_F(KeysTest, EveryKeyIsToldInTheGuide)
     QFile guide(QStringLiteral(SOURCE_DIR "/resources/help/guide.html"));
     ASSERT_TRUE(guide.open(QIODevice::ReadOnly));
     const QByteArray text = guide.readAll();
-    for (const char* key : { "Space", ", and .", "Home, End", "S", "Ctrl+S", "Ctrl+O", "Ctrl+U", "Ctrl+C", "Ctrl+P",
-             "F or F11", "Esc", "Ctrl+W", "F1" })
+    for (const char* key : { "Space", ", and .", "Home, End", "S", "Ctrl+S", "Ctrl+O", "Ctrl+U", "Ctrl+C",
+             "Ctrl+P", "F or F11", "Esc", "Ctrl+W", "F1" })
         EXPECT_TRUE(text.contains("<td>" + QByteArray(key) + "</td>")) << key;
 }

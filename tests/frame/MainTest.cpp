@@ -1,7 +1,7 @@
-#include "tests/frame/FrameFixture.h"
 #include "capture/CaptureCurrentFrame.h"
 #include "capture/SavePicture.h"
 #include "desktop/FileName.h"
+#include "tests/frame/FrameFixture.h"
 #include "toolkit/SizeGrip.h"
 #include "toolkit/StripButton.h"
 #include "toolkit/TAQbutton.h"

@@ -1,8 +1,8 @@
 // What the user of the whole program meets when a file is not what it should be: one message or none, and a
 // program that opens the next video as if nothing had been.
 #include "app/ApplicationState.h"
-#include "frame/Main.h"
 #include "desktop/FileName.h"
+#include "frame/Main.h"
 #include "media/player/PlayerControl.h"
 #include "tests/clips/Clips.h"
 #include "tests/testing/FakeClipboard.h"
@@ -29,8 +29,8 @@ protected:
     ScriptedDialogs dialogs;
     ScriptedErrors errors;
     FakeDocuments documents;
-    std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts {
-        state, clipboard, dialogs, errors, documents, [](QWidget* parent) { return new PlayerControl(parent); } });
+    std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors,
+        documents, [](QWidget* parent) { return new PlayerControl(parent); } });
 
     void SetUp() override
     {
