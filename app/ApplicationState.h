@@ -64,6 +64,7 @@ public:
 
     bool ExitRequested = false; ///< the frame or the video window is going away
     qint16 PopupKind = 0; ///< 0 frame, 1 video window, 2 capture window
+    QString LastAddress; ///< what the address window held at its last success
     QString CaptureName; ///< path of the file the current capture would be saved to
     QString MessageText; ///< the text last handed to the message form
     bool ShowPlayerErrors = true; ///< the message form may tell errors of the player

@@ -23,6 +23,7 @@
 #include "video/Opening.h"
 #include "video/Transport.h"
 #include "video/TransportPane.h"
+#include "video/URLfrm.h"
 #include "video/VideoList.h"
 #include "video/ltmmPlay.h"
 #include "viewers/QuickShots.h"
@@ -49,6 +50,7 @@ constexpr auto StartPrompt = " Open video to begin capture";
 constexpr auto AboutText =
     "TAQ Video Capture Pro takes the best frames out of your videos and turns them into pictures.";
 constexpr Twips StartHeight = 8000_twips;
+constexpr Twips AddressMargin = 40_twips; ///< between the windows' area and the address window
 constexpr int ListWidth = 300; // leaves the video beside the list in sight
 
 } // namespace
@@ -287,7 +289,9 @@ void Main::RunCommand(Command command)
     case Command::Save:
         return SaveCapture(*this);
     case Command::Download:
+        return Download();
     case Command::Cancel:
+        return CancelDownload();
     case Command::Print:
     case Command::Options:
     case Command::Count:
@@ -330,6 +334,28 @@ void Main::OpenFromVideoWindow()
         state_.Reload(key);
     if (hasChosen)
         OpenSelection();
+}
+
+void Main::Download()
+{
+    VideoWindow& window = CurrentVideo();
+    window.Player().Stop();
+    const QPointer<URLfrm> form = new URLfrm(*this, window, this);
+    form->move(area_->mapToGlobal(QPoint(AddressMargin.Pixels(), AddressMargin.Pixels())));
+    const bool isLoaded = form->exec() == QDialog::Accepted;
+    delete form;
+    if (!isLoaded)
+        return;
+    bottomPane_->show();
+    SetEnabled(true);
+    AddChild(&CurrentVideo());
+}
+
+void Main::CancelDownload()
+{
+    CurrentPlayer().SetSourceFile(QString());
+    SetStatus(StatusLabel::Operation, QString());
+    SetPointer(Pointer::Normal);
 }
 
 void Main::RevealVideoWindow()

@@ -108,6 +108,8 @@ private:
     void OpenSelection();
     void OpenFromVideoWindow();
     void OpenListed();
+    void Download();
+    void CancelDownload();
     void RevealVideoWindow();
     void ShowVideoList();
     void ShowVideoListIfVideo();

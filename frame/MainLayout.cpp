@@ -111,7 +111,7 @@ void Main::BuildCommands(QVBoxLayout* column)
         button->SetCaption(QLatin1String(command.caption));
         button->setAccessibleName(QLatin1String(command.caption));
         button->setProperty("Tag", QLatin1String(command.tip));
-        button->setEnabled(command.command == Command::Open);
+        button->setEnabled(command.isUsableAtStart);
         Cmds[size_t(command.command)] = button;
         row->addWidget(button);
     }

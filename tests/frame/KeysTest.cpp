@@ -1,6 +1,8 @@
 // The keys beside the buttons, pressed as a user would press them.
 #include "app/Lead.h"
 #include "tests/frame/FrameFixture.h"
+#include "tests/testing/RunningDialog.h"
+#include "video/URLfrm.h"
 #include "viewers/Viewer.h"
 
 #include <QFile>
@@ -79,6 +81,17 @@ TEST_F(KeysTest, ControlOOpensVideos)
     dialogs.openNames.push(folder.filePath(QStringLiteral("b.avi")));
     Press(Qt::Key_O, Qt::ControlModifier);
     EXPECT_EQ(player->file, folder.filePath(QStringLiteral("b.avi")));
+}
+
+TEST_F(KeysTest, ControlUAsksForAnAddress)
+{
+    bool isAsked = false;
+    WhenOpen<URLfrm>([&](URLfrm& form) {
+        isAsked = true;
+        form.reject();
+    });
+    Press(Qt::Key_U, Qt::ControlModifier);
+    EXPECT_TRUE(isAsked);
 }
 
 TEST_F(KeysTest, ControlCCopiesTheActiveCapture)

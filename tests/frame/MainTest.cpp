@@ -2,9 +2,11 @@
 #include "capture/SavePicture.h"
 #include "desktop/FileName.h"
 #include "tests/frame/FrameFixture.h"
+#include "tests/testing/RunningDialog.h"
 #include "toolkit/SizeGrip.h"
 #include "toolkit/StripButton.h"
 #include "toolkit/TAQbutton.h"
+#include "video/URLfrm.h"
 #include "viewers/QuickShots.h"
 #include "viewers/Viewer.h"
 
@@ -323,4 +325,38 @@ TEST_F(MainTest, ThePictureBehindTheWindowsIsReadAgainWhenItsFileChanges)
     EXPECT_EQ(shown(), QColor(Qt::red));
     write(Qt::blue, noon.addSecs(1));
     EXPECT_EQ(shown(), QColor(Qt::blue));
+}
+
+TEST_F(MainTest, ADownloadWithoutAVideoBeforeShowsTheVideoAndItsTransport)
+{
+    WhenOpen<URLfrm>([&](URLfrm& form) {
+        EXPECT_TRUE(main->geometry().contains(form.pos()));
+        form.findChild<QLineEdit*>(QStringLiteral("edtURL"))
+            ->setText(QStringLiteral("http://example.org/a.mpg"));
+        form.findChild<QAbstractButton*>(QStringLiteral("CmdOK"))->click();
+    });
+    Click("Cmds(4)");
+    EXPECT_EQ(player->file, QStringLiteral("http://example.org/a.mpg"));
+    EXPECT_TRUE(Find("VideoWindow")->isVisible());
+    EXPECT_TRUE(Find("BottomPane")->isVisible());
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+    EXPECT_TRUE(IsEnabled(Command::Cancel));
+}
+
+TEST_F(MainTest, ADownloadThatIsClosedUnusedChangesNothing)
+{
+    WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
+    Click("Cmds(4)");
+    EXPECT_FALSE(Find("BottomPane")->isVisible());
+    EXPECT_FALSE(IsEnabled(Command::Capture));
+}
+
+TEST_F(MainTest, CancelDropsTheSourceAndClearsTheMessage)
+{
+    OpenOne();
+    main->SetStatus(StatusLabel::Operation, QStringLiteral("Downloading Video"));
+    main->EnableCommand(Command::Cancel, true);
+    Click("Cmds(5)");
+    EXPECT_EQ(player->file, QString());
+    EXPECT_EQ(Label("LblMsg1(0)"), QString());
 }
