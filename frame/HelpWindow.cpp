@@ -5,8 +5,11 @@
 #include "toolkit/HeadButtons.h"
 #include "toolkit/Style.h"
 
+#include <QScreen>
 #include <QTextBrowser>
 #include <QUrl>
+
+#include <algorithm>
 
 namespace {
 
@@ -17,7 +20,7 @@ constexpr int Margin = 16;
 QString GuideStyle()
 {
     return QStringLiteral(
-        "a, h1, h2 { color: %1; } td, th { padding: 2px 16px 2px 0; } th { text-align: left; }")
+        "a { color: %1; } td, th { padding: 2px 16px 2px 0; } th { text-align: left; }")
         .arg(StyleColor(Token::Accent).name());
 }
 
@@ -56,7 +59,17 @@ void HelpWindow::Build()
     text_->setOpenLinks(false);
     text_->document()->setDocumentMargin(Margin);
     SetBody(text_);
-    resize(StartSize);
+}
+
+void HelpWindow::PlaceOver(const QWidget& frame)
+{
+    const QRect screen = frame.screen()->availableGeometry();
+    resize(StartSize.boundedTo(screen.size()));
+    QRect place(QPoint(), size());
+    place.moveCenter(frame.geometry().center());
+    place.moveLeft(std::clamp(place.left(), screen.left(), screen.right() - place.width() + 1));
+    place.moveTop(std::clamp(place.top(), screen.top(), screen.bottom() - place.height() + 1));
+    setGeometry(place);
 }
 
 bool HelpWindow::IsGuide(const QString& document)

@@ -13,6 +13,8 @@ public:
     /// guide is the full path of a guide: a text with HTML marks in UTF-8.
     HelpWindow(const QString& guide, Documents& documents);
 
+    /// Sizes it and puts it over the middle of the frame, wholly on the screen.
+    void PlaceOver(const QWidget& frame);
     /// Whether the document is a guide of ours: its name ends in ".hlp".
     static bool IsGuide(const QString& document);
 

@@ -252,8 +252,10 @@ bool Main::StartDoc(const QString& document)
     if (!HelpWindow::IsGuide(document))
         return documents_.Open(document);
     try {
-        if (!help_)
+        if (!help_) {
             help_ = new HelpWindow(document, documents_);
+            help_->PlaceOver(*this);
+        }
     } catch (const FileError&) {
         return false;
     }
