@@ -19,8 +19,7 @@ constexpr int Margin = 16;
 
 QString GuideStyle()
 {
-    return QStringLiteral(
-        "a { color: %1; } td, th { padding: 2px 16px 2px 0; } th { text-align: left; }")
+    return QStringLiteral("a { color: %1; } td, th { padding: 2px 16px 2px 0; } th { text-align: left; }")
         .arg(StyleColor(Token::Accent).name());
 }
 
