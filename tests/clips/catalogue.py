@@ -252,7 +252,7 @@ DAMAGE = [
           slice_of("h264_opengop.ts", lambda data: data[188 * 60:])),
     coded("cut_head.mpg", "15-99", 7, "program stream cut at the start: 98 packets, 85 pictures can be decoded",
           slice_of("mpeg2_interlaced.mpg", lambda data: data[30000:])),
-    coded("noise.mp4", "0-24,?25,50-99", 1, "bit errors", slice_of("h264_closed.mp4", with_bit_errors)),
+    coded("noise.mp4", "0-24,?50,75-99", 1, "bit errors", slice_of("h264_closed.mp4", with_bit_errors)),
     coded("lost_packets.mkv", "0-4,6-19,?71", 1, "every tenth packet lost, the others keep their times",
           convert("h264_closed.mp4", "-map 0:v", ["-bsf:v", r"noise=drop='eq(mod(n\,10)\,7)'"])),
     uncoded("garbage.mp4", 0, "not a video", noise(50000)),
