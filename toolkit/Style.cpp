@@ -22,6 +22,7 @@ constexpr std::array TokenNames {
     "control-pressed",
     "line-outside",
     "line-inside",
+    "line-light",
     "text",
     "text-secondary",
     "text-disabled",

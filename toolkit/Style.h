@@ -14,6 +14,7 @@ enum class Token {
     ControlPressed,
     LineOutside,
     LineInside,
+    LineLight, ///< an edge under the pointer
     Text,
     TextSecondary,
     TextDisabled,
