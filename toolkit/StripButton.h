@@ -9,8 +9,6 @@
 /// that is the form's.
 class StripButton : public StripControl {
     Q_OBJECT
-    Q_PROPERTY(int Value READ Value WRITE SetValue)
-    Q_PROPERTY(bool Toggle READ Toggle WRITE SetToggle)
 
 public:
     /// faces is the family's strip; `Value` ranges over it from 0.

@@ -7,8 +7,6 @@
 /// A command button: a picture over its caption. `Caption` is the button's text, `Font` the widget's font.
 class TAQbutton : public StripControl {
     Q_OBJECT
-    Q_PROPERTY(int State READ State WRITE SetState)
-    Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)
 
 public:
     explicit TAQbutton(QWidget* parent = nullptr);
