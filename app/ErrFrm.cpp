@@ -79,6 +79,7 @@ QWidget* ErrFrm::MakeText(const QString& message)
     const int most = fontMetrics().lineSpacing() * MostTextLines;
     const bool isLong = height > most;
     auto* scroll = new QScrollArea(this);
+    scroll->setAccessibleName(QStringLiteral("Message"));
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setVerticalScrollBarPolicy(isLong ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);

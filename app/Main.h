@@ -126,6 +126,7 @@ private:
     StripButton* maximise_ = nullptr;
     StripButton* front1_ = nullptr;
     std::array<TAQbutton*, size_t(Command::Count)> Cmds {};
+    QWidget* commands_ = nullptr;
     QMdiArea* area_ = nullptr;
     EmptyState* emptyState_ = nullptr;
     TransportPane* bottomPane_ = nullptr;

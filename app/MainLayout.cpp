@@ -4,6 +4,7 @@
 #include "app/EmptyState.h"
 #include "app/Lead.h"
 #include "app/Main.h"
+#include "app/PaneKeys.h"
 #include "toolkit/DigitLabel.h"
 #include "toolkit/FrameDrag.h"
 #include "toolkit/SizeGrip.h"
@@ -13,6 +14,7 @@
 #include "video/TransportPane.h"
 
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -66,6 +68,13 @@ void Main::Build()
     thumbHold_ = new Lead(this);
     thumbHold_->setObjectName(QStringLiteral("ThumbHold"));
     thumbHold_->hide();
+    new PaneKeys(*this,
+        { [this] { return topBack_; }, [this] { return commands_; },
+            [this]() -> QWidget* {
+                QMdiSubWindow* const child = area_->currentSubWindow();
+                return child ? child : static_cast<QWidget*>(emptyState_);
+            },
+            [this] { return bottomPane_; } });
 }
 
 void Main::BuildHead(QVBoxLayout* column)
@@ -99,13 +108,13 @@ void Main::BuildHead(QVBoxLayout* column)
 
 void Main::BuildCommands(QVBoxLayout* column)
 {
-    auto* strip = new QWidget(this);
-    strip->setObjectName(QStringLiteral("VideoSoftElastic1"));
-    auto* row = new QHBoxLayout(strip);
+    commands_ = new QWidget(this);
+    commands_->setObjectName(QStringLiteral("VideoSoftElastic1"));
+    auto* row = new QHBoxLayout(commands_);
     row->setContentsMargins(2 * Gap, Gap, 2 * Gap, Gap);
     row->setSpacing(Gap);
     for (const CommandRow& command : CommandTable) {
-        auto* button = new TAQbutton(strip);
+        auto* button = new TAQbutton(commands_);
         button->setObjectName(QStringLiteral("Cmds(%1)").arg(int(command.command)));
         button->SetFace(command.face);
         button->SetCaption(QLatin1String(command.caption));
@@ -116,7 +125,7 @@ void Main::BuildCommands(QVBoxLayout* column)
         row->addWidget(button);
     }
     row->addStretch();
-    column->addWidget(strip);
+    column->addWidget(commands_);
 }
 
 void Main::BuildArea(QVBoxLayout* column)

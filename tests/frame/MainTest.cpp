@@ -4,6 +4,7 @@
 #include "capture/SavePicture.h"
 #include "desktop/FileName.h"
 #include "imaging/PictureFile.h"
+#include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeClipboard.h"
 #include "tests/testing/FakePlayer.h"
 #include "tests/testing/ScriptedTalk.h"
@@ -341,4 +342,32 @@ TEST_F(MainTest, AMissingGuideIsTold)
 {
     errors.Expect(QStringLiteral("Error!"), QStringLiteral("Help file \"TAQ.hlp\" missing,"));
     Click("xphelp1");
+}
+
+TEST_F(MainTest, EveryControlHasANameAndIsReachedByKeys)
+{
+    EXPECT_EQ(AccessFaults(*main), "");
+    OpenOne();
+    EXPECT_EQ(AccessFaults(*main), "");
+    Click("Cmds(8)");
+    EXPECT_EQ(AccessFaults(*main), "");
+}
+
+TEST_F(MainTest, FSixGivesTheKeyboardToTheNextPaneAndBack)
+{
+    const auto paneOf = [](const QWidget* at) {
+        while (at && at->objectName() != QStringLiteral("BottomPane")
+            && at->objectName() != QStringLiteral("VideoWindow"))
+            at = at->parentWidget();
+        return at ? at->objectName() : QString();
+    };
+    OpenOne();
+    main->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
+    ASSERT_EQ(paneOf(QApplication::focusWidget()), QStringLiteral("VideoWindow"));
+    const QWidget* const inVideo = QApplication::focusWidget();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6);
+    EXPECT_EQ(paneOf(QApplication::focusWidget()), QStringLiteral("BottomPane"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget(), inVideo);
 }
