@@ -104,7 +104,7 @@ QWidget* ErrFrm::MakeFoot()
 
     auto* foot = new QWidget(this);
     auto* row = new QHBoxLayout(foot);
-    row->setContentsMargins(16, 0, 16, 12);
+    row->setContentsMargins(16, 12, 16, 12);
     row->addWidget(silence_);
     row->addStretch();
     row->addWidget(end);

@@ -18,6 +18,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int Gap = 4; // the grid
@@ -140,6 +142,11 @@ void Main::BuildArea(QVBoxLayout* column)
     connect(emptyState_, &EmptyState::Opens, this, [this] {
         RevealVideoWindow();
         PumpEvents();
+    });
+    // Between windows the prompt would only stand in the way.
+    connect(area_, &QMdiArea::subWindowActivated, emptyState_, [this] {
+        const auto forms = area_->subWindowList();
+        emptyState_->setVisible(std::ranges::none_of(forms, &QWidget::isVisible));
     });
     column->addWidget(area_, 1);
 }

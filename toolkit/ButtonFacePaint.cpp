@@ -113,10 +113,10 @@ void PaintFrame(QPainter& painter, const ButtonFace& face)
     switch (face.properties.ButtonStyle) {
     case ButtonStyle::Frameless:
         return;
-    case ButtonStyle::Default:
-        return PaintRoundLine(painter, face);
     case ButtonStyle::Shaped:
-        return PaintOutline(painter, face);
+        return; // its outline runs over the picture
+    case ButtonStyle::Default:
+        return face.properties.BEVEL == 0 ? PaintRoundLine(painter, face) : void();
     default:
         if (const auto edge = EdgeOf(face.properties.ButtonStyle, face.flags)) {
             PaintEdge(painter, face.size, Side::LowerRight, edge->first);
@@ -164,6 +164,8 @@ void PaintButtonFace(QPainter& painter, const ButtonFace& face)
     PaintFrame(painter, face);
     face.picture.paint(
         &painter, face.places.picture, Qt::AlignCenter, face.isEnabled ? QIcon::Normal : QIcon::Disabled);
+    if (face.properties.ButtonStyle == ButtonStyle::Shaped)
+        PaintOutline(painter, face);
     if (face.flags.focused && face.properties.ShowFocusRect != 0
         && face.properties.ButtonStyle != ButtonStyle::Shaped)
         PaintFocusRing(painter, ButtonLayout::FocusRect(face.size));

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int OverMilliseconds = 50;
 constexpr int SideMargin = 14;
-constexpr int TopMargin = 6;
+constexpr int TopMargin = 8; // leaves the mark of the focus clear of the caption
 
 struct PointerRow {
     int number;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/FocusRing.h"
 #include <QAbstractSlider>
 
 /// A place on a scale from 0 to Max with a selected range: groove, fill up to the place, range and handle.
@@ -50,5 +51,5 @@ private:
     int selStart_ = 0;
     int selLength_ = 0;
     bool hover_ = false;
-    bool ringWanted_ = false;
+    FocusRing ring_;
 };

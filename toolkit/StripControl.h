@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/ButtonPaint.h"
+#include "toolkit/FocusRing.h"
 #include <QAbstractButton>
 #include <QTimer>
 
@@ -18,7 +19,7 @@ public:
 
     /// The state whose cell is shown.
     State ShownState() const;
-    bool HasFocusRing() const { return hasFocus() && ringWanted_; }
+    bool HasFocusRing() const { return hasFocus() && ring_.IsWanted(); }
 
 Q_SIGNALS:
     /// The form's click. Whatever a control changes by itself on a click, it changes after this.
@@ -55,5 +56,5 @@ private:
     QTimer pointerTimer_;
     QString ownName_;
     bool hover_ = false;
-    bool ringWanted_ = false;
+    FocusRing ring_;
 };

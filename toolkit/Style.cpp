@@ -29,6 +29,7 @@ constexpr std::array TokenNames {
     "accent",
     "accent-hover",
     "accent-pressed",
+    "accent-ground",
     "on-accent",
     "alarm",
     "alarm-pressed",

@@ -21,6 +21,7 @@ enum class Token {
     Accent,
     AccentHover,
     AccentPressed,
+    AccentGround, ///< a filled bar under text
     OnAccent, ///< text and marks that stand on the accent
     Alarm,
     AlarmPressed,

@@ -20,6 +20,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMimeData>
 #include <QTemporaryDir>
@@ -370,4 +371,13 @@ TEST_F(MainTest, FSixGivesTheKeyboardToTheNextPaneAndBack)
     EXPECT_EQ(paneOf(QApplication::focusWidget()), QStringLiteral("BottomPane"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6, Qt::ShiftModifier);
     EXPECT_EQ(QApplication::focusWidget(), inVideo);
+}
+
+TEST_F(MainTest, ThePromptGivesWayToTheFirstWindowAndComesBackAfterTheLast)
+{
+    EXPECT_TRUE(Find("Opens")->isVisible());
+    OpenOne();
+    EXPECT_FALSE(Find("Opens")->isVisible());
+    static_cast<QMdiSubWindow*>(main->ActiveForm())->close();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Find("Opens")->isVisible(); }));
 }

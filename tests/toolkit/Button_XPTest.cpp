@@ -306,6 +306,21 @@ TEST_F(ButtonXPTest, AShapedButtonIsItsPictureWithoutTheMaskAndFeelsNoPressOutsi
     EXPECT_TRUE(button->mask().isEmpty());
 }
 
+TEST_F(ButtonXPTest, AShapedButtonsOutlineIsSeenOverItsPicture)
+{
+    button->setGeometry(50, 50, 32, 32);
+    button->SetCaption({});
+    button->Set(&P::ButtonStyle, ButtonStyle::Shaped);
+    button->Set(&P::Picture, Plain(Qt::yellow));
+    const auto edge = [this] { return form.grab().toImage().pixelColor(50, 66); };
+    EXPECT_EQ(edge(), QColor(Qt::yellow));
+    PutPointerInside();
+    const QColor over = edge();
+    EXPECT_NE(over, QColor(Qt::yellow));
+    QTest::mousePress(button, Qt::LeftButton);
+    EXPECT_NE(edge(), over);
+}
+
 TEST_F(ButtonXPTest, PressedTheCaptionSinksInEveryStyleButTheDefault)
 {
     button->SetCaption(QStringLiteral("H"));

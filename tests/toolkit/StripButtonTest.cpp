@@ -217,6 +217,19 @@ TEST(StripButton, TabReachesItAndShowsARingAClickShowsNone)
     EXPECT_NE(button.grab().toImage(), ringed);
 }
 
+TEST(StripButton, FocusThatNoKeyBroughtShowsNoRingUntilAKeyIsUsed)
+{
+    OnForm stage(new smallXPbuttons);
+    stage.form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&stage.form));
+    stage.button->clearFocus();
+    stage.button->setFocus();
+    EXPECT_TRUE(stage.button->hasFocus());
+    EXPECT_FALSE(stage.button->HasFocusRing());
+    QTest::keyClick(stage.button, Qt::Key_F2);
+    EXPECT_TRUE(stage.button->HasFocusRing());
+}
+
 TEST(StripButton, TheAccessibleNameIsTheFacesThenTheTipsThenTheCallers)
 {
     Videobuttons button;
