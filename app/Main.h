@@ -110,7 +110,7 @@ private:
     void UnloadForms();
     void ShowPopup();
     void ShowAbout();
-    void ToggleMaximised();
+    void ToggleMaximized();
     void ShowWindowState();
     void ApplyBackground();
 
@@ -123,7 +123,7 @@ private:
 
     TitleStrip* topBack_ = nullptr;
     StripButton* menu_ = nullptr;
-    StripButton* maximise_ = nullptr;
+    StripButton* maximize_ = nullptr;
     StripButton* front1_ = nullptr;
     std::array<TAQbutton*, size_t(Command::Count)> Cmds {};
     QWidget* commands_ = nullptr;

@@ -88,12 +88,12 @@ void Main::BuildHead(QVBoxLayout* column)
     topBack_->AddLeading(menu_);
     front1_ = MakeHeadButton<Front>("front1", Face::BringToFront, "Bring video to front", topBack_);
     auto* help = MakeHeadButton<xphelp>("xphelp1", Face::Help, "Help", topBack_);
-    auto* minimise = MakeHeadButton<xptopbuttons>("ToolBarPic(2)", Face::Minimize, "Minimize", topBack_);
-    maximise_ = MakeHeadButton<xptopbuttons>("ToolBarPic(1)", Face::None, "Maximize or restore", topBack_);
-    maximise_->SetValue(WindowButton::Maximise);
+    auto* minimize = MakeHeadButton<xptopbuttons>("ToolBarPic(2)", Face::Minimize, "Minimize", topBack_);
+    maximize_ = MakeHeadButton<xptopbuttons>("ToolBarPic(1)", Face::None, "Maximize or restore", topBack_);
+    maximize_->SetValue(WindowButton::Maximize);
     auto* close = MakeHeadButton<xptopbuttons>("ToolBarPic(0)", Face::Close, "Close", topBack_);
     for (StripButton* button : { front1_, static_cast<StripButton*>(help),
-             static_cast<StripButton*>(minimise), maximise_, static_cast<StripButton*>(close) })
+             static_cast<StripButton*>(minimize), maximize_, static_cast<StripButton*>(close) })
         topBack_->AddButton(button);
     front1_->hide();
     connect(menu_, &StripButton::Click, this, &Main::ShowPopup);
@@ -102,8 +102,8 @@ void Main::BuildHead(QVBoxLayout* column)
             AddChild(&CurrentVideo());
     });
     connect(help, &StripButton::Click, this, &Main::OpenHelp);
-    connect(minimise, &StripButton::Click, this, &QWidget::showMinimized);
-    connect(maximise_, &StripButton::Click, this, &Main::ToggleMaximised);
+    connect(minimize, &StripButton::Click, this, &QWidget::showMinimized);
+    connect(maximize_, &StripButton::Click, this, &Main::ToggleMaximized);
     connect(close, &StripButton::Click, this, &QWidget::close);
     column->addWidget(topBack_);
 }

@@ -8,6 +8,7 @@
 namespace {
 
 constexpr int CornerRadius = 4;
+constexpr qreal DisabledOpacity = 0.5; // the system's own is too bright for a dark ground
 constexpr int LighterBy = 118; // percent
 constexpr int DarkerBy = 125;
 constexpr int BevelLighterBy = 135;
@@ -60,25 +61,33 @@ void PaintGround(QPainter& painter, const ButtonFace& face)
     }
 }
 
-/// The edge of Default and Shaped.
-std::optional<QColor> LineOf(const ButtonFace& face)
+/// The line around Default and Shaped, unless the form has its own colours.
+struct LineColors {
+    Token rest;
+    Token over;
+    Token pressed;
+};
+constexpr LineColors AroundGround { Token::LineInside, Token::LineLight, Token::LineInside };
+constexpr LineColors AroundPicture { Token::LineInside, Token::Text, Token::Accent };
+
+std::optional<QColor> LineOf(const ButtonFace& face, const LineColors& colors)
 {
     const ButtonProperties& properties = face.properties;
     const bool isOwn = properties.XPDefaultColors == 0;
     if (!face.isEnabled)
         return StyleColor(Token::Control);
     if (face.flags.pressed)
-        return ColorOf(isOwn ? properties.XPColor_Pressed : SystemColor::Highlight);
+        return isOwn ? ColorOf(properties.XPColor_Pressed) : StyleColor(colors.pressed);
     if (face.flags.over)
-        return ColorOf(isOwn ? properties.XPColor_Hover : SystemColor::Light);
+        return isOwn ? ColorOf(properties.XPColor_Hover) : StyleColor(colors.over);
     if (properties.XPShowBorderAlways != 0)
-        return ColorOf(SystemColor::Highlight);
+        return StyleColor(colors.rest);
     return {};
 }
 
 void PaintRoundLine(QPainter& painter, const ButtonFace& face)
 {
-    if (const std::optional<QColor> line = LineOf(face)) {
+    if (const std::optional<QColor> line = LineOf(face, AroundGround)) {
         painter.setPen(QPen(*line, 1));
         painter.setBrush(Qt::NoBrush);
         const QRectF area = QRectF(QPointF(), face.size).adjusted(0.5, 0.5, -0.5, -0.5);
@@ -88,10 +97,10 @@ void PaintRoundLine(QPainter& painter, const ButtonFace& face)
 
 void PaintOutline(QPainter& painter, const ButtonFace& face)
 {
-    if (const std::optional<QColor> line = LineOf(face)) {
+    if (const std::optional<QColor> line = LineOf(face, AroundPicture)) {
         QPainterPath outline;
         outline.addRegion(face.shape);
-        painter.setPen(QPen(*line, 2)); // the outer half is cut away with the window
+        painter.setPen(QPen(*line, 4)); // the outer half is cut away with the window
         painter.setBrush(Qt::NoBrush);
         painter.drawPath(outline.simplified());
     }
@@ -162,8 +171,10 @@ void PaintButtonFace(QPainter& painter, const ButtonFace& face)
     painter.setRenderHint(QPainter::Antialiasing);
     PaintGround(painter, face);
     PaintFrame(painter, face);
+    painter.setOpacity(face.isEnabled ? 1 : DisabledOpacity);
     face.picture.paint(
         &painter, face.places.picture, Qt::AlignCenter, face.isEnabled ? QIcon::Normal : QIcon::Disabled);
+    painter.setOpacity(1);
     if (face.properties.ButtonStyle == ButtonStyle::Shaped)
         PaintOutline(painter, face);
     if (face.flags.focused && face.properties.ShowFocusRect != 0

@@ -312,7 +312,7 @@ TEST_F(MainTest, ASecondSelectionShowsItsOwnList)
     }
 }
 
-TEST_F(MainTest, TheMaximiseButtonFollowsTheWindow)
+TEST_F(MainTest, TheMaximizeButtonFollowsTheWindow)
 {
     auto* button = Find<StripButton>("ToolBarPic(1)");
     Click("ToolBarPic(1)");

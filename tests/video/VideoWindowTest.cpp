@@ -113,7 +113,7 @@ TEST_F(VideoWindowTest, AnOpenInProgressSuppressesTheNextResizeOnce)
     EXPECT_FALSE(state.OpeningNow);
 }
 
-TEST_F(VideoWindowTest, TheMaximiseButtonShowsWhatItWillDo)
+TEST_F(VideoWindowTest, TheMaximizeButtonShowsWhatItWillDo)
 {
     auto* button = window->findChild<StripButton*>(QStringLiteral("Cmds(1)"));
     EXPECT_EQ(button->Value(), 1);
