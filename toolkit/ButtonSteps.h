@@ -31,15 +31,19 @@ using ButtonSteps = std::vector<ButtonStep>;
 /// gives the steps to take, in their order.
 class ButtonPress {
 public:
+    /// As the last event left them.
     const ButtonFlags& Flags() const { return flags_; }
 
+    /// The mouse; inside: over the button.
     ButtonSteps Down(Qt::MouseButton button);
     ButtonSteps Move(bool inside);
     ButtonSteps Up(Qt::MouseButton button, bool inside);
     /// onControl: the pointer is over this very control and nothing covers it.
     ButtonSteps Tick(bool onControl);
+    /// The keys, without repetitions of a release.
     ButtonSteps KeyDown(bool isSpace);
     ButtonSteps KeyUp(bool isSpace);
+    /// The focus came or went.
     ButtonSteps Focus(bool focused);
     /// The button was disabled: no release will come.
     ButtonSteps Disable();

@@ -55,6 +55,7 @@ class Button_XP : public QAbstractButton {
 public:
     explicit Button_XP(QWidget* parent = nullptr);
 
+    /// What is set of it.
     const ButtonProperties& Properties() const { return properties_; }
     /// Gives one property a value and shows it: Set(&ButtonProperties::URL, address).
     template <typename Value>
@@ -69,6 +70,7 @@ public:
     /// Where links go; the desktop's own opener at first. opener outlives the button.
     void SetLinkOpener(LinkOpener& opener) { links_ = &opener; }
 
+    /// What it is doing.
     const ButtonFlags& Flags() const { return press_.Flags(); }
     /// What is seen: the flags as they were at the last refresh.
     const ButtonFlags& ShownFlags() const { return shown_; }
@@ -76,13 +78,16 @@ public:
     void Refresh();
     /// Opens URL: a mail's address by the system, any other as a page of the web. Nothing when it is empty.
     void GoToURL();
+    /// Of the control.
     static QString version();
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 Q_SIGNALS:
+    /// Pressed and released over it, by the mouse, Space, its access key or an aid.
     void Click();
+    /// The keys and the mouse as they come; places in pixels of the button.
     void KeyDown(int key);
     void KeyUp(int key);
     void MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift, QPoint place);
@@ -90,6 +95,7 @@ Q_SIGNALS:
     void MouseUp(Qt::MouseButton button, Qt::KeyboardModifiers shift, QPoint place);
     /// The pointer came, with the buttons held at that moment.
     void MouseEnter(Qt::MouseButtons buttons);
+    /// The pointer has gone, with the buttons held at that moment.
     void MouseLeave(Qt::MouseButtons buttons);
 
 protected:

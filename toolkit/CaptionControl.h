@@ -21,6 +21,7 @@ public:
     /// The style's own colours until others are set.
     QColor ForeColor() const;
     void SetForeColor(const QColor& color);
+    /// Painted behind picture and caption; nothing until it is set.
     QColor BackColor() const { return backColor_; }
     void SetBackColor(const QColor& color);
 

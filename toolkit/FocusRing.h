@@ -5,6 +5,7 @@
 /// Whether a control with the focus shows a ring: once the keyboard is in use, and not for the mouse's sake.
 class FocusRing {
 public:
+    /// Holds while the control has the focus.
     bool IsWanted() const { return isWanted_; }
 
     /// A window or menu that comes back leaves the ring as it was.
@@ -14,6 +15,7 @@ public:
             isWanted_ = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
                 || reason == Qt::ShortcutFocusReason;
     }
+    /// The control was used by a key, or by the mouse.
     void TakeKey() { isWanted_ = true; }
     void TakeMouse() { isWanted_ = false; }
 

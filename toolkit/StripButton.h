@@ -14,12 +14,14 @@ public:
     /// faces is the family's strip; `Value` ranges over it from 0.
     StripButton(QVector<Face> faces, QWidget* parent);
 
+    /// As last set, inside the range or not.
     int Value() const { return value_; }
     /// A value outside the family's range is kept but leaves the face as it stood.
     void SetValue(int value);
     /// The face number, which follows Value within the range.
     int FaceNumber() const { return faceNumber_; }
 
+    /// Whether Value says up or down instead of picking the face.
     bool Toggle() const { return toggle_; }
     void SetToggle(bool toggle);
     /// Whether a Toggle button is shown down.
@@ -29,6 +31,7 @@ public:
     void SetFace(Face face) { SetFace(face, face); }
     /// The same with another picture for a latched button.
     void SetFace(Face up, Face down);
+    /// What is seen of it now.
     Face ShownFace() const;
     ButtonLook ShownLook() const;
 

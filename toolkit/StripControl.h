@@ -13,12 +13,14 @@ class StripControl : public QAbstractButton {
     Q_OBJECT
 
 public:
+    /// What the pointer and setEnabled make of the control.
     enum class State { Rest, Hover, Pressed, Disabled };
 
     explicit StripControl(QWidget* parent);
 
     /// The state whose cell is shown.
     State ShownState() const;
+    /// Whether the ring of the focus is seen.
     bool HasFocusRing() const { return hasFocus() && ring_.IsWanted(); }
 
 Q_SIGNALS:
@@ -26,6 +28,7 @@ Q_SIGNALS:
     void Click();
     /// The pointer has left the control.
     void Leave();
+    /// The mouse and the keys as they come, of a disabled control too; places in pixels of the control.
     void MouseDown(Qt::MouseButton button, QPoint place);
     void MouseMove(Qt::MouseButtons buttons, QPoint place);
     void MouseUp(Qt::MouseButton button, QPoint place);

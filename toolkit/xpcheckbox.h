@@ -8,6 +8,7 @@ class xpcheckbox : public CaptionControl {
     Q_OBJECT
 
 public:
+    /// What Value takes; a click never makes a box grey.
     enum CheckValue { Clear = 0, Grey = 1, Set = 2 };
 
     explicit xpcheckbox(QWidget* parent = nullptr);

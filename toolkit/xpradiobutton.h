@@ -11,6 +11,7 @@ class xpradiobutton : public CaptionControl {
 public:
     explicit xpradiobutton(QWidget* parent = nullptr);
 
+    /// Whether it is the chosen one.
     bool Value() const { return value_; }
     /// Stores and repaints; raises nothing and clears no other.
     void SetValue(bool value);

@@ -29,6 +29,7 @@
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace {
 
@@ -150,21 +151,39 @@ Button_XP* PushButton(int style, bool hasPicture)
     return button;
 }
 
+/// The look of a push button in a state, which its timer would soon find to be over.
+QLabel* Taken(Button_XP& button, Column column)
+{
+    button.resize(button.sizeHint());
+    GiveState(&button, column);
+    QPixmap look = button.grab();
+    if (!button.mask().isEmpty()) {
+        const QPixmap whole = std::exchange(look, QPixmap(look.size()));
+        look.setDevicePixelRatio(whole.devicePixelRatio());
+        look.fill(Qt::transparent);
+        QPainter painter(&look);
+        painter.setClipRegion(button.mask());
+        painter.drawPixmap(0, 0, whole);
+    }
+    auto* label = new QLabel;
+    label->setPixmap(look);
+    return label;
+}
+
 Card* PushButtonsCard()
 {
-    auto* card =
-        new Card(QStringLiteral("Push buttons, styles 0 to 4, then with a bevel and with a border: rest, "
-                                "hover, pressed, disabled, with the focus"),
-            Token::Panel);
+    auto* card = new Card(QStringLiteral("Push buttons, styles 0 to 4, then with a bevel and with a border: "
+                                         "rest, hover, pressed, disabled, with the focus"),
+        Token::Panel);
     auto* grid = new QGridLayout;
     card->rows->addLayout(grid);
     for (int column = Rest; column <= Latched; ++column) {
         for (int style = 0; style < 7; ++style) {
-            auto* button = PushButton(style < 5 ? style : int(ButtonStyle::Default), style % 2 == 0);
+            const std::unique_ptr<Button_XP> button(
+                PushButton(style < 5 ? style : int(ButtonStyle::Default), style % 2 == 0));
             button->Set(&ButtonProperties::BEVEL, style == 5);
             button->Set(&ButtonProperties::XPShowBorderAlways, style == 6);
-            grid->addWidget(button, column, style);
-            GiveState(button, Column(column));
+            grid->addWidget(Taken(*button, Column(column)), column, style);
         }
     }
     return card;

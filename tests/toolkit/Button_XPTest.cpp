@@ -237,6 +237,23 @@ TEST_F(ButtonXPTest, SpaceClicksOnceAndOpensTheLinkTwice)
     EXPECT_EQ(mouseUps[0][2].toPoint(), QPoint(0, 0));
 }
 
+TEST_F(ButtonXPTest, AHeldSpaceClicksOnceHoweverOftenItRepeats)
+{
+    const auto send = [this](QEvent::Type type, bool isRepeat) {
+        QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), isRepeat);
+        QCoreApplication::sendEvent(button, &event);
+    };
+    send(QEvent::KeyPress, false);
+    for (int i = 0; i < 3; ++i) {
+        send(QEvent::KeyRelease, true);
+        send(QEvent::KeyPress, true);
+        EXPECT_TRUE(button->Flags().pressed);
+    }
+    EXPECT_EQ(clicks.size(), 0);
+    send(QEvent::KeyRelease, false);
+    EXPECT_EQ(clicks.size(), 1);
+}
+
 TEST_F(ButtonXPTest, OtherKeysAreToldAndPressNothing)
 {
     QSignalSpy downs(button, &Button_XP::KeyDown);
