@@ -67,6 +67,7 @@ QWidget* ErrFrm::MakeText(const QString& message)
     const int most = fontMetrics().lineSpacing() * MostTextLines;
     const bool isLong = height > most;
     auto* scroll = new QScrollArea(this);
+    scroll->setAccessibleName(QStringLiteral("Message"));
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setVerticalScrollBarPolicy(isLong ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
@@ -91,7 +92,7 @@ QWidget* ErrFrm::MakeFoot()
 
     auto* foot = new QWidget(this);
     auto* row = new QHBoxLayout(foot);
-    row->setContentsMargins(16, 0, 16, 12);
+    row->setContentsMargins(16, 12, 16, 12);
     row->addWidget(silence_);
     row->addStretch();
     row->addWidget(end);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Rows.h"
+
 #include <QString>
 #include <array>
 
@@ -129,14 +131,7 @@ inline constexpr std::array<SettingsKey, size_t(Key::Count)> SettingsKeys = { {
     { Key::WordWrap, u"WordWrap", Kind::Boolean, u"False" },
 } };
 
-constexpr bool IsOneRowPerKeyInOrder()
-{
-    for (size_t i = 0; i < SettingsKeys.size(); ++i)
-        if (SettingsKeys[i].key != Key(i))
-            return false;
-    return true;
-}
-static_assert(IsOneRowPerKeyInOrder());
+static_assert(IsOneRowEach(SettingsKeys, &SettingsKey::key, size_t(Key::Count)));
 
 constexpr const SettingsKey& Row(Key key)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Frame.h"
+#include "base/Rows.h"
 #include "toolkit/Face.h"
 
 #include <array>
@@ -28,11 +29,4 @@ inline constexpr std::array<CommandRow, size_t(Command::Count)> CommandTable { {
     { Command::Save, Face::Save, "Save Capture", " Save captured frame " },
 } };
 
-consteval bool CommandsStandInOrder()
-{
-    for (size_t i = 0; i < CommandTable.size(); ++i)
-        if (CommandTable[i].command != Command(i))
-            return false;
-    return true;
-}
-static_assert(CommandsStandInOrder(), "one row per command, in the order of the buttons");
+static_assert(IsOneRowEach(CommandTable, &CommandRow::command, size_t(Command::Count)));

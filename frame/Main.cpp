@@ -83,7 +83,7 @@ Main::~Main()
 void Main::Bind()
 {
     connect(topBack_, &TitleStrip::MoveRequested, drag_, &FrameDrag::StartMove);
-    connect(topBack_, &TitleStrip::MaximizeToggled, this, &Main::ToggleMaximised);
+    connect(topBack_, &TitleStrip::MaximizeToggled, this, &Main::ToggleMaximized);
     for (const CommandRow& row : CommandTable)
         connect(Cmds[size_t(row.command)], &TAQbutton::Click, this,
             [this, command = row.command] { RunCommand(command); });
@@ -472,14 +472,14 @@ void Main::CloseAllFormsExcept(const QString& name)
             form->close();
 }
 
-void Main::ToggleMaximised()
+void Main::ToggleMaximized()
 {
     isMaximized() ? showNormal() : showMaximized();
 }
 
 void Main::ShowWindowState()
 {
-    maximise_->SetValue(isMaximized() ? WindowButton::Restore : WindowButton::Maximise);
+    maximize_->SetValue(isMaximized() ? WindowButton::Restore : WindowButton::Maximize);
     Image2->setVisible(!isMaximized());
     setWindowTitle(QLatin1String(WindowText));
     if (state_.ToolsOpen && state_.Tools)

@@ -122,7 +122,7 @@ private:
     void UnloadForms();
     void ShowPopup();
     void ShowAbout();
-    void ToggleMaximised();
+    void ToggleMaximized();
     void ShowWindowState();
     void ApplyBackground();
 
@@ -136,9 +136,10 @@ private:
 
     TitleStrip* topBack_ = nullptr;
     StripButton* menu_ = nullptr;
-    StripButton* maximise_ = nullptr;
+    StripButton* maximize_ = nullptr;
     StripButton* front1_ = nullptr;
     std::array<TAQbutton*, size_t(Command::Count)> Cmds {};
+    QWidget* commands_ = nullptr;
     QMdiArea* area_ = nullptr;
     EmptyState* emptyState_ = nullptr;
     TransportPane* bottomPane_ = nullptr;

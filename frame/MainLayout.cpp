@@ -4,6 +4,7 @@
 #include "frame/CommandTable.h"
 #include "frame/EmptyState.h"
 #include "frame/Main.h"
+#include "frame/PaneKeys.h"
 #include "toolkit/DigitLabel.h"
 #include "toolkit/FrameDrag.h"
 #include "toolkit/SizeGrip.h"
@@ -13,8 +14,11 @@
 #include "video/TransportPane.h"
 
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QScreen>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -66,6 +70,13 @@ void Main::Build()
     thumbHold_ = new Lead(this);
     thumbHold_->setObjectName(QStringLiteral("ThumbHold"));
     thumbHold_->hide();
+    new PaneKeys(*this,
+        { [this] { return topBack_; }, [this] { return commands_; },
+            [this]() -> QWidget* {
+                QMdiSubWindow* const child = area_->currentSubWindow();
+                return child ? child : static_cast<QWidget*>(emptyState_);
+            },
+            [this] { return bottomPane_; } });
 }
 
 void Main::BuildHead(QVBoxLayout* column)
@@ -77,12 +88,12 @@ void Main::BuildHead(QVBoxLayout* column)
     topBack_->AddLeading(menu_);
     front1_ = MakeHeadButton<Front>("front1", Face::BringToFront, "Bring video to front", topBack_);
     auto* help = MakeHeadButton<xphelp>("xphelp1", Face::Help, "Help", topBack_);
-    auto* minimise = MakeHeadButton<xptopbuttons>("ToolBarPic(2)", Face::Minimize, "Minimize", topBack_);
-    maximise_ = MakeHeadButton<xptopbuttons>("ToolBarPic(1)", Face::None, "Maximize or restore", topBack_);
-    maximise_->SetValue(WindowButton::Maximise);
+    auto* minimize = MakeHeadButton<xptopbuttons>("ToolBarPic(2)", Face::Minimize, "Minimize", topBack_);
+    maximize_ = MakeHeadButton<xptopbuttons>("ToolBarPic(1)", Face::None, "Maximize or restore", topBack_);
+    maximize_->SetValue(WindowButton::Maximize);
     auto* close = MakeHeadButton<xptopbuttons>("ToolBarPic(0)", Face::Close, "Close", topBack_);
     for (StripButton* button : { front1_, static_cast<StripButton*>(help),
-             static_cast<StripButton*>(minimise), maximise_, static_cast<StripButton*>(close) })
+             static_cast<StripButton*>(minimize), maximize_, static_cast<StripButton*>(close) })
         topBack_->AddButton(button);
     front1_->hide();
     connect(menu_, &StripButton::Click, this, &Main::ShowPopup);
@@ -91,21 +102,21 @@ void Main::BuildHead(QVBoxLayout* column)
             AddChild(&CurrentVideo());
     });
     connect(help, &StripButton::Click, this, &Main::OpenHelp);
-    connect(minimise, &StripButton::Click, this, &QWidget::showMinimized);
-    connect(maximise_, &StripButton::Click, this, &Main::ToggleMaximised);
+    connect(minimize, &StripButton::Click, this, &QWidget::showMinimized);
+    connect(maximize_, &StripButton::Click, this, &Main::ToggleMaximized);
     connect(close, &StripButton::Click, this, &QWidget::close);
     column->addWidget(topBack_);
 }
 
 void Main::BuildCommands(QVBoxLayout* column)
 {
-    auto* strip = new QWidget(this);
-    strip->setObjectName(QStringLiteral("VideoSoftElastic1"));
-    auto* row = new QHBoxLayout(strip);
+    commands_ = new QWidget(this);
+    commands_->setObjectName(QStringLiteral("VideoSoftElastic1"));
+    auto* row = new QHBoxLayout(commands_);
     row->setContentsMargins(2 * Gap, Gap, 2 * Gap, Gap);
     row->setSpacing(Gap);
     for (const CommandRow& command : CommandTable) {
-        auto* button = new TAQbutton(strip);
+        auto* button = new TAQbutton(commands_);
         button->setObjectName(QStringLiteral("Cmds(%1)").arg(int(command.command)));
         button->SetFace(command.face);
         button->SetCaption(QLatin1String(command.caption));
@@ -116,7 +127,7 @@ void Main::BuildCommands(QVBoxLayout* column)
         row->addWidget(button);
     }
     row->addStretch();
-    column->addWidget(strip);
+    column->addWidget(commands_);
 }
 
 void Main::BuildArea(QVBoxLayout* column)
@@ -131,6 +142,11 @@ void Main::BuildArea(QVBoxLayout* column)
     connect(emptyState_, &EmptyState::Opens, this, [this] {
         RevealVideoWindow();
         PumpEvents();
+    });
+    // Between windows the prompt would only stand in the way.
+    connect(area_, &QMdiArea::subWindowActivated, emptyState_, [this] {
+        const auto forms = area_->subWindowList();
+        emptyState_->setVisible(std::ranges::none_of(forms, &QWidget::isVisible));
     });
     column->addWidget(area_, 1);
 }

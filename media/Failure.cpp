@@ -1,5 +1,7 @@
 #include "media/Failure.h"
 
+#include "base/Rows.h"
+
 extern "C" {
 #include <libavutil/error.h>
 }
@@ -28,14 +30,7 @@ constexpr std::array FailureTexts = {
     FailureRow { Failure::Network, "The network or the server failed." },
     FailureRow { Failure::Vanished, "The file is no longer there." },
 };
-constexpr bool RowsAreInOrder()
-{
-    for (size_t i = 0; i < FailureTexts.size(); ++i)
-        if (size_t(FailureTexts[i].failure) != i + 1)
-            return false;
-    return FailureTexts.size() == size_t(Failure::Vanished);
-}
-static_assert(RowsAreInOrder());
+static_assert(IsOneRowEach(FailureTexts, &FailureRow::failure, size_t(Failure::Vanished), 1));
 
 struct CodeRow {
     int code;

@@ -1,5 +1,6 @@
 #include "toolkit/ButtonPaint.h"
 
+#include "base/Rows.h"
 #include "toolkit/Style.h"
 #include <QPainter>
 #include <array>
@@ -10,6 +11,7 @@ namespace {
 constexpr qreal CornerRadius = 4;
 
 struct LookRow {
+    ButtonLook look;
     std::optional<Token> ground;
     std::optional<Token> edge;
     Token mark;
@@ -17,30 +19,32 @@ struct LookRow {
 
 using LookTable = std::array<LookRow, static_cast<size_t>(ButtonLook::Count)>;
 
-// Rows in the order of ButtonLook: rest, hover, pressed, disabled, latched.
 constexpr LookTable PlainLooks { {
-    { {}, {}, Token::Text },
-    { Token::ControlHover, {}, Token::Text },
-    { Token::Ground, Token::LineInside, Token::TextSecondary },
-    { {}, {}, Token::TextDisabled },
-    { Token::Control, Token::Accent, Token::Accent },
+    { ButtonLook::Rest, {}, {}, Token::Text },
+    { ButtonLook::Hover, Token::ControlHover, {}, Token::Text },
+    { ButtonLook::Pressed, Token::Ground, Token::LineInside, Token::TextSecondary },
+    { ButtonLook::Disabled, {}, {}, Token::TextDisabled },
+    { ButtonLook::Latched, Token::Control, Token::Accent, Token::Accent },
 } };
+static_assert(IsOneRowEach(PlainLooks, &LookRow::look, size_t(ButtonLook::Count)));
 
 constexpr LookTable AccentLooks { {
-    { Token::Accent, {}, Token::OnAccent },
-    { Token::AccentHover, {}, Token::OnAccent },
-    { Token::AccentPressed, {}, Token::OnAccent },
-    { {}, {}, Token::TextDisabled },
-    { Token::Control, Token::Accent, Token::Accent },
+    { ButtonLook::Rest, Token::Accent, {}, Token::OnAccent },
+    { ButtonLook::Hover, Token::AccentHover, {}, Token::OnAccent },
+    { ButtonLook::Pressed, Token::AccentPressed, {}, Token::OnAccent },
+    { ButtonLook::Disabled, {}, {}, Token::TextDisabled },
+    { ButtonLook::Latched, Token::Control, Token::Accent, Token::Accent },
 } };
+static_assert(IsOneRowEach(AccentLooks, &LookRow::look, size_t(ButtonLook::Count)));
 
 constexpr LookTable AlarmLooks { {
-    { {}, {}, Token::Text },
-    { Token::Alarm, {}, Token::OnAlarm },
-    { Token::AlarmPressed, {}, Token::OnAlarm },
-    { {}, {}, Token::TextDisabled },
-    { Token::Control, Token::Accent, Token::Accent },
+    { ButtonLook::Rest, {}, {}, Token::Text },
+    { ButtonLook::Hover, Token::Alarm, {}, Token::OnAlarm },
+    { ButtonLook::Pressed, Token::AlarmPressed, {}, Token::OnAlarm },
+    { ButtonLook::Disabled, {}, {}, Token::TextDisabled },
+    { ButtonLook::Latched, Token::Control, Token::Accent, Token::Accent },
 } };
+static_assert(IsOneRowEach(AlarmLooks, &LookRow::look, size_t(ButtonLook::Count)));
 
 const LookTable& LooksOf(FaceTone tone)
 {

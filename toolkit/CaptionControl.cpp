@@ -1,6 +1,7 @@
 #include "toolkit/CaptionControl.h"
 
 #include "toolkit/ButtonPaint.h"
+#include "toolkit/CheckAccess.h"
 #include "toolkit/Strip.h"
 #include "toolkit/Style.h"
 #include <QFontMetrics>
@@ -41,6 +42,7 @@ PictureColors ColorsOf(StripControl::State state, bool marked)
 CaptionControl::CaptionControl(QWidget* parent)
     : StripControl(parent)
 {
+    InstallCheckAccess();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(this, &QObject::objectNameChanged, this, [this](const QString& name) {
         if (!captionSet_)
@@ -69,6 +71,16 @@ void CaptionControl::SetBackColor(const QColor& color)
 {
     backColor_ = color;
     update();
+}
+
+void CaptionControl::ShowCheck()
+{
+    update();
+    QAccessible::State changed;
+    changed.checked = true;
+    changed.checkStateMixed = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 QSize CaptionControl::sizeHint() const

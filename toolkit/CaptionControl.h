@@ -2,6 +2,7 @@
 
 #include "toolkit/Face.h"
 #include "toolkit/StripControl.h"
+#include <QAccessible>
 #include <QColor>
 
 class QPainter;
@@ -10,7 +11,6 @@ class QPainter;
 /// over several lines (written with line breaks). `Font` is the widget's font.
 class CaptionControl : public StripControl {
     Q_OBJECT
-    Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)
 
 public:
     explicit CaptionControl(QWidget* parent);
@@ -21,13 +21,20 @@ public:
     /// The style's own colours until others are set.
     QColor ForeColor() const;
     void SetForeColor(const QColor& color);
+    /// Painted behind picture and caption; nothing until it is set.
     QColor BackColor() const { return backColor_; }
     void SetBackColor(const QColor& color);
+
+    /// What assistive technology is told of the control and its value.
+    virtual QAccessible::Role AccessRole() const = 0;
+    virtual Qt::CheckState Check() const = 0;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    /// The value has changed: repaints, and tells those who listen for the screen.
+    void ShowCheck();
     /// Ground, edge and mark of the picture, each a cell; mark may be Face::None.
     void PaintWith(Face ground, Face edge, Face mark);
 

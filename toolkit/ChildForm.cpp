@@ -177,7 +177,7 @@ QList<ChildForm*> ChildForm::Siblings() const
 void ChildForm::ShowShapeOn(StripButton& button)
 {
     const auto show = [this, &button] {
-        button.SetValue(shape_ == Shape::Maximized ? WindowButton::Restore : WindowButton::Maximise);
+        button.SetValue(shape_ == Shape::Maximized ? WindowButton::Restore : WindowButton::Maximize);
     };
     connect(this, &ChildForm::ShapeChanged, &button, show);
     show();

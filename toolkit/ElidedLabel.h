@@ -2,7 +2,8 @@
 
 #include <QLabel>
 
-/// A one-line label that ends in an ellipsis where its text is wider than itself; text() stays whole.
+/// A one-line label with an ellipsis in its middle where its text is wider than itself, so that the name at
+/// the end of a path stays in sight; text() stays whole.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 

@@ -76,10 +76,12 @@ enum class FaceTone { Plain, Accent, Alarm };
 /// What is known of a face: its strip's file name without folder and extension, and the accessible name that
 /// a button bears until its caller gives another.
 struct FaceFacts {
+    Face face;
     std::string_view strip;
     std::string_view name;
     FaceTone tone = FaceTone::Plain;
 };
+/// The facts of a face.
 const FaceFacts& FactsOf(Face face);
 /// Place of a face in its strip, from 0.
 int CellOf(Face face);

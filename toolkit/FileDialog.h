@@ -15,6 +15,7 @@ public:
 /// The system's dialog for opening files, with the properties a form sets before and reads afterwards.
 class cFileDialog {
 public:
+    /// Bits of flags.
     enum Flag {
         OverwritePrompt = 0x2,
         HideReadOnly = 0x4,

@@ -44,13 +44,11 @@ void FrameDrag::Begin(QPoint screenPlace, Qt::Edges edges)
     start_ = screenPlace;
     startGeometry_ = form_.geometry();
     edges_ = edges;
-    dragging_ = true;
     QCoreApplication::instance()->installEventFilter(this);
 }
 
 void FrameDrag::End()
 {
-    dragging_ = false;
     QCoreApplication::instance()->removeEventFilter(this);
 }
 

@@ -19,7 +19,6 @@ public:
     /// release.
     void StartMove(QPoint screenPlace);
     void StartResize(QPoint screenPlace, Qt::Edges edges = Qt::RightEdge | Qt::BottomEdge);
-    bool IsDragging() const { return dragging_; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -35,5 +34,4 @@ private:
     QPoint start_;
     QRect startGeometry_;
     Qt::Edges edges_;
-    bool dragging_ = false;
 };

@@ -28,7 +28,7 @@ StripButton* MakeFormButton(const FormButton<Form>& row, Form& form, QWidget* pa
     return button;
 }
 
-/// The face of the button that maximises or restores, which follows the form's shape.
+/// The face of the button that maximizes or restores, which follows the form's shape.
 inline constexpr Face ShapeFace = Face::None;
 
 /// Fills the head of a form with the buttons of its table, from left to right.

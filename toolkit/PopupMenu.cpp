@@ -20,21 +20,11 @@ void PopupMenu::SetItems(const QStringList& texts)
         addAction(text.replace(QLatin1Char('&'), QLatin1String("&&")));
 }
 
-int PopupMenu::ItemCount() const
-{
-    return static_cast<int>(actions().size());
-}
-
 void PopupMenu::SetChecked(int item, bool checked)
 {
     QAction* action = actions().at(item);
     action->setCheckable(true);
     action->setChecked(checked);
-}
-
-bool PopupMenu::IsChecked(int item) const
-{
-    return actions().at(item)->isChecked();
 }
 
 void PopupMenu::SetItemEnabled(int item, bool enabled)

@@ -13,9 +13,8 @@ public:
 
     /// Replaces the items; texts are shown as they stand, leading blanks and ampersands included.
     void SetItems(const QStringList& texts);
-    int ItemCount() const;
+    /// Items count from 0.
     void SetChecked(int item, bool checked);
-    bool IsChecked(int item) const;
     void SetItemEnabled(int item, bool enabled);
     /// Opens with its upper left corner at a place on the screen, moved so that it stays on the screen.
     void Open(QPoint screenPlace);

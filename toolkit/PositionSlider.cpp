@@ -107,7 +107,7 @@ void PositionSlider::mousePressEvent(QMouseEvent* event)
         event->ignore();
         return;
     }
-    ringWanted_ = false;
+    ring_.TakeMouse();
     setSliderDown(true);
     MoveByUser(ValueAt(event->position().toPoint().x()));
     update();
@@ -135,6 +135,8 @@ void PositionSlider::wheelEvent(QWheelEvent* event)
 
 void PositionSlider::keyPressEvent(QKeyEvent* event)
 {
+    ring_.TakeKey();
+    update();
     switch (event->key()) {
     case Qt::Key_Left:
     case Qt::Key_Down:
@@ -157,7 +159,7 @@ void PositionSlider::keyPressEvent(QKeyEvent* event)
 
 void PositionSlider::focusInEvent(QFocusEvent* event)
 {
-    ringWanted_ = event->reason() != Qt::MouseFocusReason;
+    ring_.TakeFocus(event->reason());
     QAbstractSlider::focusInEvent(event);
 }
 
@@ -178,7 +180,7 @@ void PositionSlider::paintEvent(QPaintEvent*)
     PaintSelection(painter);
     if (isEnabled())
         PaintHandle(painter);
-    if (hasFocus() && ringWanted_)
+    if (hasFocus() && ring_.IsWanted())
         PaintFocusRing(painter, rect());
 }
 

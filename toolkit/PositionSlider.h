@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/FocusRing.h"
 #include <QAbstractSlider>
 
 /// A place on a scale from 0 to Max with a selected range: groove, fill up to the place, range and handle.
@@ -9,15 +10,19 @@ class PositionSlider : public QAbstractSlider {
 public:
     explicit PositionSlider(QWidget* parent = nullptr);
 
+    /// The end of the scale, at least 0.
     int Max() const { return maximum(); }
     void SetMax(int max);
+    /// The place on the scale.
     int Value() const { return value(); }
     /// Follows the caller, kept within 0 and Max, and raises no Scroll. Ignored while the user holds the
     /// handle.
     void SetValue(int value);
+    /// Where the selected range begins, on the scale.
     int SelStart() const { return selStart_; }
     void SetSelStart(int start);
     /// 0 shows no range.
+    /// How far it reaches from there.
     int SelLength() const { return selLength_; }
     void SetSelLength(int length);
 
@@ -50,5 +55,5 @@ private:
     int selStart_ = 0;
     int selLength_ = 0;
     bool hover_ = false;
-    bool ringWanted_ = false;
+    FocusRing ring_;
 };

@@ -27,7 +27,7 @@ StripButton::StripButton(QVector<Face> faces, QWidget* parent)
 void StripButton::SetValue(int value)
 {
     value_ = value;
-    if (value >= 0 && value <= MaxValue())
+    if (value >= 0 && value < strip_.size())
         faceNumber_ = value;
     NameAfter(NameOf(ShownFace()));
     update();

@@ -9,20 +9,19 @@
 /// that is the form's.
 class StripButton : public StripControl {
     Q_OBJECT
-    Q_PROPERTY(int Value READ Value WRITE SetValue)
-    Q_PROPERTY(bool Toggle READ Toggle WRITE SetToggle)
 
 public:
     /// faces is the family's strip; `Value` ranges over it from 0.
     StripButton(QVector<Face> faces, QWidget* parent);
 
+    /// As last set, inside the range or not.
     int Value() const { return value_; }
     /// A value outside the family's range is kept but leaves the face as it stood.
     void SetValue(int value);
     /// The face number, which follows Value within the range.
     int FaceNumber() const { return faceNumber_; }
-    int MaxValue() const { return static_cast<int>(strip_.size()) - 1; }
 
+    /// Whether Value says up or down instead of picking the face.
     bool Toggle() const { return toggle_; }
     void SetToggle(bool toggle);
     /// Whether a Toggle button is shown down.
@@ -32,6 +31,7 @@ public:
     void SetFace(Face face) { SetFace(face, face); }
     /// The same with another picture for a latched button.
     void SetFace(Face up, Face down);
+    /// What is seen of it now.
     Face ShownFace() const;
     ButtonLook ShownLook() const;
 
@@ -51,17 +51,17 @@ private:
 
 /// What the `Value` of a window's button shows, in the strips of both families below.
 namespace WindowButton {
-enum Value { Close = 0, Maximise = 1, Minimise = 2, Restore = 3 };
+enum Value { Close = 0, Maximize = 1, Minimize = 2, Restore = 3 };
 }
 
-/// Buttons of the frame's title strip: 0 close, 1 maximise, 2 minimise, 3 restore.
+/// Buttons of the frame's title strip: 0 close, 1 maximize, 2 minimize, 3 restore.
 class xptopbuttons : public StripButton {
     Q_OBJECT
 public:
     explicit xptopbuttons(QWidget* parent = nullptr);
 };
 
-/// Buttons of the child windows' title strips: 0 close, 1 maximise, 2 minimise, 3 restore, 4 open, 5 edit
+/// Buttons of the child windows' title strips: 0 close, 1 maximize, 2 minimize, 3 restore, 4 open, 5 edit
 /// tools, 6 program wallpaper, 7 system wallpaper, 8 save, 9 save all, 10 open a capture.
 class smallXPbuttons : public StripButton {
     Q_OBJECT
@@ -83,7 +83,7 @@ public:
     explicit VideoEditButtons(QWidget* parent = nullptr);
 };
 
-/// 0 resize, 1 flip, 2 rotate, 3 reverse, 4 greyscale, 5 undo.
+/// 0 resize, 1 flip, 2 rotate, 3 reverse, 4 grayscale, 5 undo.
 class ToolButtons : public StripButton {
     Q_OBJECT
 public:

@@ -135,6 +135,8 @@ void StripControl::EndHover()
 
 void StripControl::keyPressEvent(QKeyEvent* event)
 {
+    ring_.TakeKey();
+    update();
     if (!IsEnter(*event)) {
         QAbstractButton::keyPressEvent(event);
         return;
@@ -145,9 +147,7 @@ void StripControl::keyPressEvent(QKeyEvent* event)
 
 void StripControl::focusInEvent(QFocusEvent* event)
 {
-    const Qt::FocusReason reason = event->reason();
-    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
-        ringWanted_ = reason != Qt::MouseFocusReason;
+    ring_.TakeFocus(event->reason());
     QAbstractButton::focusInEvent(event);
 }
 

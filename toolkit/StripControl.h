@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/ButtonPaint.h"
+#include "toolkit/FocusRing.h"
 #include <QAbstractButton>
 #include <QTimer>
 
@@ -12,19 +13,22 @@ class StripControl : public QAbstractButton {
     Q_OBJECT
 
 public:
+    /// What the pointer and setEnabled make of the control.
     enum class State { Rest, Hover, Pressed, Disabled };
 
     explicit StripControl(QWidget* parent);
 
     /// The state whose cell is shown.
     State ShownState() const;
-    bool HasFocusRing() const { return hasFocus() && ringWanted_; }
+    /// Whether the ring of the focus is seen.
+    bool HasFocusRing() const { return hasFocus() && ring_.IsWanted(); }
 
 Q_SIGNALS:
     /// The form's click. Whatever a control changes by itself on a click, it changes after this.
     void Click();
     /// The pointer has left the control.
     void Leave();
+    /// The mouse and the keys as they come, of a disabled control too; places in pixels of the control.
     void MouseDown(Qt::MouseButton button, QPoint place);
     void MouseMove(Qt::MouseButtons buttons, QPoint place);
     void MouseUp(Qt::MouseButton button, QPoint place);
@@ -55,5 +59,5 @@ private:
     QTimer pointerTimer_;
     QString ownName_;
     bool hover_ = false;
-    bool ringWanted_ = false;
+    FocusRing ring_;
 };

@@ -1,5 +1,6 @@
 #include "toolkit/Style.h"
 
+#include "base/Rows.h"
 #include "toolkit/Artwork.h"
 #include <QApplication>
 #include <QFile>
@@ -13,27 +14,33 @@ namespace {
 
 constexpr auto TokenCount = static_cast<size_t>(Token::Count);
 
-constexpr std::array TokenNames {
-    "ground",
-    "strip",
-    "panel",
-    "control",
-    "control-hover",
-    "control-pressed",
-    "line-outside",
-    "line-inside",
-    "text",
-    "text-secondary",
-    "text-disabled",
-    "accent",
-    "accent-hover",
-    "accent-pressed",
-    "on-accent",
-    "alarm",
-    "alarm-pressed",
-    "on-alarm",
+struct TokenRow {
+    Token token;
+    const char* name;
 };
-static_assert(TokenNames.size() == TokenCount);
+constexpr std::array TokenRows {
+    TokenRow { Token::Ground, "ground" },
+    TokenRow { Token::Strip, "strip" },
+    TokenRow { Token::Panel, "panel" },
+    TokenRow { Token::Control, "control" },
+    TokenRow { Token::ControlHover, "control-hover" },
+    TokenRow { Token::ControlPressed, "control-pressed" },
+    TokenRow { Token::LineOutside, "line-outside" },
+    TokenRow { Token::LineInside, "line-inside" },
+    TokenRow { Token::LineLight, "line-light" },
+    TokenRow { Token::Text, "text" },
+    TokenRow { Token::TextSecondary, "text-secondary" },
+    TokenRow { Token::TextDisabled, "text-disabled" },
+    TokenRow { Token::Accent, "accent" },
+    TokenRow { Token::AccentHover, "accent-hover" },
+    TokenRow { Token::AccentPressed, "accent-pressed" },
+    TokenRow { Token::AccentGround, "accent-ground" },
+    TokenRow { Token::OnAccent, "on-accent" },
+    TokenRow { Token::Alarm, "alarm" },
+    TokenRow { Token::AlarmPressed, "alarm-pressed" },
+    TokenRow { Token::OnAlarm, "on-alarm" },
+};
+static_assert(IsOneRowEach(TokenRows, &TokenRow::token, TokenCount));
 
 QString ReadFace()
 {
@@ -77,7 +84,7 @@ std::array<QColor, TokenCount> ReadColors()
     const QHash<QString, QString> tokens = ReadTokens(ReadFace());
     std::array<QColor, TokenCount> colors;
     for (size_t i = 0; i < TokenCount; ++i)
-        colors[i] = QColor(tokens.value(QString::fromLatin1(TokenNames[i])));
+        colors[i] = QColor(tokens.value(QString::fromLatin1(TokenRows[i].name)));
     return colors;
 }
 

@@ -14,12 +14,14 @@ enum class Token {
     ControlPressed,
     LineOutside,
     LineInside,
+    LineLight, ///< an edge under the pointer
     Text,
     TextSecondary,
     TextDisabled,
     Accent,
     AccentHover,
     AccentPressed,
+    AccentGround, ///< a filled bar under text
     OnAccent, ///< text and marks that stand on the accent
     Alarm,
     AlarmPressed,

@@ -7,8 +7,6 @@
 /// A command button: a picture over its caption. `Caption` is the button's text, `Font` the widget's font.
 class TAQbutton : public StripControl {
     Q_OBJECT
-    Q_PROPERTY(int State READ State WRITE SetState)
-    Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)
 
 public:
     explicit TAQbutton(QWidget* parent = nullptr);
@@ -16,12 +14,15 @@ public:
     /// 0 up; any other value is shown latched.
     int State() const { return state_; }
     void SetState(int state);
+    /// The text below the picture; also the accessible name until the caller gives another.
     QString Caption() const { return caption_; }
     void SetCaption(const QString& caption);
     /// Colour of the caption; the style's own until one is set.
     QColor ForeColor() const;
     void SetForeColor(const QColor& color);
+    /// The picture over the caption.
     void SetFace(Face face);
+    /// What is seen of it now.
     Face ShownFace() const { return face_; }
     ButtonLook ShownLook() const;
 

@@ -14,6 +14,7 @@ public:
 
     explicit TitleStrip(QWidget* parent = nullptr);
 
+    /// The text at the left.
     QString Title() const;
     void SetTitle(const QString& title);
     /// The label of the title; its object name is "LblTitle".

@@ -10,7 +10,7 @@ void xpcheckbox::SetValue(int value)
     if (value < Clear || value > Set)
         return;
     value_ = value;
-    update();
+    ShowCheck();
 }
 
 int xpcheckbox::Cell() const

@@ -6,9 +6,9 @@
 /// before.
 class xpcheckbox : public CaptionControl {
     Q_OBJECT
-    Q_PROPERTY(int Value READ Value WRITE SetValue)
 
 public:
+    /// What Value takes; a click never makes a box grey.
     enum CheckValue { Clear = 0, Grey = 1, Set = 2 };
 
     explicit xpcheckbox(QWidget* parent = nullptr);
@@ -19,6 +19,9 @@ public:
     void SetValue(int value);
     /// The shown cell: four cells a value, in the order of State. Pressed cells are 2, 6 and 10.
     int Cell() const;
+
+    QAccessible::Role AccessRole() const override { return QAccessible::CheckBox; }
+    Qt::CheckState Check() const override { return static_cast<Qt::CheckState>(value_); }
 
 protected:
     void AfterClick() override;

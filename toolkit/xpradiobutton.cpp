@@ -10,7 +10,7 @@ xpradiobutton::xpradiobutton(QWidget* parent)
 void xpradiobutton::SetValue(bool value)
 {
     value_ = value;
-    update();
+    ShowCheck();
 }
 
 void xpradiobutton::AfterClick()

@@ -7,14 +7,17 @@
 /// The form is the window the button stands in, or the child window when it stands in one.
 class xpradiobutton : public CaptionControl {
     Q_OBJECT
-    Q_PROPERTY(bool Value READ Value WRITE SetValue)
 
 public:
     explicit xpradiobutton(QWidget* parent = nullptr);
 
+    /// Whether it is the chosen one.
     bool Value() const { return value_; }
     /// Stores and repaints; raises nothing and clears no other.
     void SetValue(bool value);
+
+    QAccessible::Role AccessRole() const override { return QAccessible::RadioButton; }
+    Qt::CheckState Check() const override { return value_ ? Qt::Checked : Qt::Unchecked; }
 
 protected:
     void AfterClick() override;

@@ -29,6 +29,7 @@ ROOMS = (
     ("media/*",         "media",        0),
     ("imaging/*",       "imaging",      0),
     ("desktop/*",       "desktop",      0),
+    ("base/*",          "base",         -1),
 )
 FREE = ("tests", "bench", "resources")  # may look at every room; no room may look at them
 

@@ -50,6 +50,7 @@ void QuickShots::Build()
     AddHeadButtons(*this, HeadButtons);
     picOuter_ = new QScrollArea(this);
     picOuter_->setObjectName(QStringLiteral("PicOuter"));
+    picOuter_->setAccessibleName(QStringLiteral("Thumbnails"));
     picOuter_->setFrameShape(QFrame::NoFrame);
     picInner_ = new QWidget;
     picInner_->setObjectName(QStringLiteral("PicInner"));

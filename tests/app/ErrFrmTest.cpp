@@ -2,6 +2,7 @@
 #include "app/ApplicationState.h"
 #include "app/ErrFrmBox.h"
 #include "app/Hourglass.h"
+#include "tests/testing/AccessFaults.h"
 #include "toolkit/TitleStrip.h"
 #include "toolkit/xpcheckbox.h"
 
@@ -174,6 +175,15 @@ TEST_F(ErrFrmTest, TheOwnerMayGoWhileTheMessageStands)
     box_.ShowPlayerError(owner, QStringLiteral("Error Abort"), QStringLiteral("text"));
     EXPECT_TRUE(state_.ShowPlayerErrors);
     EXPECT_EQ(shown_, 1);
+}
+
+TEST_F(ErrFrmTest, EveryControlHasANameAndIsReachedByKeys)
+{
+    WhenShown([](ErrFrm& form) {
+        EXPECT_EQ(AccessFaults(form), "");
+        PressEnd(form);
+    });
+    box_.ShowPlayerError(&owner_, QStringLiteral("Error!"), QString(20000, u'x'));
 }
 
 TEST_F(ErrFrmTest, ReturnEndsIt)

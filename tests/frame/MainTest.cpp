@@ -2,6 +2,7 @@
 #include "capture/SavePicture.h"
 #include "desktop/FileName.h"
 #include "tests/frame/FrameFixture.h"
+#include "tests/testing/AccessFaults.h"
 #include "tests/testing/RunningDialog.h"
 #include "toolkit/SizeGrip.h"
 #include "toolkit/StripButton.h"
@@ -14,6 +15,7 @@
 #include <QFileInfo>
 #include <QListWidget>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMimeData>
 #include <QUrl>
@@ -253,7 +255,7 @@ TEST_F(MainTest, ASecondSelectionShowsItsOwnList)
     }
 }
 
-TEST_F(MainTest, TheMaximiseButtonFollowsTheWindow)
+TEST_F(MainTest, TheMaximizeButtonFollowsTheWindow)
 {
     auto* button = Find<StripButton>("ToolBarPic(1)");
     Click("ToolBarPic(1)");
@@ -359,4 +361,41 @@ TEST_F(MainTest, CancelDropsTheSourceAndClearsTheMessage)
     Click("Cmds(5)");
     EXPECT_EQ(player->file, QString());
     EXPECT_EQ(Label("LblMsg1(0)"), QString());
+}
+
+TEST_F(MainTest, EveryControlHasANameAndIsReachedByKeys)
+{
+    EXPECT_EQ(AccessFaults(*main), "");
+    OpenOne();
+    EXPECT_EQ(AccessFaults(*main), "");
+    Click("Cmds(8)");
+    EXPECT_EQ(AccessFaults(*main), "");
+}
+
+TEST_F(MainTest, FSixGivesTheKeyboardToTheNextPaneAndBack)
+{
+    const auto paneOf = [](const QWidget* at) {
+        while (at && at->objectName() != QStringLiteral("BottomPane")
+            && at->objectName() != QStringLiteral("VideoWindow"))
+            at = at->parentWidget();
+        return at ? at->objectName() : QString();
+    };
+    OpenOne();
+    main->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
+    ASSERT_EQ(paneOf(QApplication::focusWidget()), QStringLiteral("VideoWindow"));
+    const QWidget* const inVideo = QApplication::focusWidget();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6);
+    EXPECT_EQ(paneOf(QApplication::focusWidget()), QStringLiteral("BottomPane"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget(), inVideo);
+}
+
+TEST_F(MainTest, ThePromptGivesWayToTheFirstWindowAndComesBackAfterTheLast)
+{
+    EXPECT_TRUE(Find("Opens")->isVisible());
+    OpenOne();
+    EXPECT_FALSE(Find("Opens")->isVisible());
+    static_cast<QMdiSubWindow*>(main->ActiveForm())->close();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Find("Opens")->isVisible(); }));
 }

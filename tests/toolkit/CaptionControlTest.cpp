@@ -3,6 +3,7 @@
 #include "toolkit/xpcheckbox.h"
 #include "toolkit/xpradiobutton.h"
 
+#include <QAccessible>
 #include <QFontMetrics>
 #include <QSignalSpy>
 #include <QTabWidget>
@@ -211,4 +212,69 @@ TEST(xpradiobutton, ItsColoursAreTheStylesUntilOthersAreSet)
     EXPECT_FALSE(button.BackColor().isValid());
     button.SetBackColor(QColor(1, 2, 3));
     EXPECT_EQ(button.grab().toImage().pixelColor(59, 0), QColor(1, 2, 3));
+}
+
+namespace {
+
+QAccessibleInterface* SeenOf(QWidget& control)
+{
+    return QAccessible::queryAccessibleInterface(&control);
+}
+
+} // namespace
+
+TEST(CheckAccess, ACheckBoxIsKnownAsOneByItsCaptionAndValue)
+{
+    xpcheckbox box;
+    box.SetCaption(QStringLiteral("Whole frames\n( slower )"));
+    EXPECT_EQ(SeenOf(box)->role(), QAccessible::CheckBox);
+    EXPECT_EQ(SeenOf(box)->text(QAccessible::Name), QStringLiteral("Whole frames ( slower )"));
+    EXPECT_TRUE(SeenOf(box)->state().checkable);
+    EXPECT_FALSE(SeenOf(box)->state().checked);
+    box.SetValue(xpcheckbox::Grey);
+    EXPECT_TRUE(SeenOf(box)->state().checkStateMixed);
+    box.SetValue(xpcheckbox::Set);
+    EXPECT_TRUE(SeenOf(box)->state().checked);
+    EXPECT_FALSE(SeenOf(box)->state().checkStateMixed);
+    box.setAccessibleName(QStringLiteral("Shadows"));
+    EXPECT_EQ(SeenOf(box)->text(QAccessible::Name), QStringLiteral("Shadows"));
+}
+
+TEST(CheckAccess, ARadioButtonIsKnownAsOneByItsValue)
+{
+    xpradiobutton radio;
+    EXPECT_EQ(SeenOf(radio)->role(), QAccessible::RadioButton);
+    EXPECT_FALSE(SeenOf(radio)->state().checked);
+    radio.SetValue(true);
+    EXPECT_TRUE(SeenOf(radio)->state().checked);
+}
+
+TEST(CheckAccess, AnAidsToggleIsAClick)
+{
+    xpcheckbox box;
+    QSignalSpy clicks(&box, &StripControl::Click);
+    QAccessibleActionInterface* actions = SeenOf(box)->actionInterface();
+    ASSERT_TRUE(actions->actionNames().contains(QAccessibleActionInterface::toggleAction()));
+    actions->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(clicks.size(), 1);
+    EXPECT_EQ(box.Value(), xpcheckbox::Set);
+    box.setEnabled(false);
+    EXPECT_FALSE(actions->actionNames().contains(QAccessibleActionInterface::toggleAction()));
+}
+
+TEST(xpcheckbox, TheTimerFindsThatThePointerHasLeft)
+{
+    QWidget form;
+    form.resize(300, 200);
+    auto* box = new xpcheckbox(&form);
+    box->setGeometry(50, 50, 100, 26);
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    QSignalSpy leaves(box, &StripControl::Leave);
+    QCursor::setPos(box->mapToGlobal(box->rect().center()));
+    QTest::mouseMove(box, box->rect().center());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return box->Cell() == 1; }));
+    QCursor::setPos(form.mapToGlobal(QPoint(250, 150)));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return leaves.size() == 1; }));
+    EXPECT_EQ(box->Cell(), 0);
 }

@@ -97,8 +97,8 @@ TEST(PopupMenu, ACheckIsAStateThatAChoiceDoesNotTurnOver)
     opened.menu.SetChecked(0, true);
     opened.menu.SetChecked(1, false);
     QTest::mouseClick(&opened.menu, Qt::LeftButton, {}, opened.Middle(0));
-    EXPECT_TRUE(opened.menu.IsChecked(0));
-    EXPECT_FALSE(opened.menu.IsChecked(1));
+    EXPECT_TRUE(opened.menu.actions().at(0)->isChecked());
+    EXPECT_FALSE(opened.menu.actions().at(1)->isChecked());
 }
 
 TEST(PopupMenu, ADisabledItemCannotBeChosen)
@@ -113,5 +113,5 @@ TEST(PopupMenu, NewItemsReplaceTheOld)
 {
     Opened opened;
     opened.menu.SetItems({ QStringLiteral("  Save") });
-    EXPECT_EQ(opened.menu.ItemCount(), 1);
+    EXPECT_EQ(opened.menu.actions().size(), 1);
 }

@@ -171,7 +171,9 @@ TEST(StripButton, MouseAndKeysAreRelayedToTheForm)
     QSignalSpy keys(stage.button, &StripControl::KeyDown);
     stage.PutPointerInside();
     QTest::mouseClick(stage.button, Qt::RightButton);
+    QSignalSpy keyUps(stage.button, &StripControl::KeyUp);
     QTest::keyClick(stage.button, Qt::Key_F2);
+    EXPECT_EQ(keyUps.size(), 1);
     ASSERT_EQ(downs.size(), 1);
     EXPECT_EQ(downs.first().first().value<Qt::MouseButton>(), Qt::RightButton);
     EXPECT_GE(moves.size(), 1);
@@ -215,6 +217,19 @@ TEST(StripButton, TabReachesItAndShowsARingAClickShowsNone)
     EXPECT_NE(button.grab().toImage(), ringed);
 }
 
+TEST(StripButton, FocusThatNoKeyBroughtShowsNoRingUntilAKeyIsUsed)
+{
+    OnForm stage(new smallXPbuttons);
+    stage.form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&stage.form));
+    stage.button->clearFocus();
+    stage.button->setFocus();
+    EXPECT_TRUE(stage.button->hasFocus());
+    EXPECT_FALSE(stage.button->HasFocusRing());
+    QTest::keyClick(stage.button, Qt::Key_F2);
+    EXPECT_TRUE(stage.button->HasFocusRing());
+}
+
 TEST(StripButton, TheAccessibleNameIsTheFacesThenTheTipsThenTheCallers)
 {
     Videobuttons button;
@@ -237,6 +252,40 @@ TEST(StripButton, AssistiveTechnologySeesAButtonWithItsName)
     ASSERT_NE(seen, nullptr);
     EXPECT_EQ(seen->role(), QAccessible::PushButton);
     EXPECT_EQ(seen->text(QAccessible::Name), QStringLiteral("Help"));
+}
+
+TEST(StripButton, FrontAndHelpKeepTheirOneFaceWhateverTheirValue)
+{
+    Front front;
+    xphelp help;
+    for (StripButton* button : { static_cast<StripButton*>(&front), static_cast<StripButton*>(&help) }) {
+        const Face face = button->ShownFace();
+        for (const int value : { 1, 7, -1, 0 }) {
+            button->SetValue(value);
+            EXPECT_EQ(button->ShownFace(), face);
+        }
+    }
+    EXPECT_NE(front.ShownFace(), help.ShownFace());
+}
+
+TEST(StripButton, HeldItIsPressedWhileThePointerIsInsideAndUpWhileItIsNot)
+{
+    OnForm stage(new smallXPbuttons);
+    QSignalSpy clicks(stage.button, &StripControl::Click);
+    const auto dragTo = [&](QPoint place) {
+        QMouseEvent move(QEvent::MouseMove, QPointF(place), stage.button->mapToGlobal(QPointF(place)),
+            Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(stage.button, &move);
+    };
+    QTest::mousePress(stage.button, Qt::LeftButton);
+    EXPECT_EQ(stage.button->ShownState(), StripControl::State::Pressed);
+    dragTo({ 60, 60 });
+    EXPECT_NE(stage.button->ShownState(), StripControl::State::Pressed);
+    dragTo({ 9, 9 });
+    EXPECT_EQ(stage.button->ShownState(), StripControl::State::Pressed);
+    dragTo({ 60, 60 });
+    QTest::mouseRelease(stage.button, Qt::LeftButton, {}, QPoint(60, 60));
+    EXPECT_EQ(clicks.size(), 0);
 }
 
 TEST(StripButton, AFormMayDeleteTheButtonInItsClick)

@@ -41,6 +41,7 @@ TEST(Style, TextIsLegibleOnEveryGroundItStandsOn)
     for (const Token ground : { Token::Accent, Token::AccentHover, Token::AccentPressed })
         EXPECT_GE(Contrast(Token::OnAccent, ground), 4.5) << static_cast<int>(ground);
     EXPECT_GE(Contrast(Token::Accent, Token::Control), 4.5);
+    EXPECT_GE(Contrast(Token::Text, Token::AccentGround), 4.5);
 }
 
 TEST(Style, TheGreysAreWithoutAnyTint)

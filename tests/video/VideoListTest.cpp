@@ -1,4 +1,5 @@
 #include "video/VideoList.h"
+#include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
 
 #include <QListWidget>
@@ -26,4 +27,14 @@ TEST(VideoList, AClickOpensTheEntryAsChosenFromTheList)
     QTest::keyClick(entries, Qt::Key_Return);
     EXPECT_EQ(chosen.size(), 2);
     delete list;
+}
+
+TEST(VideoList, EveryControlHasANameAndIsReachedByKeys)
+{
+    FakeFrame frame;
+    frame.state.Videos = { QString(), QStringLiteral("/f/1.avi"), QString() };
+    frame.state.VideoCount = 1;
+    VideoList list(frame);
+    list.setAttribute(Qt::WA_DeleteOnClose, false);
+    EXPECT_EQ(AccessFaults(list), "");
 }

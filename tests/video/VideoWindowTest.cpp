@@ -1,4 +1,5 @@
 #include "video/VideoWindow.h"
+#include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
 #include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
@@ -112,7 +113,7 @@ TEST_F(VideoWindowTest, AnOpenInProgressSuppressesTheNextResizeOnce)
     EXPECT_FALSE(state.OpeningNow);
 }
 
-TEST_F(VideoWindowTest, TheMaximiseButtonShowsWhatItWillDo)
+TEST_F(VideoWindowTest, TheMaximizeButtonShowsWhatItWillDo)
 {
     auto* button = window->findChild<StripButton*>(QStringLiteral("Cmds(1)"));
     EXPECT_EQ(button->Value(), 1);
@@ -292,4 +293,12 @@ TEST_F(VideoWindowTest, ATinyVideoGrowsToEightHundredTwipsAfterAResize)
     Player().size = QSize(4, 4);
     Open({ QStringLiteral("a.avi") });
     EXPECT_TRUE(QTest::qWaitFor([this] { return window->width() >= 54 && window->height() >= 53; }, 10000));
+}
+
+TEST_F(VideoWindowTest, EveryControlHasANameAndIsReachedByKeys)
+{
+    EXPECT_EQ(AccessFaults(*window), "");
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_EQ(AccessFaults(*window), "");
+    EXPECT_EQ(AccessFaults(pane), "");
 }

@@ -1,4 +1,5 @@
 #include "viewers/QuickShots.h"
+#include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
 #include "tests/testing/Files.h"
 #include "viewers/ThumbCell.h"
@@ -84,4 +85,12 @@ TEST_F(QuickShotsTest, ClosingDropsAllThumbnails)
     strip->close();
     EXPECT_FALSE(state.QuickShotsOpen);
     EXPECT_TRUE(state.SelectedBitmap.isNull());
+}
+
+TEST_F(QuickShotsTest, EveryControlHasANameAndIsReachedByKeys)
+{
+    EXPECT_EQ(AccessFaults(*strip), "");
+    Add(Qt::red);
+    Add(Qt::blue);
+    EXPECT_EQ(AccessFaults(*strip), "");
 }

@@ -1,4 +1,5 @@
 #include "viewers/Viewer.h"
+#include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
 #include "toolkit/TitleStrip.h"
 
@@ -134,4 +135,10 @@ TEST_F(ViewerTest, ClosingTakesTheWindowOutOfTheKidTable)
     EXPECT_EQ(frame.log.count(QStringLiteral("AddKid")), 1);
     viewer->close();
     EXPECT_EQ(frame.log.count(QStringLiteral("RemoveKid")), 1);
+}
+
+TEST_F(ViewerTest, EveryControlHasANameAndIsReachedByKeys)
+{
+    const auto viewer = Open();
+    EXPECT_EQ(AccessFaults(*viewer), "");
 }
