@@ -26,7 +26,9 @@ protected:
 
 private:
     void Begin(QPoint screenPlace, Qt::Edges edges);
+    void WaitForSystem(Qt::Edges edges);
     void Follow(const QMouseEvent& event);
+    void Announce();
     void End();
     QRect Moved(QPoint by) const;
     QRect Sized(QPoint by) const;
@@ -36,4 +38,5 @@ private:
     QRect startGeometry_;
     Qt::Edges edges_;
     bool dragging_ = false;
+    bool isSystems_ = false; ///< the window system has the pointer until the drag's end
 };
