@@ -258,19 +258,21 @@ void ucShadow::ShowStrips(bool shown, Force force)
             strip->setVisible(shown && isVisible_);
 }
 
-void ucShadow::FadeOut(int milliseconds, bool wait)
+bool ucShadow::FadeOut(int milliseconds, bool wait)
 {
     if (!isLayered_ || !form_.isVisible() || form_.window()->isMinimized())
-        return;
+        return true;
     const QPointer<ucShadow> alive(this);
     StartFade(milliseconds, false);
     isAwaited_ = wait;
     form_.hide();
     while (alive && isAwaited_) {
-        if (!fadeWindow_)
-            return EndFade(); // it went with what it stood in
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        if (fadeWindow_)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        else
+            EndFade(); // its window went with what it stood in
     }
+    return alive && !form_.isVisible();
 }
 
 void ucShadow::StartFade(int milliseconds, bool isFadeIn)

@@ -57,8 +57,9 @@ public:
     bool IsSysShadowEnabled() const { return IsXP() && platform_.windows; }
 
     /// Hides the form and lets it fade for so many milliseconds. With wait it returns at the end, and events
-    /// are handled meanwhile: the form and all else may be gone. A form that nobody sees does not fade.
-    void FadeOut(int milliseconds, bool wait = true);
+    /// are handled meanwhile: the form and all else may be gone. A form that nobody sees does not fade. False
+    /// when the form is gone or was shown again while it faded.
+    bool FadeOut(int milliseconds, bool wait = true);
 
 Q_SIGNALS:
     void FadedIn(); ///< a fade on showing has ended
