@@ -1,6 +1,8 @@
 #include "toolkit/LayeredWindow.h"
 
+#include <QEvent>
 #include <QPainter>
+#include <QWindow>
 
 LayeredWindow::LayeredWindow(QWidget* parent, Qt::WindowFlags flags)
     : QWidget(parent, flags)
@@ -29,6 +31,24 @@ void LayeredWindow::SetConstantAlpha(int constantAlpha)
 {
     constantAlpha_ = constantAlpha;
     update();
+}
+
+void LayeredWindow::showEvent(QShowEvent*)
+{
+    if (isWindow() && windowFlags().testFlag(Qt::WindowTransparentForInput))
+        windowHandle()->installEventFilter(this);
+}
+
+// A window manager that puts its own frame around the window learns that input goes through only from a
+// change after it has done so, which is when the window stands on the screen.
+bool LayeredWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == windowHandle() && event->type() == QEvent::Expose && windowHandle()->isExposed()) {
+        watched->removeEventFilter(this);
+        windowHandle()->setFlag(Qt::WindowTransparentForInput, false);
+        windowHandle()->setFlag(Qt::WindowTransparentForInput, true);
+    }
+    return false;
 }
 
 void LayeredWindow::paintEvent(QPaintEvent*)

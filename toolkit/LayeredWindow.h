@@ -20,6 +20,8 @@ public:
     int ConstantAlpha() const { return constantAlpha_; }
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
