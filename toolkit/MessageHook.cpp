@@ -5,6 +5,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <ranges>
 #include <utility>
 
 namespace {
@@ -115,12 +116,12 @@ bool MessageHook::DeliverBetween(const Messages& messages, QEvent& event)
         return false;
     const QPointer<MessageHook> hook(this);
     Deliver(*window_, event);
-    for (auto message = messages.rbegin(); message != messages.rend(); ++message) {
+    for (const MessageParts& message : std::views::reverse(messages)) {
         if (!hook || !window_)
             return true;
-        if (!after_.Lets(message->uMsg))
+        if (!after_.Lets(message.uMsg))
             continue;
-        MessageCall call = CallFor(window_, *message);
+        MessageCall call = CallFor(window_, message);
         call.lReturn = AnswerOf(event);
         Call(false, call);
         Answer(event, call.lReturn);

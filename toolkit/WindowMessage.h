@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <bit>
 #include <vector>
 
 /// The numbers of the messages that this toolkit knows.
@@ -37,6 +38,8 @@ struct WindowPosition {
     quint32 flags = 0;
 
     QRect Place() const { return { x, y, width, height }; }
+    /// The record whose address a message bears.
+    static const WindowPosition& At(qintptr lParam) { return *std::bit_cast<const WindowPosition*>(lParam); }
 };
 
 /// A message by its numbers, sent to a window as an event of its own. Code that moves or sizes a window

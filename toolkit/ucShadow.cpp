@@ -116,7 +116,7 @@ void ucShadow::iSubclass_Proc(bool, bool&, qint32&, QWidget*&, qint32& uMsg, qin
         return;
     switch (uMsg) {
     case Message::PositionChanged:
-        position_ = *reinterpret_cast<const WindowPosition*>(lParam);
+        position_ = WindowPosition::At(lParam);
         if (!isInDrag_)
             Follow(position_);
         break;

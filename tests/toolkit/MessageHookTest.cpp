@@ -315,7 +315,7 @@ TEST_F(SubclassTest, ShowingMovingSizingAndHidingAreToldByNumber)
     QStringList told;
     owner.act = [&](bool, Owner::Call call) {
         if (call.uMsg == Message::PositionChanged) {
-            const auto& place = *reinterpret_cast<const WindowPosition*>(call.lParam);
+            const WindowPosition& place = WindowPosition::At(call.lParam);
             EXPECT_EQ(place.handle, window.get());
             told << QStringLiteral("71:%1,%2,%3,%4,%5")
                         .arg(place.x)
@@ -354,9 +354,7 @@ TEST_F(SubclassTest, AChangedOrderIsToldAsAPositionThatKeepsPlaceAndSize)
     const QWidget sibling(&parent);
     hook.AddMsg(Message::PositionChanged, cSubclass::Before);
     quint32 flags = 0;
-    owner.act = [&](bool, Owner::Call call) {
-        flags = reinterpret_cast<const WindowPosition*>(call.lParam)->flags;
-    };
+    owner.act = [&](bool, Owner::Call call) { flags = WindowPosition::At(call.lParam).flags; };
     window->raise();
     EXPECT_EQ(flags, WindowPosition::KeepsPlace | WindowPosition::KeepsSize);
 }
