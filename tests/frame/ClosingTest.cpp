@@ -1,58 +1,28 @@
 // Windows that fade while they close let other events through; what those may do meanwhile.
-#include "app/ApplicationState.h"
-#include "app/Main.h"
-#include "imaging/PictureFile.h"
-#include "tests/testing/FakeClipboard.h"
-#include "tests/testing/FakePlayer.h"
-#include "tests/testing/ScriptedTalk.h"
+#include "tests/frame/FrameFixture.h"
 #include "toolkit/LayeredWindow.h"
 #include "toolkit/ucShadow.h"
 #include "video/VideoWindow.h"
 #include "viewers/QuickShots.h"
 #include "viewers/Viewer.h"
 
-#include <QDir>
 #include <QMdiArea>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
-#include <gtest/gtest.h>
 
 namespace {
 
-class ClosingTest : public testing::Test {
+class ClosingTest : public FrameFixture {
 protected:
-    QTemporaryDir folder;
-    ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")) };
-    FakeClipboard clipboard;
-    ScriptedDialogs dialogs;
-    ScriptedErrors errors;
-    std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts {
-        state, clipboard, dialogs, errors, [](QWidget* parent) { return new FakePlayer(parent); } });
-
-    static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
     void SetUp() override
     {
         ASSERT_TRUE(SystemCompositing().children);
         ASSERT_TRUE(state.FadeOuts);
-        state.Settings.SaveSetting(QStringLiteral("Options"), QStringLiteral("OpThumb"), QStringLiteral("2"));
-        main->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(main.get()));
-        QDir::setCurrent(folder.path());
-        OpenVideo();
+        Store("OpThumb", "2");
+        FrameFixture::SetUp();
+        OpenOne();
     }
-    void TearDown() override { QDir::setCurrent(QDir::rootPath()); }
 
     template <typename Form> QList<Form*> All() { return main->findChildren<Form*>(); }
-    void Click(const char* name)
-    {
-        QTest::mouseClick(main->findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton);
-    }
-    void OpenVideo()
-    {
-        dialogs.openNames.push(folder.filePath(QStringLiteral("a.avi")));
-        Click("Cmds(0)");
-    }
     void Capture()
     {
         Click("Cmds(8)");
@@ -161,7 +131,7 @@ TEST_F(ClosingTest, TheFrameMayCloseWhileAFormFades)
         EXPECT_EQ(state.KidCount, 0);
         EXPECT_EQ(state.CurrentVideo, nullptr);
         main->show();
-        OpenVideo();
+        OpenOne();
     }
 }
 
@@ -223,7 +193,7 @@ TEST_F(ClosingTest, AFormClosedOnceMoreWhileItFadesIsCountedOnce)
 TEST_F(ClosingTest, AVideoOpenedWhileItsWindowFadesKeepsTheWindow)
 {
     const QPointer<VideoWindow> window = All<VideoWindow>().value(0);
-    InTheFadeOf(window, [this] { OpenVideo(); });
+    InTheFadeOf(window, [this] { OpenOne(); });
     window->close();
     DeleteClosed();
     ASSERT_NE(window, nullptr);
@@ -235,7 +205,7 @@ TEST_F(ClosingTest, AVideoOpenedWhileItsWindowFadesKeepsTheWindow)
 
 TEST_F(ClosingTest, ThumbnailsTakenWhileTheirStripFadesOpenANewOne)
 {
-    state.Settings.SaveSetting(QStringLiteral("Options"), QStringLiteral("OpThumb"), QStringLiteral("0"));
+    Store("OpThumb", "0");
     state.Reload(Key::OpThumb);
     Capture();
     const QPointer<QuickShots> strip = All<QuickShots>().value(0);
