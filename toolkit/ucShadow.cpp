@@ -17,7 +17,9 @@ constexpr QRgb ClassBackground = qRgb(255, 255, 255);
 constexpr quint32 StripStyle = WindowStyle::Layered | WindowStyle::TransparentForInput
     | WindowStyle::NoParentNotify
     | WindowStyle::ToolWindow; // a window of its own stands in no list of windows
-constexpr quint32 FadeStyle = WindowStyle::Layered | WindowStyle::TopMost | WindowStyle::ToolWindow;
+// A form can be used while it still fades in.
+constexpr quint32 FadeStyle =
+    WindowStyle::Layered | WindowStyle::TopMost | WindowStyle::ToolWindow | WindowStyle::TransparentForInput;
 constexpr ShadowStrip::Side Sides[] { ShadowStrip::Right, ShadowStrip::Bottom };
 
 } // namespace

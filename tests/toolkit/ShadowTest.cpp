@@ -383,6 +383,14 @@ TEST_F(ShadowTest, AFadeLosesOpacityAndKeepsItsPicture)
     EXPECT_EQ(host->children().last(), Fade()); // it stays above the form
 }
 
+TEST_F(ShadowTest, AFormCanBeUsedWhileItFadesIn)
+{
+    shadow->SetFadeIn(true);
+    form->show();
+    ASSERT_NE(Fade(), nullptr);
+    EXPECT_EQ(host->childAt(50, 50), form);
+}
+
 TEST_F(ShadowTest, AFormThatComesBackWithItsParentDoesNotFade)
 {
     form->show();
