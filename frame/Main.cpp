@@ -444,8 +444,9 @@ void Main::CloseAllWindows()
         SendToBack(quickShots_);
     // Whatever child is active goes, a video in front of the captures too.
     while (state_.KidCount > 0) {
-        QWidget* const form = ActiveForm();
-        if (!form || !form->close())
+        const QPointer<QWidget> form = ActiveForm();
+        const bool isClosed = form && form->close();
+        if (!isClosed || form == ActiveForm()) // the last is one that is on its way out already
             break;
     }
     EnableCommand(Command::Print, false);
@@ -456,19 +457,28 @@ void Main::CloseAllWindows()
 
 void Main::UnloadForms()
 {
+    // With the frame gone from the screen nobody waits for the fades of its forms.
+    hide();
     CloseAllFormsExcept(objectName());
     // A form can open or raise another while it closes; the second round takes what the first passed over.
     CloseAllFormsExcept(objectName());
     delete help_;
-    delete state_.CurrentVideo; // one that was made on demand and never shown
+    // One that was made on demand and never shown; one that is still fading goes by itself.
+    if (state_.CurrentVideo && state_.CurrentVideo->parentWidget() == this)
+        delete state_.CurrentVideo;
 }
 
 void Main::CloseAllFormsExcept(const QString& name)
 {
+    // Events are handled while a form closes, and others may go meanwhile.
+    QList<QPointer<QWidget>> forms;
     for (QMdiSubWindow* form : area_->subWindowList())
-        form->close();
+        forms << form;
     for (QWidget* form : QApplication::topLevelWidgets())
-        if (form->isVisible() && form->objectName() != name)
+        if (form->isVisible())
+            forms << form;
+    for (const QPointer<QWidget>& form : forms)
+        if (form && form->objectName() != name)
             form->close();
 }
 

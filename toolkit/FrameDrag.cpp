@@ -1,5 +1,7 @@
 #include "toolkit/FrameDrag.h"
 
+#include "toolkit/WindowMessage.h"
+
 #include <QCoreApplication>
 #include <QMouseEvent>
 #include <QWidget>
@@ -27,13 +29,17 @@ FrameDrag::FrameDrag(QWidget* form)
 
 void FrameDrag::StartMove(QPoint screenPlace)
 {
-    if (!form_.isWindow() || !form_.windowHandle() || !form_.windowHandle()->startSystemMove())
+    if (form_.isWindow() && form_.windowHandle() && form_.windowHandle()->startSystemMove())
+        WaitForSystem({});
+    else
         Begin(screenPlace, {});
 }
 
 void FrameDrag::StartResize(QPoint screenPlace, Qt::Edges edges)
 {
-    if (!form_.isWindow() || !form_.windowHandle() || !form_.windowHandle()->startSystemResize(edges))
+    if (form_.isWindow() && form_.windowHandle() && form_.windowHandle()->startSystemResize(edges))
+        WaitForSystem(edges);
+    else
         Begin(screenPlace, edges);
 }
 
@@ -47,24 +53,49 @@ void FrameDrag::Begin(QPoint screenPlace, Qt::Edges edges)
     QCoreApplication::instance()->installEventFilter(this);
 }
 
+// The window system keeps the pointer to itself during its own drag; the first thing heard of a pointer
+// without a button tells that the drag is over.
+void FrameDrag::WaitForSystem(Qt::Edges edges)
+{
+    edges_ = edges;
+    isSystems_ = true;
+    Announce();
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+void FrameDrag::Announce()
+{
+    WindowMessage::Send(form_, edges_ ? Message::Sizing : Message::Moving);
+}
+
 void FrameDrag::End()
 {
+    isSystems_ = false;
     QCoreApplication::instance()->removeEventFilter(this);
+    WindowMessage::Send(form_, Message::EndOfSizeOrMove);
 }
 
 bool FrameDrag::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched->isWidgetType() && event->type() == QEvent::MouseMove)
+    if (!watched->isWidgetType())
+        return false;
+    if (event->type() == QEvent::MouseMove)
         Follow(*static_cast<QMouseEvent*>(event));
-    if (watched->isWidgetType() && event->type() == QEvent::MouseButtonRelease)
+    else if (event->type() == QEvent::MouseButtonRelease || (isSystems_ && event->type() == QEvent::Enter))
         End();
-    return QObject::eventFilter(watched, event);
+    return false;
 }
 
 void FrameDrag::Follow(const QMouseEvent& event)
 {
     if (!(event.buttons() & Qt::LeftButton))
         return End();
+    if (isSystems_)
+        return;
+    const QPointer<FrameDrag> alive(this);
+    Announce();
+    if (!alive)
+        return;
     const QPoint moved = event.globalPosition().toPoint() - start_;
     form_.setGeometry(edges_ ? Sized(moved) : Moved(moved));
 }

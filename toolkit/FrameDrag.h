@@ -25,7 +25,9 @@ protected:
 
 private:
     void Begin(QPoint screenPlace, Qt::Edges edges);
+    void WaitForSystem(Qt::Edges edges);
     void Follow(const QMouseEvent& event);
+    void Announce();
     void End();
     QRect Moved(QPoint by) const;
     QRect Sized(QPoint by) const;
@@ -34,4 +36,5 @@ private:
     QPoint start_;
     QRect startGeometry_;
     Qt::Edges edges_;
+    bool isSystems_ = false; ///< the window system has the pointer until the drag's end
 };

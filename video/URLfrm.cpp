@@ -2,6 +2,7 @@
 
 #include "app/ApplicationState.h"
 #include "app/ControlError.h"
+#include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "app/Hourglass.h"
 #include "app/Talk.h"
@@ -33,6 +34,7 @@ URLfrm::URLfrm(Frame& frame, VideoWindow& window, QWidget* owner)
 {
     setObjectName(QStringLiteral("URLfrm"));
     Build();
+    AddShadow(*this, frame_.State());
     connect(edtURL, &QLineEdit::textChanged, this, &URLfrm::ShowWhetherEnough);
     connect(edtURL, &QLineEdit::returnPressed, CmdOK, &TAQbutton::click);
     connect(CmdOK, &TAQbutton::Click, this, &URLfrm::Download);
@@ -64,6 +66,12 @@ void URLfrm::Build()
     AddBody(body);
     KeepFitting();
     edtURL->setFocus();
+}
+
+void URLfrm::done(int result)
+{
+    if (FadeAtClosing(*this, frame_.State()))
+        DialogForm::done(result);
 }
 
 void URLfrm::ShowWhetherEnough()

@@ -17,6 +17,8 @@ class URLfrm : public DialogForm {
 public:
     URLfrm(Frame& frame, VideoWindow& window, QWidget* owner);
 
+    void done(int result) override;
+
 private:
     void Build();
     void ShowWhetherEnough();

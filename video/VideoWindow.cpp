@@ -2,6 +2,7 @@
 
 #include "app/ApplicationState.h"
 #include "app/ControlError.h"
+#include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "app/Hourglass.h"
 #include "app/Talk.h"
@@ -42,6 +43,7 @@ VideoWindow::VideoWindow(Frame& frame, Transport& transport, const PlayerFactory
     Build(makePlayer);
     Bind();
     BindPlayer();
+    AddShadow(*this, frame_.State());
     frame_.State().FirstOfList = true;
     transport_.EnableVideoControls(false, *ltmmPlay1);
     transport_.SetSoundOn();
@@ -324,6 +326,12 @@ void VideoWindow::closeEvent(QCloseEvent* event)
     frame_.PumpEvents();
     if (!alive)
         return;
+    if (!FadeAtClosing(*this, state)) {
+        // Shown again in the meantime, for another video, it stays.
+        if (alive)
+            Closing = false;
+        return event->ignore();
+    }
     transport_.ReleaseRepeats();
     state.ExitRequested = true;
     hide();

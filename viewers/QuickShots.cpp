@@ -2,6 +2,7 @@
 
 #include "app/ApplicationState.h"
 #include "app/ControlError.h"
+#include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "app/Hourglass.h"
 #include "app/Lead.h"
@@ -13,6 +14,7 @@
 #include "viewers/Viewer.h"
 
 #include <QLabel>
+#include <QPointer>
 #include <QScrollArea>
 
 namespace {
@@ -29,6 +31,7 @@ QuickShots::QuickShots(Frame& frame)
     setAttribute(Qt::WA_DeleteOnClose);
     SetTitle(QStringLiteral("Captured Thumbnails"));
     Build();
+    AddShadow(*this, frame_.State());
     frame_.State().QuickShotsOpen = true;
     frame_.State().SelectedBitmap = {};
 }
@@ -128,5 +131,8 @@ void QuickShots::closeEvent(QCloseEvent* event)
 {
     frame_.State().QuickShotsOpen = false;
     frame_.State().SelectedBitmap = {};
-    ChildForm::closeEvent(event);
+    const QPointer<QuickShots> alive(this);
+    FadeAtClosing(*this, frame_.State());
+    if (alive)
+        ChildForm::closeEvent(event);
 }

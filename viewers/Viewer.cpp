@@ -2,6 +2,7 @@
 
 #include "app/ApplicationState.h"
 #include "app/ControlError.h"
+#include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "app/Hourglass.h"
 #include "app/Lead.h"
@@ -35,6 +36,7 @@ Viewer::Viewer(Frame& frame)
     setAttribute(Qt::WA_DeleteOnClose);
     Build();
     Bind();
+    AddShadow(*this, state);
     ++state.CaptureWindowCount;
     frame_.AddKid(quintptr(this));
     SetTitle(QStringLiteral("Capture Window %1").arg(state.CaptureWindowCount));
@@ -87,7 +89,10 @@ void Viewer::BuildTools(QWidget* column)
 
 void Viewer::Bind()
 {
-    connect(this, &ChildForm::Activated, this, [this] { setWindowTitle(QStringLiteral("Capture Window")); });
+    connect(this, &ChildForm::Activated, this, [this] {
+        HardenShadow(*this, frame_.State());
+        setWindowTitle(QStringLiteral("Capture Window"));
+    });
     connect(Lead1, &Lead::MouseDown, this, &Viewer::Zoom);
 }
 
@@ -160,5 +165,8 @@ void Viewer::closeEvent(QCloseEvent* event)
     // A closed window lives on until the event loop deletes it, and may be closed once more meanwhile.
     if (!std::exchange(isGone_, true))
         frame_.RemoveKid(quintptr(this));
-    ChildForm::closeEvent(event);
+    const QPointer<Viewer> alive(this);
+    FadeAtClosing(*this, frame_.State());
+    if (alive)
+        ChildForm::closeEvent(event);
 }

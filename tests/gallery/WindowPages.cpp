@@ -1,7 +1,7 @@
 #include "WindowPages.h"
 
 #include "app/ErrFrm.h"
-#include "app/Main.h"
+#include "frame/Main.h"
 #include "imaging/PictureFile.h"
 #include "tests/testing/FakeClipboard.h"
 #include "tests/testing/FakeFrame.h"

@@ -6,6 +6,8 @@
 #include "toolkit/SizeGrip.h"
 #include "toolkit/StripButton.h"
 #include "toolkit/TitleStrip.h"
+#include "toolkit/WindowMessage.h"
+#include "toolkit/cSubclass.h"
 
 #include <QMdiArea>
 #include <QSignalSpy>
@@ -13,6 +15,30 @@
 #include <gtest/gtest.h>
 
 using namespace RealPointer;
+
+namespace {
+
+/// Writes down the messages that reach a form.
+class MessageLog : public iSubclass {
+public:
+    explicit MessageLog(QWidget& form)
+    {
+        hook_.Subclass(form, *this);
+        for (const qint32 message : { Message::Moving, Message::Sizing, Message::EndOfSizeOrMove })
+            hook_.AddMsg(message, cSubclass::Before);
+    }
+    QList<qint32> told;
+
+private:
+    void iSubclass_Proc(bool, bool&, qint32&, QWidget*&, qint32& uMsg, qintptr&, qintptr&) override
+    {
+        told << uMsg;
+    }
+
+    cSubclass hook_;
+};
+
+} // namespace
 
 TEST(OnScreen, AWindowOfItsOwnIsMovedByItsStrip)
 {
@@ -35,6 +61,32 @@ TEST(OnScreen, AWindowOfItsOwnIsSizedByItsGrip)
     ASSERT_TRUE(ShowActive(form));
     const QPoint press = form.Grip().mapToGlobal(QPoint(8, 8));
     EXPECT_TRUE(DragUntil(press, QPoint(90, 60), [&] { return form.size() == QSize(390, 260); }));
+}
+
+TEST(OnScreen, ADragByTheWindowManagerIsToldAtItsStartAndItsEnd)
+{
+    ChildForm form;
+    form.SetBody(new QWidget);
+    form.setGeometry(200, 200, 300, 200);
+    ASSERT_TRUE(ShowActive(form));
+    for (const bool isMove : { true, false }) {
+        const MessageLog log(form);
+        const QPoint press =
+            isMove ? form.Head().mapToGlobal(QPoint(60, 14)) : form.Grip().mapToGlobal(QPoint(8, 8));
+        const QRect before = form.geometry();
+        QList<qint32> duringDrag;
+        EXPECT_TRUE(DragUntil(press, QPoint(70, 50), [&] {
+            duringDrag = log.told;
+            return isMove ? PlaceOnScreen(form) == before.topLeft() + QPoint(70, 50)
+                          : form.size() == before.size() + QSize(70, 50);
+        }));
+        const qint32 start = isMove ? Message::Moving : Message::Sizing;
+        EXPECT_EQ(duringDrag, QList<qint32> { start });
+        EXPECT_TRUE(Eventually([&] {
+            PointAt(QCursor::pos() + QPoint(1, 0));
+            return log.told == QList<qint32> { start, Message::EndOfSizeOrMove };
+        })) << log.told.size();
+    }
 }
 
 TEST(OnScreen, AWindowOfItsOwnFillsTheScreenAndComesBack)

@@ -3,6 +3,7 @@
 #include "Witness.h"
 #include "app/Lead.h"
 #include "imaging/FormatTable.h"
+#include "toolkit/LayeredWindow.h"
 #include "toolkit/TitleStrip.h"
 #include "video/ltmmPlay.h"
 #include "viewers/Viewer.h"
@@ -17,6 +18,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -223,8 +225,17 @@ QImage Tour::Screen(const QWidget& part)
     return part.screen()->grabWindow(0, place.x(), place.y(), place.width(), place.height()).toImage();
 }
 
+bool Tour::IsFading()
+{
+    const auto windows = main_.findChildren<LayeredWindow*>();
+    return std::any_of(windows.begin(), windows.end(), [](const LayeredWindow* window) {
+        return window->isVisible() && window->objectName().endsWith(QLatin1String("FadeCls"));
+    });
+}
+
 void Tour::Shoot(const QString& name)
 {
+    WaitFor([this] { return !IsFading(); }, QStringLiteral("every new window has faded in"));
     QCoreApplication::processEvents();
     const QString file = folder_.filePath(name + QStringLiteral(".png"));
     Require(Screen(main_).save(file), QStringLiteral("write ") + file);

@@ -38,6 +38,7 @@ private:
     int ShownFrame();
     /// What of a window stands on the screen.
     QImage Screen(const QWidget& part);
+    bool IsFading();
     void Shoot(const QString& name);
 
     QDir folder_;

@@ -1,0 +1,36 @@
+#include "app/FormShadow.h"
+
+#include "app/ApplicationState.h"
+#include "toolkit/ucShadow.h"
+
+namespace {
+
+constexpr int ClosingTime = 400; // milliseconds
+
+ucShadow& ShadowOf(const QWidget& form)
+{
+    auto* shadow = form.findChild<ucShadow*>(QString(), Qt::FindDirectChildrenOnly);
+    Q_ASSERT(shadow);
+    return *shadow;
+}
+
+} // namespace
+
+void AddShadow(QWidget& form, const ApplicationState& state)
+{
+    new ucShadow(&form);
+    HardenShadow(form, state);
+}
+
+void HardenShadow(QWidget& form, const ApplicationState& state)
+{
+    if (state.FadeOuts)
+        return;
+    ShadowOf(form).SetSoftShadow(false);
+    ShadowOf(form).SetFadeIn(false);
+}
+
+bool FadeAtClosing(QWidget& form, const ApplicationState& state)
+{
+    return !state.FadeOuts || ShadowOf(form).FadeOut(ClosingTime);
+}

@@ -1,0 +1,88 @@
+// shadow_gallery PREFIX: shows shadows and fades of windows and of forms inside an area, for the eye, and
+// writes what the screen shows: PREFIX-shadows.png, and PREFIX-fade.png in the middle of a fade.
+#include "toolkit/ChildForm.h"
+#include "toolkit/Style.h"
+#include "toolkit/ucShadow.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMdiArea>
+#include <QScreen>
+#include <QTest>
+
+#include <cstdio>
+
+namespace {
+
+ucShadow* Dress(ChildForm& form, const QString& title, bool soft, int depth)
+{
+    form.SetTitle(title);
+    form.setPalette(QApplication::palette());
+    form.SetBody(new QLabel(QStringLiteral("  Depth %1").arg(depth)));
+    auto* shadow = new ucShadow(&form);
+    shadow->SetFadeIn(false);
+    shadow->SetSoftShadow(soft);
+    shadow->SetDepth(depth);
+    return shadow;
+}
+
+void Write(const QWidget& window, const QString& file)
+{
+    const QRect place = window.geometry();
+    window.screen()->grabWindow(0, place.x(), place.y(), place.width(), place.height()).toImage().save(file);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: shadow_gallery PREFIX\n");
+        return 2;
+    }
+    ApplyStyle(application);
+    const QString prefix = QString::fromLocal8Bit(argv[1]);
+    const Compositing means = SystemCompositing();
+    std::printf("windows: %d, children: %d\n", means.windows, means.children);
+
+    QWidget page(nullptr, Qt::FramelessWindowHint);
+    page.setGeometry(20, 20, 860, 520);
+    page.setPalette(QColor(QStringLiteral("#e0e0e0")));
+    page.setAutoFillBackground(true);
+    auto* area = new QMdiArea(&page);
+    area->setGeometry(430, 10, 420, 500);
+    area->setBackground(QColor(QStringLiteral("#8090a0")));
+    const struct {
+        const char* title;
+        bool isSoft;
+        int depth;
+        QRect place;
+    } rows[] { { "soft", true, 10, { 30, 30, 200, 120 } }, { "hard", false, 10, { 150, 110, 200, 120 } },
+        { "deep", true, 30, { 40, 260, 200, 120 } }, { "over", true, 10, { 180, 320, 180, 120 } } };
+    page.show();
+    for (const auto& row : rows) {
+        auto* child = new ChildForm;
+        Dress(*child, QLatin1String(row.title), row.isSoft, row.depth);
+        area->addSubWindow(child, child->windowFlags());
+        child->setGeometry(row.place);
+        child->show();
+    }
+    std::vector<std::unique_ptr<ChildForm>> windows;
+    for (const auto& row : rows) {
+        auto window = std::make_unique<ChildForm>();
+        Dress(*window, QLatin1String(row.title), row.isSoft, row.depth);
+        window->setGeometry(row.place.translated(30, 30));
+        window->show();
+        windows.push_back(std::move(window));
+    }
+    QTest::qWait(700);
+    Write(page, prefix + QStringLiteral("-shadows.png"));
+    auto* shadow = windows.back()->findChild<ucShadow*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* childs = area->activeSubWindow()->findChild<ucShadow*>(QString(), Qt::FindDirectChildrenOnly);
+    shadow->FadeOut(1200, false);
+    childs->FadeOut(1200, false);
+    QTest::qWait(600);
+    Write(page, prefix + QStringLiteral("-fade.png"));
+    return 0;
+}
