@@ -8,25 +8,19 @@
 
 #include <csignal>
 
-namespace {
-
-/// Before any part stands: the picture coders, the face, and no death by a file-size limit or a broken pipe,
-/// which the writer tells as errors.
-const QString& Prepared(const QString& applicationFolder)
+Program::Libraries::Libraries()
 {
+    // The writer tells a file-size limit and a broken pipe as errors; they must not end the program.
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
     imaging::PictureFile::Initialise();
     ApplyStyle(*qApp);
-    return applicationFolder;
 }
 
-} // namespace
-
 Program::Program(const QString& applicationFolder)
-    : state_(Prepared(applicationFolder))
+    : state_(applicationFolder)
     , errors_(state_)
-    , main_({ state_, clipboard_, dialogs_, errors_,
+    , main_({ state_, clipboard_, dialogs_, errors_, documents_,
           [](QWidget* parent) { return new PlayerControl(parent); } })
 {
 }

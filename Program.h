@@ -2,9 +2,10 @@
 
 #include "app/ApplicationState.h"
 #include "app/ErrFrmBox.h"
-#include "app/Main.h"
 #include "app/SystemDialogs.h"
 #include "desktop/SystemClipboard.h"
+#include "desktop/SystemDocuments.h"
+#include "frame/Main.h"
 
 /// The program put together: the parts in the order in which they depend on each other, and the frame on top.
 class Program {
@@ -16,9 +17,16 @@ public:
     ApplicationState& State() { return state_; }
 
 private:
+    /// What must stand before any part does: the picture coders and the face.
+    struct Libraries {
+        Libraries();
+    };
+
+    Libraries libraries_;
     ApplicationState state_;
     SystemClipboard clipboard_;
     SystemDialogs dialogs_;
     ErrFrmBox errors_;
+    SystemDocuments documents_;
     Main main_;
 };

@@ -64,10 +64,12 @@ public:
 
     bool ExitRequested = false; ///< the frame or the video window is going away
     qint16 PopupKind = 0; ///< 0 frame, 1 video window, 2 capture window
+    QString LastAddress; ///< what the address window held at its last success
     QString CaptureName; ///< path of the file the current capture would be saved to
     QString MessageText; ///< the text last handed to the message form
     bool ShowPlayerErrors = true; ///< the message form may tell errors of the player
     bool ToolsOpen = false;
+    QPointer<QWidget> Tools; ///< the one window of edit tools
     bool QuickShotsOpen = false;
     bool TileBackground = false; ///< the frame's background picture is tiled
     QString BackgroundFile; ///< picture file of the frame's background: "PicFolder"

@@ -1,8 +1,6 @@
 #include "app/ErrFrm.h"
 
 #include "desktop/FileName.h"
-#include "toolkit/FrameDrag.h"
-#include "toolkit/TitleStrip.h"
 #include "toolkit/xpcheckbox.h"
 
 #include <QHBoxLayout>
@@ -10,7 +8,6 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -46,23 +43,14 @@ QString Shown(const QString& message)
 } // namespace
 
 ErrFrm::ErrFrm(QWidget* owner, const QString& title, const QString& message)
-    : QDialog(owner, Qt::Dialog | Qt::FramelessWindowHint)
-    , strip_(new TitleStrip(this))
+    : DialogForm(owner)
     , silence_(new xpcheckbox(this))
 {
     setObjectName(QStringLiteral("ErrFrm"));
-    setWindowTitle(FileName::Shown(title));
-    strip_->SetTitle(windowTitle());
-    strip_->SetActive(true);
-    connect(strip_, &TitleStrip::MoveRequested, new FrameDrag(this), &FrameDrag::StartMove);
-
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(1, 1, 1, 1);
-    column->setSpacing(0);
-    column->setSizeConstraint(QLayout::SetFixedSize);
-    column->addWidget(strip_);
-    column->addWidget(MakeText(message));
-    column->addWidget(MakeFoot());
+    SetTitle(FileName::Shown(title));
+    AddBody(MakeText(message));
+    AddBody(MakeFoot());
+    KeepFitting();
 }
 
 QWidget* ErrFrm::MakeText(const QString& message)

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <QDialog>
+#include "toolkit/DialogForm.h"
 
-class TitleStrip;
 class xpcheckbox;
 
 /// The program's one message form: a title, a text that wraps and scrolls when it is long, the button that
 /// ends it. Control characters and undecodable bytes of file names are shown as replacement signs; line
 /// breaks stay.
-class ErrFrm : public QDialog {
+class ErrFrm : public DialogForm {
     Q_OBJECT
 
 public:
@@ -22,6 +21,5 @@ private:
     QWidget* MakeText(const QString& message);
     QWidget* MakeFoot();
 
-    TitleStrip* strip_;
     xpcheckbox* silence_;
 };

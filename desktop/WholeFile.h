@@ -1,45 +1,11 @@
 #pragma once
 
+#include "desktop/FileError.h"
+
 #include <QByteArray>
-#include <QString>
+
 #include <cstddef>
 #include <span>
-#include <stdexcept>
-
-/// A file could not be read or written; what() names the file and says why in the program's words.
-class FileError : public std::runtime_error {
-public:
-    enum class Cause {
-        FolderMissing,
-        NotAFolder,
-        FileMissing,
-        NoPermission,
-        ReadOnly,
-        DiskFull,
-        QuotaUsedUp,
-        TooLarge,
-        NameTooLong,
-        LinkLoop,
-        LinkWithoutTarget,
-        IsFolder,
-        NotRegular,
-        Empty,
-        Changed,
-        DeviceFault,
-        Other
-    };
-
-    FileError(Cause cause, const QString& message)
-        : std::runtime_error(message.toStdString())
-        , cause_(cause)
-    {
-    }
-    Cause Why() const { return cause_; }
-    QString Reason() const { return QString::fromStdString(what()); }
-
-private:
-    Cause cause_;
-};
 
 /// True when something stands at path that must not be replaced unasked: a file with content, a folder, a
 /// link, a pipe or a device. A missing file and a file of length 0 count as free.

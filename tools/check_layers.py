@@ -14,12 +14,7 @@ ROOMS = (
     # file pattern      room            floor
     ("main.cpp",        "the program",  7),
     ("Program.*",       "the program",  7),
-    ("app/Main*",       "the frame",    6),
-    ("app/Background*", "the frame",    6),
-    ("app/CommandTable*", "the frame",  6),
-    ("app/EmptyState*", "the frame",    6),
-    ("app/KidTable*",   "the frame",    6),
-    ("app/PaneKeys*",   "the frame",    6),
+    ("frame/*",         "frame",        6),
     ("video/ltmmPlay.*", "the ground",  1),
     ("app/*",           "the ground",   1),
     ("media/player/*",  "media/player", 2),
@@ -71,7 +66,7 @@ def may_include(file, target):
 
 def folder(file):
     """How a sentence calls the room of a file: its folder, or the file itself where the folder holds two floors."""
-    shared = len(file.parts) == 1 or room_of(file) and room_of(file)[0] in ("the frame", "the ground")
+    shared = len(file.parts) == 1 or room_of(file) and room_of(file)[0] == "the ground"
     return str(file) if shared else f"{file.parent}/"
 
 

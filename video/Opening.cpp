@@ -52,3 +52,12 @@ void KeepVideos(ApplicationState& state)
     }
     state.VideoPath = state.Videos.value(1);
 }
+
+void TakeNameAndFolder(ApplicationState& state, const QString& path)
+{
+    const VideoPathParts parts = SplitVideoPath(path);
+    if (!parts.isSplit)
+        return;
+    state.VideoName = parts.name;
+    state.VideoFolder = parts.folder;
+}

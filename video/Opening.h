@@ -21,3 +21,6 @@ void ShowOpenDialog(Frame& frame, const std::function<void()>& unloadList);
 /// Fills Videos with the full paths, in the current folder, of those FileNames that count as videos;
 /// VideoPath is the first of them, "" when there is none.
 void KeepVideos(ApplicationState& state);
+
+/// VideoName and VideoFolder of a path or an address; one without a separator leaves both as they were.
+void TakeNameAndFolder(ApplicationState& state, const QString& path);

@@ -170,6 +170,23 @@ void VideoWindow::GiveSource()
         ltmmPlay1->ResetSource();
 }
 
+void VideoWindow::LoadAddress(const QString& address)
+{
+    ltmmPlay1->Stop();
+    ltmmPlay1->ResetSource();
+    ltmmPlay1->SetSourceFile(address);
+    if (ltmmPlay1->SourceKind() == ltmmPlay::NoSource)
+        throw ControlError(QStringLiteral("The address could not be opened."));
+}
+
+void VideoWindow::ShowLoadedAddress()
+{
+    transport_.EnableVideoControls(true, *ltmmPlay1);
+    transport_.StartVideo();
+    Head().SetTitle(FileName::Shown(frame_.State().VideoName));
+    SizeAround(ltmmPlay1->VideoWidth(), ltmmPlay1->VideoHeight());
+}
+
 void VideoWindow::SizeAround(double width, double height)
 {
     if (CurrentShape() != Shape::Normal)
@@ -182,10 +199,7 @@ void VideoWindow::UpdateVideoTitle()
 {
     ApplicationState& state = frame_.State();
     state.VideoPath = state.VideoPath.trimmed();
-    if (const VideoPathParts parts = SplitVideoPath(state.VideoPath); parts.isSplit) {
-        state.VideoName = parts.name;
-        state.VideoFolder = parts.folder;
-    }
+    TakeNameAndFolder(state, state.VideoPath);
     state.Reload(Key::NameFull);
     Head().SetTitle(FileName::Shown(state.NameFull ? state.VideoName : state.VideoPath));
 }

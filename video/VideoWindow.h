@@ -23,6 +23,10 @@ public:
     /// Opens the selection in FileNames or, when FromList is set, the video that VideoPath names. Never
     /// plays. Reports no failure: without a video the transport is disabled.
     void OpenVideo();
+    /// Gives the player an address of the web. Throws ControlError when it cannot be opened.
+    void LoadAddress(const QString& address);
+    /// Title, size and transport for the address just loaded.
+    void ShowLoadedAddress();
     /// Works out VideoName and VideoFolder and shows the title.
     void UpdateVideoTitle();
 

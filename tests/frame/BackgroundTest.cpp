@@ -1,4 +1,4 @@
-#include "app/Background.h"
+#include "frame/Background.h"
 
 #include <gtest/gtest.h>
 

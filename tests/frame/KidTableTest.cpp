@@ -1,4 +1,4 @@
-#include "app/KidTable.h"
+#include "frame/KidTable.h"
 #include "app/ApplicationState.h"
 
 #include <QTemporaryDir>

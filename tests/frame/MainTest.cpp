@@ -1,84 +1,27 @@
-#include "app/Main.h"
-#include "app/ApplicationState.h"
 #include "capture/CaptureCurrentFrame.h"
 #include "capture/SavePicture.h"
 #include "desktop/FileName.h"
-#include "imaging/PictureFile.h"
+#include "tests/frame/FrameFixture.h"
 #include "tests/testing/AccessFaults.h"
-#include "tests/testing/FakeClipboard.h"
-#include "tests/testing/FakePlayer.h"
-#include "tests/testing/ScriptedTalk.h"
+#include "tests/testing/RunningDialog.h"
 #include "toolkit/SizeGrip.h"
 #include "toolkit/StripButton.h"
 #include "toolkit/TAQbutton.h"
+#include "video/URLfrm.h"
 #include "viewers/QuickShots.h"
 #include "viewers/Viewer.h"
 
-#include <QDir>
 #include <QDropEvent>
 #include <QFileInfo>
-#include <QLabel>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMimeData>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QUrl>
 #include <algorithm>
-#include <gtest/gtest.h>
 
-namespace {
-
-class MainTest : public testing::Test {
-protected:
-    QTemporaryDir folder;
-    ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")) };
-    FakeClipboard clipboard;
-    ScriptedDialogs dialogs;
-    ScriptedErrors errors;
-    QPointer<FakePlayer> player;
-    bool playersFailStills = false;
-    std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts {
-        state, clipboard, dialogs, errors, [this](QWidget* parent) { return MakePlayer(parent); } });
-
-    FakePlayer* MakePlayer(QWidget* parent)
-    {
-        player = new FakePlayer(parent);
-        player->failsStills = playersFailStills;
-        return player;
-    }
-    static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
-    void SetUp() override
-    {
-        main->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(main.get()));
-        QDir::setCurrent(folder.path());
-    }
-    void TearDown() override { QDir::setCurrent(QDir::rootPath()); }
-
-    template <typename Widget = QWidget> Widget* Find(const char* name)
-    {
-        return main->findChild<Widget*>(QLatin1String(name));
-    }
-    void Click(const char* name) { QTest::mouseClick(Find(name), Qt::LeftButton); }
-    QString Label(const char* name) { return Find<QLabel>(name)->text(); }
-    bool IsEnabled(Command command) { return main->IsCommandEnabled(command); }
-
-    void OpenOne()
-    {
-        dialogs.openNames.push(folder.filePath(QStringLiteral("a.avi")));
-        Click("Cmds(0)");
-    }
-    void Store(const char* key, const char* value)
-    {
-        ASSERT_TRUE(
-            state.Settings.SaveSetting(QStringLiteral("Options"), QLatin1String(key), QLatin1String(value)));
-    }
-};
-
-} // namespace
+using MainTest = FrameFixture;
 
 TEST_F(MainTest, TheButtonsBearTheirCaptionsAndTips)
 {
@@ -229,7 +172,7 @@ TEST_F(MainTest, TheFirstRunWritesNoKeyAndTheSecondIsSilent)
 {
     EXPECT_FALSE(QFileInfo::exists(state.Settings.FilePath()));
     EXPECT_EQ(Find("VideoWindow"), nullptr);
-    const Main second(FrameParts { state, clipboard, dialogs, errors, {} });
+    const Main second(FrameParts { state, clipboard, dialogs, errors, documents, {} });
     EXPECT_FALSE(QFileInfo::exists(state.Settings.FilePath()));
 }
 
@@ -339,10 +282,85 @@ TEST_F(MainTest, AFileDroppedOnTheFrameGoesToThePlayerAndChangesNothingElse)
     EXPECT_EQ(state.VideoPath, QString());
 }
 
-TEST_F(MainTest, AMissingGuideIsTold)
+TEST_F(MainTest, AnAddressDroppedOnTheFrameIsNotTaken)
 {
-    errors.Expect(QStringLiteral("Error!"), QStringLiteral("Help file \"TAQ.hlp\" missing,"));
-    Click("xphelp1");
+    QMimeData data;
+    data.setUrls({ QUrl(QStringLiteral("http://example.org/a.avi")) });
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(main.get(), &enter);
+    EXPECT_FALSE(enter.isAccepted());
+}
+
+TEST_F(MainTest, OpenToolsHideWithAMinimisedFrameAndComeBackWithIt)
+{
+    QWidget tools;
+    state.Tools = &tools;
+    state.ToolsOpen = true;
+    tools.show();
+    main->showMinimized();
+    EXPECT_TRUE(tools.isHidden());
+    main->showNormal();
+    EXPECT_TRUE(tools.isVisible());
+    state.ToolsOpen = false;
+    main->showMinimized();
+    EXPECT_TRUE(tools.isVisible()) << "closed ones are left alone";
+}
+
+TEST_F(MainTest, ThePictureBehindTheWindowsIsReadAgainWhenItsFileChanges)
+{
+    const QString file = folder.filePath(QStringLiteral("back.bmp"));
+    const auto write = [&](Qt::GlobalColor colour, const QDateTime& when) {
+        QImage picture(8, 8, QImage::Format_BGR888);
+        picture.fill(colour);
+        SavePicture(picture, file);
+        QFile written(file);
+        ASSERT_TRUE(written.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(written.setFileTime(when, QFileDevice::FileModificationTime));
+    };
+    const QDateTime noon(QDate(2026, 1, 1), QTime(12, 0));
+    write(Qt::red, noon);
+    Store("PicFolder", qPrintable(file));
+    const auto shown = [&] {
+        main->resize(main->width() + 1, main->height());
+        return main->findChild<QMdiArea*>()->viewport()->grab().toImage().pixelColor(2, 2);
+    };
+    EXPECT_EQ(shown(), QColor(Qt::red));
+    write(Qt::blue, noon.addSecs(1));
+    EXPECT_EQ(shown(), QColor(Qt::blue));
+}
+
+TEST_F(MainTest, ADownloadWithoutAVideoBeforeShowsTheVideoAndItsTransport)
+{
+    WhenOpen<URLfrm>([&](URLfrm& form) {
+        EXPECT_TRUE(main->geometry().contains(form.pos()));
+        form.findChild<QLineEdit*>(QStringLiteral("edtURL"))
+            ->setText(QStringLiteral("http://example.org/a.mpg"));
+        form.findChild<QAbstractButton*>(QStringLiteral("CmdOK"))->click();
+    });
+    Click("Cmds(4)");
+    EXPECT_EQ(player->file, QStringLiteral("http://example.org/a.mpg"));
+    EXPECT_TRUE(Find("VideoWindow")->isVisible());
+    EXPECT_TRUE(Find("BottomPane")->isVisible());
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+    EXPECT_TRUE(IsEnabled(Command::Cancel));
+}
+
+TEST_F(MainTest, ADownloadThatIsClosedUnusedChangesNothing)
+{
+    WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
+    Click("Cmds(4)");
+    EXPECT_FALSE(Find("BottomPane")->isVisible());
+    EXPECT_FALSE(IsEnabled(Command::Capture));
+}
+
+TEST_F(MainTest, CancelDropsTheSourceAndClearsTheMessage)
+{
+    OpenOne();
+    main->SetStatus(StatusLabel::Operation, QStringLiteral("Downloading Video"));
+    main->EnableCommand(Command::Cancel, true);
+    Click("Cmds(5)");
+    EXPECT_EQ(player->file, QString());
+    EXPECT_EQ(Label("LblMsg1(0)"), QString());
 }
 
 TEST_F(MainTest, EveryControlHasANameAndIsReachedByKeys)

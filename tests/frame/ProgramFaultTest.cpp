@@ -1,11 +1,12 @@
 // What the user of the whole program meets when a file is not what it should be: one message or none, and a
 // program that opens the next video as if nothing had been.
 #include "app/ApplicationState.h"
-#include "app/Main.h"
 #include "desktop/FileName.h"
+#include "frame/Main.h"
 #include "media/player/PlayerControl.h"
 #include "tests/clips/Clips.h"
 #include "tests/testing/FakeClipboard.h"
+#include "tests/testing/FakeDocuments.h"
 #include "tests/testing/ScriptedTalk.h"
 
 #include <QDir>
@@ -27,8 +28,9 @@ protected:
     FakeClipboard clipboard;
     ScriptedDialogs dialogs;
     ScriptedErrors errors;
-    std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts {
-        state, clipboard, dialogs, errors, [](QWidget* parent) { return new PlayerControl(parent); } });
+    FakeDocuments documents;
+    std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors,
+        documents, [](QWidget* parent) { return new PlayerControl(parent); } });
 
     void SetUp() override
     {

@@ -22,15 +22,15 @@ class CheckLayers(unittest.TestCase):
             return list(check_layers.faults(root))
 
     def test_a_window_may_not_include_the_frame(self):
-        found = self.faults(app__Main__h="", viewers__Viewer__cpp='#pragma once\n#include "app/Main.h"\n')
-        self.assertEqual(found, ["viewers/Viewer.cpp:2: viewers/ may not include app/Main.h"])
+        found = self.faults(frame__Main__h="", viewers__Viewer__cpp='#pragma once\n#include "frame/Main.h"\n')
+        self.assertEqual(found, ["viewers/Viewer.cpp:2: viewers/ may not include frame/Main.h"])
 
     def test_a_window_may_include_the_ground(self):
         self.assertEqual(self.faults(app__Frame__h="", viewers__Viewer__h='#include "app/Frame.h"'), [])
 
-    def test_the_ground_may_not_include_the_frame_beside_it(self):
-        found = self.faults(app__Main__h="", app__Lead__cpp='#include "Main.h"')
-        self.assertEqual(found, ["app/Lead.cpp:1: app/Lead.cpp may not include app/Main.h"])
+    def test_the_ground_may_not_include_the_frame(self):
+        found = self.faults(frame__Main__h="", app__Lead__cpp='#include "frame/Main.h"')
+        self.assertEqual(found, ["app/Lead.cpp:1: app/Lead.cpp may not include frame/Main.h"])
 
     def test_rooms_of_one_floor_do_not_know_each_other(self):
         found = self.faults(toolkit__Strip__h="", imaging__Psd__cpp='#include "toolkit/Strip.h"')
@@ -53,7 +53,7 @@ class CheckLayers(unittest.TestCase):
         self.assertEqual(found, ["media/Index.cpp:1: media/ may not include tests/clips/BarCode.h"])
 
     def test_a_test_may_include_every_room(self):
-        self.assertEqual(self.faults(app__Main__h="", tests__x__Tour__cpp='#include "app/Main.h"'), [])
+        self.assertEqual(self.faults(frame__Main__h="", tests__x__Tour__cpp='#include "frame/Main.h"'), [])
 
     def test_a_new_folder_needs_a_floor(self):
         found = self.faults(attic__Box__cpp="")

@@ -38,7 +38,10 @@ public:
         return picture;
     }
 
-    void SetSourceFile(const QString& name) override { file = name; }
+    /// An address or file that cannot be opened.
+    QString refused;
+
+    void SetSourceFile(const QString& name) override { file = name == refused ? QString() : name; }
     QString SourceFile() const override { return file; }
     Source SourceKind() const override
     {

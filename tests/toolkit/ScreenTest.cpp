@@ -1,5 +1,6 @@
 // What only a real pointer and a window manager show: drags of whole windows, popups, a pointer that leaves
 // unseen.
+#include "tests/testing/RealPointer.h"
 #include "toolkit/Button_XP.h"
 #include "toolkit/ChildForm.h"
 #include "toolkit/PopupMenu.h"
@@ -7,85 +8,12 @@
 #include "toolkit/StripButton.h"
 #include "toolkit/TitleStrip.h"
 
-#include <QApplication>
 #include <QMdiArea>
-#include <QProcess>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
-namespace {
-
-void Pointer(const QStringList& steps)
-{
-    EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"), steps), 0);
-}
-
-void PointAt(QPoint screen)
-{
-    Pointer({ "mousemove", QString::number(screen.x()), QString::number(screen.y()) });
-}
-
-bool Eventually(const std::function<bool()>& condition)
-{
-    return QTest::qWaitFor(condition, 10000);
-}
-
-/// Tells when a press has reached one of the program's widgets.
-class PressWatch : public QObject {
-public:
-    PressWatch() { qApp->installEventFilter(this); }
-    bool seen = false;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        seen = seen || (watched->isWidgetType() && event->type() == QEvent::MouseButtonPress);
-        return false;
-    }
-};
-
-/// Presses on a place and drags it until the form is where it should be. The hand trembles at its end,
-/// because a window manager that takes the pointer over late learns of its place by the next movement.
-bool DragUntil(QPoint from, QPoint by, const std::function<bool()>& arrived)
-{
-    const PressWatch press;
-    PointAt(from);
-    Pointer({ "mousedown", "1" });
-    EXPECT_TRUE(Eventually([&] { return press.seen; }));
-    const bool there = Eventually([&] {
-        PointAt(from + by - QPoint(1, 1));
-        PointAt(from + by);
-        return arrived();
-    });
-    Pointer({ "mouseup", "1" });
-    return there;
-}
-
-/// Where the screen has a window. The program itself learns of a move only when the window manager has ended
-/// it.
-QPoint PlaceOnScreen(const QWidget& window)
-{
-    QProcess xdotool;
-    xdotool.start(
-        QStringLiteral("xdotool"), { "getwindowgeometry", "--shell", QString::number(window.winId()) });
-    xdotool.waitForFinished();
-    static const QRegularExpression place(QStringLiteral("X=(\\d+)\\s+Y=(\\d+)"));
-    const auto match = place.match(QString::fromLatin1(xdotool.readAllStandardOutput()));
-    return { match.captured(1).toInt(), match.captured(2).toInt() };
-}
-
-bool ShowActive(QWidget& window)
-{
-    window.show();
-    return QTest::qWaitForWindowExposed(&window) && Eventually([&] {
-        window.activateWindow();
-        return window.isActiveWindow();
-    });
-}
-
-} // namespace
+using namespace RealPointer;
 
 TEST(OnScreen, AWindowOfItsOwnIsMovedByItsStrip)
 {

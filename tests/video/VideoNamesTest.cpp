@@ -1,5 +1,4 @@
 #include "video/VideoNames.h"
-#include "app/TimeText.h"
 
 #include <gtest/gtest.h>
 
@@ -34,19 +33,4 @@ TEST(VideoNames, AWebAddressIsSplitAtBackslashesOnly)
 {
     EXPECT_FALSE(SplitVideoPath(QStringLiteral("http://host/films/clip.avi")).isSplit);
     EXPECT_EQ(SplitVideoPath(QStringLiteral("http://host\\clip.avi")).name, QStringLiteral("clip.avi"));
-}
-
-TEST(TimeText, SecondsAreRoundedAfterTheMinutesWereCut)
-{
-    EXPECT_EQ(FormatPosition(0), QStringLiteral("00:00:00"));
-    EXPECT_EQ(FormatPosition(3661), QStringLiteral("01:01:01"));
-    EXPECT_EQ(FormatPosition(59.6), QStringLiteral("00:00:60"));
-    EXPECT_EQ(FormatPosition(360000), QStringLiteral("100:00:00"));
-}
-
-TEST(TimeText, SecondsToTimeIsATimeOfDay)
-{
-    EXPECT_EQ(SecondsToTime(3661), QStringLiteral("01:01:01"));
-    EXPECT_EQ(SecondsToTime(59.6), QStringLiteral("00:00:59"));
-    EXPECT_EQ(SecondsToTime(86400), QStringLiteral("00:00:00"));
 }

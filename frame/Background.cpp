@@ -1,7 +1,10 @@
-#include "app/Background.h"
+#include "frame/Background.h"
 
+#include "app/ControlError.h"
+#include "app/Lead.h"
 #include "toolkit/Twips.h"
 
+#include <QFileInfo>
 #include <QPainter>
 
 QImage ComposeBackground(const QImage& source, QSize clientSize, Placement placement, QColor ground)
@@ -18,4 +21,20 @@ QImage ComposeBackground(const QImage& source, QSize clientSize, Placement place
         painter.drawImage(
             QPoint(clientSize.width() - source.width(), clientSize.height() - source.height()), source);
     return target;
+}
+
+const QImage& BackgroundPicture::Of(const QString& path)
+{
+    const QDateTime written = QFileInfo(path).lastModified();
+    if (path == path_ && written == written_)
+        return picture_;
+    path_ = path;
+    written_ = written;
+    picture_ = QImage();
+    IgnoreErrors([&] {
+        Lead picSource;
+        picSource.Load(path, 0, 0, 1);
+        picture_ = picSource.Bitmap();
+    });
+    return picture_;
 }

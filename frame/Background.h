@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QDateTime>
 #include <QImage>
 #include <QSize>
 
@@ -10,3 +11,15 @@ enum class Placement { Tiled, LowerRight };
 /// once in the lower right corner of the ground. The result is 5 pixels (75 twips) larger than the area in
 /// both directions.
 QImage ComposeBackground(const QImage& source, QSize clientSize, Placement placement, QColor ground);
+
+/// The picture file behind the frame's windows, decoded anew only when the file changes.
+class BackgroundPicture {
+public:
+    /// Null when the file cannot be read.
+    const QImage& Of(const QString& path);
+
+private:
+    QString path_;
+    QDateTime written_;
+    QImage picture_;
+};

@@ -1,21 +1,21 @@
-#include "app/Main.h"
+#include "frame/Main.h"
 
 #include "app/ApplicationState.h"
-#include "app/Background.h"
-#include "app/CommandTable.h"
 #include "app/ControlError.h"
 #include "app/Hourglass.h"
 #include "app/Lead.h"
 #include "app/Talk.h"
 #include "capture/CaptureCurrentFrame.h"
 #include "capture/SaveCapture.h"
-#include "desktop/FileName.h"
+#include "desktop/Documents.h"
 #include "desktop/WholeFile.h"
+#include "frame/CommandTable.h"
+#include "frame/DroppedFile.h"
+#include "frame/HelpWindow.h"
+#include "frame/SecondKeys.h"
 #include "toolkit/FrameDrag.h"
-#include "toolkit/PopupMenu.h"
 #include "toolkit/SizeGrip.h"
 #include "toolkit/StripButton.h"
-#include "toolkit/StripControl.h"
 #include "toolkit/Style.h"
 #include "toolkit/TAQbutton.h"
 #include "toolkit/TitleStrip.h"
@@ -23,6 +23,7 @@
 #include "video/Opening.h"
 #include "video/Transport.h"
 #include "video/TransportPane.h"
+#include "video/URLfrm.h"
 #include "video/VideoList.h"
 #include "video/ltmmPlay.h"
 #include "viewers/QuickShots.h"
@@ -30,13 +31,11 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDesktopServices>
 #include <QDropEvent>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMimeData>
-#include <QUrl>
 
 #include <array>
 #include <chrono>
@@ -51,17 +50,8 @@ constexpr auto StartPrompt = " Open video to begin capture";
 constexpr auto AboutText =
     "TAQ Video Capture Pro takes the best frames out of your videos and turns them into pictures.";
 constexpr Twips StartHeight = 8000_twips;
+constexpr Twips AddressMargin = 40_twips; ///< between the windows' area and the address window
 constexpr int ListWidth = 300; // leaves the video beside the list in sight
-
-/// The first local file of a drop, by its raw bytes; empty when there is none.
-QString FirstFile(const QMimeData& data)
-{
-    for (const QUrl& url : data.urls())
-        if (url.isLocalFile())
-            return FileName::FromBytes(
-                QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()));
-    return {};
-}
 
 } // namespace
 
@@ -70,8 +60,10 @@ Main::Main(const FrameParts& parts)
     , clipboard_(parts.clipboard)
     , dialogs_(parts.dialogs)
     , errors_(parts.errors)
+    , documents_(parts.documents)
     , makePlayer_(parts.makePlayer)
     , kids_(parts.state)
+    , menus_(*this)
 {
     Build();
     Bind();
@@ -97,6 +89,33 @@ void Main::Bind()
             [this, command = row.command] { RunCommand(command); });
     transport_ = new Transport(*bottomPane_, *this, [this] { OpenListed(); });
     bottomPane_->hide();
+    BindKeys();
+}
+
+void Main::BindKeys()
+{
+    const auto press = [](QAbstractButton& button) { return [&button] { button.click(); }; };
+    const auto run = [&](Command command) { return press(*Cmds[size_t(command)]); };
+    constexpr auto WhileHeld = SecondKeys::Repeat::WhileHeld;
+    const TransportPane& pane = *bottomPane_;
+    new SecondKeys(*this,
+        {
+            { Qt::Key_Space, press(*pane.Cmd2[PauseButton]) },
+            { Qt::Key_Comma, press(*pane.Cmd2[FrameBackButton]), WhileHeld },
+            { Qt::Key_Period, press(*pane.Cmd2[FrameForwardButton]), WhileHeld },
+            { Qt::Key_Home, press(*pane.Cmd3[SeekStartButton]) },
+            { Qt::Key_End, press(*pane.Cmd3[SeekEndButton]) },
+            { Qt::Key_S, run(Command::Capture) },
+            { Qt::CTRL | Qt::Key_S, run(Command::Save) },
+            { Qt::CTRL | Qt::Key_O, run(Command::Open) },
+            { Qt::CTRL | Qt::Key_U, run(Command::Download) },
+            { Qt::CTRL | Qt::Key_P, run(Command::Print) },
+            { Qt::CTRL | Qt::Key_C, [this] { CopyActiveCapture(); } },
+            { Qt::CTRL | Qt::Key_W, [this] { CloseActiveForm(); } },
+            { Qt::Key_F, [this] { mnuFullScreen_Click(); } },
+            { Qt::Key_F11, [this] { mnuFullScreen_Click(); } },
+            { Qt::Key_F1, [this] { OpenHelp(); } },
+        });
 }
 
 void Main::StartTimers()
@@ -228,11 +247,26 @@ void Main::ShowFront(bool visible)
     front1_->setVisible(visible);
 }
 
+bool Main::StartDoc(const QString& document)
+{
+    if (!HelpWindow::IsGuide(document))
+        return documents_.Open(document);
+    try {
+        if (!help_) {
+            help_ = new HelpWindow(document, documents_);
+            help_->PlaceOver(*this);
+        }
+    } catch (const FileError&) {
+        return false;
+    }
+    help_->show();
+    help_->BringToFront();
+    return true;
+}
+
 void Main::OpenHelp()
 {
-    const bool opened =
-        FileHasContent(state_.HelpPath) && QDesktopServices::openUrl(QUrl::fromLocalFile(state_.HelpPath));
-    if (!opened)
+    if (!StartDoc(state_.HelpPath))
         errors_.Show(this, QStringLiteral("Error!"), QStringLiteral("Help file \"TAQ.hlp\" missing,"));
 }
 
@@ -257,7 +291,9 @@ void Main::RunCommand(Command command)
     case Command::Save:
         return SaveCapture(*this);
     case Command::Download:
+        return Download();
     case Command::Cancel:
+        return CancelDownload();
     case Command::Print:
     case Command::Options:
     case Command::Count:
@@ -302,6 +338,28 @@ void Main::OpenFromVideoWindow()
         OpenSelection();
 }
 
+void Main::Download()
+{
+    VideoWindow& window = CurrentVideo();
+    window.Player().Stop();
+    const QPointer<URLfrm> form = new URLfrm(*this, window, this);
+    form->move(area_->mapToGlobal(QPoint(AddressMargin.Pixels(), AddressMargin.Pixels())));
+    const bool isLoaded = form->exec() == QDialog::Accepted;
+    delete form;
+    if (!isLoaded)
+        return;
+    bottomPane_->show();
+    SetEnabled(true);
+    AddChild(&CurrentVideo());
+}
+
+void Main::CancelDownload()
+{
+    CurrentPlayer().SetSourceFile(QString());
+    SetStatus(StatusLabel::Operation, QString());
+    SetPointer(Pointer::Normal);
+}
+
 void Main::RevealVideoWindow()
 {
     if (!state_.VidWinOnly)
@@ -340,22 +398,8 @@ void Main::mnuFullScreen_Click()
 void Main::OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget& button,
     std::function<void(int)> chosen)
 {
-    delete menus_;
-    menus_ = new PopupMenu(this);
-    menus_->setAttribute(Qt::WA_DeleteOnClose);
-    // Over a button the pointer may still be on its way from there to the list.
-    connect(menus_, &PopupMenu::MovedOutside, menus_, [menus = menus_.data()](QPoint pointer) {
-        QWidget* const under = QApplication::widgetAt(pointer);
-        if (under && !qobject_cast<StripControl*>(under))
-            menus->close();
-    });
-    menus_->setObjectName(QStringLiteral("Menus"));
     state_.PopupKind = qint16(kind);
-    menus_->SetItems(items);
-    for (int item = 0; item < items.size(); ++item)
-        menus_->SetChecked(item, checkedItems >> item & 1);
-    connect(menus_, &PopupMenu::Chosen, this, std::move(chosen));
-    menus_->Open(button.mapToGlobal(QPoint(0, button.height())));
+    menus_.Open(items, checkedItems, button, std::move(chosen));
 }
 
 void Main::ShowPopup()
@@ -380,6 +424,19 @@ void Main::ShowAbout()
     errors_.Show(this, QStringLiteral("About"), QLatin1String(AboutText));
 }
 
+void Main::CopyActiveCapture()
+{
+    // A clipboard that another program holds keeps what it had.
+    if (const Lead* capture = ActiveCapture())
+        IgnoreErrors([&] { capture->Copy(clipboard_, true); });
+}
+
+void Main::CloseActiveForm()
+{
+    if (QWidget* form = ActiveForm())
+        form->close();
+}
+
 void Main::CloseAllWindows()
 {
     const Hourglass waiting;
@@ -392,6 +449,8 @@ void Main::CloseAllWindows()
             break;
     }
     EnableCommand(Command::Print, false);
+    if (state_.Tools)
+        state_.Tools->close();
     ShowStatus(StatusLabel::AutoCapture, false);
 }
 
@@ -400,6 +459,7 @@ void Main::UnloadForms()
     CloseAllFormsExcept(objectName());
     // A form can open or raise another while it closes; the second round takes what the first passed over.
     CloseAllFormsExcept(objectName());
+    delete help_;
     delete state_.CurrentVideo; // one that was made on demand and never shown
 }
 
@@ -422,6 +482,8 @@ void Main::ShowWindowState()
     maximize_->SetValue(isMaximized() ? WindowButton::Restore : WindowButton::Maximize);
     Image2->setVisible(!isMaximized());
     setWindowTitle(QLatin1String(WindowText));
+    if (state_.ToolsOpen && state_.Tools)
+        state_.Tools->setVisible(!isMinimized());
 }
 
 void Main::changeEvent(QEvent* event)
@@ -466,19 +528,16 @@ void Main::ApplyBackground()
         return;
     state_.TileBackground = state_.OpPic == 0;
     state_.Reload(Key::PicFolder);
-    // Without its picture the frame stays plain.
-    IgnoreErrors([&] {
-        Lead picSource;
-        picSource.Load(state_.BackgroundFile, 0, 0, 1);
-        const Placement placement = state_.TileBackground ? Placement::Tiled : Placement::LowerRight;
-        area_->setBackground(
-            ComposeBackground(picSource.Bitmap(), area_->viewport()->size(), placement, ground));
-    });
+    const QImage& picSource = background_.Of(state_.BackgroundFile);
+    if (picSource.isNull())
+        return; // without its picture the frame stays plain
+    const Placement placement = state_.TileBackground ? Placement::Tiled : Placement::LowerRight;
+    area_->setBackground(ComposeBackground(picSource, area_->viewport()->size(), placement, ground));
 }
 
 void Main::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (event->mimeData()->hasUrls())
+    if (!FirstFile(*event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 

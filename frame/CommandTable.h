@@ -12,18 +12,19 @@ struct CommandRow {
     Face face;
     const char* caption;
     const char* tip;
+    bool isUsableAtStart = false;
     bool isBuilt = true; ///< false: what it opens is not in this version, so it stays disabled
 };
 
 inline constexpr std::array<CommandRow, size_t(Command::Count)> CommandTable { {
-    { Command::Open, Face::OpenVideos, "Open videos", " Open videos for capture  " },
+    { Command::Open, Face::OpenVideos, "Open videos", " Open videos for capture  ", true },
     { Command::Stretch, Face::Stretch, "Stretch", " Stretch video to window " },
     { Command::FitToWindow, Face::FitToWindow, "Fit to Window", " Fit to window, maintain aspect ratio " },
     { Command::DefaultSize, Face::NormalSize, "Default Size", " View video at it's default (normal) size " },
-    { Command::Download, Face::Download, "Download", " Download video from internet ", false },
-    { Command::Cancel, Face::Cancel, "Cancel", " Cancel downloading ", false },
-    { Command::Print, Face::Print, "Print Frame", " Print top picture ", false },
-    { Command::Options, Face::Options, "Options", " Set TAQ Video Capture Pro options ", false },
+    { Command::Download, Face::Download, "Download", " Download video from internet ", true },
+    { Command::Cancel, Face::Cancel, "Cancel", " Cancel downloading " },
+    { Command::Print, Face::Print, "Print Frame", " Print top picture ", false, false },
+    { Command::Options, Face::Options, "Options", " Set TAQ Video Capture Pro options ", false, false },
     { Command::Capture, Face::Capture, "Capture", " Capture video frame  " },
     { Command::Save, Face::Save, "Save Capture", " Save captured frame " },
 } };

@@ -1,4 +1,4 @@
-#include "app/PaneKeys.h"
+#include "frame/PaneKeys.h"
 
 #include <QApplication>
 #include <QShortcut>

@@ -1,10 +1,10 @@
 // How the frame is made up of its parts, from top to bottom.
 #include "app/ApplicationState.h"
-#include "app/CommandTable.h"
-#include "app/EmptyState.h"
 #include "app/Lead.h"
-#include "app/Main.h"
-#include "app/PaneKeys.h"
+#include "frame/CommandTable.h"
+#include "frame/EmptyState.h"
+#include "frame/Main.h"
+#include "frame/PaneKeys.h"
 #include "toolkit/DigitLabel.h"
 #include "toolkit/FrameDrag.h"
 #include "toolkit/SizeGrip.h"
@@ -122,7 +122,7 @@ void Main::BuildCommands(QVBoxLayout* column)
         button->SetCaption(QLatin1String(command.caption));
         button->setAccessibleName(QLatin1String(command.caption));
         button->setProperty("Tag", QLatin1String(command.tip));
-        button->setEnabled(command.command == Command::Open);
+        button->setEnabled(command.isUsableAtStart);
         Cmds[size_t(command.command)] = button;
         row->addWidget(button);
     }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "app/Frame.h"
-#include "app/KidTable.h"
+#include "frame/Background.h"
+#include "frame/KidTable.h"
+#include "frame/Menus.h"
 #include "video/VideoWindow.h"
 
 #include <QPointer>
@@ -11,9 +13,10 @@
 #include <array>
 
 class DigitLabel;
+class Documents;
 class EmptyState;
 class FrameDrag;
-class PopupMenu;
+class HelpWindow;
 class QuickShots;
 class QLabel;
 class QMdiArea;
@@ -32,6 +35,7 @@ struct FrameParts {
     Clipboard& clipboard;
     FileDialogs& dialogs;
     ErrorBox& errors;
+    Documents& documents;
     PlayerFactory makePlayer;
 };
 
@@ -74,6 +78,9 @@ public:
     void OpenVideos();
     /// Brings a capture window to the top by its place in the kid table.
     void MakeKidActive(int index);
+    /// Opens a document: a guide in the help window, anything else by the desktop. False when it is missing
+    /// or nothing opens it.
+    bool StartDoc(const QString& document);
     void mnuFullScreen_Click();
 
 protected:
@@ -91,6 +98,7 @@ private:
     void BuildArea(QVBoxLayout* column);
     void BuildFoot(QVBoxLayout* column);
     void Bind();
+    void BindKeys();
     void StartTimers();
 
     VideoWindow& CurrentVideo();
@@ -100,10 +108,14 @@ private:
     void OpenSelection();
     void OpenFromVideoWindow();
     void OpenListed();
+    void Download();
+    void CancelDownload();
     void RevealVideoWindow();
     void ShowVideoList();
     void ShowVideoListIfVideo();
     void CloseVideoList();
+    void CopyActiveCapture();
+    void CloseActiveForm();
     void CloseAllWindows();
     /// Unloads every form whose name differs.
     void CloseAllFormsExcept(const QString& name);
@@ -118,6 +130,7 @@ private:
     Clipboard& clipboard_;
     FileDialogs& dialogs_;
     ErrorBox& errors_;
+    Documents& documents_;
     PlayerFactory makePlayer_;
     KidTable kids_;
 
@@ -134,7 +147,9 @@ private:
     std::array<QLabel*, size_t(StatusLabel::Count)> labels_ {};
     FrameDrag* drag_ = nullptr;
     SizeGrip* Image2 = nullptr;
-    QPointer<PopupMenu> menus_;
+    Menus menus_;
+    BackgroundPicture background_;
+    QPointer<HelpWindow> help_;
     Lead* thumbHold_ = nullptr;
     QPointer<VideoList> videoList_;
     QPointer<QuickShots> quickShots_;

@@ -1,4 +1,4 @@
-#include "app/EmptyState.h"
+#include "frame/EmptyState.h"
 
 #include <QEvent>
 #include <QLabel>

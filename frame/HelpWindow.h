@@ -1,0 +1,25 @@
+#pragma once
+
+#include "toolkit/ChildForm.h"
+
+class Documents;
+class QTextBrowser;
+
+/// The user's guide in a window of its own, beside the frame. Addresses of the web in it go to the desktop.
+class HelpWindow : public ChildForm {
+    Q_OBJECT
+
+public:
+    /// guide is the full path of a guide: a text with HTML marks in UTF-8.
+    HelpWindow(const QString& guide, Documents& documents);
+
+    /// Sizes it and puts it over the middle of the frame, wholly on the screen.
+    void PlaceOver(const QWidget& frame);
+    /// Whether the document is a guide of ours: its name ends in ".hlp".
+    static bool IsGuide(const QString& document);
+
+private:
+    void Build();
+
+    QTextBrowser* text_ = nullptr;
+};

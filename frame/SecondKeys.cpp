@@ -1,0 +1,59 @@
+#include "frame/SecondKeys.h"
+
+#include "video/ltmmPlay.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <array>
+
+SecondKeys::SecondKeys(QWidget& frame, std::vector<Row> rows)
+    : QObject(&frame)
+    , frame_(frame)
+    , rows_(std::move(rows))
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool SecondKeys::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
+        return false;
+    const auto& pressed = static_cast<const QKeyEvent&>(*event);
+    const Row* const row = RowOf(pressed);
+    const auto& widget = static_cast<const QWidget&>(*watched);
+    if (!row || !IsOurs(widget) || BelongsToControl(widget, row->key))
+        return false;
+    if (row->repeat == Repeat::WhileHeld || !pressed.isAutoRepeat())
+        row->act();
+    return true;
+}
+
+const SecondKeys::Row* SecondKeys::RowOf(const QKeyEvent& event) const
+{
+    const QKeyCombination key(event.modifiers() & ~Qt::KeypadModifier, Qt::Key(event.key()));
+    const auto row = std::ranges::find(rows_, key, &Row::key);
+    return row == rows_.end() ? nullptr : &*row;
+}
+
+/// A full-screen player is a window of its own, but still a part of the frame.
+bool SecondKeys::IsOurs(const QWidget& widget) const
+{
+    if (QApplication::activeModalWidget() || QApplication::activePopupWidget())
+        return false;
+    for (const QObject* part = &widget; part; part = part->parent())
+        if (part == &frame_)
+            return true;
+    return false;
+}
+
+/// What a control leaves of its own keys comes up to the frame.
+bool SecondKeys::BelongsToControl(const QWidget& widget, QKeyCombination key) const
+{
+    if (widget.testAttribute(Qt::WA_InputMethodEnabled))
+        return true;
+    constexpr std::array<QKeyCombination, 3> ControlKeys { Qt::Key_Space, Qt::Key_Home, Qt::Key_End };
+    return std::ranges::count(ControlKeys, key) > 0 && &widget != &frame_
+        && !qobject_cast<const ltmmPlay*>(&widget);
+}

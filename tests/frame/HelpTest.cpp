@@ -1,0 +1,77 @@
+// The guide and the documents that the desktop opens.
+#include "tests/frame/FrameFixture.h"
+
+#include <QFile>
+#include <QTextBrowser>
+#include <QUrl>
+
+namespace {
+
+class HelpTest : public FrameFixture {
+protected:
+    void WriteGuide(const QByteArray& text) const
+    {
+        QFile guide(state.HelpPath);
+        ASSERT_TRUE(guide.open(QIODevice::WriteOnly));
+        guide.write(text);
+    }
+    static QTextBrowser* Guide()
+    {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->objectName() == QStringLiteral("HelpWindow") && window->isVisible())
+                return window->findChild<QTextBrowser*>(QStringLiteral("Guide"));
+        return nullptr;
+    }
+};
+
+} // namespace
+
+TEST_F(HelpTest, AMissingGuideIsTold)
+{
+    errors.Expect(QStringLiteral("Error!"), QStringLiteral("Help file \"TAQ.hlp\" missing,"));
+    Click("xphelp1");
+    EXPECT_EQ(Guide(), nullptr);
+}
+
+TEST_F(HelpTest, TheGuideOpensInAWindowOfItsOwnAndIsNotGivenToTheDesktop)
+{
+    WriteGuide("<h1>Walk</h1>");
+    Click("xphelp1");
+    ASSERT_NE(Guide(), nullptr);
+    EXPECT_TRUE(Guide()->toPlainText().contains(QStringLiteral("Walk")));
+    EXPECT_TRUE(documents.opened.isEmpty());
+}
+
+TEST_F(HelpTest, AskedTwiceItIsTheSameWindow)
+{
+    WriteGuide("<h1>Walk</h1>");
+    QTest::keyClick(main.get(), Qt::Key_F1);
+    const QTextBrowser* const first = Guide();
+    QTest::keyClick(main.get(), Qt::Key_F1);
+    EXPECT_EQ(Guide(), first);
+}
+
+TEST_F(HelpTest, TheGuideClosesWithTheFrame)
+{
+    WriteGuide("<h1>Walk</h1>");
+    Click("xphelp1");
+    main->close();
+    EXPECT_EQ(Guide(), nullptr);
+}
+
+TEST_F(HelpTest, AnAddressInTheGuideGoesToTheDesktop)
+{
+    WriteGuide("<a href='https://example.org/'>more</a>");
+    Click("xphelp1");
+    ASSERT_NE(Guide(), nullptr);
+    Q_EMIT Guide()->anchorClicked(QUrl(QStringLiteral("https://example.org/")));
+    EXPECT_EQ(documents.opened, QStringList(QStringLiteral("https://example.org/")));
+}
+
+TEST_F(HelpTest, AnyOtherDocumentGoesToTheDesktopAndItsAnswerComesBack)
+{
+    EXPECT_TRUE(main->StartDoc(QStringLiteral("/films/notes.txt")));
+    documents.opens = false;
+    EXPECT_FALSE(main->StartDoc(QStringLiteral("/films/other.txt")));
+    EXPECT_EQ(documents.opened.size(), 2);
+}

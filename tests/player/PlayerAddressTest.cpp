@@ -1,0 +1,139 @@
+// Videos of the web: what the player makes of servers that behave and of those that do not. However a server
+// behaves, an attempt ends within its time, and nothing is opened that the address does not name.
+#include "tests/player/PlayerFixture.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+
+namespace {
+
+constexpr int OpenWithin = 17'000; // milliseconds
+
+class PlayerAddressTest : public PlayerFixture {
+protected:
+    QProcess server_;
+    QString plain_;
+    QString secret_;
+
+    void SetUp() override
+    {
+        server_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        server_.start(QStringLiteral("python3"),
+            { QStringLiteral(SOURCE_DIR "/tests/player/web_server.py"), QStringLiteral(TAQ_CLIPS) });
+        ASSERT_TRUE(Wait([this] { return server_.canReadLine(); }));
+        const QStringList ports = QString::fromLatin1(server_.readLine()).trimmed().split(u' ');
+        ASSERT_EQ(ports.size(), 2);
+        plain_ = QStringLiteral("http://127.0.0.1:") + ports[0];
+        secret_ = QStringLiteral("https://127.0.0.1:") + ports[1];
+    }
+    void TearDown() override
+    {
+        player_.reset();
+        server_.closeWriteChannel();
+        server_.waitForFinished();
+    }
+
+    bool Opens(const QString& address)
+    {
+        QElapsedTimer time;
+        time.start();
+        player_->SetSourceFile(address);
+        EXPECT_LT(time.elapsed(), OpenWithin) << address.toStdString();
+        return player_->SourceKind() == ltmmPlay::FileSource;
+    }
+    /// What the user is told of an address that does not open.
+    QString Refusal(const QString& address)
+    {
+        EXPECT_FALSE(Opens(address)) << address.toStdString();
+        EXPECT_TRUE(Wait([this] { return !errors_.empty(); }));
+        return errors_.empty() ? QString() : player_->ErrorText(errors_.takeFirst()[0].toInt());
+    }
+};
+
+} // namespace
+
+TEST_F(PlayerAddressTest, AVideoOfTheWebIsExactToTheFrame)
+{
+    ASSERT_TRUE(Opens(plain_ + QStringLiteral("/good/h264_opengop.mp4")));
+    for (const int number : { 0, 30, 7, 31 }) {
+        player_->SetCurrentFrame(number);
+        EXPECT_EQ(Seen(), number);
+    }
+}
+
+TEST_F(PlayerAddressTest, AServerThatGivesOnlyWholeFilesServesAVideoWithItsIndexInFront)
+{
+    ASSERT_TRUE(Opens(plain_ + QStringLiteral("/whole/frag.mp4")));
+    EXPECT_EQ(Seen(), 0);
+}
+
+TEST_F(PlayerAddressTest, ASlowServerIsWaitedFor)
+{
+    ASSERT_TRUE(Opens(plain_ + QStringLiteral("/slow/two_frames.avi")));
+    EXPECT_EQ(Seen(), 0);
+}
+
+TEST_F(PlayerAddressTest, WhatCameBeforeTheLineWasCutIsShown)
+{
+    ASSERT_TRUE(Opens(plain_ + QStringLiteral("/cut/frag.mp4")));
+    player_->SetCurrentFrame(5);
+    EXPECT_EQ(Seen(), 5);
+}
+
+TEST_F(PlayerAddressTest, ALineThatFallsSilentShowsWhatCame)
+{
+    ASSERT_TRUE(Opens(plain_ + QStringLiteral("/stalled/frag.mp4")));
+    EXPECT_EQ(Seen(), 0);
+}
+
+TEST_F(PlayerAddressTest, AServerThatNeverAnswersIsGivenUp)
+{
+    EXPECT_TRUE(Refusal(plain_ + QStringLiteral("/silent")).contains(QStringLiteral("answer")));
+}
+
+TEST_F(PlayerAddressTest, HeaderLinesWithoutEndAreGivenUp)
+{
+    EXPECT_NE(Refusal(plain_ + QStringLiteral("/headers")), QString());
+}
+
+TEST_F(PlayerAddressTest, APageThatIsNotThereIsTold)
+{
+    EXPECT_TRUE(Refusal(plain_ + QStringLiteral("/gone")).contains(QStringLiteral("not found")));
+}
+
+TEST_F(PlayerAddressTest, APageOfTextIsNoVideo)
+{
+    EXPECT_NE(Refusal(plain_ + QStringLiteral("/login")), QString());
+}
+
+TEST_F(PlayerAddressTest, AServerThatCannotProveWhoItIsIsRefused)
+{
+    EXPECT_NE(Refusal(secret_ + QStringLiteral("/good/frag.mp4")), QString());
+    EXPECT_NE(
+        Refusal(plain_ + QStringLiteral("/to?") + secret_ + QStringLiteral("/good/frag.mp4")), QString());
+}
+
+TEST_F(PlayerAddressTest, NobodyIsSentToALocalFile)
+{
+    const QString film = QStringLiteral("file://" TAQ_CLIPS "/frag.mp4");
+    EXPECT_NE(Refusal(plain_ + QStringLiteral("/to?") + film), QString());
+    EXPECT_NE(Refusal(plain_ + QStringLiteral("/list?") + film), QString());
+    EXPECT_NE(Refusal(plain_ + QStringLiteral("/list?concat:") + film), QString());
+}
+
+TEST_F(PlayerAddressTest, BeingSentRoundAndRoundEnds)
+{
+    EXPECT_NE(Refusal(plain_ + QStringLiteral("/round")), QString());
+}
+
+TEST_F(PlayerAddressTest, AServerThatIsSentOnToIsFollowed)
+{
+    EXPECT_TRUE(Opens(plain_ + QStringLiteral("/to?") + plain_ + QStringLiteral("/good/frag.mp4")));
+}
+
+TEST_F(PlayerAddressTest, AListOfTheWebPlaysItsParts)
+{
+    ASSERT_TRUE(Opens(plain_ + QStringLiteral("/list?") + plain_ + QStringLiteral("/good/hls/seg00.ts&")
+        + plain_ + QStringLiteral("/good/hls/seg01.ts")));
+    EXPECT_EQ(Seen(), 0);
+}

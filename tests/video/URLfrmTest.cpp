@@ -1,0 +1,168 @@
+#include "video/URLfrm.h"
+#include "tests/testing/FakeFrame.h"
+#include "toolkit/StripButton.h"
+#include "toolkit/TAQbutton.h"
+#include "toolkit/TitleStrip.h"
+#include "video/Transport.h"
+#include "video/TransportPane.h"
+#include "video/VideoWindow.h"
+
+#include <QLineEdit>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+const QString Holiday = QStringLiteral("http://example.org/holiday.mpg");
+const QString Winter = QStringLiteral("http://example.org/winter.mpg");
+
+class OneVideoFrame : public FakeFrame {
+public:
+    ltmmPlay& CurrentPlayer() override { return *own; }
+    FakePlayer* own = nullptr;
+};
+
+class URLfrmTest : public testing::Test {
+protected:
+    OneVideoFrame frame;
+    ApplicationState& state = frame.state;
+    TransportPane pane;
+    FakePlayer spare;
+    std::unique_ptr<Transport> transport;
+    std::unique_ptr<VideoWindow> window;
+    std::unique_ptr<URLfrm> form;
+
+    void SetUp() override
+    {
+        frame.own = &spare;
+        transport = std::make_unique<Transport>(pane, frame, [] {});
+        window = std::make_unique<VideoWindow>(
+            frame, *transport, [this](QWidget* parent) { return frame.own = new FakePlayer(parent); });
+        Begin();
+    }
+    void Begin()
+    {
+        form = std::make_unique<URLfrm>(frame, *window, &frame.window);
+        form->show();
+    }
+    void Type(const QString& text) { form->findChild<QLineEdit*>(QStringLiteral("edtURL"))->setText(text); }
+    TAQbutton* Ok() { return form->findChild<TAQbutton*>(QStringLiteral("CmdOK")); }
+    void Download(const QString& text)
+    {
+        Type(text);
+        QTest::mouseClick(Ok(), Qt::LeftButton);
+    }
+    void ExpectFailure()
+    {
+        frame.errors.Expect(QStringLiteral("Error Downloading Video!"),
+            QStringLiteral(
+                "\nError downloading video. Check URL address and try again. Also, server may be slow or "
+                "down. Are you connected to the Internet?"));
+    }
+};
+
+} // namespace
+
+TEST_F(URLfrmTest, ElevenCharactersAreEnoughWhateverTheyAre)
+{
+    EXPECT_FALSE(Ok()->isEnabled());
+    Type(QStringLiteral("0123456789"));
+    EXPECT_FALSE(Ok()->isEnabled());
+    EXPECT_TRUE(form->Head().Title().startsWith(QStringLiteral("Enter URL      Example:   http://")));
+    EXPECT_TRUE(form->Head().Title().endsWith(QStringLiteral(".mpg")));
+    Type(QStringLiteral("not an addr"));
+    EXPECT_TRUE(Ok()->isEnabled());
+    EXPECT_EQ(form->Head().Title(), QStringLiteral("Enter full path of video URL"));
+    Type(QStringLiteral("short"));
+    EXPECT_FALSE(Ok()->isEnabled());
+}
+
+TEST_F(URLfrmTest, TheButtonsBearTheirTextsAndTips)
+{
+    EXPECT_EQ(Ok()->Caption(), QStringLiteral("Download"));
+    EXPECT_EQ(Ok()->toolTip(), QStringLiteral("Enter Download URL"));
+    EXPECT_EQ(form->findChild<QWidget*>(QStringLiteral("Cmds(0)"))->toolTip(),
+        QStringLiteral(" Close Download Window "));
+    state.ToolTip = false;
+    Begin();
+    EXPECT_EQ(Ok()->toolTip(), QString());
+}
+
+TEST_F(URLfrmTest, ADownloadReachesThePlayerAndEndsTheForm)
+{
+    frame.own->size = QSize(640, 360);
+    frame.own->state = ltmmPlay::Running;
+    Download(Holiday);
+    EXPECT_EQ(frame.own->file, Holiday);
+    EXPECT_EQ(frame.own->state, ltmmPlay::Stopped);
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(form->result(), QDialog::Accepted);
+    EXPECT_TRUE(frame.enabled.value(Command::Cancel));
+    EXPECT_EQ(frame.status.value(StatusLabel::Operation), QStringLiteral("Downloading Video"));
+    EXPECT_TRUE(frame.statusShown.value(StatusLabel::Operation));
+    EXPECT_TRUE(pane.Cmd2[PlayButton]->isEnabled());
+    EXPECT_EQ(window->size(), QSize(640 + 10, 360 + 33));
+}
+
+TEST_F(URLfrmTest, EnterDownloads)
+{
+    Type(Holiday);
+    QTest::keyClick(form->findChild<QLineEdit*>(), Qt::Key_Return);
+    EXPECT_EQ(frame.own->file, Holiday);
+}
+
+TEST_F(URLfrmTest, AfterASuccessTheNextDownloadPlaysThePreviousAddressAgain)
+{
+    Download(Holiday);
+    Begin();
+    Download(Winter);
+    EXPECT_EQ(frame.own->file, Holiday);
+    Begin();
+    Download(Holiday);
+    EXPECT_EQ(frame.own->file, Winter) << "what was typed the time before";
+}
+
+TEST_F(URLfrmTest, AnAddressWithForwardSlashesKeepsTheNameOfTheVideoBefore)
+{
+    state.VideoName = QStringLiteral("before.avi");
+    Download(Holiday);
+    EXPECT_EQ(state.VideoName, QStringLiteral("before.avi"));
+    EXPECT_EQ(window->Head().Title(), QStringLiteral("before.avi"));
+}
+
+TEST_F(URLfrmTest, AnAddressWithABackslashIsSplitThere)
+{
+    Download(QStringLiteral(" http://example.org/films\\snow.mpg "));
+    EXPECT_EQ(state.VideoName, QStringLiteral("snow.mpg"));
+    EXPECT_EQ(state.VideoFolder, QStringLiteral("http://example.org/films"));
+}
+
+TEST_F(URLfrmTest, AFailureIsToldAndKeepsTheFormAndTheLastAddress)
+{
+    frame.own->refused = Holiday;
+    ExpectFailure();
+    Download(Holiday);
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(state.LastAddress, QString());
+    EXPECT_FALSE(frame.enabled.value(Command::Cancel, true));
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::Operation, true));
+    Download(Winter);
+    EXPECT_EQ(frame.own->file, Winter);
+}
+
+TEST_F(URLfrmTest, AFailureIsToldOnceThoughThePlayerTellsItToo)
+{
+    frame.own->refused = Holiday;
+    ExpectFailure();
+    frame.errors.whileShown = [this] { Q_EMIT frame.own->PlayerError(1); };
+    Download(Holiday);
+    EXPECT_TRUE(state.ShowPlayerErrors);
+}
+
+TEST_F(URLfrmTest, AVideoWindowThatIsGoneIsAFailure)
+{
+    window.reset();
+    frame.own = &spare;
+    ExpectFailure();
+    Download(Holiday);
+}

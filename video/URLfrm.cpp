@@ -1,0 +1,108 @@
+#include "video/URLfrm.h"
+
+#include "app/ApplicationState.h"
+#include "app/ControlError.h"
+#include "app/Frame.h"
+#include "app/Hourglass.h"
+#include "app/Talk.h"
+#include "toolkit/HeadButtons.h"
+#include "toolkit/TAQbutton.h"
+#include "video/Opening.h"
+#include "video/VideoWindow.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+
+namespace {
+
+constexpr int ShortestAddress = 11;
+constexpr int Columns = 52; // of the text box, in average characters
+constexpr int Gap = 4; // the grid
+constexpr auto Prompt = "Enter full path of video URL";
+constexpr auto Example = "Enter URL      Example:   http://www.example.com/videos/holiday.mpg";
+
+} // namespace
+
+URLfrm::URLfrm(Frame& frame, VideoWindow& window, QWidget* owner)
+    : DialogForm(owner)
+    , frame_(frame)
+    , window_(&window)
+    , edtURL(new QLineEdit(this))
+    , CmdOK(new TAQbutton(this))
+{
+    setObjectName(QStringLiteral("URLfrm"));
+    Build();
+    connect(edtURL, &QLineEdit::textChanged, this, &URLfrm::ShowWhetherEnough);
+    connect(edtURL, &QLineEdit::returnPressed, CmdOK, &TAQbutton::click);
+    connect(CmdOK, &TAQbutton::Click, this, &URLfrm::Download);
+    ShowWhetherEnough();
+    frame_.State().ApplyToolTips(*this);
+}
+
+void URLfrm::Build()
+{
+    static constexpr FormButton<URLfrm> CloseButton { 0, Face::Close, " Close Download Window ",
+        "Close download window", [](URLfrm& form) { form.reject(); } };
+    Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
+
+    edtURL->setObjectName(QStringLiteral("edtURL"));
+    edtURL->setAccessibleName(QStringLiteral("Address of the video"));
+    edtURL->setMinimumWidth(fontMetrics().averageCharWidth() * Columns);
+    CmdOK->setObjectName(QStringLiteral("CmdOK"));
+    CmdOK->SetFace(Face::Download);
+    CmdOK->SetCaption(QStringLiteral("Download"));
+    CmdOK->setAccessibleName(CmdOK->Caption());
+    CmdOK->setProperty("Tag", QStringLiteral("Enter Download URL"));
+
+    auto* body = new QWidget(this);
+    auto* row = new QHBoxLayout(body);
+    row->setContentsMargins(3 * Gap, 3 * Gap, 3 * Gap, 3 * Gap);
+    row->setSpacing(2 * Gap);
+    row->addWidget(edtURL, 1);
+    row->addWidget(CmdOK);
+    AddBody(body);
+    KeepFitting();
+    edtURL->setFocus();
+}
+
+void URLfrm::ShowWhetherEnough()
+{
+    const bool isEnough = edtURL->text().size() >= ShortestAddress;
+    SetTitle(QLatin1String(isEnough ? Prompt : Example));
+    CmdOK->setEnabled(isEnough);
+}
+
+void URLfrm::Download()
+{
+    ApplicationState& state = frame_.State();
+    // The address of the last success goes before what was typed, which takes its place for the next time.
+    const QString address = state.LastAddress.isEmpty() ? edtURL->text() : state.LastAddress;
+    TakeNameAndFolder(state, address.trimmed());
+    // The player's own message would say the same once more.
+    const QScopedValueRollback silence(state.ShowPlayerErrors, false);
+    try {
+        Load(address);
+    } catch (const ControlError&) {
+        frame_.EnableCommand(Command::Cancel, false);
+        frame_.ShowStatus(StatusLabel::Operation, false);
+        frame_.Errors().Show(this, QStringLiteral("Error Downloading Video!"),
+            QStringLiteral(
+                "\nError downloading video. Check URL address and try again. Also, server may be slow or "
+                "down. Are you connected to the Internet?"));
+    }
+}
+
+void URLfrm::Load(const QString& address)
+{
+    const Hourglass waiting(Pointer::ArrowWithHourglass);
+    if (!window_)
+        throw ControlError(QStringLiteral("The video window is gone."));
+    window_->LoadAddress(address);
+    frame_.State().LastAddress = edtURL->text();
+    frame_.EnableCommand(Command::Cancel, true);
+    frame_.SetStatus(StatusLabel::Operation, QStringLiteral("Downloading Video"));
+    frame_.ShowStatus(StatusLabel::Operation, true);
+    window_->ShowLoadedAddress();
+    accept();
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "toolkit/DialogForm.h"
+
+#include <QPointer>
+
+class Frame;
+class QLineEdit;
+class TAQbutton;
+class VideoWindow;
+
+/// Takes the address of a video on the web and hands it to the player, which reads it from there: no file
+/// lands on the disk. Modal; ends when the video stands, and stays open after a failure.
+class URLfrm : public DialogForm {
+    Q_OBJECT
+
+public:
+    URLfrm(Frame& frame, VideoWindow& window, QWidget* owner);
+
+private:
+    void Build();
+    void ShowWhetherEnough();
+    void Download();
+    void Load(const QString& address);
+
+    Frame& frame_;
+    QPointer<VideoWindow> window_;
+    QLineEdit* edtURL;
+    TAQbutton* CmdOK;
+};
