@@ -121,11 +121,12 @@ void PaintFrame(QPainter& painter, const ButtonFace& face)
 {
     switch (face.properties.ButtonStyle) {
     case ButtonStyle::Frameless:
-        return;
     case ButtonStyle::Shaped:
-        return; // its outline runs over the picture
+        return; // a shaped one's outline runs over the picture
     case ButtonStyle::Default:
-        return face.properties.BEVEL == 0 ? PaintRoundLine(painter, face) : void();
+        if (face.properties.BEVEL == 0)
+            PaintRoundLine(painter, face);
+        return;
     default:
         if (const auto edge = EdgeOf(face.properties.ButtonStyle, face.flags)) {
             PaintEdge(painter, face.size, Side::LowerRight, edge->first);

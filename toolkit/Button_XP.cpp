@@ -211,6 +211,12 @@ void Button_XP::mouseDoubleClickEvent(QMouseEvent*)
     DownStep();
 }
 
+// A window may open, or another close, under a pointer that does not move.
+void Button_XP::enterEvent(QEnterEvent*)
+{
+    Run(press_.Move(true));
+}
+
 void Button_XP::mouseMoveEvent(QMouseEvent* event)
 {
     const QPoint place = event->position().toPoint();

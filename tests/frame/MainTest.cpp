@@ -399,3 +399,20 @@ TEST_F(MainTest, ThePromptGivesWayToTheFirstWindowAndComesBackAfterTheLast)
     static_cast<QMdiSubWindow*>(main->ActiveForm())->close();
     EXPECT_TRUE(QTest::qWaitFor([this] { return Find("Opens")->isVisible(); }));
 }
+
+TEST_F(MainTest, CtrlTabGoesToTheNextChildWindow)
+{
+    OpenOne();
+    state.OpThumb = 2;
+    Click("Cmds(8)");
+    main->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
+    const QWidget* const capture = main->ActiveForm();
+    QWidget* const at = main->ActiveForm()->findChild<QWidget*>(QStringLiteral("Cmds(1)"));
+    at->setFocus();
+    QTest::keyPress(at, Qt::Key_Control);
+    QTest::keyClick(at, Qt::Key_Tab, Qt::ControlModifier);
+    QTest::keyRelease(at, Qt::Key_Control);
+    EXPECT_NE(main->ActiveForm(), capture);
+    EXPECT_TRUE(main->ActiveForm()->isAncestorOf(QApplication::focusWidget()));
+}

@@ -4,6 +4,7 @@
 #include "frame/Main.h"
 #include "imaging/PictureFile.h"
 #include "tests/testing/FakeClipboard.h"
+#include "tests/testing/FakeDocuments.h"
 #include "tests/testing/FakeFrame.h"
 #include "tests/testing/FakePlayer.h"
 #include "tests/testing/ScriptedTalk.h"
@@ -53,8 +54,9 @@ struct Stage {
     FakeClipboard clipboard;
     ScriptedDialogs dialogs;
     ScriptedErrors errors;
-    Main main { FrameParts {
-        state, clipboard, dialogs, errors, [](QWidget* parent) { return new PicturePlayer(parent); } } };
+    FakeDocuments documents;
+    Main main { FrameParts { state, clipboard, dialogs, errors, documents,
+        [](QWidget* parent) { return new PicturePlayer(parent); } } };
 
     void Press(const char* button)
     {

@@ -39,6 +39,7 @@ protected:
         form.show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
         TakePointerAway();
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !button->Flags().over; }));
         button->clearFocus();
     }
     QPoint Centre() const { return button->rect().center(); }

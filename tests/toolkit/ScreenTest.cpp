@@ -1,6 +1,7 @@
 // What only a real pointer and a window manager show: drags of whole windows, popups, a pointer that leaves
 // unseen.
 #include "tests/testing/RealPointer.h"
+#include "toolkit/Button_XP.h"
 #include "toolkit/ChildForm.h"
 #include "toolkit/PopupMenu.h"
 #include "toolkit/SizeGrip.h"
@@ -146,4 +147,48 @@ TEST(OnScreen, APressOutsideClosesThePopup)
     PointAt(form.mapToGlobal(QPoint(400, 300)));
     Pointer({ "click", "1" });
     EXPECT_TRUE(Eventually([&] { return !menu.isVisible(); }));
+}
+
+TEST(OnScreen, APushButtonHeldWhileThePointerSlidesOffLooksUpAndIsNotClicked)
+{
+    QWidget window;
+    Button_XP button(&window);
+    button.SetCaption(QStringLiteral("Accept"));
+    button.setGeometry(20, 20, 100, 40);
+    window.setGeometry(200, 200, 300, 200);
+    ASSERT_TRUE(ShowActive(window));
+    QSignalSpy clicks(&button, &Button_XP::Click);
+    const QPoint on = button.mapToGlobal(button.rect().center());
+    const QPoint beside = window.mapToGlobal(QPoint(250, 150));
+
+    PointAt(on);
+    ASSERT_TRUE(Eventually([&] { return button.Flags().over; }));
+    Pointer({ "mousedown", "1" });
+    ASSERT_TRUE(Eventually([&] { return button.ShownFlags().pressed; }));
+    PointAt(beside);
+    EXPECT_TRUE(Eventually([&] { return !button.Flags().over && !button.ShownFlags().pressed; }));
+    EXPECT_TRUE(button.Flags().pressed);
+    Pointer({ "mouseup", "1" });
+    EXPECT_TRUE(Eventually([&] { return !button.Flags().pressed; }));
+    EXPECT_EQ(clicks.size(), 0);
+
+    PointAt(on);
+    Pointer({ "click", "1" });
+    EXPECT_TRUE(Eventually([&] { return clicks.size() == 1; }));
+}
+
+TEST(OnScreen, APushButtonFindsThatAWindowHasOpenedOverIt)
+{
+    QWidget window;
+    Button_XP button(&window);
+    button.setGeometry(20, 20, 100, 40);
+    window.setGeometry(200, 200, 300, 200);
+    ASSERT_TRUE(ShowActive(window));
+    PointAt(window.mapToGlobal(QPoint(250, 150)));
+    PointAt(button.mapToGlobal(button.rect().center()));
+    ASSERT_TRUE(Eventually([&] { return button.Flags().over; }));
+    QWidget cover(nullptr, Qt::Popup);
+    cover.setGeometry(window.frameGeometry());
+    cover.show();
+    EXPECT_TRUE(Eventually([&] { return !button.Flags().over; }));
 }
