@@ -5,7 +5,6 @@
 #include <QScreen>
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 namespace {
@@ -116,7 +115,7 @@ bool MessageHook::DeliverBetween(const Messages& messages, QEvent& event)
         return false;
     const QPointer<MessageHook> hook(this);
     Deliver(*window_, event);
-    for (const MessageParts& message : std::views::reverse(messages)) {
+    for (const MessageParts& message : Messages(messages.rbegin(), messages.rend())) {
         if (!hook || !window_)
             return true;
         if (!after_.Lets(message.uMsg))

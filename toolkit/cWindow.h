@@ -75,6 +75,6 @@ private:
     iWindow* owner_ = nullptr;
     std::weak_ptr<const void> ownersLife_;
     MessageTable messages_;
-    const MessageTable noMessages_;
+    const MessageTable noMessages_ {};
     std::vector<Entry> windows_;
 };
