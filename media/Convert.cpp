@@ -1,5 +1,6 @@
 #include "media/DecodedFrame.h"
 #include "media/FrameServer.h"
+#include "media/QuickStill.h"
 #include <algorithm>
 #include <cmath>
 
@@ -125,6 +126,15 @@ FramePtr PlanarFrame(QSize size, BufferPool& pool)
     return planes;
 }
 
+QImage StillByQuickRoad(const AVFrame& frame, QSize size, PictureMemory& memory)
+{
+    QImage image = AlignedImage(size, StillTarget, memory.stills);
+    if (!image.isNull())
+        QuickStill::Write(frame, sws_getCoefficients(MatrixOf(frame)), IsFullRange(frame), image.bits(),
+            int(image.bytesPerLine()));
+    return image;
+}
+
 /// Colour between the stored samples is interpolated both ways. The scaler has a fast road for that to
 /// separate planes only: over them it takes a sixth of the time of the straight way.
 QImage Still(const AVFrame& frame, QSize size, PictureMemory& memory)
@@ -133,6 +143,8 @@ QImage Still(const AVFrame& frame, QSize size, PictureMemory& memory)
     constexpr int best = SWS_BICUBIC | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT;
     if (!format || format->flags & AV_PIX_FMT_FLAG_RGB)
         return Scaled(frame, size, StillTarget, best, memory.stills);
+    if (QuickStill::CanTake(frame, size))
+        return StillByQuickRoad(frame, size, memory);
     const FramePtr planes = PlanarFrame(size, memory.planes);
     const ScalerPtr scaler = ScalerFor(frame, size, AV_PIX_FMT_GBRP, best);
     if (!planes || !scaler)
