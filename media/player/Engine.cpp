@@ -1,5 +1,6 @@
 #include "media/player/Engine.h"
 
+#include "media/Conveyor.h"
 #include "media/player/Deadline.h"
 #include "media/player/WithinMemory.h"
 #include <algorithm>
@@ -105,16 +106,27 @@ Shot Engine::Show(int number, media::Purpose purpose)
 
 Shot Engine::Render(const media::Picture& picture) const
 {
+    Shot shot = ShotOf(picture);
+    Draw(shot);
+    return shot;
+}
+
+Shot Engine::ShotOf(const media::Picture& picture) const
+{
     Shot shot;
     shot.number = picture.Number();
     shot.seconds = server_->TimeOf(picture.Number());
     shot.picture = picture;
     shot.turn = turn_;
-    const View view = wires_.LookedAt();
-    const QSize size = ShownSize(view, picture.Size());
-    if (!size.isEmpty() && (view.isVisible || !playback_))
-        shot.screen = picture.ToScreen(size);
     return shot;
+}
+
+void Engine::Draw(Shot& shot) const
+{
+    const View view = wires_.LookedAt();
+    const QSize size = ShownSize(view, shot.picture.Size());
+    if (!size.isEmpty() && (view.isVisible || !playback_))
+        shot.screen = shot.picture.ToScreen(size);
 }
 
 /// Number, brought into the range of the pictures there are.
@@ -277,11 +289,13 @@ void Engine::FillShelf()
     const std::vector<int> wanted = wires_.shelf.Wanted();
     if (wanted.empty())
         return wires_.shelf.Drop();
-    server_->Walk(wanted, [this](const media::Picture& picture) {
-        Shot shot = Render(picture);
-        shot.still = picture.ToStill();
+    media::Conveyor<Shot> stills([this](Shot& shot) {
+        Draw(shot);
+        shot.still = shot.picture.ToStill();
         return wires_.shelf.Put(shot);
     });
+    server_->Walk(wanted, [&](const media::Picture& picture) { return stills.Put(ShotOf(picture)); });
+    stills.Finish();
 }
 
 void Engine::Guard(const std::function<void()>& work)

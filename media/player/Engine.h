@@ -44,6 +44,9 @@ private:
 
     Shot Show(int number, media::Purpose purpose);
     Shot Render(const media::Picture& picture) const;
+    Shot ShotOf(const media::Picture& picture) const;
+    /// Makes the shot ready for the screen; also on the thread that makes the stills.
+    void Draw(Shot& shot) const;
     int LastWithin(std::chrono::seconds limit);
     void ReachTime(double seconds);
     int Reach(int number);

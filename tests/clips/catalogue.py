@@ -243,7 +243,7 @@ DAMAGE = [
           slice_of("h264_opengop.ts", lambda data: data[188 * 60:])),
     coded("cut_head.mpg", "15-99", 7, "program stream cut at the start: 98 packets, 85 pictures can be decoded",
           slice_of("mpeg2_interlaced.mpg", lambda data: data[30000:])),
-    coded("noise.mkv", "0-25,?49,75-99", 1, "random bit errors",
+    coded("noise.mkv", "0-25,?49,75-91,?8", 1, "random bit errors",
           convert("h264_closed.mp4", "-map 0:v -bsf:v noise=amount=3000")),
     coded("lost_packets.mkv", "0-4,6-19,?71", 1, "every tenth packet lost, the others keep their times",
           convert("h264_closed.mp4", "-map 0:v", ["-bsf:v", r"noise=drop='eq(mod(n\,10)\,7)'"])),
