@@ -47,13 +47,12 @@ void Decoder::Restart()
     while (Receive()) { }
 }
 
-void Decoder::Send(const AVPacket& packet, int ordinal, bool mayDrop)
+void Decoder::Send(const AVPacket& packet, int ordinal)
 {
     PacketPtr tagged(av_packet_clone(&packet));
     if (!tagged)
         throw MediaError(Failure::TooLarge, "no memory");
     tagged->pts = tagged->dts = ordinal;
-    context_->skip_frame = mayDrop ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
     avcodec_send_packet(context_.get(), tagged.get());
 }
 

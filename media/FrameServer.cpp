@@ -6,6 +6,7 @@
 #include "media/PictureCache.h"
 #include <algorithm>
 #include <climits>
+#include <set>
 #include <unordered_set>
 
 namespace media {
@@ -57,12 +58,15 @@ public:
     double TimeOf(int number) const override { return index_.Times().TimeOf(number); }
     int NumberAt(double seconds) const override { return index_.Times().NumberAt(seconds); }
     Picture Get(int number, Purpose purpose) override;
+    bool Prepare(int number, Interrupt::Clock::time_point until) override;
+    int Reserve() const override { return Room() / 4; }
     void Walk(const std::vector<int>& numbers, const std::function<bool(const Picture&)>& take) override;
     Picture Cached(int number) const override { return cache_.Find(number); }
 
 private:
     void Know(int number);
     void ThrowIfDue() const;
+    int Room() const { return int(std::min<qsizetype>(cache_.Limit() / pictureBytes_, INT_MAX)); }
     Goal GoalFor(int number, Purpose purpose) const;
     bool IsJumpAfter(const std::vector<int>& numbers, size_t at);
     Picture Reach(const Goal& goal);
@@ -72,6 +76,8 @@ private:
     Picture Pursue(const Goal& goal, bool mayDrain);
     Picture Receive(const Goal& goal);
     bool IsTainting(int ordinal);
+    bool MayDrop(int ordinal, const Goal& goal) const;
+    bool IsNearDamage(int ordinal) const;
     bool Feed(const Goal& goal, bool mayDrain);
     Picture MakePicture(FramePtr frame, int number) const;
 
@@ -89,8 +95,9 @@ private:
     int out_ = -1; ///< number of the picture that came out last
     bool isDrained_ = false;
     bool isTainted_ = false; ///< what comes out differs from one pass through the file
-    bool sawDamage_ = false;
     std::unordered_set<int> dropped_; ///< ordinals not decoded since the restart
+
+    std::set<int> damaged_; ///< keys behind which damage is known
 };
 
 FrameServerPrivate::FrameServerPrivate(const Source& source, Interrupt& interrupt, const Limits& limits)
@@ -103,6 +110,9 @@ FrameServerPrivate::FrameServerPrivate(const Source& source, Interrupt& interrup
     if (index_.Frames() == 0)
         throw MediaError(Failure::Damaged, "no picture can be decoded");
     size_ = Get(0, Purpose::Play).Size();
+    // A server on the web may be slow: what it sends is needed for the picture first.
+    if (source.kind == Source::Kind::Address)
+        return;
     const auto until = Interrupt::Clock::now() + IndexAtOpen;
     while (!index_.IsComplete() && Interrupt::Clock::now() < until)
         index_.Extend();
@@ -149,6 +159,26 @@ Picture FrameServerPrivate::Get(int number, Purpose purpose)
     Picture picture = Reach(GoalFor(number, purpose));
     cache_.Put(picture);
     return picture;
+}
+
+bool FrameServerPrivate::Prepare(int number, Interrupt::Clock::time_point until)
+{
+    Know(number);
+    for (int other = std::min(number + Reserve(), KnownFrames() - 1); other >= number; --other)
+        cache_.Take(other); // what was passed already makes room, not what still waits
+    if (!Cached(number).IsNull())
+        return true;
+    if (!CanContinue(number))
+        RestartAt(index_.EntryFor(number, Everything));
+    const Goal goal { .number = number, .keepFrom = number - Room() * 5 / 8 };
+    do {
+        if (!Receive(goal).IsNull())
+            return true;
+        ThrowIfDue();
+        if (out_ >= number || isTainted_ || !Feed(goal, false))
+            return !Get(number, Purpose::Step).IsNull(); // the hard way
+    } while (Interrupt::Clock::now() < until);
+    return false;
 }
 
 void FrameServerPrivate::Walk(
@@ -199,8 +229,7 @@ Goal FrameServerPrivate::GoalFor(int number, Purpose purpose) const
     case Purpose::Step:
         break;
     }
-    const int room = int(std::min<qsizetype>(cache_.Limit() / pictureBytes_, INT_MAX));
-    return { .number = number, .keepFrom = number - room * 7 / 8 };
+    return { .number = number, .keepFrom = number - Room() * 7 / 8 };
 }
 
 Picture FrameServerPrivate::Reach(const Goal& goal)
@@ -291,11 +320,31 @@ Picture FrameServerPrivate::Receive(const Goal& goal)
 /// decoder must be started again for that.
 bool FrameServerPrivate::IsTainting(int ordinal)
 {
-    sawDamage_ = true;
-    const bool isBehindEntry = entry_ > 0 && index_.KeyBefore(ordinal) == entry_;
+    const int key = index_.KeyBefore(ordinal);
+    damaged_.insert(key);
+    const bool isBehindEntry = entry_ > 0 && key == entry_;
     if (isBehindEntry)
         index_.MarkBadEntry(entry_, Everything);
     return isTainted_ = isBehindEntry || !dropped_.empty();
+}
+
+/// What no other picture needs and nobody wants is not even given to the decoder: a packet that it only looks
+/// at keeps one of its threads from working all the same.
+bool FrameServerPrivate::MayDrop(int ordinal, const Goal& goal) const
+{
+    const PacketFact& fact = index_.Fact(ordinal);
+    if (fact.Has(PacketFact::SecondField))
+        return dropped_.contains(ordinal - 1);
+    return fact.Has(PacketFact::Unreferenced) && fact.number >= 0 && !goal.Wants(fact.number)
+        && decoder_->CanDrop() && index_.IsSound() && !IsNearDamage(ordinal);
+}
+
+/// Whether there is damage between the key before a packet and the next key but one.
+bool FrameServerPrivate::IsNearDamage(int ordinal) const
+{
+    const int key = index_.KeyBefore(ordinal);
+    const auto damaged = damaged_.lower_bound(key);
+    return damaged != damaged_.end() && (*damaged == key || index_.KeyBefore(*damaged - 1) == key);
 }
 
 /// Gives the decoder one more packet, or tells it that none follows; false when that was told before.
@@ -310,12 +359,10 @@ bool FrameServerPrivate::Feed(const Goal& goal, bool mayDrain)
         isDrained_ = true;
         return true;
     }
-    const int number = index_.Fact(fed_).number;
-    const bool mayDrop =
-        decoder_->CanDrop() && !sawDamage_ && index_.IsSound() && number >= 0 && !goal.Wants(number);
-    decoder_->Send(*index_.Packet(fed_), fed_, mayDrop);
-    if (mayDrop)
+    if (MayDrop(fed_, goal))
         dropped_.insert(fed_);
+    else
+        decoder_->Send(*index_.Packet(fed_), fed_);
     ++fed_;
     return true;
 }

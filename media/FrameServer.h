@@ -141,6 +141,12 @@ public:
 
     /// Exactly picture number. Throws MediaError when it cannot be had before the interrupt is due.
     virtual Picture Get(int number, Purpose purpose) = 0;
+    /// Goes on towards having picture number, and as many before it as there is room for, in the cache, for
+    /// steps that are expected to come to it; the Reserve() pictures behind it stay there. Pauses at until.
+    /// Whether it is there.
+    virtual bool Prepare(int number, Interrupt::Clock::time_point until) = 0;
+    /// How many pictures may wait in the cache to be shown while those before them are prepared.
+    virtual int Reserve() const = 0;
     /// Skips what need not be decoded on the way through numbers (rising); calls take for each wanted picture
     /// in order until it returns false.
     virtual void Walk(const std::vector<int>& numbers, const std::function<bool(const Picture&)>& take) = 0;

@@ -19,6 +19,7 @@ constexpr auto PictureLimit = 5s;
 constexpr auto IndexLimit = 5s; // for the index to reach the place that a call asks for
 constexpr int IndexSlice = 512; // pictures, read between two looks at the commands
 constexpr int PlayingSlice = 32;
+constexpr auto PreparationSlice = 10ms; // of decoding for steps to come, between two looks at the commands
 constexpr auto SpareTime = 5ms; // a pause this long while playing is used for the index
 constexpr double LongestLastPicture = 10; // seconds; durations in files are no promise
 
@@ -358,14 +359,15 @@ Engine::Time Engine::WorkIdle()
 bool Engine::PrepareSteps()
 {
     const auto isCached = [this](int number) { return !server_->Cached(number).IsNull(); };
-    const std::optional<int> wanted = steps_.Wanted(server_->KnownFrames(), isCached);
+    const std::optional<int> wanted = steps_.Wanted(server_->KnownFrames(), server_->Reserve(), isCached);
     if (!wanted)
         return false;
     try {
         const Deadline deadline(wires_.interrupt, PictureLimit);
-        WithinMemory([&] { server_->Get(*wanted, media::Purpose::Step); });
+        const auto until = media::Interrupt::Clock::now() + PreparationSlice;
+        const bool isThere = WithinMemory([&] { return server_->Prepare(*wanted, until); });
         // A cache too small for what was wanted would have it decoded over and over.
-        if (isCached(*wanted))
+        if (!isThere || isCached(*wanted))
             return true;
     } catch (const media::MediaError&) {
         // Nobody asked for it yet.
