@@ -3,6 +3,7 @@
 #include "bench/BenchClips.h"
 #include "bench/Comparison.h"
 #include "capture/SavePicture.h"
+#include "media/Conveyor.h"
 #include "media/FrameServer.h"
 #include "media/player/PlayerControl.h"
 #include "tests/clips/BarCode.h"
@@ -48,10 +49,12 @@ void WriteByServer(const QString& clip, int stride, const QString& folder)
     for (int number = 0; number < server->KnownFrames(); number += stride)
         numbers.push_back(number);
     int place = 0;
-    server->Walk(numbers, [&](const media::Picture& picture) {
+    media::Conveyor<media::Picture> saved([&](const media::Picture& picture) {
         SavePicture(picture.ToStill(), NameOf(folder, ++place));
         return true;
     });
+    server->Walk(numbers, [&](const media::Picture& picture) { return saved.Put(picture); });
+    saved.Finish();
 }
 
 /// As a program would that has a player on the screen.

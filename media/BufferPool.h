@@ -20,11 +20,4 @@ private:
     std::unique_ptr<AVBufferPool, FreeByAddress<av_buffer_pool_uninit>> pool_;
 };
 
-/// The memory of the pictures made from one source.
-struct PictureMemory {
-    BufferPool planes;
-    BufferPool stills;
-    BufferPool screens;
-};
-
 } // namespace media

@@ -1,5 +1,6 @@
 #include "media/DecodedFrame.h"
-#include "media/FrameServer.h"
+#include "media/Picture.h"
+#include "media/QuickStill.h"
 #include <algorithm>
 #include <cmath>
 
@@ -82,31 +83,29 @@ bool IsFullRange(const AVFrame& frame)
     return frame.color_range == AVCOL_RANGE_JPEG || PlainFormat(frame) != frame.format;
 }
 
-ScalerPtr ScalerFor(const AVFrame& frame, QSize size, AVPixelFormat target, int flags)
+ScalerKind KindFor(const AVFrame& frame, QSize size, AVPixelFormat target, int flags)
 {
-    ScalerPtr scaler(sws_getContext(frame.width, frame.height, PlainFormat(frame), size.width(),
-        size.height(), target, flags, nullptr, nullptr, nullptr));
-    constexpr int one = 1 << 16;
-    if (scaler)
-        sws_setColorspaceDetails(scaler.get(), sws_getCoefficients(MatrixOf(frame)), IsFullRange(frame),
-            sws_getCoefficients(SWS_CS_DEFAULT), 1, 0, one, one);
-    return scaler;
+    return { frame.width, frame.height, PlainFormat(frame), size.width(), size.height(), target, flags,
+        MatrixOf(frame), IsFullRange(frame) };
 }
 
 /// The frame in another size and format; null when there is no memory for it.
-QImage Scaled(const AVFrame& frame, QSize size, const Target& target, int flags, BufferPool& pool)
+QImage Scaled(
+    const AVFrame& frame, QSize size, const Target& target, int flags, BufferPool& pool, ScalerPool& scalers)
 {
     QImage image = AlignedImage(size, target, pool);
+    if (image.isNull())
+        return {};
     // An odd width takes the scaler's slow road, up to five times the time. For the screen the padding of the
     // rows takes the column that makes it even.
     const int width = target.pixels == ScreenTarget.pixels ? FFALIGN(size.width(), 2) : size.width();
-    const ScalerPtr scaler = ScalerFor(frame, { width, size.height() }, target.pixels, flags);
-    if (image.isNull() || !scaler)
-        return {};
     uint8_t* rows[] = { image.bits(), nullptr, nullptr, nullptr };
     const int strides[] = { int(image.bytesPerLine()), 0, 0, 0 };
-    sws_scale(scaler.get(), frame.data, frame.linesize, 0, frame.height, rows, strides);
-    return image;
+    const bool isDone =
+        scalers.With(KindFor(frame, { width, size.height() }, target.pixels, flags), [&](SwsContext& scaler) {
+            sws_scale(&scaler, frame.data, frame.linesize, 0, frame.height, rows, strides);
+        });
+    return isDone ? image : QImage();
 }
 
 /// A frame of three planes for colours; null when there is no memory for it.
@@ -125,6 +124,15 @@ FramePtr PlanarFrame(QSize size, BufferPool& pool)
     return planes;
 }
 
+QImage StillByQuickRoad(const AVFrame& frame, QSize size, PictureMemory& memory)
+{
+    QImage image = AlignedImage(size, StillTarget, memory.stills);
+    if (!image.isNull())
+        QuickStill::Write(frame, sws_getCoefficients(MatrixOf(frame)), IsFullRange(frame), image.bits(),
+            int(image.bytesPerLine()));
+    return image;
+}
+
 /// Colour between the stored samples is interpolated both ways. The scaler has a fast road for that to
 /// separate planes only: over them it takes a sixth of the time of the straight way.
 QImage Still(const AVFrame& frame, QSize size, PictureMemory& memory)
@@ -132,13 +140,16 @@ QImage Still(const AVFrame& frame, QSize size, PictureMemory& memory)
     const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(AVPixelFormat(frame.format));
     constexpr int best = SWS_BICUBIC | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT;
     if (!format || format->flags & AV_PIX_FMT_FLAG_RGB)
-        return Scaled(frame, size, StillTarget, best, memory.stills);
+        return Scaled(frame, size, StillTarget, best, memory.stills, memory.scalers);
+    if (QuickStill::CanTake(frame, size))
+        return StillByQuickRoad(frame, size, memory);
     const FramePtr planes = PlanarFrame(size, memory.planes);
-    const ScalerPtr scaler = ScalerFor(frame, size, AV_PIX_FMT_GBRP, best);
-    if (!planes || !scaler)
+    const auto scale = [&](SwsContext& scaler) {
+        sws_scale(&scaler, frame.data, frame.linesize, 0, frame.height, planes->data, planes->linesize);
+    };
+    if (!planes || !memory.scalers.With(KindFor(frame, size, AV_PIX_FMT_GBRP, best), scale))
         return {};
-    sws_scale(scaler.get(), frame.data, frame.linesize, 0, frame.height, planes->data, planes->linesize);
-    return Scaled(*planes, size, StillTarget, SWS_POINT, memory.stills);
+    return Scaled(*planes, size, StillTarget, SWS_POINT, memory.stills, memory.scalers);
 }
 
 /// Size in square pixels before any turn: the stored height, the width by the pixels' aspect.
@@ -194,7 +205,7 @@ QImage Picture::ToScreen(QSize size) const
     const QSize unturned = SwapsSides(frame_->turn) ? size.transposed() : size;
     const bool isHalfOrLess = unturned.width() * 2 <= frame_->frame->width;
     const QImage image = Scaled(*frame_->frame, unturned, ScreenTarget,
-        isHalfOrLess ? SWS_AREA : SWS_BILINEAR, frame_->memory->screens);
+        isHalfOrLess ? SWS_AREA : SWS_BILINEAR, frame_->memory->screens, frame_->memory->scalers);
     return Turned(image, frame_->turn, ScreenTarget.format);
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "media/BufferPool.h"
-#include "media/Libav.h"
+#include "media/PictureMemory.h"
 #include <QTransform>
 
 namespace media {

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "media/FrameServer.h"
+#include "media/Interrupt.h"
 #include "media/Libav.h"
+#include "media/MemoryFile.h"
+#include "media/Source.h"
 
 namespace media {
 
@@ -9,9 +11,6 @@ namespace media {
 /// interrupt is due.
 class MediaSource {
 public:
-    /// Largest picture in pixels that is decoded.
-    static constexpr int64_t MaxPixels = 67'108'864;
-
     /// Opens the source and finds its first video stream. Throws MediaError.
     MediaSource(const Source& source, Interrupt& interrupt);
     ~MediaSource();
@@ -32,9 +31,9 @@ public:
     PacketPtr ReadBytes(int64_t position, int count);
 
     const AVStream& Video() const { return *format_->streams[stream_]; }
-    /// The codec parameters of the packets that Read gives.
     /// Whether packets that hold two pictures are split on the way.
     bool IsUnpacked() const { return filter_ != nullptr; }
+    /// The codec parameters of the packets that Read gives.
     const AVCodecParameters& Parameters() const { return filter_ ? *filter_->par_out : *Video().codecpar; }
     const AVFormatContext& Format() const { return *format_; }
     bool HasSound() const;
@@ -42,7 +41,7 @@ public:
     bool IsBareStream() const;
 
 private:
-    static int IsDue(void* self);
+    bool IsDue() const;
     void Open();
     void Configure(AVFormatContext& format);
     void OpenMemory(AVFormatContext& format);
@@ -57,7 +56,6 @@ private:
     QByteArray address_;
     Interrupt& interrupt_;
     Interrupt::Clock::time_point openBy_ = Interrupt::Clock::time_point::max();
-    struct MemoryFile;
     std::unique_ptr<MemoryFile> memory_;
     FormatPtr format_;
     FilterPtr filter_;

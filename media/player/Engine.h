@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/player/GrowingIndex.h"
 #include "media/player/Playback.h"
 #include "media/player/StepAhead.h"
 #include "media/player/Wires.h"
@@ -40,13 +41,11 @@ public:
     Time Work();
 
 private:
-    class ServerTimeline;
-
     Shot Show(int number, media::Purpose purpose);
     Shot Render(const media::Picture& picture) const;
-    int LastWithin(std::chrono::seconds limit);
-    void ReachTime(double seconds);
-    int Reach(int number);
+    Shot ShotOf(const media::Picture& picture) const;
+    /// Makes the shot ready for the screen; also on the thread that makes the stills.
+    void Draw(Shot& shot) const;
 
     void PlayFrom(int shown, int next);
     int Following(int shown, const PlaySpan& span);
@@ -59,22 +58,18 @@ private:
     void Redraw();
     Time WorkIdle();
     Time WorkPlaying();
-    bool ExtendIndex(int frames);
-    bool IsIndexWhole() const { return indexFailure_ || server_->IsComplete(); }
     bool PrepareSteps();
-    void TellFacts();
 
     Wires& wires_;
     bool isAddress_;
     std::unique_ptr<media::FrameServer> server_;
-    std::unique_ptr<Timeline> timeline_;
+    std::unique_ptr<GrowingIndex> index_;
     std::unique_ptr<Playback> playback_;
     PlayOptions options_;
     Shot shown_; ///< while playing
     int turn_ = 0;
     StepAhead steps_;
     bool wantsWholeIndex_ = false;
-    std::optional<media::Failure> indexFailure_; ///< why the index cannot grow any more
 };
 
 } // namespace player

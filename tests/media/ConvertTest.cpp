@@ -2,8 +2,10 @@
 #include "media/FrameServer.h"
 #include "tests/media/Opened.h"
 
+#include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace media {
 
@@ -15,24 +17,69 @@ struct Flat {
     int v;
 };
 
-/// A picture of one colour as a decoder gives it.
-Picture FlatPicture(Flat colour, int height, AVColorSpace matrix, AVColorRange range,
-    AVPixelFormat format = AV_PIX_FMT_YUV420P, int width = 64)
+/// A picture as a decoder gives it, its samples not set.
+std::shared_ptr<DecodedFrame> BlankFrame(
+    QSize size, AVColorSpace matrix, AVColorRange range, AVPixelFormat format = AV_PIX_FMT_YUV420P)
 {
     auto decoded = std::make_shared<DecodedFrame>();
     decoded->memory = std::make_shared<PictureMemory>();
     decoded->frame.reset(av_frame_alloc());
     AVFrame& frame = *decoded->frame;
     frame.format = format;
-    frame.width = width;
-    frame.height = height;
+    frame.width = size.width();
+    frame.height = size.height();
     frame.colorspace = matrix;
     frame.color_range = range;
     av_frame_get_buffer(&frame, 0);
+    return decoded;
+}
+
+/// A picture of one colour.
+Picture FlatPicture(Flat colour, int height, AVColorSpace matrix, AVColorRange range,
+    AVPixelFormat format = AV_PIX_FMT_YUV420P, int width = 64)
+{
+    const auto decoded = BlankFrame({ width, height }, matrix, range, format);
+    const AVFrame& frame = *decoded->frame;
     std::memset(frame.data[0], colour.y, size_t(frame.linesize[0]) * size_t(height));
     std::memset(frame.data[1], colour.u, size_t(frame.linesize[1]) * size_t((height + 1) / 2));
     std::memset(frame.data[2], colour.v, size_t(frame.linesize[2]) * size_t((height + 1) / 2));
     return { decoded, 0 };
+}
+
+/// Samples of all values, the strongest contrasts among them.
+void FillWithNoise(const AVFrame& frame)
+{
+    std::mt19937 generator(unsigned(frame.width));
+    const auto noise = [&] {
+        const auto value = generator();
+        return uint8_t(value % 3 == 0 ? value >> 8 : value % 3 == 1 ? 0 : 255);
+    };
+    for (const int plane : { 0, 1, 2 })
+        std::generate_n(
+            frame.data[plane], frame.linesize[plane] * (plane == 0 ? frame.height : frame.height / 2), noise);
+}
+
+/// The still as the library makes it with its best settings.
+QImage StillOfTheLibrary(const AVFrame& frame, int matrix, bool isFullRange)
+{
+    QImage still(frame.width, frame.height, QImage::Format_BGR888);
+    const ScalerPtr scaler(
+        sws_getContext(frame.width, frame.height, AV_PIX_FMT_YUV420P, frame.width, frame.height,
+            AV_PIX_FMT_GBRP, SWS_BICUBIC | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT, nullptr, nullptr, nullptr));
+    sws_setColorspaceDetails(scaler.get(), sws_getCoefficients(matrix), isFullRange,
+        sws_getCoefficients(SWS_CS_DEFAULT), 1, 0, 1 << 16, 1 << 16);
+    const FramePtr planes(av_frame_alloc());
+    planes->format = AV_PIX_FMT_GBRP;
+    planes->width = frame.width;
+    planes->height = frame.height;
+    av_frame_get_buffer(planes.get(), 0);
+    sws_scale(scaler.get(), frame.data, frame.linesize, 0, frame.height, planes->data, planes->linesize);
+    for (int y = 0; y < frame.height; ++y)
+        for (int x = 0; x < frame.width; ++x) {
+            const auto part = [&](int plane) { return planes->data[plane][y * planes->linesize[plane] + x]; };
+            still.setPixel(x, y, qRgb(part(2), part(0), part(1)));
+        }
+    return still;
 }
 
 void ExpectRed(const QImage& image)
@@ -68,6 +115,22 @@ TEST(Convert, FullRangeIsHonouredByTagAndByFormat)
     ExpectRed(FlatPicture(RedOfJpeg, 64, AVCOL_SPC_BT470BG, AVCOL_RANGE_JPEG).ToStill());
     ExpectRed(FlatPicture(RedOfJpeg, 64, AVCOL_SPC_BT470BG, AVCOL_RANGE_UNSPECIFIED, AV_PIX_FMT_YUVJ420P)
                   .ToStill());
+}
+
+TEST(Convert, AStillIsToTheLastBitThatOfTheBestConversion)
+{
+    constexpr QSize sizes[] = { { 64, 64 }, { 66, 64 }, { 70, 130 }, { 96, 66 }, { 98, 74 }, { 130, 64 },
+        { 720, 576 }, { 854, 480 } };
+    for (const QSize size : sizes)
+        for (const bool isFullRange : { false, true }) {
+            SCOPED_TRACE(
+                testing::Message() << size.width() << "x" << size.height() << " full range " << isFullRange);
+            const auto decoded =
+                BlankFrame(size, AVCOL_SPC_BT709, isFullRange ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG);
+            FillWithNoise(*decoded->frame);
+            EXPECT_EQ(Picture(decoded, 0).ToStill(),
+                StillOfTheLibrary(*decoded->frame, SWS_CS_ITU709, isFullRange));
+        }
 }
 
 TEST(Convert, TheScreenShowsTheSameColours)
