@@ -2,10 +2,12 @@
 
 #include "app/CRegSettings.h"
 #include "app/SettingsKeys.h"
+#include "desktop/Dib.h"
 #include <QImage>
 #include <QPointer>
 #include <QStringList>
 #include <QWidget>
+#include <deque>
 #include <vector>
 
 /// The state that every window shares, made once and living as long as the program. Reached through Frame.
@@ -78,6 +80,7 @@ public:
     QString CurrentExt; ///< "Ext" as last read; ".bmp" while a save forces it
     int FormatIndex = 0; ///< row of the format table used by the last save; stays when an extension fits none
     qint16 CaptureWindowCount = 0; ///< capture windows ever opened; numbers them
+    std::deque<Dib> StillsTaken; ///< by captures that are not handed over yet; the first is being handed over
     QImage SelectedBitmap; ///< the thumbnail last clicked, null when none
     bool UseSelectedBitmap = false; ///< the next capture window takes SelectedBitmap
 

@@ -168,7 +168,7 @@ int Lead::Paste(Clipboard& clipboard, int flags)
 {
     if (flags == PasteTest)
         return clipboard.HasPicture() ? 1 : 0;
-    const QImage picture = clipboard.Picture();
+    const QImage picture = AsControl([&] { return clipboard.Picture(); });
     if (picture.isNull())
         throw ControlError(QStringLiteral("There is no picture on the clipboard."));
     SetBitmap(picture);

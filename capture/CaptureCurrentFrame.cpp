@@ -10,6 +10,9 @@
 #include "desktop/Clipboard.h"
 #include "video/ltmmPlay.h"
 
+#include <deque>
+#include <utility>
+
 namespace {
 
 enum OpThumb { ThumbnailOnly = 0, ViewerAndThumbnail = 1, ViewerOnly = 2 };
@@ -63,18 +66,38 @@ void Show(Frame& frame)
     }
 }
 
+void TellFailure(Frame& frame)
+{
+    frame.Errors().Show(frame.FrameWindow(), QStringLiteral("Error!"),
+        QStringLiteral("Capture Error. Restart video, then pause, then try to capture again."));
+}
+
+void Deliver(Frame& frame, Dib&& still)
+{
+    try {
+        if (HandOver(frame, std::move(still)))
+            Show(frame);
+        else
+            frame.EnableCommand(Command::Save, false);
+    } catch (const ControlError&) {
+        TellFailure(frame);
+    }
+}
+
 } // namespace
 
 void CaptureCurrentFrame(Frame& frame)
 {
     const Hourglass hourglass;
+    std::deque<Dib>& stills = frame.State().StillsTaken;
     try {
-        if (HandOver(frame, frame.CurrentPlayer().GetStillDIB(StillTimeout)))
-            Show(frame);
-        else
-            frame.EnableCommand(Command::Save, false);
+        stills.push_back(frame.CurrentPlayer().GetStillDIB(StillTimeout));
     } catch (const ControlError&) {
-        frame.Errors().Show(frame.FrameWindow(), QStringLiteral("Error!"),
-            QStringLiteral("Capture Error. Restart video, then pause, then try to capture again."));
+        return TellFailure(frame);
     }
+    // A press while another capture lets events run has its still now and its turn on the clipboard later.
+    if (stills.size() > 1)
+        return;
+    for (; !stills.empty(); stills.pop_front())
+        Deliver(frame, std::move(stills.front()));
 }

@@ -75,13 +75,8 @@ void MediaSource::Open()
     if (source_.kind == Source::Kind::Memory)
         OpenMemory(*format);
     Options options;
-    options.Set("protocol_whitelist", AllowedProtocols(source_.kind));
+    SetNetworkOptions(options, source_.kind);
     options.Set("format_whitelist", AllowedFormats(source_.kind).constData());
-    if (source_.kind == Source::Kind::Address) {
-        options.Set("rw_timeout", "10000000");
-        options.Set("tls_verify", "1");
-        options.Set("ca_file", "/etc/ssl/certs/ca-certificates.crt");
-    }
     if (const int error = avformat_open_input(&format, address_.constData(), nullptr, options.Address());
         error < 0)
         FailToOpen(error);

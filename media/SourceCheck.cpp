@@ -88,6 +88,20 @@ QByteArray FirstBytes(const Source& source)
     return bytes.left(std::max<ssize_t>(count, 0));
 }
 
+/// Names of the protocols that may be used for a source, separated by commas.
+const char* AllowedProtocols(Source::Kind kind)
+{
+    switch (kind) {
+    case Source::Kind::File:
+        return "file";
+    case Source::Kind::Address:
+        return "http,https,tls,tcp,crypto,httpproxy";
+    case Source::Kind::Memory:
+        return "data";
+    }
+    return "";
+}
+
 } // namespace
 
 QByteArray CheckedAddress(const Source& source)
@@ -123,17 +137,14 @@ QByteArray AllowedFormats(Source::Kind kind)
     return kind == Source::Kind::Address ? QByteArray(Containers) + ListsOfTheWeb : QByteArray(Containers);
 }
 
-const char* AllowedProtocols(Source::Kind kind)
+void SetNetworkOptions(Options& options, Source::Kind kind)
 {
-    switch (kind) {
-    case Source::Kind::File:
-        return "file";
-    case Source::Kind::Address:
-        return "http,https,tls,tcp,crypto,httpproxy";
-    case Source::Kind::Memory:
-        return "data";
-    }
-    return "";
+    options.Set("protocol_whitelist", AllowedProtocols(kind));
+    if (kind != Source::Kind::Address)
+        return;
+    options.Set("rw_timeout", "10000000"); // microseconds
+    options.Set("tls_verify", "1");
+    options.Set("ca_file", "/etc/ssl/certs/ca-certificates.crt");
 }
 
 } // namespace media

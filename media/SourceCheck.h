@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/Libav.h"
 #include "media/Source.h"
 
 namespace media {
@@ -13,9 +14,8 @@ QByteArray CheckedAddress(const Source& source);
 /// Whether the first bytes of a file or a block look like one of the container formats that are opened.
 bool LooksLikeVideo(const Source& source);
 
+/// What keeps the library to the protocols of a source, and to their times on the web.
+void SetNetworkOptions(Options& options, Source::Kind kind);
 /// Names of the demuxers that may open a source, separated by commas.
 QByteArray AllowedFormats(Source::Kind kind);
-/// Names of the protocols that may be used for a source, separated by commas.
-const char* AllowedProtocols(Source::Kind kind);
-
 } // namespace media

@@ -99,27 +99,34 @@ void Viewer::Bind()
 void Viewer::LoadPicture()
 {
     ApplicationState& state = frame_.State();
+    const bool usesSelected = std::exchange(state.UseSelectedBitmap, false);
     try {
         if (state.NoCap)
             ImmediateSave(frame_);
-        Clipboard& clipboard = frame_.SystemClipboard();
-        const bool canPaste = Lead1->Paste(clipboard, Lead::PasteTest) > 0;
-        if (canPaste)
-            Lead1->Paste(clipboard, Lead::PasteTake);
-        frame_.EnableCommand(Command::Save, canPaste);
-        if (state.UseSelectedBitmap) {
-            Lead1->SetBitmap(state.SelectedBitmap);
-            state.UseSelectedBitmap = false;
-        }
-        frame_.EnableCommand(Command::Print, true);
-        ClipPic_ = Lead1->GetPicture();
-        SizeToPicture();
-        frame_.PumpEvents();
-        state.ApplyToolTips(*this);
+        TakePicture(usesSelected);
     } catch (const ControlError&) {
         frame_.Errors().Show(frame_.FrameWindow(), QStringLiteral("Error Opening Capture!"),
             QStringLiteral("Error opening clipboard capture."));
+        // If it was the file that failed, the capture itself is still to be had.
+        IgnoreErrors([&] { TakePicture(usesSelected); });
     }
+    state.ApplyToolTips(*this);
+}
+
+void Viewer::TakePicture(bool usesSelected)
+{
+    ApplicationState& state = frame_.State();
+    Clipboard& clipboard = frame_.SystemClipboard();
+    const bool canPaste = Lead1->Paste(clipboard, Lead::PasteTest) > 0;
+    if (canPaste)
+        Lead1->Paste(clipboard, Lead::PasteTake);
+    frame_.EnableCommand(Command::Save, canPaste);
+    if (usesSelected)
+        Lead1->SetBitmap(state.SelectedBitmap);
+    frame_.EnableCommand(Command::Print, true);
+    ClipPic_ = Lead1->GetPicture();
+    SizeToPicture();
+    frame_.PumpEvents();
 }
 
 void Viewer::SizeToPicture()

@@ -30,6 +30,7 @@ private:
     void BuildTools(QWidget* column);
     void Bind();
     void LoadPicture();
+    void TakePicture(bool usesSelected);
     void SizeToPicture();
     void Zoom(Qt::MouseButton button);
     void ShowPopup();

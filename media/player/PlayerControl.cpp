@@ -1,4 +1,5 @@
 #include "media/player/PlayerControl.h"
+#include "media/player/OpeningWait.h"
 
 #include "media/player/AsPlayerFailure.h"
 #include "media/player/PaintShot.h"
@@ -74,7 +75,16 @@ void PlayerControl::Open(const media::Source& source)
         if (*running_ >= MaxOrphans)
             throw media::MediaError(media::Failure::Refused, "too many sources hang");
         mail_ = std::make_shared<Mailbox>(this, [this](const Mail& mail) { Read(mail); });
-        session_ = Session::Start(source, view_, mail_, running_);
+        const std::shared_ptr<Session> session = Session::Start(source, view_, mail_, running_);
+        const bool mayTakeLong = source.kind == media::Source::Kind::Address;
+        const QPointer<PlayerControl> self(this);
+        if (mayTakeLong && !AwaitOpening(*this, [session] { return session->HasOpened(); })) {
+            session->Close();
+            if (self)
+                Drop();
+            return;
+        }
+        session_ = session;
         Adopt(session_->First());
     } catch (const media::MediaError& error) {
         Drop();

@@ -1,5 +1,6 @@
 #include "media/player/Session.h"
 
+#include "media/PlayList.h"
 #include "media/player/WithinMemory.h"
 
 namespace player {
@@ -44,6 +45,7 @@ void Session::Run()
     std::unique_ptr<Engine> engine;
     try {
         opened_.set_value(WithinMemory([&] {
+            source_ = media::Followed(source_, wires_.interrupt);
             engine = std::make_unique<Engine>(source_, wires_);
             return engine->Seek(0, media::Purpose::Step);
         }));
@@ -75,12 +77,16 @@ void Session::Close()
         thread_.detach();
 }
 
+bool Session::HasOpened() const
+{
+    return first_.wait_for(0s) == std::future_status::ready;
+}
+
 Shot Session::First()
 {
-    std::future<Shot> opened = opened_.get_future();
-    if (opened.wait_for(OpenPatience) != std::future_status::ready)
+    if (first_.wait_for(OpenPatience) != std::future_status::ready)
         throw NoAnswer();
-    return opened.get();
+    return first_.get();
 }
 
 /// Gives an order and waits for its result, or its failure.

@@ -22,7 +22,9 @@ public:
     /// Ends the thread, within JoinLimit or behind our back.
     void Close();
 
-    /// The first picture, once the source is open.
+    /// Whether the source is open, or the attempt has failed: First does not wait then.
+    bool HasOpened() const;
+    /// The first picture, once the source is open. To be asked for once.
     Shot First();
 
     Shot Seek(int number, media::Purpose purpose);
@@ -67,6 +69,7 @@ private:
     Wires wires_;
     CommandQueue commands_;
     std::promise<Shot> opened_;
+    std::future<Shot> first_ = opened_.get_future();
     std::promise<void> ended_;
     std::thread thread_;
     int turn_ = 0;

@@ -44,6 +44,23 @@ TEST_F(CaptureCurrentFrameTest, TheFrameGoesThroughTheClipboardInOrder)
     EXPECT_EQ(frame_.log.count(QStringLiteral("PumpEvents")), 1);
 }
 
+TEST_F(CaptureCurrentFrameTest, APressDuringACaptureHasTheFrameItSawAndItsTurnAfterwards)
+{
+    Store(2);
+    QList<QImage> shown;
+    frame_.player.frame = 1;
+    frame_.whenPumped = [this] {
+        if (frame_.player.frame > 2)
+            return;
+        ++frame_.player.frame;
+        CaptureCurrentFrame(frame_);
+        ++frame_.player.frame;
+    };
+    frame_.whenViewerOpens = [&] { shown << frame_.clipboard.picture; };
+    CaptureCurrentFrame(frame_);
+    EXPECT_EQ(shown, QList({ frame_.player.StillNumber(1), frame_.player.StillNumber(2) }));
+}
+
 TEST_F(CaptureCurrentFrameTest, NeverStoredMeansWindowAndThumbnail)
 {
     CaptureCurrentFrame(frame_);

@@ -1,9 +1,11 @@
 // Videos of the web: what the player makes of servers that behave and of those that do not. However a server
 // behaves, an attempt ends within its time, and nothing is opened that the address does not name.
 #include "tests/player/PlayerFixture.h"
+#include "tests/testing/RunningDialog.h"
 
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QTimer>
 
 namespace {
 
@@ -89,6 +91,30 @@ TEST_F(PlayerAddressTest, ALineThatFallsSilentShowsWhatCame)
 TEST_F(PlayerAddressTest, AServerThatNeverAnswersIsGivenUp)
 {
     EXPECT_TRUE(Refusal(plain_ + QStringLiteral("/silent")).contains(QStringLiteral("answer")));
+}
+
+TEST_F(PlayerAddressTest, TheUserCanCancelTheWaitAndIsToldNothing)
+{
+    WhenOpen<QDialog>([](QDialog& box) { box.reject(); });
+    EXPECT_FALSE(Opens(plain_ + QStringLiteral("/silent")));
+    EXPECT_TRUE(Opens(plain_ + QStringLiteral("/good/frag.mp4")));
+    EXPECT_TRUE(errors_.empty());
+}
+
+TEST_F(PlayerAddressTest, TimersTickAndWindowsPaintWhileAnAddressOpens)
+{
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });
+    timer.start(20);
+    EXPECT_TRUE(Opens(plain_ + QStringLiteral("/slow/two_frames.avi")));
+    EXPECT_GT(ticks, 10);
+}
+
+TEST_F(PlayerAddressTest, APlayListOfTheWebLeadsToItsFirstReference)
+{
+    EXPECT_TRUE(Opens(plain_ + QStringLiteral("/leads.asx?") + plain_ + QStringLiteral("/good/frag.mp4")));
+    EXPECT_NE(Refusal(plain_ + QStringLiteral("/leads.asx?file://" TAQ_CLIPS "/frag.mp4")), QString());
 }
 
 TEST_F(PlayerAddressTest, HeaderLinesWithoutEndAreGivenUp)

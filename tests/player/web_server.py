@@ -14,6 +14,7 @@ plain and TLS (with a certificate that nobody has signed), and serves until its 
     /to?ADDRESS     sends the asker on to an address
     /round          sends the asker to itself
     /list?LINE&…    a play list of these lines
+    /leads.asx?ADDRESS  an .asx play list that leads to an address
 """
 
 import http.server
@@ -42,7 +43,7 @@ class Answer(http.server.BaseHTTPRequestHandler):
         address = urllib.parse.urlsplit(self.path)
         way, _, name = address.path.strip("/").partition("/")
         try:
-            getattr(self, "answer_" + way)(name, address.query)
+            getattr(self, "answer_" + way.partition(".")[0])(name, address.query)
         except (BrokenPipeError, ConnectionResetError):
             pass  # the asker has had enough
 
@@ -114,6 +115,11 @@ class Answer(http.server.BaseHTTPRequestHandler):
 
     def answer_round(self, *_):
         self.head(302, Location=self.path, Content_Length=0)
+
+    def answer_leads(self, _, address):
+        text = f'<asx version="3.0"><entry><ref href="{urllib.parse.unquote(address)}"/></entry></asx>'
+        self.head(Content_Length=len(text))
+        self.wfile.write(text.encode())
 
     def answer_list(self, _, lines):
         text = "#EXTM3U\n#EXT-X-TARGETDURATION:10\n" + "".join(

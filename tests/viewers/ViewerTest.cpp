@@ -126,7 +126,18 @@ TEST_F(ViewerTest, AFailureWhileThePictureIsLoadedIsTold)
     frame.player.failsStills = true;
     frame.errors.Expect(
         QStringLiteral("Error Opening Capture!"), QStringLiteral("Error opening clipboard capture."));
-    EXPECT_TRUE(Open()->Picture().Bitmap().isNull()) << "the file comes first";
+    EXPECT_FALSE(Open()->Picture().Bitmap().isNull()) << "the capture itself is not lost";
+}
+
+TEST_F(ViewerTest, AFailureLeavesNoThumbnailBehindForTheNextCapture)
+{
+    state.NoCap = true;
+    state.UseSelectedBitmap = true;
+    frame.player.failsStills = true;
+    frame.errors.Expect(
+        QStringLiteral("Error Opening Capture!"), QStringLiteral("Error opening clipboard capture."));
+    Open();
+    EXPECT_FALSE(state.UseSelectedBitmap);
 }
 
 TEST_F(ViewerTest, ClosingTakesTheWindowOutOfTheKidTable)

@@ -1,0 +1,98 @@
+#include "media/PlayList.h"
+#include "media/Failure.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace media {
+
+namespace {
+
+class PlayLists : public testing::Test {
+protected:
+    QByteArray Written(const QByteArray& text, const char* name = "list.asx") const
+    {
+        QFile file(folder_.filePath(QLatin1String(name)));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        return file.fileName().toUtf8();
+    }
+    static Source File(const QByteArray& path) { return { Source::Kind::File, path }; }
+    static std::optional<Failure> FailureOf(const Source& source)
+    {
+        Interrupt interrupt;
+        try {
+            Followed(source, interrupt);
+            return std::nullopt;
+        } catch (const MediaError& error) {
+            return error.failure;
+        }
+    }
+    QByteArray Folder() const { return folder_.path().toUtf8(); }
+
+private:
+    QTemporaryDir folder_;
+};
+
+QByteArray Marked(const QByteArray& reference)
+{
+    return "<asx version=\"3.0\">\n<entry>\n<ref href=\"" + reference + "\"/>\n</entry>\n</asx>\n";
+}
+
+} // namespace
+
+TEST(FirstReference, IsReadInEveryFormThatListsCameIn)
+{
+    EXPECT_EQ(FirstReference(Marked("a.avi")), "a.avi");
+    EXPECT_EQ(FirstReference("<ASX><ENTRY><REF HREF = 'b.avi' /></ENTRY></ASX>"), "b.avi");
+    EXPECT_EQ(FirstReference("<asx><entry><ref id=1 href=c.avi></entry></asx>"), "c.avi");
+    EXPECT_EQ(FirstReference("[Reference]\r\nRef1=d.avi\r\nRef2=e.avi\r\n"), "d.avi");
+    EXPECT_EQ(FirstReference(Marked("http://h/?a=1&amp;b=2")), "http://h/?a=1&b=2");
+    EXPECT_EQ(
+        FirstReference("<asx><entry><ref href=\"f.avi\"/><ref href=\"g.avi\"/></entry></asx>"), "f.avi");
+}
+
+TEST(FirstReference, IsEmptyWhereThereIsNone)
+{
+    EXPECT_EQ(FirstReference(""), "");
+    EXPECT_EQ(FirstReference("<asx><entry><reference href=\"a.avi\"/></entry></asx>"), "");
+}
+
+TEST_F(PlayLists, OtherSourcesAreThemselves)
+{
+    Interrupt interrupt;
+    EXPECT_EQ(Followed(File("/films/a.avi"), interrupt).data, "/films/a.avi");
+    EXPECT_EQ(Followed({ Source::Kind::Memory, "x.asx" }, interrupt).data, "x.asx");
+}
+
+TEST_F(PlayLists, AListLeadsToTheFileBesideIt)
+{
+    Interrupt interrupt;
+    EXPECT_EQ(Followed(File(Written(Marked("sub/a.avi"))), interrupt).data, Folder() + "/sub/a.avi");
+    EXPECT_EQ(Followed(File(Written(Marked("/films/a.avi"), "LIST.ASX")), interrupt).data, "/films/a.avi");
+}
+
+TEST_F(PlayLists, AListOnThisMachineDoesNotLeadToTheWeb)
+{
+    for (const char* reference :
+        { "http://example.org/a.avi", "https://example.org/a.avi", "mms://example.org/a" })
+        EXPECT_EQ(FailureOf(File(Written(Marked(reference)))), Failure::Refused) << reference;
+}
+
+TEST_F(PlayLists, AListOfListsIsRefused)
+{
+    EXPECT_EQ(FailureOf(File(Written(Marked("list.asx")))), Failure::Refused);
+}
+
+TEST_F(PlayLists, AListWithoutAReferenceIsNoVideo)
+{
+    EXPECT_EQ(FailureOf(File(Written("<asx></asx>"))), Failure::NotAVideo);
+}
+
+TEST_F(PlayLists, AMissingListIsNotFound)
+{
+    EXPECT_EQ(FailureOf(File(Folder() + "/none.asx")), Failure::NotFound);
+}
+
+} // namespace media
