@@ -104,7 +104,7 @@ Picture CachingServer::Get(int number, Purpose purpose)
     Know(number);
     if (Picture kept = cache_.Take(number); !kept.IsNull())
         return kept;
-    const Picture picture = Decode(GoalFor(number, purpose));
+    Picture picture = Decode(GoalFor(number, purpose));
     cache_.Put(picture);
     return picture;
 }
