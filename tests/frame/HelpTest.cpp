@@ -1,5 +1,6 @@
 // The guide and the documents that the desktop opens.
 #include "tests/frame/FrameFixture.h"
+#include "tests/testing/AccessFaults.h"
 
 #include <QFile>
 #include <QTextBrowser>
@@ -74,4 +75,12 @@ TEST_F(HelpTest, AnyOtherDocumentGoesToTheDesktopAndItsAnswerComesBack)
     documents.opens = false;
     EXPECT_FALSE(main->StartDoc(QStringLiteral("/films/other.txt")));
     EXPECT_EQ(documents.opened.size(), 2);
+}
+
+TEST_F(HelpTest, EveryControlOfItHasANameAndIsReachedByKeys)
+{
+    WriteGuide("<p><a href='#end'>end</a></p>");
+    Click("xphelp1");
+    ASSERT_NE(Guide(), nullptr);
+    EXPECT_EQ(AccessFaults(*Guide()->window()), "");
 }

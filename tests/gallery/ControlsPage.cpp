@@ -45,8 +45,11 @@ void PutPointerOn(QWidget* control)
 
 void GiveState(StripControl* control, Column column)
 {
-    if (column == Hover)
+    if (column == Hover) {
         PutPointerOn(control);
+        // No pointer is really there, and the control finds out.
+        QObject::connect(control, &StripControl::Leave, control, [control] { PutPointerOn(control); });
+    }
     control->setDown(column == Pressed);
     control->setEnabled(column != Disabled);
 }

@@ -1,6 +1,7 @@
 #include "WindowPages.h"
 
 #include "app/ErrFrm.h"
+#include "frame/HelpWindow.h"
 #include "frame/Main.h"
 #include "imaging/PictureFile.h"
 #include "tests/testing/FakeClipboard.h"
@@ -8,10 +9,12 @@
 #include "tests/testing/FakeFrame.h"
 #include "tests/testing/FakePlayer.h"
 #include "tests/testing/ScriptedTalk.h"
+#include "video/URLfrm.h"
 #include "video/VideoList.h"
 #include "viewers/QuickShots.h"
 #include "viewers/Viewer.h"
 
+#include <QLineEdit>
 #include <QLinearGradient>
 #include <QMouseEvent>
 #include <QPainter>
@@ -108,6 +111,21 @@ void ShowChildren(const std::function<void(const QString&, QWidget&)>& take)
     take(QStringLiteral("video-list"), list);
 }
 
+void ShowAddressAndHelp(const std::function<void(const QString&, QWidget&)>& take)
+{
+    Stage stage;
+    stage.dialogs.openNames.push(stage.folder.filePath(QStringLiteral("a.avi")));
+    stage.Press("Cmds(0)");
+    URLfrm address(stage.main, *stage.main.findChild<VideoWindow*>(), nullptr);
+    take(QStringLiteral("address-empty"), address);
+    address.findChild<QLineEdit*>()->setText(QStringLiteral("https://www.example.org/films/snow.mpg"));
+    take(QStringLiteral("address"), address);
+    HelpWindow help(QStringLiteral(SOURCE_DIR "/resources/help/guide.html"), stage.documents);
+    help.setAttribute(Qt::WA_DeleteOnClose, false);
+    help.resize(720, 640);
+    take(QStringLiteral("help"), help);
+}
+
 void ShowMessages(const std::function<void(const QString&, QWidget&)>& take)
 {
     ErrFrm plain(nullptr, QStringLiteral("Error!"), QStringLiteral("Error saving captured video frame."));
@@ -125,5 +143,6 @@ void ShowWindows(const std::function<void(const QString& name, QWidget& window)>
     imaging::PictureFile::Initialise();
     ShowFrame(take);
     ShowChildren(take);
+    ShowAddressAndHelp(take);
     ShowMessages(take);
 }
