@@ -4,5 +4,5 @@
 
 class QMimeData;
 
-/// The first local file of what is dragged or dropped, by its raw bytes; empty when there is none.
+/// The first of what is dropped, when it is a file on this machine: its raw bytes. Empty otherwise.
 QString FirstFile(const QMimeData& data);

@@ -17,6 +17,7 @@ EmptyState::EmptyState(QWidget* area)
     hint->setAlignment(Qt::AlignCenter);
     column->addWidget(button, 0, Qt::AlignCenter);
     column->addWidget(hint);
+    setFocusProxy(button);
     connect(button, &QPushButton::clicked, this, &EmptyState::Opens);
     area->installEventFilter(this);
     Centre();

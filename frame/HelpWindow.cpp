@@ -30,6 +30,7 @@ HelpWindow::HelpWindow(const QString& guide, Documents& documents)
     setObjectName(QStringLiteral("HelpWindow"));
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setAttribute(Qt::WA_DeleteOnClose);
+    setWindowFilePath(guide);
     SetTitle(QStringLiteral("Help"));
     Build();
     text_->document()->setDefaultStyleSheet(GuideStyle());

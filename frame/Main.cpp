@@ -88,13 +88,20 @@ void Main::Bind()
         connect(Cmds[size_t(row.command)], &TAQbutton::Click, this,
             [this, command = row.command] { RunCommand(command); });
     transport_ = new Transport(*bottomPane_, *this, [this] { OpenListed(); });
+    for (auto* button : bottomPane_->findChildren<StripButton*>())
+        button->setEnabled(false);
     bottomPane_->hide();
     BindKeys();
 }
 
 void Main::BindKeys()
 {
-    const auto press = [](QAbstractButton& button) { return [&button] { button.click(); }; };
+    const auto press = [this](QAbstractButton& button) {
+        return [this, &button] {
+            if (button.isVisibleTo(this))
+                button.click();
+        };
+    };
     const auto run = [&](Command command) { return press(*Cmds[size_t(command)]); };
     constexpr auto WhileHeld = SecondKeys::Repeat::WhileHeld;
     const TransportPane& pane = *bottomPane_;
@@ -149,6 +156,8 @@ void Main::AddChild(QWidget* form)
     Q_ASSERT(child);
     if (!area_->subWindowList().contains(child))
         area_->addSubWindow(child, child->windowFlags());
+    if (child->CurrentShape() == ChildForm::Shape::Minimized)
+        child->Restore();
     child->show();
     child->BringToFront();
 }
@@ -194,7 +203,7 @@ VideoWindow& Main::CurrentVideo()
     auto* window = new VideoWindow(*this, *transport_, makePlayer_);
     state_.CurrentVideo = window;
     window->setParent(this, window->windowFlags());
-    connect(window, &VideoWindow::ListWanted, this, &Main::ShowVideoList);
+    connect(window, &VideoWindow::ListWanted, this, &Main::OfferVideoList);
     connect(window, &VideoWindow::ListUnwanted, this, &Main::CloseVideoList);
     connect(window, &VideoWindow::OpenWanted, this, &Main::OpenFromVideoWindow);
     CloseVideoList();
@@ -235,11 +244,12 @@ void Main::AddThumbnail()
     if (!quickShots_ || !state_.QuickShotsOpen) // one that is closing takes no more
         quickShots_ = new QuickShots(*this);
     quickShots_->mnuControlsAdd2();
-    QWidget* const front = ActiveForm();
-    AddChild(quickShots_);
+    auto* const front = qobject_cast<ChildForm*>(ActiveForm());
+    if (!quickShots_->isVisible())
+        AddChild(quickShots_);
     SendToBack(quickShots_);
     if (front && front != quickShots_)
-        AddChild(front);
+        front->BringToFront();
 }
 
 void Main::ShowFront(bool visible)
@@ -252,13 +262,15 @@ bool Main::StartDoc(const QString& document)
     if (!HelpWindow::IsGuide(document))
         return documents_.Open(document);
     try {
-        if (!help_) {
+        if (!help_ || help_->windowFilePath() != document) {
+            delete help_;
             help_ = new HelpWindow(document, documents_);
             help_->PlaceOver(*this);
         }
     } catch (const FileError&) {
         return false;
     }
+    LeaveFullScreen();
     help_->show();
     help_->BringToFront();
     return true;
@@ -303,6 +315,9 @@ void Main::RunCommand(Command command)
 
 bool Main::AskForVideos()
 {
+    LeaveFullScreen();
+    for (StripButton* button : bottomPane_->CmdList)
+        button->setEnabled(false); // the list they walk goes
     ShowOpenDialog(*this, [this] { CloseVideoList(); });
     return !std::exchange(state_.OpenCancelled, false);
 }
@@ -311,13 +326,17 @@ void Main::OpenSelection()
 {
     bottomPane_->show();
     SetEnabled(true);
+    AddChild(&CurrentVideo());
     OpenListed();
 }
 
 void Main::OpenListed()
 {
-    AddChild(&CurrentVideo());
-    CurrentVideo().OpenVideo();
+    VideoWindow& window = CurrentVideo();
+    const bool isInSight = window.isVisible() && window.CurrentShape() != ChildForm::Shape::Minimized;
+    if (!isInSight)
+        AddChild(&window);
+    window.OpenVideo();
 }
 
 void Main::OpenVideos()
@@ -340,6 +359,7 @@ void Main::OpenFromVideoWindow()
 
 void Main::Download()
 {
+    LeaveFullScreen();
     VideoWindow& window = CurrentVideo();
     window.Player().Stop();
     const QPointer<URLfrm> form = new URLfrm(*this, window, this);
@@ -350,11 +370,13 @@ void Main::Download()
         return;
     bottomPane_->show();
     SetEnabled(true);
+    EnableCommand(Command::Capture, !state_.NoCap);
     AddChild(&CurrentVideo());
 }
 
 void Main::CancelDownload()
 {
+    EnableCommand(Command::Cancel, false);
     CurrentPlayer().SetSourceFile(QString());
     SetStatus(StatusLabel::Operation, QString());
     SetPointer(Pointer::Normal);
@@ -375,9 +397,16 @@ void Main::ShowVideoList()
         videoList_ = new VideoList(*this);
         connect(videoList_, &VideoList::VideoChosen, this, &Main::OpenListed);
         connect(videoList_, &VideoList::OpenWanted, this, &Main::OpenVideos);
+        AddChild(videoList_);
+        videoList_->setGeometry(0, 0, ListWidth, area_->viewport()->height());
     }
     AddChild(videoList_);
-    videoList_->setGeometry(0, 0, ListWidth, area_->viewport()->height());
+}
+
+void Main::OfferVideoList()
+{
+    if (!videoList_ || !videoList_->isVisible())
+        ShowVideoList();
 }
 
 void Main::CloseVideoList()
@@ -387,6 +416,17 @@ void Main::CloseVideoList()
         videoList_ = nullptr;
         list->close();
     }
+}
+
+void Main::LeaveFullScreen()
+{
+    if (IsFullScreen())
+        CurrentPlayer().SetFullScreen(false);
+}
+
+bool Main::IsFullScreen()
+{
+    return state_.CurrentVideo && CurrentPlayer().FullScreen();
 }
 
 void Main::mnuFullScreen_Click()
@@ -433,7 +473,8 @@ void Main::CopyActiveCapture()
 
 void Main::CloseActiveForm()
 {
-    if (QWidget* form = ActiveForm())
+    QWidget* const form = ActiveForm();
+    if (form && !IsFullScreen()) // behind the full screen nobody sees what closes
         form->close();
 }
 
@@ -489,11 +530,12 @@ void Main::ToggleMaximized()
 
 void Main::ShowWindowState()
 {
+    const bool isNormal = !isMaximized() && !isMinimized();
     maximize_->SetValue(isMaximized() ? WindowButton::Restore : WindowButton::Maximize);
-    Image2->setVisible(!isMaximized());
+    Image2->setVisible(isNormal);
     setWindowTitle(QLatin1String(WindowText));
-    if (state_.ToolsOpen && state_.Tools)
-        state_.Tools->setVisible(!isMinimized());
+    if (state_.ToolsOpen && state_.Tools && !isMaximized())
+        state_.Tools->setVisible(isNormal);
 }
 
 void Main::changeEvent(QEvent* event)
@@ -510,8 +552,10 @@ void Main::changeEvent(QEvent* event)
 
 void Main::mousePressEvent(QMouseEvent* event)
 {
-    // The bare ground of the command strip, the foot and the labels leave their presses to the frame.
-    if (event->button() == Qt::LeftButton)
+    // The bare ground of the command strip, the foot and the labels leave their presses to the frame; so does
+    // a button that is disabled.
+    const QWidget* const part = childAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && (!part || part->isEnabled()))
         drag_->StartMove(event->globalPosition().toPoint());
 }
 
@@ -526,7 +570,13 @@ void Main::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     Image2->MoveToCorner();
-    ApplyBackground();
+}
+
+bool Main::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == area_->viewport() && event->type() == QEvent::Resize)
+        ApplyBackground();
+    return QWidget::eventFilter(watched, event);
 }
 
 void Main::ApplyBackground()
@@ -536,7 +586,8 @@ void Main::ApplyBackground()
     state_.Reload(Key::OpPic);
     if (state_.OpPic == 2)
         return;
-    state_.TileBackground = state_.OpPic == 0;
+    if (state_.OpPic == 0 || state_.OpPic == 1)
+        state_.TileBackground = state_.OpPic == 0;
     state_.Reload(Key::PicFolder);
     const QImage& picSource = background_.Of(state_.BackgroundFile);
     if (picSource.isNull())
@@ -547,8 +598,7 @@ void Main::ApplyBackground()
 
 void Main::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!FirstFile(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    event->acceptProposedAction();
 }
 
 void Main::dropEvent(QDropEvent* event)
@@ -557,7 +607,10 @@ void Main::dropEvent(QDropEvent* event)
     const QString file = FirstFile(*event->mimeData());
     if (file.isEmpty())
         return;
+    const bool isFirst = !state_.VideoOpen;
     AddChild(&CurrentVideo());
     CurrentPlayer().SetSourceFile(file);
+    if (isFirst)
+        CurrentVideo().ShowTransport();
     event->acceptProposedAction();
 }

@@ -85,6 +85,7 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -113,6 +114,9 @@ private:
     void RevealVideoWindow();
     void ShowVideoList();
     void ShowVideoListIfVideo();
+    void OfferVideoList();
+    bool IsFullScreen();
+    void LeaveFullScreen();
     void CloseVideoList();
     void CopyActiveCapture();
     void CloseActiveForm();

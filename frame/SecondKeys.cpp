@@ -32,7 +32,11 @@ bool SecondKeys::eventFilter(QObject* watched, QEvent* event)
 
 const SecondKeys::Row* SecondKeys::RowOf(const QKeyEvent& event) const
 {
-    const QKeyCombination key(event.modifiers() & ~Qt::KeypadModifier, Qt::Key(event.key()));
+    // On some keyboards the point and the comma are typed with Shift.
+    const bool isPoint = event.key() == Qt::Key_Comma || event.key() == Qt::Key_Period;
+    const Qt::KeyboardModifiers ignored =
+        isPoint ? Qt::KeypadModifier | Qt::ShiftModifier : Qt::KeypadModifier;
+    const QKeyCombination key(event.modifiers() & ~ignored, Qt::Key(event.key()));
     const auto row = std::ranges::find(rows_, key, &Row::key);
     return row == rows_.end() ? nullptr : &*row;
 }

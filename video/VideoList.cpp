@@ -19,6 +19,8 @@ VideoList::VideoList(Frame& frame)
     VidList->setAccessibleName(QStringLiteral("Videos"));
     SetBody(VidList);
     Fill();
+    VidList->setCurrentRow(0);
+    VidList->setFocus();
     // One signal for a click and for Enter, on every desktop.
     VidList->setStyleSheet(QStringLiteral("QListWidget { activate-on-singleclick: 1; }"));
     connect(VidList, &QListWidget::itemActivated, this, [this] { Choose(VidList->currentRow()); });
@@ -29,7 +31,8 @@ void VideoList::BuildHead()
 {
     static constexpr FormButton<VideoList> Buttons[] {
         { 2, Face::Open, " Open Videos ", "Open videos", [](VideoList& list) { Q_EMIT list.OpenWanted(); } },
-        { 1, Face::Minimize, "Minimize Window", "Minimize window", [](VideoList& list) { list.Minimize(); } },
+        { 1, Face::Minimize, "Minimize Window", "Minimize window",
+            [](VideoList& list) { list.Minimize(); } },
         { 0, Face::Close, "Close Video Window", "Close video list", [](VideoList& list) { list.close(); } },
     };
     AddHeadButtons(*this, Buttons);

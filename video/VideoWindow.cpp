@@ -125,6 +125,7 @@ void VideoWindow::OpenVideo()
     ApplicationState& state = frame_.State();
     StopCapture();
     UserCaptures = 0;
+    frame_.EnableCommand(Command::Cancel, false);
     ResetPlayer();
     transport_.ForgetMarks();
     if (!state.FromList)
@@ -174,15 +175,30 @@ void VideoWindow::GiveSource()
 
 void VideoWindow::LoadAddress(const QString& address)
 {
-    ltmmPlay1->Stop();
-    ltmmPlay1->ResetSource();
+    ResetPlayer();
     ltmmPlay1->SetSourceFile(address);
-    if (ltmmPlay1->SourceKind() == ltmmPlay::NoSource)
-        throw ControlError(QStringLiteral("The address could not be opened."));
+    if (ltmmPlay1->SourceKind() != ltmmPlay::NoSource) {
+        frame_.State().VideoExt = VideoExtension(address);
+        return;
+    }
+    transport_.EnableVideoControls(false, *ltmmPlay1);
+    transport_.StartVideo();
+    throw ControlError(QStringLiteral("The address could not be opened."));
+}
+
+void VideoWindow::ShowTransport()
+{
+    const bool hasVideo = ltmmPlay1->SourceKind() != ltmmPlay::NoSource;
+    frame_.SetEnabled(hasVideo);
+    transport_.ShowPane(hasVideo);
+    transport_.EnableVideoControls(hasVideo, *ltmmPlay1);
+    transport_.StartVideo();
 }
 
 void VideoWindow::ShowLoadedAddress()
 {
+    transport_.ForgetMarks();
+    transport_.ReleasePause();
     transport_.EnableVideoControls(true, *ltmmPlay1);
     transport_.StartVideo();
     Head().SetTitle(FileName::Shown(frame_.State().VideoName));
@@ -234,12 +250,15 @@ void VideoWindow::ShowSizePopup()
     int checked = ltmmPlay1->ClosedCaption() ? 1 << CaptionItem : 0;
     if (ltmmPlay1->DisplaySize() >= ltmmPlay::Normal)
         checked |= 1 << (ltmmPlay1->DisplaySize() - ltmmPlay::Normal);
-    frame_.OpenMenus(PopupOwner::VideoWindow, SizeItems, checked, *sizes_, [this](int item) {
-        if (item == CaptionItem)
-            ltmmPlay1->ToggleClosedCaption();
-        else
-            ltmmPlay1->SetDisplaySize(ltmmPlay::DisplayMode(ltmmPlay::Normal + item));
-    });
+    frame_.OpenMenus(
+        PopupOwner::VideoWindow, SizeItems, checked, *sizes_, [alive = QPointer(this)](int item) {
+            if (!alive)
+                return;
+            if (item == CaptionItem)
+                alive->ltmmPlay1->ToggleClosedCaption();
+            else
+                alive->ltmmPlay1->SetDisplaySize(ltmmPlay::DisplayMode(ltmmPlay::Normal + item));
+        });
 }
 
 void VideoWindow::ShowProgress(int position)
@@ -343,6 +362,7 @@ void VideoWindow::closeEvent(QCloseEvent* event)
     StopCapture();
     state.FromList = false;
     ltmmPlay1->Stop();
-    state.CurrentVideo = nullptr;
+    if (state.CurrentVideo == this)
+        state.CurrentVideo = nullptr;
     ChildForm::closeEvent(event);
 }

@@ -25,6 +25,8 @@ public:
     void OpenVideo();
     /// Gives the player an address of the web. Throws ControlError when it cannot be opened.
     void LoadAddress(const QString& address);
+    /// The transport for what was dropped on a frame that had no video open.
+    void ShowTransport();
     /// Title, size and transport for the address just loaded.
     void ShowLoadedAddress();
     /// Works out VideoName and VideoFolder and shows the title.

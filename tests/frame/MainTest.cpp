@@ -282,13 +282,101 @@ TEST_F(MainTest, AFileDroppedOnTheFrameGoesToThePlayerAndChangesNothingElse)
     EXPECT_EQ(state.VideoPath, QString());
 }
 
-TEST_F(MainTest, AnAddressDroppedOnTheFrameIsNotTaken)
+TEST_F(MainTest, ADropWithoutAFileOfThisMachineStopsTheVideoAndOpensNothing)
+{
+    OpenOne();
+    player->state = ltmmPlay::Running;
+    const QString before = player->file;
+    for (const char* address : { "http://example.org/a.avi", "file://elsewhere/a.avi" }) {
+        QMimeData data;
+        data.setUrls({ QUrl(QLatin1String(address)) });
+        QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(main.get(), &drop);
+        EXPECT_EQ(player->file, before) << address;
+    }
+    EXPECT_EQ(player->state, ltmmPlay::Stopped);
+}
+
+TEST_F(MainTest, AFirstVideoDroppedOnTheFrameCanBePlayed)
 {
     QMimeData data;
-    data.setUrls({ QUrl(QStringLiteral("http://example.org/a.avi")) });
-    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(main.get(), &enter);
-    EXPECT_FALSE(enter.isAccepted());
+    data.setUrls({ QUrl(QStringLiteral("file:///films/a.avi")) });
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(main.get(), &drop);
+    EXPECT_TRUE(Find("BottomPane")->isVisible());
+    EXPECT_TRUE(Find("Cmd2(0)")->isEnabled());
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+}
+
+TEST_F(MainTest, AMinimisedVideoComesBackWithTheNextOpen)
+{
+    OpenOne();
+    auto* window = main->findChild<VideoWindow*>();
+    window->Minimize();
+    OpenOne();
+    EXPECT_EQ(window->CurrentShape(), ChildForm::Shape::Normal);
+}
+
+TEST_F(MainTest, ACancelledDialogLeavesNoListToWalk)
+{
+    dialogs.openNames.push(folder.path() + QChar(0) + QStringLiteral("a.avi") + QChar(0)
+        + QStringLiteral("b.avi") + QChar(0) + QChar(0));
+    Click("Cmds(0)");
+    ASSERT_TRUE(Find("CmdList(1)")->isEnabled());
+    dialogs.openNames.push(QString());
+    Click("Cmds(0)");
+    EXPECT_FALSE(Find("CmdList(0)")->isEnabled());
+    EXPECT_FALSE(Find("CmdList(1)")->isEnabled());
+}
+
+TEST_F(MainTest, AnotherVideoOpenedFromAFileEndsTheDownloadsCancel)
+{
+    OpenOne();
+    main->EnableCommand(Command::Cancel, true);
+    OpenOne();
+    EXPECT_FALSE(IsEnabled(Command::Cancel));
+}
+
+TEST_F(MainTest, AnUnusedDownloadLeavesTheVideoStopped)
+{
+    OpenOne();
+    player->state = ltmmPlay::Running;
+    WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
+    Click("Cmds(4)");
+    EXPECT_EQ(player->state, ltmmPlay::Stopped);
+    EXPECT_EQ(player->file, folder.filePath(QStringLiteral("a.avi")));
+}
+
+TEST_F(MainTest, TheFramesPopupHasItsItems)
+{
+    Click("Image3");
+    QStringList items;
+    for (const QAction* item : Find<QMenu>("Menus")->actions())
+        items << item->text();
+    EXPECT_EQ(items,
+        QStringList({ QStringLiteral("  Video List"), QStringLiteral("  View Full Screen"),
+            QStringLiteral("  Close All Windows"), QStringLiteral("  About") }));
+}
+
+TEST_F(MainTest, ThePopupShowsTheListOnlyOfAnOpenVideo)
+{
+    const auto choose = [this] {
+        Click("Image3");
+        Find<QMenu>("Menus")->actions().at(0)->trigger();
+    };
+    choose();
+    EXPECT_EQ(Find("VideoList"), nullptr);
+    OpenOne();
+    choose();
+    ASSERT_NE(Find("VideoList"), nullptr);
+    EXPECT_EQ(Find<QListWidget>("VidList")->count(), 1);
+}
+
+TEST_F(MainTest, KeysBeforeAnyVideoOpenNothing)
+{
+    for (const int key : { Qt::Key_Comma, Qt::Key_Period, Qt::Key_S })
+        QTest::keyClick(main.get(), Qt::Key(key));
+    EXPECT_EQ(state.CurrentVideo, nullptr);
 }
 
 TEST_F(MainTest, OpenToolsHideWithAMinimisedFrameAndComeBackWithIt)
@@ -301,6 +389,10 @@ TEST_F(MainTest, OpenToolsHideWithAMinimisedFrameAndComeBackWithIt)
     EXPECT_TRUE(tools.isHidden());
     main->showNormal();
     EXPECT_TRUE(tools.isVisible());
+    main->showMinimized();
+    main->showMaximized();
+    EXPECT_TRUE(tools.isHidden()) << "they wait for the normal size";
+    main->showNormal();
     state.ToolsOpen = false;
     main->showMinimized();
     EXPECT_TRUE(tools.isVisible()) << "closed ones are left alone";

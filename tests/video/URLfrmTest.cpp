@@ -166,3 +166,37 @@ TEST_F(URLfrmTest, AVideoWindowThatIsGoneIsAFailure)
     ExpectFailure();
     Download(Holiday);
 }
+
+TEST_F(URLfrmTest, ADownloadBeginsWithoutMarksAndPauseAndInItsOwnSize)
+{
+    state.MarksSet = true;
+    pane.Cmd2[PauseButton]->SetValue(1);
+    frame.own->displaySize = ltmmPlay::Half;
+    state.VideoExt = QStringLiteral(".wmv");
+    Download(Holiday + QStringLiteral("  "));
+    EXPECT_EQ(frame.own->file, Holiday);
+    EXPECT_FALSE(state.MarksSet);
+    EXPECT_EQ(pane.Cmd2[PauseButton]->Value(), 0);
+    EXPECT_EQ(frame.own->displaySize, ltmmPlay::Normal);
+    EXPECT_EQ(state.VideoExt, QStringLiteral(".mpg"));
+}
+
+TEST_F(URLfrmTest, AFailedDownloadLeavesNoTransportForAVideoThatIsGone)
+{
+    frame.own->file = QStringLiteral("/films/before.avi");
+    transport->EnableVideoControls(true, *frame.own);
+    frame.own->refused = Holiday;
+    ExpectFailure();
+    Download(Holiday);
+    EXPECT_FALSE(pane.Cmd2[PlayButton]->isEnabled());
+}
+
+TEST_F(URLfrmTest, WhateverWasTypedAtASuccessIsTheNextAddress)
+{
+    Download(Holiday);
+    Begin();
+    Download(QStringLiteral("no address at all"));
+    Begin();
+    Download(Winter);
+    EXPECT_EQ(frame.own->file, QStringLiteral("no address at all"));
+}
