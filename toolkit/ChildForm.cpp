@@ -82,7 +82,7 @@ void ChildForm::Maximize()
 
 void ChildForm::Minimize()
 {
-    SetShape(Shape::Minimized);
+    SetShape(shape_ == Shape::Minimized ? Shape::Normal : Shape::Minimized);
 }
 
 void ChildForm::Restore()

@@ -3,7 +3,7 @@
 #include "toolkit/FrameDrag.h"
 #include "toolkit/TitleStrip.h"
 
-#include <QEvent>
+#include <QMouseEvent>
 #include <QVBoxLayout>
 
 namespace {
@@ -16,11 +16,12 @@ DialogForm::DialogForm(QWidget* owner)
     : QDialog(owner, Qt::Dialog | Qt::FramelessWindowHint)
     , strip_(new TitleStrip(this))
     , column_(new QVBoxLayout(this))
+    , drag_(new FrameDrag(this))
 {
     column_->setContentsMargins(Edge, Edge, Edge, Edge);
     column_->setSpacing(0);
     column_->addWidget(strip_);
-    connect(strip_, &TitleStrip::MoveRequested, new FrameDrag(this), &FrameDrag::StartMove);
+    connect(strip_, &TitleStrip::MoveRequested, drag_, &FrameDrag::StartMove);
 }
 
 void DialogForm::SetTitle(const QString& title)
@@ -44,4 +45,10 @@ void DialogForm::changeEvent(QEvent* event)
     QDialog::changeEvent(event);
     if (event->type() == QEvent::ActivationChange)
         strip_->SetActive(isActiveWindow());
+}
+
+void DialogForm::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        drag_->StartMove(event->globalPosition().toPoint());
 }

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+class FrameDrag;
 class QVBoxLayout;
 class TitleStrip;
 
@@ -22,8 +23,11 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    /// The bare ground moves the dialog as its strip does.
+    void mousePressEvent(QMouseEvent* event) override;
 
 private:
     TitleStrip* strip_;
     QVBoxLayout* column_;
+    FrameDrag* drag_;
 };

@@ -95,6 +95,17 @@ Answer AskInFolder(Question question)
     }
 }
 
+/// The names of the first one's folder: a result has room for one folder only, and a name of another would
+/// lead to the wrong file.
+QStringList OfOneFolder(const QStringList& paths)
+{
+    QStringList kept;
+    for (const QString& path : paths)
+        if (QFileInfo(path).absolutePath() == QFileInfo(paths.first()).absolutePath())
+            kept << path;
+    return kept;
+}
+
 QString ResultBuffer(const QStringList& paths)
 {
     if (paths.size() == 1)
@@ -141,16 +152,17 @@ void cFileDialog::ShowOpen()
     const Answer answer = Ask(question);
     Filename.clear();
     FileTitle.clear();
-    if (answer.paths.isEmpty()) {
+    const QStringList paths = OfOneFolder(answer.paths);
+    // Callers look for the names in the current folder: one that cannot be entered gives no result.
+    if (paths.isEmpty() || !QDir::setCurrent(QFileInfo(paths.first()).absolutePath())) {
         if (CancelError)
             throw DialogCancelled();
         return;
     }
-    Filename = ResultBuffer(answer.paths);
+    Filename = ResultBuffer(paths);
     FilterIndex = answer.filterIndex;
-    if (answer.paths.size() == 1)
-        FileTitle = QFileInfo(answer.paths.first()).fileName();
-    QDir::setCurrent(QFileInfo(answer.paths.first()).absolutePath());
+    if (paths.size() == 1)
+        FileTitle = QFileInfo(paths.first()).fileName();
 }
 
 // A NUL-separated filter is read in pairs, a name and its patterns. Since the colon separates as well, no

@@ -49,7 +49,8 @@ public:
     /// The filter as the system takes it: every separator has become a NUL.
     QString Filter() const { return filter_; }
 
-    /// Runs the dialog. A choice leaves the process's current folder at the chosen folder.
+    /// Runs the dialog. A choice leaves the process's current folder at the chosen folder; when that cannot
+    /// be entered it counts as a cancel. Of names from several folders those of the first one's are taken.
     void ShowOpen();
 
 private:

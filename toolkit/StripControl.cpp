@@ -21,7 +21,10 @@ StripControl::StripControl(QWidget* parent)
     : QAbstractButton(parent)
 {
     setMouseTracking(true);
-    setFocusPolicy(Qt::StrongFocus);
+    // A click leaves the keyboard where it was, so that Space goes on pausing the video after it.
+    setFocusPolicy(Qt::TabFocus);
+    // A press on a disabled button must not drag the window behind it.
+    setAttribute(Qt::WA_NoMousePropagation);
     pointerTimer_.setInterval(PollMilliseconds);
     connect(&pointerTimer_, &QTimer::timeout, this, &StripControl::PollPointer);
     connect(this, &QAbstractButton::clicked, this, &StripControl::RaiseClick);

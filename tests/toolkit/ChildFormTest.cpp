@@ -297,3 +297,15 @@ TEST(ChildForm, AloneItIsAFramelessWindow)
     form.Restore();
     EXPECT_EQ(form.CurrentShape(), ChildForm::Shape::Normal);
 }
+
+TEST(ChildForm, MinimizingAMinimizedFormRestoresIt)
+{
+    Area stage;
+    ChildForm* form = stage.Add(QStringLiteral("Video List"), QRect(20, 30, 300, 200));
+    form->Minimize();
+    ASSERT_EQ(form->CurrentShape(), ChildForm::Shape::Minimized);
+    form->Minimize();
+    EXPECT_EQ(form->CurrentShape(), ChildForm::Shape::Normal);
+    EXPECT_EQ(form->geometry(), QRect(20, 30, 300, 200));
+    EXPECT_TRUE(form->Body()->isVisible());
+}

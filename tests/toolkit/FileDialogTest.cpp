@@ -71,6 +71,38 @@ TEST(cFileDialog, SeveralFilesGiveFolderAndNamesWithANulAfterEach)
     EXPECT_EQ(files, QStringList({ "a.avi", "b.avi" }));
 }
 
+TEST(cFileDialog, OfNamesFromTwoFoldersThoseOfTheFirstAreTaken)
+{
+    const Folder folder;
+    QFile other(folder.folder.filePath(QStringLiteral("d.avi")));
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    cFileDialog dialog = VideoDialog(folder);
+    dialog.flags |= cFileDialog::AllowMultiselect;
+    WhenOpen([&](QFileDialog& open) {
+        Type(open, QStringLiteral("\"%1\" \"%2\"").arg(folder.Path("a.avi"), other.fileName()));
+    });
+    dialog.ShowOpen();
+    EXPECT_EQ(dialog.Filename, folder.Path("a.avi"));
+    EXPECT_EQ(dialog.FileTitle, QStringLiteral("a.avi"));
+}
+
+TEST(cFileDialog, AFolderThatCannotBeEnteredGivesNoResult)
+{
+    const Folder folder;
+    cFileDialog dialog = VideoDialog(folder);
+    dialog.Filename = QStringLiteral("before");
+    WhenOpen([&](QFileDialog& open) {
+        // The folder goes between the choice and its end.
+        QObject::connect(
+            &open, &QFileDialog::accepted, &open, [&] { QDir(folder.Sea()).removeRecursively(); });
+        Type(open, QStringLiteral("a.avi"));
+    });
+    dialog.ShowOpen();
+    EXPECT_EQ(dialog.Filename, QString());
+    EXPECT_EQ(dialog.FileTitle, QString());
+    EXPECT_EQ(QDir::currentPath(), folder.before);
+}
+
 TEST(cFileDialog, AMultiSelectionWithOneFileIsAPlainPath)
 {
     const Folder folder;

@@ -211,7 +211,7 @@ TEST(StripButton, TabReachesItAndShowsARingAClickShowsNone)
     EXPECT_TRUE(button.HasFocusRing());
     const QImage ringed = button.grab().toImage();
     before.setFocus();
-    QTest::mouseClick(&button, Qt::LeftButton);
+    button.setFocus(Qt::OtherFocusReason);
     EXPECT_TRUE(button.hasFocus());
     EXPECT_FALSE(button.HasFocusRing());
     EXPECT_NE(button.grab().toImage(), ringed);
@@ -296,4 +296,39 @@ TEST(StripButton, AFormMayDeleteTheButtonInItsClick)
     form.show();
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_TRUE(form.findChildren<xptopbuttons*>().isEmpty());
+}
+
+TEST(StripButton, AClickLeavesTheKeyboardWhereItWas)
+{
+    OnForm stage(new smallXPbuttons);
+    QLineEdit box(&stage.form);
+    box.show();
+    stage.form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&stage.form));
+    box.setFocus();
+    QSignalSpy clicks(stage.button, &StripButton::Click);
+    QTest::mouseClick(stage.button, Qt::LeftButton);
+    EXPECT_EQ(clicks.size(), 1);
+    EXPECT_TRUE(box.hasFocus());
+}
+
+TEST(StripButton, APressOnADisabledOneStaysWithIt)
+{
+    class Ground : public QWidget {
+    public:
+        int presses = 0;
+
+    protected:
+        void mousePressEvent(QMouseEvent*) override { ++presses; }
+    };
+    Ground ground;
+    auto* button = new smallXPbuttons(&ground);
+    button->setGeometry(0, 0, 28, 28);
+    button->setEnabled(false);
+    ground.resize(100, 100);
+    ground.show();
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(ground.presses, 0);
+    QTest::mouseClick(&ground, Qt::LeftButton, {}, QPoint(60, 60));
+    EXPECT_EQ(ground.presses, 1);
 }
