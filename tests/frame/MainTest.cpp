@@ -21,7 +21,20 @@
 #include <QUrl>
 #include <algorithm>
 
-using MainTest = FrameFixture;
+namespace {
+
+class MainTest : public FrameFixture {
+protected:
+    void Drop(const QMimeData& data)
+    {
+        QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(main.get(), &enter);
+        QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(main.get(), &drop);
+    }
+};
+
+} // namespace
 
 TEST_F(MainTest, TheButtonsBearTheirCaptionsAndTips)
 {
@@ -290,8 +303,7 @@ TEST_F(MainTest, ADropWithoutAFileOfThisMachineStopsTheVideoAndOpensNothing)
     for (const char* address : { "http://example.org/a.avi", "file://elsewhere/a.avi" }) {
         QMimeData data;
         data.setUrls({ QUrl(QLatin1String(address)) });
-        QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(main.get(), &drop);
+        Drop(data);
         EXPECT_EQ(player->file, before) << address;
     }
     EXPECT_EQ(player->state, ltmmPlay::Stopped);
@@ -301,8 +313,7 @@ TEST_F(MainTest, AFirstVideoDroppedOnTheFrameCanBePlayed)
 {
     QMimeData data;
     data.setUrls({ QUrl(QStringLiteral("file:///films/a.avi")) });
-    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(main.get(), &drop);
+    Drop(data);
     EXPECT_TRUE(Find("BottomPane")->isVisible());
     EXPECT_TRUE(Find("Cmd2(0)")->isEnabled());
     EXPECT_TRUE(IsEnabled(Command::Capture));
