@@ -44,6 +44,10 @@ public:
         return number < server_.KnownFrames();
     }
     double TimeOf(int number) override { return server_.TimeOf(number); }
+    std::optional<int> Last() override
+    {
+        return server_.IsComplete() ? std::optional(server_.KnownFrames() - 1) : std::nullopt;
+    }
     double EndOf(int number) override
     {
         const double start = TimeOf(number);
@@ -59,6 +63,7 @@ private:
 
 Engine::Engine(const media::Source& source, Wires& wires)
     : wires_(wires)
+    , source_(source)
     , isAddress_(source.kind == media::Source::Kind::Address)
 {
     const Deadline deadline(wires.interrupt, isAddress_ ? AddressLimit : OpenLimit);
@@ -177,7 +182,9 @@ bool Engine::ExtendIndex(int frames)
 
 void Engine::TellFacts()
 {
-    wires_.facts.Write({ server_->KnownFrames(), IsIndexWhole(), server_->Duration(), server_->Size() });
+    const bool isLive = isAddress_ && !IsIndexWhole() && server_->Duration() <= 0;
+    wires_.facts.Write(
+        { server_->KnownFrames(), IsIndexWhole(), server_->Duration(), server_->Size(), isLive });
 }
 
 PlaySpan Engine::Span()
@@ -211,8 +218,12 @@ void Engine::Play(const Shot& shown, const PlayOptions& options)
 
 void Engine::Change(const PlayOptions& options)
 {
+    const bool isSamePlay = options.selection == options_.selection && options.rate == options_.rate
+        && options.playCount == options_.playCount;
     options_ = options;
-    if (playback_)
+    if (sound_)
+        sound_->SetMute(options.isMuted);
+    if (playback_ && !isSamePlay)
         PlayFrom(shown_.number, shown_.number + 1);
 }
 
@@ -242,8 +253,21 @@ void Engine::PlayFrom(int shown, int next)
             wires_.mail->Post(mail);
         },
     };
-    playback_ = std::make_unique<Playback>(PlayPlan(*timeline_, span, options_, next, from), from,
-        options_.rate, std::make_unique<WallClock>(), hands);
+    playback_.reset(); // before the next one takes the sound
+    playback_ = std::make_unique<Playback>(
+        PlayPlan(*timeline_, span, options_, next, from), from, options_.rate, MakeClock(from), hands);
+}
+
+std::unique_ptr<MediaClock> Engine::MakeClock(double from)
+{
+    if (!sound_ && wires_.makeSound && server_->HasSound()) {
+        const auto open = [this] { return media::SoundReader::Open(source_, wires_.soundInterrupt); };
+        sound_ = std::make_unique<SoundPath>(open, wires_.makeSound);
+    }
+    if (!sound_)
+        return std::make_unique<WallClock>();
+    sound_->SetMute(options_.isMuted);
+    return std::make_unique<SoundClock>(*sound_, from, options_.rate);
 }
 
 void Engine::Finish()

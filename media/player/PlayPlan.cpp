@@ -34,6 +34,17 @@ std::optional<PlayPlan::Step> PlayPlan::Next(double now)
     return Step { number, due };
 }
 
+std::optional<media::SoundTurn> PlayPlan::NextTurn()
+{
+    const std::optional<int> end = timeline_.Last();
+    if (!end && span_.last == std::numeric_limits<int>::max())
+        return std::nullopt;
+    const double due = timeline_.EndOf(std::min(span_.last, end.value_or(span_.last))) + offset_;
+    if (rounds_ == 1)
+        return media::SoundTurn { due, std::nullopt };
+    return media::SoundTurn { due, timeline_.TimeOf(span_.first) };
+}
+
 bool PlayPlan::StartLap()
 {
     if (rounds_ == 1 || !Holds(span_.first))

@@ -29,8 +29,9 @@ media::Source SourceOf(const QString& file)
 
 } // namespace
 
-PlayerControl::PlayerControl(QWidget* parent)
+PlayerControl::PlayerControl(QWidget* parent, SoundDeviceMaker makeSound)
     : ltmmPlay(parent)
+    , makeSound_(std::move(makeSound))
     , running_(std::make_shared<std::atomic<int>>(0))
     , progress_([this] { ReportProgress(); })
 {
@@ -79,7 +80,7 @@ void PlayerControl::Open(const media::Source& source)
         if (*running_ >= MaxOrphans)
             throw media::MediaError(media::Failure::Refused, "too many sources hang");
         mail_ = std::make_shared<Mailbox>(this, [this](const Mail& mail) { Read(mail); });
-        session_ = Session::Start(source, view_, mail_, running_);
+        session_ = Session::Start(source, view_, mail_, running_, makeSound_);
         Adopt(session_->First());
     } catch (const media::MediaError& error) {
         Drop();

@@ -1,0 +1,144 @@
+#include "media/player/PulseDevice.h"
+
+#include <pulse/pulseaudio.h>
+
+namespace player {
+
+namespace {
+
+constexpr std::size_t FrameBytes = sizeof(float) * media::SoundChannels;
+constexpr unsigned BufferBytes = unsigned(FrameBytes) * media::SoundRate / 10; // 100 ms
+
+template <auto Free> struct FreeBy {
+    template <typename T> void operator()(T* object) const { Free(object); }
+};
+using Loop = std::unique_ptr<pa_threaded_mainloop, FreeBy<pa_threaded_mainloop_free>>;
+
+/// The library's thread is kept out as long as this lives.
+class Locked {
+public:
+    explicit Locked(const Loop& loop)
+        : loop_(loop.get())
+    {
+        pa_threaded_mainloop_lock(loop_);
+    }
+    ~Locked() { pa_threaded_mainloop_unlock(loop_); }
+    Locked(const Locked&) = delete;
+    Locked& operator=(const Locked&) = delete;
+
+private:
+    pa_threaded_mainloop* loop_;
+};
+
+class PulseDevice : public SoundDevice {
+public:
+    PulseDevice()
+        : loop_(pa_threaded_mainloop_new())
+        , context_(pa_context_new(pa_threaded_mainloop_get_api(loop_.get()), "TAQ Video Capture Pro"))
+    {
+        pa_context_set_state_callback(context_, &ContextChanged, this);
+        pa_context_connect(context_, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr);
+        pa_threaded_mainloop_start(loop_.get());
+    }
+    ~PulseDevice() override
+    {
+        pa_threaded_mainloop_stop(loop_.get());
+        if (stream_) {
+            pa_stream_disconnect(stream_);
+            pa_stream_unref(stream_);
+        }
+        pa_context_disconnect(context_);
+        pa_context_unref(context_);
+    }
+    PulseDevice(const PulseDevice&) = delete;
+    PulseDevice& operator=(const PulseDevice&) = delete;
+
+    State Status() override
+    {
+        const Locked locked(loop_);
+        if (!PA_CONTEXT_IS_GOOD(pa_context_get_state(context_)))
+            return State::Gone;
+        if (!stream_)
+            return State::Opening;
+        const pa_stream_state_t state = pa_stream_get_state(stream_);
+        return state == PA_STREAM_READY ? State::Ready
+            : PA_STREAM_IS_GOOD(state)  ? State::Opening
+                                        : State::Gone;
+    }
+
+    std::size_t Room() override
+    {
+        const Locked locked(loop_);
+        const std::size_t room = pa_stream_writable_size(stream_);
+        return room == std::size_t(-1) ? 0 : room / FrameBytes;
+    }
+
+    void Write(const media::Samples& samples) override
+    {
+        const Locked locked(loop_);
+        pa_stream_write(stream_, samples.data(), samples.size() * sizeof(float), nullptr, 0, PA_SEEK_RELATIVE);
+    }
+
+    void Start() override
+    {
+        const Locked locked(loop_);
+        Cork(false);
+    }
+
+    void Stop() override
+    {
+        const Locked locked(loop_);
+        Cork(true);
+        Forget(pa_stream_flush(stream_, nullptr, nullptr));
+    }
+
+    std::optional<double> Delay() override
+    {
+        const Locked locked(loop_);
+        pa_usec_t delay = 0;
+        int isNegative = 0;
+        if (pa_stream_get_latency(stream_, &delay, &isNegative) < 0)
+            return std::nullopt;
+        return (isNegative ? -1 : 1) * double(delay) / PA_USEC_PER_SEC;
+    }
+
+private:
+    static void Forget(pa_operation* operation)
+    {
+        if (operation)
+            pa_operation_unref(operation);
+    }
+    void Cork(bool isStill) { Forget(pa_stream_cork(stream_, isStill ? 1 : 0, nullptr, nullptr)); }
+
+    static void ContextChanged(pa_context* context, void* self)
+    {
+        auto& device = *static_cast<PulseDevice*>(self);
+        if (pa_context_get_state(context) == PA_CONTEXT_READY && !device.stream_)
+            device.Connect();
+    }
+
+    void Connect()
+    {
+        const pa_sample_spec spec { PA_SAMPLE_FLOAT32NE, media::SoundRate, media::SoundChannels };
+        constexpr auto byServer = uint32_t(-1);
+        const pa_buffer_attr buffer { byServer, BufferBytes, 0, byServer, byServer };
+        constexpr auto flags = pa_stream_flags_t(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY
+            | PA_STREAM_INTERPOLATE_TIMING | PA_STREAM_AUTO_TIMING_UPDATE);
+        stream_ = pa_stream_new(context_, "Video", &spec, nullptr);
+        if (stream_)
+            pa_stream_connect_playback(stream_, nullptr, &buffer, flags, nullptr, nullptr);
+    }
+
+    Loop loop_;
+    pa_context* context_;
+    pa_stream* stream_ = nullptr;
+};
+
+} // namespace
+
+std::unique_ptr<SoundDevice> MakePulseDevice()
+{
+    return std::make_unique<PulseDevice>();
+}
+
+} // namespace player
