@@ -12,12 +12,12 @@ namespace {
 constexpr std::size_t LongestPiece = SoundRate / 10; // frames
 constexpr std::size_t Fade = SoundRate / 200; // frames; a hard cut would click
 
-void FadeOut(Samples& samples)
+/// Fades out the samples that stand less than Fade before a turn; room frames lie between it and the first.
+void FadeOut(Samples& samples, std::size_t room)
 {
-    const std::size_t frames = FramesIn(samples);
-    const std::size_t length = std::min(Fade, frames);
-    for (std::size_t i = 0; i < length * SoundChannels; ++i)
-        samples[samples.size() - 1 - i] *= float(i / SoundChannels) / float(length);
+    for (std::size_t i = room > Fade ? room - Fade : 0; i < FramesIn(samples); ++i)
+        for (std::size_t channel = 0; channel < SoundChannels; ++channel)
+            samples[i * SoundChannels + channel] *= float(room - i) / Fade;
 }
 
 } // namespace
@@ -30,6 +30,7 @@ void SoundFeed::Begin(double due, double media, double rate)
     turns_.clear();
     begin_ = due;
     rate_ = rate;
+    lead_ = tempo_->Lead();
     offset_ = due - media;
     given_ = 0;
     silence_ = 0;
@@ -89,7 +90,7 @@ void SoundFeed::Fetch(SoundBlock block)
 {
     const SoundSeam::Fit fit = seam_.Join(block.start + offset_);
     if (fit.drop >= FramesIn(block.samples))
-        return;
+        return seam_.Leave();
     silence_ = fit.silence;
     held_ = std::move(block.samples);
     held_.erase(held_.begin(), held_.begin() + std::ptrdiff_t(fit.drop * SoundChannels));
@@ -113,10 +114,9 @@ void SoundFeed::Turn()
 Samples SoundFeed::Cut(Samples samples, bool isSilence)
 {
     FadeIn(samples);
-    if (const std::size_t room = RoomBeforeTurn(); room < FramesIn(samples)) {
-        samples.resize(room * SoundChannels);
-        FadeOut(samples);
-    }
+    const std::size_t room = RoomBeforeTurn();
+    samples.resize(std::min(room, FramesIn(samples)) * SoundChannels);
+    FadeOut(samples, room);
     seam_.Advance(FramesIn(samples), isSilence);
     return samples;
 }

@@ -30,7 +30,7 @@ public:
     /// The next piece; none at the end, until a turn brings more. Throws MediaError.
     std::optional<Samples> Next();
     /// Due time of the end of all pieces so far.
-    double End() const { return begin_ + double(given_) * rate_ / SoundRate; }
+    double End() const { return begin_ + lead_ + double(given_) * rate_ / SoundRate; }
 
 private:
     std::optional<Samples> Piece();
@@ -47,6 +47,7 @@ private:
     std::deque<SoundTurn> turns_;
     double begin_ = 0;
     double rate_ = 1;
+    double lead_ = 0; ///< of the tempo
     double offset_ = 0; ///< due time minus media time
     int64_t given_ = 0; ///< frames
     std::size_t silence_ = 0; ///< frames due before held_

@@ -25,6 +25,8 @@ public:
     Fit Join(double start) const;
     /// So much went out. What is silence does not make the next block fit less exactly.
     void Advance(std::size_t frames, bool isSilence);
+    /// A whole block is left out: the next one is to fit exactly.
+    void Leave() { isExact_ = true; }
     /// Seconds, the end of what went out.
     double Position() const;
 

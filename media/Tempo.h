@@ -19,12 +19,15 @@ public:
 
     /// Takes sound and gives what is ready of it, which may be nothing.
     Samples Stretch(Samples samples);
+    /// Seconds of the media by which what comes out stands before its place.
+    double Lead() const { return lead_; }
     /// What is left when nothing follows.
     Samples Finish();
 
 private:
     struct Chain;
     std::unique_ptr<Chain> chain_; ///< none at rate 1
+    double lead_ = 0;
 };
 
 } // namespace media

@@ -1,6 +1,8 @@
 #include "media/player/PulseDevice.h"
 
+#include <algorithm>
 #include <pulse/pulseaudio.h>
+#include <utility>
 
 namespace player {
 
@@ -8,6 +10,11 @@ namespace {
 
 constexpr std::size_t FrameBytes = sizeof(float) * media::SoundChannels;
 constexpr unsigned BufferBytes = unsigned(FrameBytes) * media::SoundRate / 10; // 100 ms
+
+constexpr std::ptrdiff_t BufferSamples = BufferBytes / sizeof(float);
+constexpr std::size_t FadeSamples = media::SoundRate / 200 * media::SoundChannels; // 5 ms
+constexpr int64_t MarginMicroseconds = 10'000; // what the server takes before an order reaches it
+constexpr pa_usec_t FadeMicroseconds = 40'000; // until the fade has left the server
 
 template <auto Free> struct FreeBy {
     template <typename T> void operator()(T* object) const { Free(object); }
@@ -69,14 +76,19 @@ public:
     std::size_t Room() override
     {
         const Locked locked(loop_);
-        const std::size_t room = pa_stream_writable_size(stream_);
+        const std::size_t room = fading_ ? BufferBytes : pa_stream_writable_size(stream_);
         return room == std::size_t(-1) ? 0 : room / FrameBytes;
     }
 
     void Write(const media::Samples& samples) override
     {
         const Locked locked(loop_);
+        if (fading_)
+            Rest();
         pa_stream_write(stream_, samples.data(), samples.size() * sizeof(float), nullptr, 0, PA_SEEK_RELATIVE);
+        waiting_.insert(waiting_.end(), samples.begin(), samples.end());
+        if (waiting_.size() > 2 * BufferSamples)
+            waiting_.erase(waiting_.begin(), waiting_.end() - BufferSamples);
     }
 
     void Start() override
@@ -88,8 +100,12 @@ public:
     void Stop() override
     {
         const Locked locked(loop_);
-        Cork(true);
-        Forget(pa_stream_flush(stream_, nullptr, nullptr));
+        const pa_usec_t now = pa_rtclock_now();
+        FadeOut();
+        if (!fading_)
+            fading_ = pa_context_rttime_new(context_, now + FadeMicroseconds, &Faded, this);
+        if (!fading_)
+            Rest();
     }
 
     std::optional<double> Delay() override
@@ -107,6 +123,40 @@ private:
     {
         if (operation)
             pa_operation_unref(operation);
+    }
+    static void Faded(pa_mainloop_api*, pa_time_event*, const timeval*, void* self)
+    {
+        static_cast<PulseDevice*>(self)->Rest();
+    }
+    /// Lies still, empty.
+    void Rest()
+    {
+        if (pa_time_event* fading = std::exchange(fading_, nullptr))
+            pa_threaded_mainloop_get_api(loop_.get())->time_free(fading);
+        Cork(true);
+        Forget(pa_stream_flush(stream_, nullptr, nullptr));
+        waiting_.clear();
+    }
+    /// Overwrites what the server has not taken yet: a hard cut would click.
+    void FadeOut()
+    {
+        const pa_timing_info* timing = pa_stream_get_timing_info(stream_);
+        if (!timing || timing->read_index_corrupt || timing->write_index_corrupt)
+            return;
+        timeval now {};
+        const auto since = int64_t(pa_timeval_diff(pa_gettimeofday(&now), &timing->timestamp));
+        const int64_t taken = timing->read_index + BytesIn(since + MarginMicroseconds);
+        const int64_t left = (timing->write_index - taken) / int64_t(sizeof(float));
+        if (left <= 0 || left > int64_t(waiting_.size()))
+            return;
+        media::Samples rest(waiting_.end() - left, waiting_.end());
+        for (std::size_t i = 0; i < rest.size(); ++i)
+            rest[i] *= i < FadeSamples ? 1 - float(i) / FadeSamples : 0;
+        pa_stream_write(stream_, rest.data(), rest.size() * sizeof(float), nullptr, taken, PA_SEEK_ABSOLUTE);
+    }
+    static int64_t BytesIn(int64_t microseconds)
+    {
+        return microseconds * media::SoundRate / 1'000'000 * int64_t(FrameBytes);
     }
     void Cork(bool isStill) { Forget(pa_stream_cork(stream_, isStill ? 1 : 0, nullptr, nullptr)); }
 
@@ -132,6 +182,8 @@ private:
     Loop loop_;
     pa_context* context_;
     pa_stream* stream_ = nullptr;
+    media::Samples waiting_; ///< the newest of what was written
+    pa_time_event* fading_ = nullptr; ///< after a stop, until the fade is heard
 };
 
 } // namespace

@@ -125,7 +125,7 @@ void SoundPath::Work()
             continue;
         const auto isOutdated = [&] { return serial != serial_; };
         if (hasSound && Deliver(order)) {
-            changed_.wait_for(lock, Tick, isOutdated);
+            changed_.wait_for(lock, Tick);
         } else {
             isReady_ = true;
             changed_.wait(lock, isOutdated);

@@ -114,6 +114,26 @@ TEST(TempoTest, ThePitchIsKept)
     }
 }
 
+TEST(TempoTest, ABeepStandsInItsPlaceAtEveryRate)
+{
+    constexpr double beep = 2; // seconds, in the middle of which it stands
+    for (const double rate : { 0.1, 0.25, 0.5, 0.8, 1.5, 2.0, 3.0, 5.0 }) {
+        media::Tempo tempo(rate);
+        Samples sound(std::size_t(4 * media::SoundRate * media::SoundChannels));
+        for (std::size_t i = 0; i < sound.size(); ++i) {
+            const double at = double(i / 2) / media::SoundRate;
+            sound[i] = std::abs(at - beep) < 0.04 ? float(std::sin(at * 2 * M_PI * 1000)) : 0;
+        }
+        const Samples heard = tempo.Stretch(std::move(sound));
+        const auto isLoud = [](float sample) { return std::abs(sample) > 0.1F; };
+        const auto first = std::find_if(heard.begin(), heard.end(), isLoud) - heard.begin();
+        const auto last = heard.rend() - std::find_if(heard.rbegin(), heard.rend(), isLoud);
+        const double middle = double(first + last) / 2 / media::SoundChannels / media::SoundRate;
+        EXPECT_NEAR(middle + tempo.Lead() / rate, beep / rate, 0.02 * std::max(1.0, 0.25 / rate))
+            << "at rate " << rate;
+    }
+}
+
 class SoundFeedTest : public testing::Test {
 protected:
     TellingTime media_ { { { 0, 3 } } };

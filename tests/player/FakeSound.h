@@ -6,6 +6,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <type_traits>
 
 /// What a fake device was told, and what it will tell. It outlives the device; any thread.
 class FakeSound {
@@ -24,6 +25,11 @@ public:
 
     media::Samples Written() const { return With([this] { return written_; }); }
     bool IsPlaying() const { return With([this] { return isPlaying_; }); }
+    /// Devices made and not dropped.
+    int Living() const
+    {
+        return With([this] { return living_; });
+    }
     int Made() const { return With([this] { return made_; }); }
 
     /// Waits until so many frames were written since the last stop.
@@ -47,8 +53,17 @@ private:
         explicit Device(FakeSound& sound)
             : sound_(sound)
         {
-            sound_.With([this] { ++sound_.made_; });
+            sound_.With([this] {
+                ++sound_.made_;
+                ++sound_.living_;
+            });
         }
+        ~Device() override
+        {
+            sound_.With([this] { --sound_.living_; });
+        }
+        Device(const Device&) = delete;
+        Device& operator=(const Device&) = delete;
         State Status() override
         {
             return sound_.With([this] { return sound_.state_; });
@@ -87,7 +102,7 @@ private:
         FakeSound& sound_;
     };
 
-    template <typename Deed> auto With(Deed deed) const
+    template <typename Deed> std::invoke_result_t<Deed> With(Deed deed) const
     {
         const std::lock_guard lock(mutex_);
         changed_.notify_all();
@@ -102,5 +117,6 @@ private:
     media::Samples written_;
     bool isPlaying_ = false;
     int made_ = 0;
+    int living_ = 0;
     int looks_ = 0;
 };

@@ -154,6 +154,27 @@ TEST_F(PlayerSoundTest, TheyComeTogetherAfterManySeeksAndRates)
     ExpectTogether(4);
 }
 
+TEST_F(PlayerSoundTest, PausesSeeksRatesAndMuteDoNotClick)
+{
+    // A tone of 440 Hz at an eighth of the scale; a cut anywhere but at its zero would be a jump.
+    Load(QStringLiteral("audio_gap.mkv"));
+    player_->SetCurrentFrame(52); // behind the hole, whose edges are hard
+    server_.Forget();
+    for (int round = 0; round < 6; ++round) {
+        Play(0.2);
+        player_->SetCurrentFrame(60 + round);
+        Play(0.2);
+        player_->SetRate(round % 2 == 0 ? 1.5 : 1);
+        Play(0.2);
+        player_->SetMute(round % 2 == 0);
+        Play(0.1);
+        player_->Pause();
+    }
+    EXPECT_GT(server_.Loudest(), 0.1F);
+    std::cout << "[ steepest ] " << server_.Steepest() << std::endl;
+    EXPECT_LT(server_.Steepest(), 0.05F);
+}
+
 TEST_F(PlayerSoundTest, MuteIsSilentAndTheVideoGoesOn)
 {
     player_->SetMute(true);

@@ -130,8 +130,9 @@ TEST_F(SoundPathTest, ADeviceThatVanishesHandsOverToTheWallAndTheNextPlayLooksFo
     ASSERT_TRUE(sound_.WaitForFrames(Second / 10));
     ASSERT_TRUE(sound_.WaitForLooks(3));
     sound_.Be(SoundDevice::State::Gone);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return sound_.Living() == 0; }, 20000));
     wall_ = wall_.load() + 3s;
-    ASSERT_TRUE(QTest::qWaitFor([this] { return path_->Now() > 4.9; }, 20000));
+    EXPECT_NEAR(path_->Now(), 5.04, 1e-3);
     sound_.Be(SoundDevice::State::Ready);
     Play(1);
     EXPECT_EQ(sound_.Made(), 2);

@@ -137,6 +137,15 @@ float SoundServer::Loudest() const
     return loudest;
 }
 
+float SoundServer::Steepest() const
+{
+    const std::lock_guard lock(mutex_);
+    float steepest = 0;
+    for (std::size_t i = std::max<std::size_t>(forgotten_, 1); i < heard_.size(); ++i)
+        steepest = std::max(steepest, std::abs(heard_[i] - heard_[i - 1]));
+    return steepest;
+}
+
 void SoundServer::Forget()
 {
     const std::lock_guard lock(mutex_);
