@@ -1,5 +1,5 @@
 #include "media/DecodedFrame.h"
-#include "media/FrameServer.h"
+#include "media/Picture.h"
 #include "media/QuickStill.h"
 #include <algorithm>
 #include <cmath>

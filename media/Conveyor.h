@@ -1,6 +1,6 @@
 #pragma once
 
-#include "media/FrameServer.h"
+#include "media/Failure.h"
 #include <condition_variable>
 #include <deque>
 #include <exception>

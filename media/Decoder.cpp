@@ -1,7 +1,7 @@
 #include "media/Decoder.h"
 
 #include "media/Failure.h"
-#include "media/MediaSource.h"
+#include "media/Picture.h"
 #include <algorithm>
 #include <thread>
 
@@ -33,7 +33,7 @@ Decoder::Decoder(const AVStream& stream, const AVCodecParameters& parameters, bo
         throw MediaError(Failure::NotAVideo, "no decoder");
     avcodec_parameters_to_context(context_.get(), &parameters);
     context_->pkt_timebase = stream.time_base;
-    context_->max_pixels = MediaSource::MaxPixels;
+    context_->max_pixels = MaxPixels;
     const bool isSmall = parameters.width * parameters.height <= SmallPicture;
     context_->thread_count =
         isSmall ? 1 : int(std::clamp(std::thread::hardware_concurrency(), 1U, MostThreads));
@@ -47,13 +47,12 @@ void Decoder::Restart()
     while (Receive()) { }
 }
 
-void Decoder::Send(const AVPacket& packet, int ordinal, bool mayDrop)
+void Decoder::Send(const AVPacket& packet, int ordinal)
 {
     PacketPtr tagged(av_packet_clone(&packet));
     if (!tagged)
         throw MediaError(Failure::TooLarge, "no memory");
     tagged->pts = tagged->dts = ordinal;
-    context_->skip_frame = mayDrop ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
     avcodec_send_packet(context_.get(), tagged.get());
 }
 

@@ -14,9 +14,8 @@ public:
 
     /// Forgets everything that was fed.
     void Restart();
-    /// Feeds a packet; pictures that no other needs are not decoded when mayDrop is set. Pictures that are
-    /// ready must have been received before.
-    void Send(const AVPacket& packet, int ordinal, bool mayDrop);
+    /// Feeds a packet. Pictures that are ready must have been received before.
+    void Send(const AVPacket& packet, int ordinal);
     /// No packet follows: the pictures held back come out. Feeding on needs a Restart.
     void Drain();
     /// The next picture in display order, its ordinal in pts; null when more packets are needed or all are

@@ -1,8 +1,38 @@
 #pragma once
 
-#include "media/FrameServer.h"
+#include <QString>
+#include <stdexcept>
+#include <string>
 
 namespace media {
+
+/// Why a source cannot be opened or read. Numbers are those of PlayerError.
+enum class Failure {
+    NotFound = 1,
+    NoPermission,
+    NotAFile,
+    Empty,
+    NotAVideo,
+    Damaged,
+    TooLarge,
+    TimedOut,
+    Refused,
+    Network,
+    Vanished,
+};
+
+/// One short sentence in the program's words.
+QString FailureText(Failure failure);
+
+class MediaError : public std::runtime_error {
+public:
+    MediaError(Failure why, const std::string& detail)
+        : std::runtime_error(detail)
+        , failure(why)
+    {
+    }
+    Failure failure;
+};
 
 /// What an error code of the library or the system means to the program.
 Failure FailureOf(int error);

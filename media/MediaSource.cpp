@@ -1,6 +1,6 @@
 #include "media/MediaSource.h"
 
-#include "media/Failure.h"
+#include "media/Picture.h"
 #include "media/SourceCheck.h"
 #include <algorithm>
 #include <cstring>
@@ -10,10 +10,8 @@ namespace media {
 
 namespace {
 
-constexpr char MaxPixelsText[] = "67108864";
 constexpr unsigned MaxStreams = 64;
 constexpr size_t MaxAllocation = 536'870'912;
-constexpr int ReadBlock = 32 * 1024;
 constexpr auto OpenAddressWithin = std::chrono::seconds(15);
 
 bool IsVideo(const AVStream& stream)
@@ -36,7 +34,7 @@ public:
         : sets_(streams)
     {
         for (AVDictionary*& set : sets_) {
-            av_dict_set(&set, "max_pixels", MaxPixelsText, 0);
+            av_dict_set_int(&set, "max_pixels", MaxPixels, 0);
             av_dict_set(&set, "threads", "1", 0);
         }
     }
@@ -55,49 +53,6 @@ private:
 
 } // namespace
 
-/// A block of memory as a file for the demuxer.
-struct MediaSource::MemoryFile {
-    explicit MemoryFile(const QByteArray& content)
-        : bytes(content)
-        , io(avio_alloc_context(
-              static_cast<unsigned char*>(av_malloc(ReadBlock)), ReadBlock, 0, this, &Read, nullptr, &Seek))
-    {
-    }
-    ~MemoryFile()
-    {
-        if (io)
-            av_freep(&io->buffer);
-        avio_context_free(&io);
-    }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-
-    static int Read(void* self, uint8_t* target, int size)
-    {
-        auto& file = *static_cast<MemoryFile*>(self);
-        const auto count = std::min<qsizetype>(size, file.bytes.size() - file.at);
-        if (count <= 0)
-            return AVERROR_EOF;
-        std::memcpy(target, file.bytes.constData() + file.at, size_t(count));
-        file.at += count;
-        return int(count);
-    }
-    static int64_t Seek(void* self, int64_t offset, int whence)
-    {
-        auto& file = *static_cast<MemoryFile*>(self);
-        if (whence == AVSEEK_SIZE)
-            return file.bytes.size();
-        const int64_t base = whence == SEEK_CUR ? file.at : whence == SEEK_END ? file.bytes.size() : 0;
-        if (base + offset < 0 || base + offset > file.bytes.size())
-            return AVERROR(EINVAL);
-        return file.at = base + offset;
-    }
-
-    QByteArray bytes;
-    qsizetype at = 0;
-    AVIOContext* io;
-};
-
 MediaSource::MediaSource(const Source& source, Interrupt& interrupt, Track track)
     : source_(source)
     , address_(CheckedAddress(source))
@@ -110,10 +65,9 @@ MediaSource::MediaSource(const Source& source, Interrupt& interrupt, Track track
 
 MediaSource::~MediaSource() = default;
 
-int MediaSource::IsDue(void* self)
+bool MediaSource::IsDue() const
 {
-    const auto& source = *static_cast<MediaSource*>(self);
-    return source.interrupt_.IsDue() || Interrupt::Clock::now() > source.openBy_;
+    return interrupt_.IsDue() || Interrupt::Clock::now() > openBy_;
 }
 
 void MediaSource::Open()
@@ -147,7 +101,8 @@ void MediaSource::Open()
 
 void MediaSource::Configure(AVFormatContext& format)
 {
-    format.interrupt_callback = { &MediaSource::IsDue, this };
+    const auto isDue = [](void* self) { return int(static_cast<const MediaSource*>(self)->IsDue()); };
+    format.interrupt_callback = { isDue, this };
     format.probesize = 5'000'000;
     format.max_analyze_duration = int64_t(5) * AV_TIME_BASE;
     format.max_streams = int(MaxStreams);
@@ -156,7 +111,7 @@ void MediaSource::Configure(AVFormatContext& format)
 void MediaSource::OpenMemory(AVFormatContext& format)
 {
     memory_ = std::make_unique<MemoryFile>(source_.data);
-    format.pb = memory_->io;
+    format.pb = memory_->Io();
     format.flags |= AVFMT_FLAG_CUSTOM_IO;
 }
 
@@ -301,7 +256,7 @@ bool MediaSource::IsBareStream() const
 void MediaSource::FailToOpen(int error) const
 {
     Failure failure = FailureOf(error);
-    if (interrupt_.IsDue() || Interrupt::Clock::now() > openBy_)
+    if (IsDue())
         failure = Failure::TimedOut;
     else if (failure == Failure::NotAVideo && source_.kind != Source::Kind::Address
         && LooksLikeVideo(source_))
@@ -311,7 +266,7 @@ void MediaSource::FailToOpen(int error) const
 
 void MediaSource::ThrowIfDue() const
 {
-    if (interrupt_.IsDue() || Interrupt::Clock::now() > openBy_)
+    if (IsDue())
         throw MediaError(Failure::TimedOut, "no answer in time");
 }
 

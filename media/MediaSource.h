@@ -1,7 +1,9 @@
 #pragma once
 
-#include "media/FrameServer.h"
+#include "media/Interrupt.h"
 #include "media/Libav.h"
+#include "media/MemoryFile.h"
+#include "media/Source.h"
 
 namespace media {
 
@@ -12,17 +14,14 @@ public:
     /// Which stream is read: the first of its kind that can be decoded.
     enum class Track { Video, Sound };
 
-    /// Largest picture in pixels that is decoded.
-    static constexpr int64_t MaxPixels = 67'108'864;
-
     /// Opens the source and finds its stream. Throws MediaError.
     MediaSource(const Source& source, Interrupt& interrupt, Track track = Track::Video);
     ~MediaSource();
     MediaSource(const MediaSource&) = delete;
     MediaSource& operator=(const MediaSource&) = delete;
 
-    /// The next packet of the stream; null at the end of the file. A place that cannot be read counts as the end.
-    /// Throws MediaError when the interrupt is due.
+    /// The next packet of the stream; null at the end of the file. A place that cannot be read counts as the
+    /// end. Throws MediaError when the interrupt is due.
     PacketPtr Read();
     /// Places the reader at a key packet at or before the time stamp (stream time base); false when it
     /// cannot.
@@ -37,9 +36,9 @@ public:
     PacketPtr ReadBytes(int64_t position, int count);
 
     const AVStream& Stream() const { return *format_->streams[stream_]; }
-    /// The codec parameters of the packets that Read gives.
     /// Whether packets that hold two pictures are split on the way.
     bool IsUnpacked() const { return filter_ != nullptr; }
+    /// The codec parameters of the packets that Read gives.
     const AVCodecParameters& Parameters() const { return filter_ ? *filter_->par_out : *Stream().codecpar; }
     const AVFormatContext& Format() const { return *format_; }
     bool HasSound() const;
@@ -49,7 +48,7 @@ public:
     bool IsBareStream() const;
 
 private:
-    static int IsDue(void* self);
+    bool IsDue() const;
     void Open();
     void Configure(AVFormatContext& format);
     void OpenMemory(AVFormatContext& format);
@@ -67,7 +66,6 @@ private:
     Interrupt& interrupt_;
     Track track_;
     Interrupt::Clock::time_point openBy_ = Interrupt::Clock::time_point::max();
-    struct MemoryFile;
     std::unique_ptr<MemoryFile> memory_;
     FormatPtr format_;
     FilterPtr filter_;

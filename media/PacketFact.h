@@ -17,6 +17,7 @@ struct PacketFact {
         Hidden = 8, ///< holds only pictures that are not shown
         SecondField = 16, ///< completes the picture of the packet before
         Doubtful = 32, ///< what comes out of the decoder must be looked at
+        Unreferenced = 64, ///< no other picture needs this one to be decoded
     };
     int64_t pts = NoStamp;
     int64_t dts = NoStamp;

@@ -133,7 +133,7 @@ void PacketIndex::Learn(size_t at)
     group.decoded.clear();
     prober_->Restart();
     for (int ordinal = start; ordinal < group.end; ++ordinal) {
-        prober_->Send(*Packet(ordinal), ordinal, false);
+        prober_->Send(*Packet(ordinal), ordinal);
         collect();
     }
     prober_->Drain();

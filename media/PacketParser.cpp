@@ -1,6 +1,7 @@
 #include "media/PacketParser.h"
 
 #include <algorithm>
+#include <cstring>
 #include <functional>
 #include <span>
 
@@ -9,6 +10,7 @@ namespace media {
 namespace {
 
 constexpr int CheckedBytes = 1024;
+constexpr int StartCodeBytes = 3;
 constexpr int LargestUncodedVop = 16; ///< bytes of an MPEG-4 packet that says "no picture"
 
 Ordering OrderingOf(AVCodecID codec, bool hasParser)
@@ -21,6 +23,20 @@ Ordering OrderingOf(AVCodecID codec, bool hasParser)
         return Ordering::Straight;
     const bool typesAreKnown = hasParser && codec != AV_CODEC_ID_DIRAC && codec != AV_CODEC_ID_CAVS;
     return typesAreKnown ? Ordering::HoldReferences : Ordering::Unknown;
+}
+
+/// The next 0 0 1 from a place on, or the end. Ones are rare, and the library of the language finds them
+/// fast.
+const uint8_t* NextStartCode(const uint8_t* from, const uint8_t* end)
+{
+    for (const uint8_t* at = from + 2; at < end; ++at) {
+        at = static_cast<const uint8_t*>(std::memchr(at, 1, size_t(end - at)));
+        if (!at)
+            break;
+        if (at[-1] == 0 && at[-2] == 0)
+            return at - 2;
+    }
+    return end;
 }
 
 /// Calls take with each unit of an H.264 or HEVC packet, in which units follow start codes or their own
@@ -40,11 +56,11 @@ void ForEachUnit(
         }
         return;
     }
-    constexpr uint8_t startCode[] = { 0, 0, 1 };
-    auto unit = std::search(data.begin(), data.end(), std::begin(startCode), std::end(startCode));
-    while (unit != data.end()) {
-        const auto begin = unit + std::size(startCode);
-        unit = std::search(begin, data.end(), std::begin(startCode), std::end(startCode));
+    const uint8_t* const end = data.data() + data.size();
+    const uint8_t* unit = NextStartCode(data.data(), end);
+    while (unit != end) {
+        const uint8_t* const begin = unit + StartCodeBytes;
+        unit = NextStartCode(begin, end);
         take({ begin, unit });
     }
 }
@@ -158,14 +174,16 @@ void PacketParser::ParsePicture(const AVPacket& packet, PacketFact& fact)
     if (fact.type == '?' || (codec_ == AV_CODEC_ID_MPEG4 && packet.size <= LargestUncodedVop))
         fact.Set(PacketFact::Doubtful);
     if (ordering_ == Ordering::ByCount)
-        ParseUnits(packet, fact);
-    else
-        PairFields(fact, false);
+        return ParseUnits(packet, fact);
+    if (fact.type == 'B')
+        fact.Set(PacketFact::Unreferenced);
+    PairFields(fact, false);
 }
 
 void PacketParser::ParseUnits(const AVPacket& packet, PacketFact& fact)
 {
     int firstSlices = 0;
+    bool isNeeded = codec_ != AV_CODEC_ID_H264;
     const std::span data(packet.data, size_t(packet.size));
     ForEachUnit(data, unitLengthSize_, [&](std::span<const uint8_t> unit) {
         if (unit.size() < 3)
@@ -174,11 +192,15 @@ void PacketParser::ParseUnits(const AVPacket& packet, PacketFact& fact)
         const int type = isAvc ? unit[0] & 0x1F : unit[0] >> 1 & 0x3F;
         const bool isPicture = isAvc ? type >= 1 && type <= 5 : type < 32;
         const bool startsAnew = isAvc ? type == 5 : type >= 16 && type <= 20;
+        const bool isReference = isAvc && unit[0] & 0x60; // pictures and parameter sets may be
+        isNeeded = isNeeded || isReference;
         if (isPicture && unit[isAvc ? 1 : 2] & 0x80)
             ++firstSlices;
         if (startsAnew)
             fact.Set(PacketFact::Restart);
     });
+    if (!isNeeded)
+        fact.Set(PacketFact::Unreferenced);
     PairFields(fact, firstSlices > 1);
 }
 

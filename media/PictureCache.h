@@ -1,6 +1,6 @@
 #pragma once
 
-#include "media/FrameServer.h"
+#include "media/Picture.h"
 #include <list>
 #include <unordered_map>
 

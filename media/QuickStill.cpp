@@ -77,8 +77,8 @@ public:
     {
         const Weights even = WeightsOf(even_);
         const Weights odd = WeightsOf(odd_);
-        const int lastBlock = samples_ - Margin - Block;
-        for (int at = Margin; at < lastBlock; at += Block)
+        const ptrdiff_t lastBlock = samples_ - Margin - Block;
+        for (ptrdiff_t at = Margin; at < lastBlock; at += Block)
             WidenBlock(from + at, even, odd, to + 2 * at);
         WidenBlock(from + lastBlock, even, odd, to + 2 * lastBlock);
         for (const int end : ends_)

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "media/FrameServer.h"
+#include "media/Interrupt.h"
+#include "media/Source.h"
+#include <memory>
 #include <optional>
 #include <vector>
 

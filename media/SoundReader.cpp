@@ -1,6 +1,6 @@
-#include "media/Failure.h"
-#include "media/MediaSource.h"
 #include "media/Sound.h"
+
+#include "media/MediaSource.h"
 #include <algorithm>
 #include <utility>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "media/FrameServer.h"
+#include "media/Source.h"
 
 namespace media {
 

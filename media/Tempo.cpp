@@ -12,8 +12,9 @@ namespace {
 constexpr double Slowest = 0.5;
 constexpr double Fastest = 2;
 constexpr double Unchanged = 1e-9;
-/// Seconds at the entry of a stage: it lays the pieces of sound over one another that much too early, at every
-/// tempo (beeps measured from 0.1 to 5). Four stages at a tenth of the rate would be a quarter of a second.
+/// Seconds at the entry of a stage: it lays the pieces of sound over one another that much too early, at
+/// every tempo (beeps measured from 0.1 to 5). Four stages at a tenth of the rate would be a quarter of a
+/// second.
 constexpr double StageLead = 0.012;
 
 } // namespace

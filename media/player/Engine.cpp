@@ -16,50 +16,10 @@ using namespace std::chrono_literals;
 constexpr auto OpenLimit = 10s;
 constexpr auto AddressLimit = 15s;
 constexpr auto PictureLimit = 5s;
-constexpr auto IndexLimit = 5s; // for the index to reach the place that a call asks for
-constexpr int IndexSlice = 512; // pictures, read between two looks at the commands
-constexpr int PlayingSlice = 32;
+constexpr auto PreparationSlice = 10ms; // of decoding for steps to come, between two looks at the commands
 constexpr auto SpareTime = 5ms; // a pause this long while playing is used for the index
-constexpr double LongestLastPicture = 10; // seconds; durations in files are no promise
 
 } // namespace
-
-/// Extends the index as the playing comes near its end.
-class Engine::ServerTimeline : public Timeline {
-public:
-    explicit ServerTimeline(Engine& engine)
-        : engine_(engine)
-        , server_(*engine.server_)
-    {
-    }
-    bool Reaches(int number) override
-    {
-        if (number >= server_.KnownFrames() && !server_.IsComplete()) {
-            const Deadline deadline(engine_.wires_.interrupt, IndexLimit);
-            engine_.ExtendIndex(number + PlayingSlice);
-        }
-        const bool isUnknown = number >= server_.KnownFrames() && !engine_.IsIndexWhole();
-        if (isUnknown)
-            throw media::MediaError(media::Failure::TimedOut, "the rest of the media does not come");
-        return number < server_.KnownFrames();
-    }
-    double TimeOf(int number) override { return server_.TimeOf(number); }
-    std::optional<int> Last() override
-    {
-        return server_.IsComplete() ? std::optional(server_.KnownFrames() - 1) : std::nullopt;
-    }
-    double EndOf(int number) override
-    {
-        const double start = TimeOf(number);
-        if (Reaches(number + 1))
-            return TimeOf(number + 1);
-        return std::clamp(server_.Duration(), start, start + LongestLastPicture);
-    }
-
-private:
-    Engine& engine_;
-    media::FrameServer& server_;
-};
 
 Engine::Engine(const media::Source& source, Wires& wires)
     : wires_(wires)
@@ -68,11 +28,11 @@ Engine::Engine(const media::Source& source, Wires& wires)
 {
     const Deadline deadline(wires.interrupt, isAddress_ ? AddressLimit : OpenLimit);
     server_ = media::FrameServer::Open(source, wires.interrupt);
-    timeline_ = std::make_unique<ServerTimeline>(*this);
+    index_ = std::make_unique<GrowingIndex>(*server_, wires.interrupt, wires.facts, isAddress_);
     server_->ExtendIndex(1);
     if (server_->KnownFrames() == 0)
         throw media::MediaError(media::Failure::NotAVideo, "no picture in it");
-    TellFacts();
+    index_->Tell();
 }
 
 Shot Engine::Seek(int number, media::Purpose purpose)
@@ -81,27 +41,27 @@ Shot Engine::Seek(int number, media::Purpose purpose)
         steps_.Stepped(number);
     else
         steps_.Jumped();
-    return Show(Reach(number), purpose);
+    return Show(index_->Reach(number), purpose);
 }
 
 Shot Engine::SeekTime(double seconds)
 {
     steps_.Jumped();
-    ReachTime(seconds);
+    index_->ReachTime(seconds);
     return Show(server_->NumberAt(seconds), media::Purpose::Jump);
 }
 
 Shot Engine::SeekEnd()
 {
     steps_.Jumped();
-    return Show(LastWithin(IndexLimit), media::Purpose::Jump);
+    return Show(index_->ReachLast(), media::Purpose::Jump);
 }
 
 Shot Engine::Show(int number, media::Purpose purpose)
 {
     const Deadline deadline(wires_.interrupt, PictureLimit);
     Shot shot = Render(server_->Get(number, purpose));
-    TellFacts();
+    index_->Tell();
     if (playback_) {
         shown_ = shot;
         PlayFrom(number, number + 1);
@@ -134,78 +94,25 @@ void Engine::Draw(Shot& shot) const
         shot.screen = shot.picture.ToScreen(size);
 }
 
-/// Number, brought into the range of the pictures there are.
-int Engine::Reach(int number)
-{
-    if (number >= server_->KnownFrames() && !server_->IsComplete()) {
-        const Deadline deadline(wires_.interrupt, IndexLimit);
-        ExtendIndex(number + 1);
-    }
-    return std::clamp(number, 0, std::max(server_->KnownFrames() - 1, 0));
-}
-
-int Engine::LastWithin(std::chrono::seconds limit)
-{
-    const Deadline deadline(wires_.interrupt, limit);
-    while (!server_->IsComplete() && ExtendIndex(server_->KnownFrames() + IndexSlice)) { }
-    return std::max(server_->KnownFrames() - 1, 0);
-}
-
-void Engine::ReachTime(double seconds)
-{
-    const Deadline deadline(wires_.interrupt, IndexLimit);
-    const auto isKnown = [&] {
-        const int known = server_->KnownFrames();
-        return server_->IsComplete() || (known > 0 && server_->TimeOf(known - 1) > seconds);
-    };
-    while (!isKnown() && ExtendIndex(server_->KnownFrames() + IndexSlice)) { }
-}
-
-/// False when there is nothing to be gained from going on.
-bool Engine::ExtendIndex(int frames)
-{
-    if (IsIndexWhole())
-        return false;
-    const int known = server_->KnownFrames();
-    try {
-        WithinMemory([&] { server_->ExtendIndex(frames); });
-    } catch (const media::MediaError& error) {
-        // What is known can still be played; whoever needs the rest will be told by the decoder.
-        if (error.failure != media::Failure::TimedOut)
-            indexFailure_ = error.failure;
-        TellFacts();
-        return false;
-    }
-    TellFacts();
-    return server_->IsComplete() || server_->KnownFrames() > known;
-}
-
-void Engine::TellFacts()
-{
-    const bool isLive = isAddress_ && !IsIndexWhole() && server_->Duration() <= 0;
-    wires_.facts.Write(
-        { server_->KnownFrames(), IsIndexWhole(), server_->Duration(), server_->Size(), isLive });
-}
-
 PlaySpan Engine::Span()
 {
     const Selection& selection = options_.selection;
     PlaySpan span;
     if (selection.start > 0) {
-        ReachTime(selection.start);
+        index_->ReachTime(selection.start);
         span.first = server_->NumberAt(selection.start);
     }
     // An end before the start selects nothing; then all is played, as without it.
     if (selection.end < selection.start || std::isinf(selection.end))
         return span;
-    ReachTime(selection.end);
+    index_->ReachTime(selection.end);
     span.last = server_->NumberAt(selection.end);
     return span;
 }
 
 int Engine::Following(int shown, const PlaySpan& span)
 {
-    return timeline_->Reaches(shown + 1) ? span.NextAfter(shown) : span.first;
+    return index_->Reaches(shown + 1) ? span.NextAfter(shown) : span.first;
 }
 
 void Engine::Play(const Shot& shown, const PlayOptions& options)
@@ -255,7 +162,7 @@ void Engine::PlayFrom(int shown, int next)
     };
     playback_.reset(); // before the next one takes the sound
     playback_ = std::make_unique<Playback>(
-        PlayPlan(*timeline_, span, options_, next, from), from, options_.rate, MakeClock(from), hands);
+        PlayPlan(*index_, span, options_, next, from), from, options_.rate, MakeClock(from), hands);
 }
 
 std::unique_ptr<MediaClock> Engine::MakeClock(double from)
@@ -272,14 +179,14 @@ std::unique_ptr<MediaClock> Engine::MakeClock(double from)
 
 void Engine::Finish()
 {
-    const bool isMediaEnd = !timeline_->Reaches(shown_.number + 1); // may fail: then it is not over yet
+    const bool isMediaEnd = !index_->Reaches(shown_.number + 1); // may fail: then it is not over yet
     playback_.reset();
     Shot last = std::exchange(shown_, {});
     last.turn = turn_;
     Mail mail;
     mail.end = { last, isMediaEnd };
-    if (isMediaEnd && indexFailure_)
-        mail.fault = { *indexFailure_, turn_ }; // it ends earlier than it should
+    if (isMediaEnd && index_->Failure())
+        mail.fault = { *index_->Failure(), turn_ }; // it ends earlier than it should
     wires_.mail->Post(mail);
     if (!options_.rewindsAtEnd)
         return;
@@ -367,14 +274,14 @@ Engine::Time Engine::WorkPlaying()
     if (playback_->IsOver())
         Finish();
     else if (next > MediaClock::Wall::now() + SpareTime && !isAddress_)
-        ExtendIndex(server_->KnownFrames() + PlayingSlice);
+        index_->Extend(GrowingIndex::PlayingSlice);
     return next;
 }
 
 Engine::Time Engine::WorkIdle()
 {
     const bool growsIndex = !isAddress_ || wantsWholeIndex_;
-    if (PrepareSteps() || (growsIndex && ExtendIndex(server_->KnownFrames() + IndexSlice)))
+    if (PrepareSteps() || (growsIndex && index_->Extend(GrowingIndex::Slice)))
         return Playback::AtOnce;
     return Time::max();
 }
@@ -382,14 +289,15 @@ Engine::Time Engine::WorkIdle()
 bool Engine::PrepareSteps()
 {
     const auto isCached = [this](int number) { return !server_->Cached(number).IsNull(); };
-    const std::optional<int> wanted = steps_.Wanted(server_->KnownFrames(), isCached);
+    const std::optional<int> wanted = steps_.Wanted(server_->KnownFrames(), server_->Reserve(), isCached);
     if (!wanted)
         return false;
     try {
         const Deadline deadline(wires_.interrupt, PictureLimit);
-        WithinMemory([&] { server_->Get(*wanted, media::Purpose::Step); });
+        const auto until = media::Interrupt::Clock::now() + PreparationSlice;
+        const bool isThere = WithinMemory([&] { return server_->Prepare(*wanted, until); });
         // A cache too small for what was wanted would have it decoded over and over.
-        if (isCached(*wanted))
+        if (!isThere || isCached(*wanted))
             return true;
     } catch (const media::MediaError&) {
         // Nobody asked for it yet.

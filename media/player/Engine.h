@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/player/GrowingIndex.h"
 #include "media/player/Playback.h"
 #include "media/player/SoundPath.h"
 #include "media/player/StepAhead.h"
@@ -41,16 +42,11 @@ public:
     Time Work();
 
 private:
-    class ServerTimeline;
-
     Shot Show(int number, media::Purpose purpose);
     Shot Render(const media::Picture& picture) const;
     Shot ShotOf(const media::Picture& picture) const;
     /// Makes the shot ready for the screen; also on the thread that makes the stills.
     void Draw(Shot& shot) const;
-    int LastWithin(std::chrono::seconds limit);
-    void ReachTime(double seconds);
-    int Reach(int number);
 
     void PlayFrom(int shown, int next);
     int Following(int shown, const PlaySpan& span);
@@ -64,16 +60,13 @@ private:
     void Redraw();
     Time WorkIdle();
     Time WorkPlaying();
-    bool ExtendIndex(int frames);
-    bool IsIndexWhole() const { return indexFailure_ || server_->IsComplete(); }
     bool PrepareSteps();
-    void TellFacts();
 
     Wires& wires_;
     media::Source source_;
     bool isAddress_;
     std::unique_ptr<media::FrameServer> server_;
-    std::unique_ptr<Timeline> timeline_;
+    std::unique_ptr<GrowingIndex> index_;
     std::unique_ptr<SoundPath> sound_; ///< from the first playing on, where there is sound
     std::unique_ptr<Playback> playback_;
     PlayOptions options_;
@@ -81,7 +74,6 @@ private:
     int turn_ = 0;
     StepAhead steps_;
     bool wantsWholeIndex_ = false;
-    std::optional<media::Failure> indexFailure_; ///< why the index cannot grow any more
 };
 
 } // namespace player

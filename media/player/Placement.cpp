@@ -1,12 +1,11 @@
 #include "media/player/Placement.h"
 
+#include "media/Picture.h"
 #include <cmath>
 
 namespace player {
 
 namespace {
-
-constexpr double MaxPixels = 64e6; // a picture doubled beyond this would cost more memory than it shows
 
 QSize Scaled(QSize size, double factor)
 {
@@ -34,7 +33,9 @@ double FactorOf(ltmmPlay::DisplayMode mode)
 QSize Bounded(QSize size)
 {
     const double pixels = double(size.width()) * size.height();
-    return pixels > MaxPixels ? Scaled(size, std::sqrt(MaxPixels / pixels)) : size;
+    // A picture doubled beyond the largest would cost more memory than it shows.
+    constexpr auto most = double(media::MaxPixels);
+    return pixels > most ? Scaled(size, std::sqrt(most / pixels)) : size;
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "media/player/PlayerControl.h"
 
-#include "app/ControlError.h"
-#include "media/player/PictureView.h"
+#include "media/player/AsPlayerFailure.h"
+#include "media/player/PaintShot.h"
 #include "media/player/TrackingScale.h"
 #include "toolkit/Style.h"
 #include <QPointer>
@@ -14,11 +14,6 @@ namespace {
 
 constexpr auto CountPatience = 30s; // for the index of a large file
 constexpr auto DurationPatience = 2s; // only where the container tells nothing
-
-ControlError NoVideo()
-{
-    return ControlError(QStringLiteral("There is no video."));
-}
 
 media::Source SourceOf(const QString& file)
 {

@@ -1,18 +1,9 @@
 // How the player control goes to a place.
-#include "app/ControlError.h"
+#include "media/player/AsPlayerFailure.h"
 #include "media/player/PlayerControl.h"
 #include "media/player/TrackingScale.h"
 
 using namespace player;
-
-namespace {
-
-ControlError NoVideo()
-{
-    return ControlError(QStringLiteral("There is no video to step through."));
-}
-
-} // namespace
 
 void PlayerControl::SetCurrentPosition(double seconds)
 {
@@ -60,12 +51,8 @@ void PlayerControl::SetCurrentFrame(int frame)
     if (!session_)
         throw NoVideo();
     strides_.Sought(frame);
-    try {
-        const std::optional<Shot> ready = state_ == Running ? std::nullopt : session_->FromShelf(frame);
-        Arrive(ready ? *ready : session_->Seek(frame, media::Purpose::Jump));
-    } catch (const media::MediaError& error) {
-        throw ControlError(media::FailureText(error.failure));
-    }
+    const std::optional<Shot> ready = state_ == Running ? std::nullopt : session_->FromShelf(frame);
+    Arrive(ready ? *ready : AsPlayerFailure([&] { return session_->Seek(frame, media::Purpose::Jump); }));
 }
 
 void PlayerControl::NextFrame()
@@ -85,9 +72,6 @@ void PlayerControl::Step(int frames)
     strides_.Forget();
     if (state_ == Running)
         Halt(Paused);
-    try {
-        Arrive(session_->Seek(std::max(shown_.number + frames, 0), media::Purpose::Step));
-    } catch (const media::MediaError& error) {
-        throw ControlError(media::FailureText(error.failure));
-    }
+    const int number = std::max(shown_.number + frames, 0);
+    Arrive(AsPlayerFailure([&] { return session_->Seek(number, media::Purpose::Step); }));
 }

@@ -1,5 +1,5 @@
 // How the player control stands on the screen: sizes, painting, full screen, keys and mouse.
-#include "media/player/PictureView.h"
+#include "media/player/PaintShot.h"
 #include "media/player/PlayerControl.h"
 #include "toolkit/Twips.h"
 #include <QKeyEvent>
@@ -82,7 +82,7 @@ void PlayerControl::paintEvent(QPaintEvent*)
     QPainter painter(this);
     if (view_.ratio != devicePixelRatioF())
         Look();
-    PaintPicture(painter, view_, shown_, palette().window());
+    PaintShot(painter, view_, shown_, palette().window());
 }
 
 void PlayerControl::resizeEvent(QResizeEvent*)

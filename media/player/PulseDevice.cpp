@@ -85,7 +85,8 @@ public:
         const Locked locked(loop_);
         if (fading_)
             Rest();
-        pa_stream_write(stream_, samples.data(), samples.size() * sizeof(float), nullptr, 0, PA_SEEK_RELATIVE);
+        pa_stream_write(
+            stream_, samples.data(), samples.size() * sizeof(float), nullptr, 0, PA_SEEK_RELATIVE);
         waiting_.insert(waiting_.end(), samples.begin(), samples.end());
         if (waiting_.size() > 2 * BufferSamples)
             waiting_.erase(waiting_.begin(), waiting_.end() - BufferSamples);

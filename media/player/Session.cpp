@@ -33,8 +33,8 @@ std::shared_ptr<Session> Session::Start(const media::Source& source, const View&
     return session;
 }
 
-Session::Session(const media::Source& source, const View& view, std::shared_ptr<Mailbox> mail,
-    SoundDeviceMaker makeSound)
+Session::Session(
+    const media::Source& source, const View& view, std::shared_ptr<Mailbox> mail, SoundDeviceMaker makeSound)
     : source_(source)
 {
     wires_.mail = std::move(mail);

@@ -1,10 +1,11 @@
 #include "media/player/StepAhead.h"
 
+#include <algorithm>
+
 namespace player {
 
 namespace {
 
-constexpr int BackwardReach = 8; // so many cached pictures before the shown one are enough
 constexpr int ForwardReach = 2;
 
 } // namespace
@@ -17,13 +18,13 @@ void StepAhead::Stepped(int number)
     at_ = number;
 }
 
-std::optional<int> StepAhead::Wanted(int count, const std::function<bool(int)>& isCached) const
+std::optional<int> StepAhead::Wanted(int count, int reserve, const std::function<bool(int)>& isCached) const
 {
-    // One step back may be a correction; a second one in a row is a walk, and its next span costs a whole
-    // decode.
+    // One step back may be a correction; a second one in a row is a walk, and the pictures before it cost a
+    // whole decode: they are made as soon as there is room for them.
     if (!at_ || direction_ == 0 || (direction_ < 0 && stepsInARow_ < 2))
         return std::nullopt;
-    const int reach = direction_ < 0 ? BackwardReach : ForwardReach;
+    const int reach = direction_ < 0 ? reserve : std::min(reserve, ForwardReach);
     for (int step = 1; step <= reach; ++step) {
         const int number = *at_ + step * direction_;
         if (number < 0 || number >= count)

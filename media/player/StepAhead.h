@@ -11,8 +11,9 @@ public:
     /// A step, or a jump when the neighbours are of no interest, led to number.
     void Stepped(int number);
     void Jumped() { *this = StepAhead(); }
-    /// The picture wanted next, none when all that is likely to be asked is cached.
-    std::optional<int> Wanted(int count, const std::function<bool(int)>& isCached) const;
+    /// The picture wanted next of count; none when all that is likely to be asked is cached. reserve:
+    /// pictures that may be had ready at most.
+    std::optional<int> Wanted(int count, int reserve, const std::function<bool(int)>& isCached) const;
 
 private:
     std::optional<int> at_;

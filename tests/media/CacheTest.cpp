@@ -62,6 +62,20 @@ TEST(FrameServer, OneStepBackKeepsTheWholeGroupForTheStepsThatFollow)
         EXPECT_FALSE(opened->Cached(number).IsNull()) << number;
 }
 
+TEST(FrameServer, PreparedPicturesTakeTheRoomOfThoseThatWerePassed)
+{
+    const qsizetype one = Opened("h264_closed.mp4")->Get(0, Purpose::Jump).Bytes();
+    const Opened opened("h264_closed.mp4", { .pictures = 24 * one });
+    int next = opened->Get(70, Purpose::Step).Number();
+    while (!opened->Cached(next).IsNull())
+        --next;
+    while (!opened->Prepare(next, Interrupt::Clock::now())) { }
+    const int reserve = opened->Reserve();
+    EXPECT_EQ(reserve, 6);
+    for (int number = next - 15; number <= next + reserve; ++number)
+        EXPECT_FALSE(opened->Cached(number).IsNull()) << number;
+}
+
 TEST(FrameServer, PlayedPicturesAreAtHandForAStepBack)
 {
     const Opened opened("h264_closed.mp4");

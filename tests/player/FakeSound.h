@@ -17,20 +17,38 @@ public:
         return [this] { return std::make_unique<Device>(*this); };
     }
 
-    void Be(player::SoundDevice::State state) { With([=, this] { state_ = state; }); }
+    void Be(player::SoundDevice::State state)
+    {
+        With([=, this] { state_ = state; });
+    }
     /// Seconds until the end of what was written is heard.
-    void Delay(std::optional<double> delay) { With([=, this] { delay_ = delay; }); }
+    void Delay(std::optional<double> delay)
+    {
+        With([=, this] { delay_ = delay; });
+    }
     /// Frames that it can take until it is told anew.
-    void Room(std::size_t frames) { With([=, this] { room_ = frames; }); }
+    void Room(std::size_t frames)
+    {
+        With([=, this] { room_ = frames; });
+    }
 
-    media::Samples Written() const { return With([this] { return written_; }); }
-    bool IsPlaying() const { return With([this] { return isPlaying_; }); }
+    media::Samples Written() const
+    {
+        return With([this] { return written_; });
+    }
+    bool IsPlaying() const
+    {
+        return With([this] { return isPlaying_; });
+    }
     /// Devices made and not dropped.
     int Living() const
     {
         return With([this] { return living_; });
     }
-    int Made() const { return With([this] { return made_; }); }
+    int Made() const
+    {
+        return With([this] { return made_; });
+    }
 
     /// Waits until so many frames were written since the last stop.
     bool WaitForFrames(std::size_t frames) const

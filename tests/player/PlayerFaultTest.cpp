@@ -33,7 +33,6 @@ protected:
         EXPECT_EQ(player_->SourceFile(), QString());
         EXPECT_EQ(Seen(), -1);
         EXPECT_TRUE(Wait([&] { return !errors_.isEmpty(); })) << file.toStdString();
-        EXPECT_FALSE(QTest::qWaitFor([&] { return errors_.size() > 1; }, 20));
         if (errors_.isEmpty())
             return;
         const int code = errors_[0][0].toInt();
@@ -41,6 +40,8 @@ protected:
         EXPECT_FALSE(player_->ErrorText(code).isEmpty());
         Load(QStringLiteral("h264_closed.mp4"));
         EXPECT_EQ(Seen(), 0);
+        QCoreApplication::sendPostedEvents();
+        EXPECT_EQ(errors_.size(), 1);
     }
 
     QTemporaryDir folder_;
@@ -146,9 +147,10 @@ TEST_F(PlayerFaultTest, ATruncatedFileEndsWithAtMostOneError)
     player_->Run();
     ASSERT_TRUE(QFile::resize(copy, 4000));
     ASSERT_TRUE(WaitForEnd());
-    EXPECT_FALSE(QTest::qWaitFor([&] { return errors_.size() > 1; }, 100));
     Load(QStringLiteral("h264_closed.mp4"));
     EXPECT_EQ(Seen(), 0);
+    QCoreApplication::sendPostedEvents();
+    EXPECT_LE(errors_.size(), 1);
 }
 
 TEST_F(PlayerFaultTest, ARunWhereTheSizeChangesFollowsThePicture)

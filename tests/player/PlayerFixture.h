@@ -46,6 +46,14 @@ protected:
     {
         return Wait([this] { return player_->State() == ltmmPlay::Stopped; });
     }
+    /// Lets time pass: another player plays up to a frame.
+    static void LetAnotherPlayTo(int frame)
+    {
+        PlayerControl other;
+        other.SetSourceFile(ClipPath(QStringLiteral("h264_closed.mp4")));
+        other.Run();
+        ASSERT_TRUE(Wait([&] { return other.CurrentFrame() >= frame; }));
+    }
     std::vector<int> Reported() const
     {
         std::vector<int> places;

@@ -68,14 +68,16 @@ SoundServer::SoundServer()
     });
     trouble_ = Start(recorder_, QStringLiteral("parec"),
         { QStringLiteral("--device=nothing.monitor"), QStringLiteral("--format=float32le"),
-            QStringLiteral("--rate=48000"), QStringLiteral("--channels=1"), QStringLiteral("--latency-msec=5"),
-            QStringLiteral("--process-time-msec=5"), QStringLiteral("--raw") });
+            QStringLiteral("--rate=48000"), QStringLiteral("--channels=1"),
+            QStringLiteral("--latency-msec=5"), QStringLiteral("--process-time-msec=5"),
+            QStringLiteral("--raw") });
     const auto records = [this] {
         const std::lock_guard lock(mutex_);
         return begin_.has_value();
     };
     if (trouble_.isEmpty() && !QTest::qWaitFor(records, Patience))
-        trouble_ = QStringLiteral("nothing can be recorded: ") + QString::fromUtf8(recorder_.readAllStandardError());
+        trouble_ =
+            QStringLiteral("nothing can be recorded: ") + QString::fromUtf8(recorder_.readAllStandardError());
 }
 
 SoundServer::~SoundServer()
@@ -120,8 +122,8 @@ std::vector<SoundServer::Clock::time_point> SoundServer::Beeps(double pause) con
             last = i;
         } else if (first && i - last >= longest) {
             const double middle = double(*first + last) / 2 / Rate;
-            beeps.emplace_back(std::chrono::duration_cast<Clock::duration>(
-                *begin_ + std::chrono::duration<double>(middle)));
+            beeps.emplace_back(
+                std::chrono::duration_cast<Clock::duration>(*begin_ + std::chrono::duration<double>(middle)));
             first.reset();
         }
     }

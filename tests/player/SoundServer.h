@@ -13,8 +13,8 @@ class SoundServer {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// Starts both; where they cannot run, Trouble says why. The program's sound goes to this server from then
-    /// on.
+    /// Starts both; where they cannot run, Trouble says why. The program's sound goes to this server from
+    /// then on.
     SoundServer();
     ~SoundServer();
     QString Trouble() const { return trouble_; }

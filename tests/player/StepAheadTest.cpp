@@ -14,10 +14,11 @@ protected:
     }
     std::optional<int> Wanted() const
     {
-        return steps_.Wanted(100, [this](int number) { return cached_.contains(number); });
+        return steps_.Wanted(100, reserve_, [this](int number) { return cached_.contains(number); });
     }
 
     StepAhead steps_;
+    int reserve_ = 8;
     std::set<int> cached_;
 };
 
@@ -52,6 +53,21 @@ TEST_F(StepAheadTest, TheSpanBeforeIsWantedInTimeAndNotForEver)
     cached_ = { 47, 46, 45, 44 };
     EXPECT_EQ(Wanted(), 43);
     cached_ = { 47, 46, 45, 44, 43, 42, 41, 40 };
+    EXPECT_FALSE(Wanted());
+}
+
+TEST_F(StepAheadTest, NoMoreIsWantedThanThereIsRoomFor)
+{
+    reserve_ = 3;
+    Walk({ 50, 49, 48 });
+    cached_ = { 47, 46 };
+    EXPECT_EQ(Wanted(), 45);
+    cached_ = { 47, 46, 45 };
+    EXPECT_FALSE(Wanted());
+    reserve_ = 0;
+    cached_ = {};
+    EXPECT_FALSE(Wanted());
+    Walk({ 49, 50 });
     EXPECT_FALSE(Wanted());
 }
 

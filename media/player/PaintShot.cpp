@@ -1,11 +1,11 @@
-#include "media/player/PictureView.h"
+#include "media/player/PaintShot.h"
 
 #include <QPainter>
 #include <QRegion>
 
 namespace player {
 
-void PaintPicture(QPainter& painter, const View& view, const Shot& shot, const QBrush& ground)
+void PaintShot(QPainter& painter, const View& view, const Shot& shot, const QBrush& ground)
 {
     const QRect area(QPoint(), view.area);
     if (shot.screen.isNull()) {
