@@ -13,8 +13,8 @@ constexpr unsigned BufferBytes = unsigned(FrameBytes) * media::SoundRate / 10; /
 
 constexpr std::ptrdiff_t BufferSamples = BufferBytes / sizeof(float);
 constexpr std::size_t FadeSamples = media::SoundRate / 200 * media::SoundChannels; // 5 ms
-constexpr int64_t MarginMicroseconds = 10'000; // what the server takes before an order reaches it
-constexpr pa_usec_t FadeMicroseconds = 40'000; // until the fade has left the server
+constexpr int64_t MarginMicroseconds = 20'000; // what the server takes before an order reaches it
+constexpr pa_usec_t FadeMicroseconds = 40'000; // until the fade is through
 
 template <auto Free> struct FreeBy {
     template <typename T> void operator()(T* object) const { Free(object); }
@@ -76,20 +76,18 @@ public:
     std::size_t Room() override
     {
         const Locked locked(loop_);
-        const std::size_t room = fading_ ? BufferBytes : pa_stream_writable_size(stream_);
+        const std::size_t room = fading_ ? 0 : pa_stream_writable_size(stream_);
         return room == std::size_t(-1) ? 0 : room / FrameBytes;
     }
 
     void Write(const media::Samples& samples) override
     {
         const Locked locked(loop_);
-        if (fading_)
-            Rest();
         pa_stream_write(
             stream_, samples.data(), samples.size() * sizeof(float), nullptr, 0, PA_SEEK_RELATIVE);
         waiting_.insert(waiting_.end(), samples.begin(), samples.end());
-        if (waiting_.size() > 2 * BufferSamples)
-            waiting_.erase(waiting_.begin(), waiting_.end() - BufferSamples);
+        if (waiting_.size() > 8 * BufferSamples)
+            waiting_.erase(waiting_.begin(), waiting_.end() - 4 * BufferSamples);
     }
 
     void Start() override

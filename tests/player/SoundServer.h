@@ -23,8 +23,8 @@ public:
     std::vector<Clock::time_point> Beeps(double pause) const;
     /// The loudest sample since the last Forget.
     float Loudest() const;
-    /// The largest jump from one sample to the next since the last Forget.
-    float Steepest() const;
+    /// How often two neighbouring samples since the last Forget differed by more than size.
+    int Jumps(float size) const;
     void Forget();
     /// The server dies.
     void Kill();
