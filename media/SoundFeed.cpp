@@ -105,8 +105,9 @@ void SoundFeed::Turn()
     isCut_ = !turn.media;
     if (isCut_)
         return;
-    reader_.Seek(*turn.media);
-    seam_ = SoundSeam(turn.due);
+    const double late = std::max(seam_.Position() - turn.due, 0.0); // it was told when its time was past
+    reader_.Seek(*turn.media + late);
+    seam_ = SoundSeam(turn.due + late);
     offset_ = turn.due - *turn.media;
     fade_ = Fade;
 }

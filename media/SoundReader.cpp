@@ -1,5 +1,6 @@
 #include "media/Sound.h"
 
+#include "media/LibraryTalk.h"
 #include "media/MediaSource.h"
 #include <algorithm>
 #include <utility>
@@ -76,15 +77,18 @@ public:
 
     void Seek(double seconds) override
     {
+        if (std::exchange(isFresh_, false) && seconds <= RunUp)
+            return;
         double back = RunUp;
         for (int attempt = 0; attempt < SeekAttempts; ++attempt, back = std::max(2 * back, 1.0)) {
             Restart();
-            const double place = std::max(seconds - back, 0.0);
-            if (place <= 0 || !media_.SeekSeconds(place))
+            if (!media_.SeekSeconds(std::max(seconds - back, 0.0)))
                 break;
             held_ = Decode();
             if (held_ && held_->start <= seconds)
                 return;
+            if (back >= seconds)
+                break;
         }
         Restart();
         media_.Rewind();
@@ -92,6 +96,7 @@ public:
 
     std::optional<SoundBlock> Read() override
     {
+        isFresh_ = false;
         return held_ ? std::exchange(held_, std::nullopt) : Decode();
     }
 
@@ -151,12 +156,14 @@ private:
     std::optional<double> end_; ///< of the block before
     double shift_ = 0; ///< added to the stamps, which may begin anew
     bool isDrained_ = false;
+    bool isFresh_ = true; ///< at the first packet
 };
 
 } // namespace
 
 std::unique_ptr<SoundReader> SoundReader::Open(const Source& source, Interrupt& interrupt)
 {
+    LibraryTalk::Silence();
     return std::make_unique<FileReader>(source, interrupt);
 }
 

@@ -5,6 +5,7 @@
 #include "media/player/WithinMemory.h"
 #include <algorithm>
 #include <cmath>
+#include <system_error>
 #include <utility>
 
 namespace player {
@@ -169,7 +170,11 @@ std::unique_ptr<MediaClock> Engine::MakeClock(double from)
 {
     if (!sound_ && wires_.makeSound && server_->HasSound()) {
         const auto open = [this] { return media::SoundReader::Open(source_, wires_.soundInterrupt); };
-        sound_ = std::make_unique<SoundPath>(open, wires_.makeSound);
+        try {
+            sound_ = std::make_unique<SoundPath>(open, wires_.makeSound);
+        } catch (const std::system_error&) {
+            // No thread to be had: the pictures play without.
+        }
     }
     if (!sound_)
         return std::make_unique<WallClock>();

@@ -37,9 +37,9 @@ std::optional<PlayPlan::Step> PlayPlan::Next(double now)
 std::optional<media::SoundTurn> PlayPlan::NextTurn()
 {
     const std::optional<int> end = timeline_.Last();
-    if (!end && span_.last == std::numeric_limits<int>::max())
-        return std::nullopt;
-    const double due = timeline_.EndOf(std::min(span_.last, end.value_or(span_.last))) + offset_;
+    if (!end)
+        return lap_;
+    const double due = timeline_.EndOf(std::min(span_.last, *end)) + offset_;
     if (rounds_ == 1)
         return media::SoundTurn { due, std::nullopt };
     return media::SoundTurn { due, timeline_.TimeOf(span_.first) };
@@ -51,6 +51,7 @@ bool PlayPlan::StartLap()
         return false;
     rounds_ = std::max(rounds_ - 1, 0);
     offset_ = std::max(end_, lastDue_.value_or(end_) + ShortestLap) - timeline_.TimeOf(span_.first);
+    lap_ = { DueOf(span_.first), timeline_.TimeOf(span_.first) };
     next_ = span_.first;
     return true;
 }

@@ -34,8 +34,8 @@ public:
     /// The picture to decode next when the clock shows now: the following one, or a later one when it comes
     /// too late or would stand too short to be seen. None when all rounds are played.
     std::optional<Step> Next(double now);
-    /// Where the media jumps or ends next, behind the picture that was given last; none while the end of the
-    /// media is unknown.
+    /// Where the media jumps or ends next, behind the picture that was given last. While the end of the media
+    /// is unknown it is the jump to the lap under way; none in the first one.
     std::optional<media::SoundTurn> NextTurn();
     /// When the last picture has stood its time.
     double End() const { return end_; }
@@ -53,6 +53,7 @@ private:
     double shortest_; ///< media seconds below which a picture is not worth showing
     int next_;
     double offset_ = 0;
+    std::optional<media::SoundTurn> lap_; ///< the jump that began it
     std::optional<double> lastDue_;
     double end_;
 };

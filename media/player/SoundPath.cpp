@@ -14,7 +14,8 @@ constexpr auto Tick = 10ms; // between two looks at the device
 constexpr auto Patience = 500ms; // for the sound to be ready; then the pictures start without it
 constexpr std::size_t Ahead = media::SoundRate / 4; // frames, beside what the device holds
 constexpr double LongestLag = 0.1; // wall seconds; sound that comes later is left out
-constexpr std::size_t LeadIn = media::SoundRate / 100; // frames of silence; servers may swallow the first ones
+constexpr std::size_t LeadIn =
+    media::SoundRate / 100; // frames of silence; servers may swallow the first ones
 constexpr float FadeStep = 200.0F / media::SoundRate; // the whole way in 5 ms
 
 } // namespace

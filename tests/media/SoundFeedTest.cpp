@@ -218,6 +218,15 @@ TEST_F(SoundFeedTest, SoundShorterThanTheLoopIsSilentUntilItBeginsAnew)
     EXPECT_NEAR(At(heard, 3.5), 0.5, 1e-4);
 }
 
+TEST_F(SoundFeedTest, ATurnThatIsToldTooLateIsCaughtUpWith)
+{
+    feed_.Begin(1, 1, 1);
+    Listen(feed_, 1);
+    feed_.Expect({ 1.5, 0.0 });
+    const Samples heard = Listen(feed_, 0.5);
+    EXPECT_NEAR(At(heard, 0.25), 0.75, 1e-4);
+}
+
 TEST_F(SoundFeedTest, ATurnThatIsToldAfterTheEndStillBringsMore)
 {
     feed_.Begin(2, 2, 1);

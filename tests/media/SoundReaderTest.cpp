@@ -100,8 +100,7 @@ TEST_F(SoundReaderTest, TheSameFromMemory)
 {
     QFile file(ClipPath(QStringLiteral("h264_closed.mp4")));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const auto reader =
-        media::SoundReader::Open({ media::Source::Kind::Memory, file.readAll() }, interrupt_);
+    const auto reader = media::SoundReader::Open({ media::Source::Kind::Memory, file.readAll() }, interrupt_);
     reader->Seek(3);
     EXPECT_NEAR(ExtentOf(*reader).end, 4, 0.1);
 }

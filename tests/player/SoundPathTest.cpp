@@ -52,7 +52,8 @@ protected:
     float Heard(double second) const
     {
         const media::Samples written = sound_.Written();
-        const auto first = std::find_if(written.begin(), written.end(), [](float sample) { return sample != 0; });
+        const auto first =
+            std::find_if(written.begin(), written.end(), [](float sample) { return sample != 0; });
         return written.at(
             std::size_t(first - written.begin()) + std::size_t(second * Second) * media::SoundChannels);
     }
