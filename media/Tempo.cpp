@@ -22,10 +22,14 @@ constexpr double StageLead = 0.012;
 std::vector<double> TempoStages(double rate)
 {
     std::vector<double> stages;
-    for (; rate < Slowest - Unchanged; rate /= Slowest)
+    while (rate < Slowest - Unchanged) {
         stages.push_back(Slowest);
-    for (; rate > Fastest + Unchanged; rate /= Fastest)
+        rate /= Slowest;
+    }
+    while (rate > Fastest + Unchanged) {
         stages.push_back(Fastest);
+        rate /= Fastest;
+    }
     if (std::abs(rate - 1) > Unchanged)
         stages.push_back(std::clamp(rate, Slowest, Fastest));
     return stages;

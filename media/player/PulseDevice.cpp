@@ -12,7 +12,7 @@ constexpr std::size_t FrameBytes = sizeof(float) * media::SoundChannels;
 constexpr unsigned BufferBytes = unsigned(FrameBytes) * media::SoundRate / 10; // 100 ms
 
 constexpr std::ptrdiff_t BufferSamples = BufferBytes / sizeof(float);
-constexpr std::size_t FadeSamples = media::SoundRate / 200 * media::SoundChannels; // 5 ms
+constexpr std::size_t FadeSamples = std::size_t(media::SoundRate / 200) * media::SoundChannels; // 5 ms
 constexpr int64_t MarginMicroseconds = 20'000; // what the server takes before an order reaches it
 constexpr pa_usec_t FadeMicroseconds = 40'000; // until the fade is through
 
@@ -50,6 +50,7 @@ public:
     ~PulseDevice() override
     {
         pa_threaded_mainloop_stop(loop_.get());
+        Forget(asking_);
         if (stream_) {
             pa_stream_disconnect(stream_);
             pa_stream_unref(stream_);
@@ -94,6 +95,7 @@ public:
     {
         const Locked locked(loop_);
         Cork(false);
+        pa_gettimeofday(&started_);
     }
 
     void Stop() override
@@ -110,11 +112,14 @@ public:
     std::optional<double> Delay() override
     {
         const Locked locked(loop_);
-        pa_usec_t delay = 0;
-        int isNegative = 0;
-        if (pa_stream_get_latency(stream_, &delay, &isNegative) < 0)
+        AskForTiming();
+        const pa_timing_info* timing = Timing();
+        if (!timing || pa_timeval_cmp(&timing->timestamp, &started_) < 0)
             return std::nullopt;
-        return (isNegative ? -1 : 1) * double(delay) / PA_USEC_PER_SEC;
+        const double queued =
+            double(timing->write_index - timing->read_index) / FrameBytes / media::SoundRate;
+        const double delay = queued + double(int64_t(timing->sink_usec) - Since(*timing)) / PA_USEC_PER_SEC;
+        return timing->playing ? std::max(delay, 0.0) : 0;
     }
 
 private:
@@ -139,12 +144,10 @@ private:
     /// Overwrites what the server has not taken yet: a hard cut would click.
     void FadeOut()
     {
-        const pa_timing_info* timing = pa_stream_get_timing_info(stream_);
-        if (!timing || timing->read_index_corrupt || timing->write_index_corrupt)
+        const pa_timing_info* timing = Timing();
+        if (!timing)
             return;
-        timeval now {};
-        const auto since = int64_t(pa_timeval_diff(pa_gettimeofday(&now), &timing->timestamp));
-        const int64_t taken = timing->read_index + BytesIn(since + MarginMicroseconds);
+        const int64_t taken = timing->read_index + BytesIn(Since(*timing) + MarginMicroseconds);
         const int64_t left = (timing->write_index - taken) / int64_t(sizeof(float));
         if (left <= 0 || left > int64_t(waiting_.size()))
             return;
@@ -152,6 +155,28 @@ private:
         for (std::size_t i = 0; i < rest.size(); ++i)
             rest[i] *= i < FadeSamples ? 1 - float(i) / FadeSamples : 0;
         pa_stream_write(stream_, rest.data(), rest.size() * sizeof(float), nullptr, taken, PA_SEEK_ABSOLUTE);
+    }
+    /// What the server said last; the library's own guesses between two answers take seconds to recover from
+    /// a stop, so that it is asked anew with every look.
+    const pa_timing_info* Timing() const
+    {
+        const pa_timing_info* timing = pa_stream_get_timing_info(stream_);
+        return timing && !timing->read_index_corrupt && !timing->write_index_corrupt ? timing : nullptr;
+    }
+    void AskForTiming()
+    {
+        if (asking_ && pa_operation_get_state(asking_) == PA_OPERATION_RUNNING)
+            return;
+        Forget(asking_);
+        asking_ = pa_stream_update_timing_info(stream_, nullptr, nullptr);
+    }
+    /// Microseconds since the server said it.
+    static int64_t Since(const pa_timing_info& timing)
+    {
+        timeval now {};
+        pa_gettimeofday(&now);
+        const auto age = int64_t(pa_timeval_diff(&now, &timing.timestamp)); // without its sign
+        return pa_timeval_cmp(&now, &timing.timestamp) < 0 ? -age : age;
     }
     static int64_t BytesIn(int64_t microseconds)
     {
@@ -171,8 +196,7 @@ private:
         const pa_sample_spec spec { PA_SAMPLE_FLOAT32NE, media::SoundRate, media::SoundChannels };
         constexpr auto byServer = uint32_t(-1);
         const pa_buffer_attr buffer { byServer, BufferBytes, 0, byServer, byServer };
-        constexpr auto flags = pa_stream_flags_t(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY
-            | PA_STREAM_INTERPOLATE_TIMING | PA_STREAM_AUTO_TIMING_UPDATE);
+        constexpr auto flags = pa_stream_flags_t(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY);
         stream_ = pa_stream_new(context_, "Video", &spec, nullptr);
         if (stream_)
             pa_stream_connect_playback(stream_, nullptr, &buffer, flags, nullptr, nullptr);
@@ -182,6 +206,8 @@ private:
     pa_context* context_;
     pa_stream* stream_ = nullptr;
     media::Samples waiting_; ///< the newest of what was written
+    timeval started_ {};
+    pa_operation* asking_ = nullptr; ///< for the timing
     pa_time_event* fading_ = nullptr; ///< after a stop, until the fade is heard
 };
 
