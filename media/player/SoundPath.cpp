@@ -16,6 +16,7 @@ constexpr std::size_t Ahead = media::SoundRate / 4; // frames, beside what the d
 constexpr double LongestLag = 0.1; // wall seconds; sound that comes later is left out
 constexpr std::size_t LeadIn =
     media::SoundRate / 100; // frames of silence; servers may swallow the first ones
+constexpr double LongestStartDelay = 0.25; // wall seconds
 constexpr float FadeStep = 200.0F / media::SoundRate; // the whole way in 5 ms
 
 } // namespace
@@ -69,8 +70,10 @@ void SoundPath::Start(double due, double rate)
     const std::lock_guard lock(mutex_);
     if (isPlaying_ || !order_ || order_->due != due || order_->rate != rate)
         Give(due, rate);
-    clock_.Start(due, rate);
+    // The pictures wait for the sound, which takes its way through the device.
+    clock_.Start(device_ ? due - startDelay_ * rate : due, rate);
     isPlaying_ = true;
+    isHeard_ = false;
     changed_.notify_all();
 }
 
@@ -254,8 +257,12 @@ void SoundPath::Follow(const Order& order)
 {
     const std::optional<double> delay = isSounding_ ? device_->Delay() : std::nullopt;
     // A device that ran dry tells nothing: the wall leads on.
-    if (delay && *delay > 0)
-        clock_.Follow(DueOfPending(order) - *delay * order.rate);
+    if (!delay || *delay <= 0)
+        return;
+    const double heard = DueOfPending(order) - *delay * order.rate;
+    if (!std::exchange(isHeard_, true))
+        startDelay_ = std::clamp(startDelay_ - (heard - clock_.Now()) / order.rate, 0.0, LongestStartDelay);
+    clock_.Follow(heard);
 }
 
 double SoundPath::DueOfPending(const Order& order) const

@@ -38,6 +38,9 @@ public:
     /// Silences the sound without stopping it.
     void SetMute(bool isMuted) { isMuted_ = isMuted; }
 
+    /// Wall seconds from the start until the first sound is heard, until the device has shown its own.
+    static constexpr double UsualStartDelay = 0.04;
+
     bool IsRunning();
     double Now();
     MediaClock::Wall::time_point When(double media);
@@ -75,6 +78,9 @@ private:
     bool isPlaying_ = false; ///< the clock runs
     bool isReady_ = false;
     bool isSounding_ = false; ///< the device was started
+    bool isHeard_ = false; ///< since the clock was started
+    double startDelay_ =
+        UsualStartDelay; ///< wall seconds from the clock's start until the first sound is heard
     std::unique_ptr<SoundDevice> device_;
 
     // Of the path's thread alone.

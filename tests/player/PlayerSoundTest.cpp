@@ -1,6 +1,7 @@
 #include "tests/player/PlayerFixture.h"
 #include "tests/player/SoundServer.h"
 
+#include <QDir>
 #include <QRandomGenerator>
 #include <iostream>
 
@@ -182,6 +183,26 @@ TEST_F(PlayerSoundTest, MuteIsSilentAndTheVideoGoesOn)
     EXPECT_EQ(server_.Loudest(), 0);
     EXPECT_EQ(player_->CurrentFrame(), 124);
     EXPECT_GE(flashes_.times.size(), 4U);
+}
+
+TEST_F(PlayerSoundTest, ClosingAtAnyTimeEndsItsThreads)
+{
+    const auto threads = [] { return QDir(QStringLiteral("/proc/self/task")).count(); };
+    player_.reset();
+    const uint before = threads();
+    for (int round = 0; round < 20; ++round) {
+        PlayerControl player;
+        player.show();
+        player.SetSourceFile(ClipPath(QStringLiteral("avsync.mp4")));
+        player.Run();
+        const auto end = Clock::now() + std::chrono::milliseconds(5 * round);
+        RunUntil([=] { return Clock::now() >= end; });
+        if (round % 3 == 0)
+            player.SetCurrentFrame(60);
+        if (round % 4 == 0)
+            player.Pause();
+    }
+    EXPECT_TRUE(RunUntil([=] { return threads() <= before; }));
 }
 
 TEST_F(PlayerSoundTest, StepsAreSilent)
