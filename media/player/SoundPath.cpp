@@ -206,7 +206,8 @@ bool SoundPath::Deliver(const Order& order)
         isSounding_ = false;
         return false;
     }
-    if (status == SoundDevice::State::Opening)
+    const bool isBusy = status == SoundDevice::State::Opening || (!isSounding_ && device_->Room() <= LeadIn);
+    if (isBusy)
         return true;
     isReady_ = true;
     if (!isPlaying_)

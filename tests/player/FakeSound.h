@@ -26,10 +26,10 @@ public:
     {
         With([=, this] { delay_ = delay; });
     }
-    /// Frames that it can take until it is told anew.
+    /// Frames that it can take until it is stopped or told anew.
     void Room(std::size_t frames)
     {
-        With([=, this] { room_ = frames; });
+        With([=, this] { room_ = capacity_ = frames; });
     }
 
     media::Samples Written() const
@@ -74,6 +74,7 @@ private:
             sound_.With([this] {
                 ++sound_.made_;
                 ++sound_.living_;
+                sound_.room_ = sound_.capacity_;
             });
         }
         ~Device() override
@@ -106,6 +107,7 @@ private:
             sound_.With([this] {
                 sound_.isPlaying_ = false;
                 sound_.written_.clear();
+                sound_.room_ = sound_.capacity_;
             });
         }
         std::optional<double> Delay() override
@@ -132,6 +134,7 @@ private:
     player::SoundDevice::State state_ = player::SoundDevice::State::Ready;
     std::optional<double> delay_;
     std::size_t room_ = 0;
+    std::size_t capacity_ = 0;
     media::Samples written_;
     bool isPlaying_ = false;
     int made_ = 0;
