@@ -3,12 +3,16 @@
 extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavcodec/bsf.h>
+#include <libavfilter/avfilter.h>
+#include <libavfilter/buffersink.h>
+#include <libavfilter/buffersrc.h>
 #include <libavformat/avformat.h>
 #include <libavutil/adler32.h>
 #include <libavutil/display.h>
 #include <libavutil/imgutils.h>
 #include <libavutil/mem.h>
 #include <libavutil/pixdesc.h>
+#include <libswresample/swresample.h>
 #include <libswscale/swscale.h>
 }
 #include <memory>
@@ -29,6 +33,8 @@ using FormatPtr = std::unique_ptr<AVFormatContext, FreeByAddress<avformat_close_
 using CodecPtr = std::unique_ptr<AVCodecContext, FreeByAddress<avcodec_free_context>>;
 using FilterPtr = std::unique_ptr<AVBSFContext, FreeByAddress<av_bsf_free>>;
 using ParserPtr = std::unique_ptr<AVCodecParserContext, FreeByValue<av_parser_close>>;
+using GraphPtr = std::unique_ptr<AVFilterGraph, FreeByAddress<avfilter_graph_free>>;
+using ResamplerPtr = std::unique_ptr<SwrContext, FreeByAddress<swr_free>>;
 using ScalerPtr = std::unique_ptr<SwsContext, FreeByValue<sws_freeContext>>;
 
 /// A set of options for the library.

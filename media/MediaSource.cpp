@@ -21,6 +21,12 @@ bool IsVideo(const AVStream& stream)
         && avcodec_find_decoder(stream.codecpar->codec_id);
 }
 
+bool IsSound(const AVStream& stream)
+{
+    return stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO
+        && avcodec_find_decoder(stream.codecpar->codec_id);
+}
+
 /// The options that keep the size of what a stranger's file may ask for within bounds, one set per stream.
 class StreamOptions {
 public:
@@ -47,10 +53,11 @@ private:
 
 } // namespace
 
-MediaSource::MediaSource(const Source& source, Interrupt& interrupt)
+MediaSource::MediaSource(const Source& source, Interrupt& interrupt, Track track)
     : source_(source)
     , address_(CheckedAddress(source))
     , interrupt_(interrupt)
+    , track_(track)
 {
     av_max_alloc(MaxAllocation);
     Open();
@@ -82,7 +89,7 @@ void MediaSource::Open()
         FailToOpen(error);
     format_.reset(format);
     FindStreams();
-    ChooseVideo();
+    ChooseStream();
     MakeFilter();
     openBy_ = Interrupt::Clock::time_point::max();
 }
@@ -110,20 +117,25 @@ void MediaSource::FindStreams()
     ThrowIfDue();
 }
 
-void MediaSource::ChooseVideo()
+bool MediaSource::IsOurs(const AVStream& stream) const
+{
+    return track_ == Track::Video ? IsVideo(stream) : IsSound(stream);
+}
+
+void MediaSource::ChooseStream()
 {
     bool found = false;
     for (unsigned i = 0; i < format_->nb_streams; ++i) {
         AVStream& stream = *format_->streams[i];
-        const bool isOurs = !found && IsVideo(stream);
+        const bool isOurs = !found && IsOurs(stream);
         stream.discard = isOurs ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
         if (isOurs)
             stream_ = i;
         found |= isOurs;
     }
     if (!found)
-        throw MediaError(Failure::NotAVideo, "no video stream");
-    const AVCodecParameters& video = *Video().codecpar;
+        throw MediaError(Failure::NotAVideo, "no such stream");
+    const AVCodecParameters& video = *Stream().codecpar;
     if (int64_t(video.width) * video.height > MaxPixels)
         throw MediaError(Failure::TooLarge, std::to_string(video.width) + "x" + std::to_string(video.height));
 }
@@ -132,14 +144,14 @@ void MediaSource::ChooseVideo()
 void MediaSource::MakeFilter()
 {
     filter_.reset();
-    if (Video().codecpar->codec_id != AV_CODEC_ID_MPEG4 || std::strcmp(format_->iformat->name, "avi") != 0)
+    if (Stream().codecpar->codec_id != AV_CODEC_ID_MPEG4 || std::strcmp(format_->iformat->name, "avi") != 0)
         return;
     AVBSFContext* filter = nullptr;
     if (av_bsf_alloc(av_bsf_get_by_name("mpeg4_unpack_bframes"), &filter) < 0)
         return;
     filter_.reset(filter);
-    avcodec_parameters_copy(filter->par_in, Video().codecpar);
-    filter->time_base_in = Video().time_base;
+    avcodec_parameters_copy(filter->par_in, Stream().codecpar);
+    filter->time_base_in = Stream().time_base;
     if (av_bsf_init(filter) < 0)
         filter_.reset();
 }
@@ -179,6 +191,28 @@ bool MediaSource::SeekTime(int64_t stamp)
     if (filter_)
         av_bsf_flush(filter_.get());
     return av_seek_frame(format_.get(), int(stream_), stamp, AVSEEK_FLAG_BACKWARD) >= 0;
+}
+
+bool MediaSource::SeekSeconds(double seconds)
+{
+    if (filter_)
+        av_bsf_flush(filter_.get());
+    const int guide = Guide();
+    const auto stamp = Start() + int64_t(seconds * AV_TIME_BASE);
+    return av_seek_frame(format_.get(), guide,
+               av_rescale_q(stamp, AV_TIME_BASE_Q, format_->streams[guide]->time_base), AVSEEK_FLAG_BACKWARD)
+        >= 0;
+}
+
+/// The stream whose index leads to a moment. Matroska has one of the pictures only; by the sound it would be
+/// read from its start.
+int MediaSource::Guide() const
+{
+    if (std::strncmp(format_->iformat->name, "matroska", 8) == 0)
+        for (unsigned i = 0; i < format_->nb_streams; ++i)
+            if (IsVideo(*format_->streams[i]))
+                return int(i);
+    return int(stream_);
 }
 
 bool MediaSource::SeekByte(int64_t position)

@@ -7,22 +7,27 @@
 
 namespace media {
 
-/// One reader of a source's video packets, in the order they are stored. Opening and every read end when the
-/// interrupt is due.
+/// One reader of a source's packets of one stream, in the order they are stored. Opening and every read end
+/// when the interrupt is due.
 class MediaSource {
 public:
-    /// Opens the source and finds its first video stream. Throws MediaError.
-    MediaSource(const Source& source, Interrupt& interrupt);
+    /// Which stream is read: the first of its kind that can be decoded.
+    enum class Track { Video, Sound };
+
+    /// Opens the source and finds its stream. Throws MediaError.
+    MediaSource(const Source& source, Interrupt& interrupt, Track track = Track::Video);
     ~MediaSource();
     MediaSource(const MediaSource&) = delete;
     MediaSource& operator=(const MediaSource&) = delete;
 
-    /// The next video packet; null at the end of the file. A place that cannot be read counts as the end.
-    /// Throws MediaError when the interrupt is due.
+    /// The next packet of the stream; null at the end of the file. A place that cannot be read counts as the
+    /// end. Throws MediaError when the interrupt is due.
     PacketPtr Read();
     /// Places the reader at a key packet at or before the time stamp (stream time base); false when it
     /// cannot.
     bool SeekTime(int64_t stamp);
+    /// Places the reader at or before a moment, counted from the start of the media; false when it cannot.
+    bool SeekSeconds(double seconds);
     /// Places the reader at or near a byte of the file; false when it cannot.
     bool SeekByte(int64_t position);
     /// Places the reader at the first packet by opening the source again. Throws MediaError.
@@ -30,13 +35,15 @@ public:
     /// count bytes of the file at a position, for streams without a container; null when they cannot be had.
     PacketPtr ReadBytes(int64_t position, int count);
 
-    const AVStream& Video() const { return *format_->streams[stream_]; }
+    const AVStream& Stream() const { return *format_->streams[stream_]; }
     /// Whether packets that hold two pictures are split on the way.
     bool IsUnpacked() const { return filter_ != nullptr; }
     /// The codec parameters of the packets that Read gives.
-    const AVCodecParameters& Parameters() const { return filter_ ? *filter_->par_out : *Video().codecpar; }
+    const AVCodecParameters& Parameters() const { return filter_ ? *filter_->par_out : *Stream().codecpar; }
     const AVFormatContext& Format() const { return *format_; }
     bool HasSound() const;
+    /// Stamp of the media's first moment, in microseconds.
+    int64_t Start() const { return format_->start_time == AV_NOPTS_VALUE ? 0 : format_->start_time; }
     /// A bare stream without container and time stamps, whose packets lie one after the other.
     bool IsBareStream() const;
 
@@ -46,7 +53,9 @@ private:
     void Configure(AVFormatContext& format);
     void OpenMemory(AVFormatContext& format);
     void FindStreams();
-    void ChooseVideo();
+    void ChooseStream();
+    bool IsOurs(const AVStream& stream) const;
+    int Guide() const;
     void MakeFilter();
     PacketPtr ReadFromContainer();
     [[noreturn]] void FailToOpen(int error) const;
@@ -55,6 +64,7 @@ private:
     Source source_;
     QByteArray address_;
     Interrupt& interrupt_;
+    Track track_;
     Interrupt::Clock::time_point openBy_ = Interrupt::Clock::time_point::max();
     std::unique_ptr<MemoryFile> memory_;
     FormatPtr format_;

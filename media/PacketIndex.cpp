@@ -12,12 +12,12 @@ constexpr int EnoughConfirmations = 3; ///< groups in which the decoder proved t
 int64_t StartOf(const MediaSource& media)
 {
     const int64_t start = media.Format().start_time;
-    return start == AV_NOPTS_VALUE ? 0 : av_rescale_q(start, AV_TIME_BASE_Q, media.Video().time_base);
+    return start == AV_NOPTS_VALUE ? 0 : av_rescale_q(start, AV_TIME_BASE_Q, media.Stream().time_base);
 }
 
 int64_t StepOf(const MediaSource& media)
 {
-    const AVStream& video = media.Video();
+    const AVStream& video = media.Stream();
     const AVRational rate = video.avg_frame_rate.num > 0 ? video.avg_frame_rate : video.r_frame_rate;
     const AVRational step = rate.num > 0 && rate.den > 0 ? av_inv_q(rate) : AVRational { 1, 25 };
     return av_rescale_q(1, step, video.time_base);
@@ -31,13 +31,13 @@ PacketIndex::PacketIndex(const Source& source, Interrupt& interrupt, int64_t pac
     , store_(packetBytes)
     , reader_(source, interrupt, store_, facts_)
     , order_(parser_.Order())
-    , times_(av_q2d(media_.Video().time_base), StartOf(media_), StepOf(media_))
+    , times_(av_q2d(media_.Stream().time_base), StartOf(media_), StepOf(media_))
 {
 }
 
 std::unique_ptr<Decoder> PacketIndex::MakeDecoder() const
 {
-    return std::make_unique<Decoder>(media_.Video(), media_.Parameters(), media_.IsUnpacked());
+    return std::make_unique<Decoder>(media_.Stream(), media_.Parameters(), media_.IsUnpacked());
 }
 
 bool PacketIndex::Extend()

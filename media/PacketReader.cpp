@@ -114,7 +114,7 @@ bool PacketReader::SeekNear(int key, int attempt)
         std::min(fact.pts == NoStamp ? fact.dts : fact.pts, fact.dts == NoStamp ? fact.pts : fact.dts);
     if (stamp == NoStamp)
         return false;
-    const int64_t second = std::max<int64_t>(1, int64_t(1 / av_q2d(media_->Video().time_base)));
+    const int64_t second = std::max<int64_t>(1, int64_t(1 / av_q2d(media_->Stream().time_base)));
     const int64_t back = attempt == 0 ? 0 : second << std::min(attempt - 2, 30);
     return media_->SeekTime(stamp - back);
 }

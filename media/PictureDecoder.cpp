@@ -197,10 +197,10 @@ Picture PictureDecoder::MakePicture(FramePtr frame, int number) const
     auto decoded = std::make_shared<DecodedFrame>();
     decoded->memory = memory_;
     decoded->pixelAspect = av_guess_sample_aspect_ratio(
-        const_cast<AVFormatContext*>(&media.Format()), const_cast<AVStream*>(&media.Video()), frame.get());
+        const_cast<AVFormatContext*>(&media.Format()), const_cast<AVStream*>(&media.Stream()), frame.get());
     const AVFrameSideData* own = av_frame_get_side_data(frame.get(), AV_FRAME_DATA_DISPLAYMATRIX);
     const uint8_t* matrix =
-        own ? own->data : av_stream_get_side_data(&media.Video(), AV_PKT_DATA_DISPLAYMATRIX, nullptr);
+        own ? own->data : av_stream_get_side_data(&media.Stream(), AV_PKT_DATA_DISPLAYMATRIX, nullptr);
     if (matrix)
         decoded->turn = TurnOf(reinterpret_cast<const int32_t*>(matrix));
     decoded->frame = std::move(frame);

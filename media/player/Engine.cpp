@@ -5,6 +5,7 @@
 #include "media/player/WithinMemory.h"
 #include <algorithm>
 #include <cmath>
+#include <system_error>
 #include <utility>
 
 namespace player {
@@ -23,11 +24,12 @@ constexpr auto SpareTime = 5ms; // a pause this long while playing is used for t
 
 Engine::Engine(const media::Source& source, Wires& wires)
     : wires_(wires)
+    , source_(source)
     , isAddress_(source.kind == media::Source::Kind::Address)
 {
     const Deadline deadline(wires.interrupt, isAddress_ ? AddressLimit : OpenLimit);
     server_ = media::FrameServer::Open(source, wires.interrupt);
-    index_ = std::make_unique<GrowingIndex>(*server_, wires.interrupt, wires.facts);
+    index_ = std::make_unique<GrowingIndex>(*server_, wires.interrupt, wires.facts, isAddress_);
     server_->ExtendIndex(1);
     if (server_->KnownFrames() == 0)
         throw media::MediaError(media::Failure::NotAVideo, "no picture in it");
@@ -124,8 +126,12 @@ void Engine::Play(const Shot& shown, const PlayOptions& options)
 
 void Engine::Change(const PlayOptions& options)
 {
+    const bool isSamePlay = options.selection == options_.selection && options.rate == options_.rate
+        && options.playCount == options_.playCount;
     options_ = options;
-    if (playback_)
+    if (sound_)
+        sound_->SetMute(options.isMuted);
+    if (playback_ && !isSamePlay)
         PlayFrom(shown_.number, shown_.number + 1);
 }
 
@@ -155,8 +161,25 @@ void Engine::PlayFrom(int shown, int next)
             wires_.mail->Post(mail);
         },
     };
-    playback_ = std::make_unique<Playback>(PlayPlan(*index_, span, options_, next, from), from, options_.rate,
-        std::make_unique<WallClock>(), hands);
+    playback_.reset(); // before the next one takes the sound
+    playback_ = std::make_unique<Playback>(
+        PlayPlan(*index_, span, options_, next, from), from, options_.rate, MakeClock(from), hands);
+}
+
+std::unique_ptr<MediaClock> Engine::MakeClock(double from)
+{
+    if (!sound_ && wires_.makeSound && server_->HasSound()) {
+        const auto open = [this] { return media::SoundReader::Open(source_, wires_.soundInterrupt); };
+        try {
+            sound_ = std::make_unique<SoundPath>(open, wires_.makeSound);
+        } catch (const std::system_error&) {
+            // No thread to be had: the pictures play without.
+        }
+    }
+    if (!sound_)
+        return std::make_unique<WallClock>();
+    sound_->SetMute(options_.isMuted);
+    return std::make_unique<SoundClock>(*sound_, from, options_.rate);
 }
 
 void Engine::Finish()

@@ -2,6 +2,7 @@
 
 #include "media/player/GrowingIndex.h"
 #include "media/player/Playback.h"
+#include "media/player/SoundPath.h"
 #include "media/player/StepAhead.h"
 #include "media/player/Wires.h"
 
@@ -50,6 +51,7 @@ private:
     void PlayFrom(int shown, int next);
     int Following(int shown, const PlaySpan& span);
     PlaySpan Span();
+    std::unique_ptr<MediaClock> MakeClock(double from);
     void Guard(const std::function<void()>& work);
     void Finish();
     void Fail(media::Failure failure);
@@ -61,9 +63,11 @@ private:
     bool PrepareSteps();
 
     Wires& wires_;
+    media::Source source_;
     bool isAddress_;
     std::unique_ptr<media::FrameServer> server_;
     std::unique_ptr<GrowingIndex> index_;
+    std::unique_ptr<SoundPath> sound_; ///< from the first playing on, where there is sound
     std::unique_ptr<Playback> playback_;
     PlayOptions options_;
     Shot shown_; ///< while playing

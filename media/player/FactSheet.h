@@ -13,6 +13,7 @@ struct Facts {
     bool isComplete = false;
     double duration = 0;
     QSize size;
+    bool isLive = false; ///< sent as it happens: it cannot be played faster or slower
 };
 
 /// The newest facts, written by the engine thread, read by the user-interface thread.

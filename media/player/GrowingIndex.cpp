@@ -16,10 +16,12 @@ constexpr double LongestLastPicture = 10; // seconds; durations in files are no 
 
 } // namespace
 
-GrowingIndex::GrowingIndex(media::FrameServer& server, media::Interrupt& interrupt, FactSheet& facts)
+GrowingIndex::GrowingIndex(
+    media::FrameServer& server, media::Interrupt& interrupt, FactSheet& facts, bool isAddress)
     : server_(server)
     , interrupt_(interrupt)
     , facts_(facts)
+    , isAddress_(isAddress)
 {
 }
 
@@ -69,6 +71,11 @@ double GrowingIndex::EndOf(int number)
     return std::clamp(server_.Duration(), start, start + LongestLastPicture);
 }
 
+std::optional<int> GrowingIndex::Last()
+{
+    return server_.IsComplete() ? std::optional(server_.KnownFrames() - 1) : std::nullopt;
+}
+
 bool GrowingIndex::Extend(int pictures)
 {
     if (IsWhole())
@@ -89,7 +96,8 @@ bool GrowingIndex::Extend(int pictures)
 
 void GrowingIndex::Tell()
 {
-    facts_.Write({ server_.KnownFrames(), IsWhole(), server_.Duration(), server_.Size() });
+    const bool isLive = isAddress_ && !IsWhole() && server_.Duration() <= 0;
+    facts_.Write({ server_.KnownFrames(), IsWhole(), server_.Duration(), server_.Size(), isLive });
 }
 
 } // namespace player

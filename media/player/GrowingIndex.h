@@ -11,7 +11,7 @@ namespace player {
 /// the facts. Lives on the engine thread; all references must outlive it.
 class GrowingIndex : public Timeline {
 public:
-    GrowingIndex(media::FrameServer& server, media::Interrupt& interrupt, FactSheet& facts);
+    GrowingIndex(media::FrameServer& server, media::Interrupt& interrupt, FactSheet& facts, bool isAddress);
 
     /// Number, brought into the range of the pictures there are.
     int Reach(int number);
@@ -24,6 +24,7 @@ public:
     bool Reaches(int number) override;
     double TimeOf(int number) override { return server_.TimeOf(number); }
     double EndOf(int number) override;
+    std::optional<int> Last() override;
 
     /// Reads on for so many pictures more; false when there is nothing to be gained from going on.
     bool Extend(int pictures);
@@ -42,6 +43,7 @@ private:
     media::FrameServer& server_;
     media::Interrupt& interrupt_;
     FactSheet& facts_;
+    bool isAddress_;
     std::optional<media::Failure> failure_;
 };
 

@@ -34,12 +34,24 @@ std::optional<PlayPlan::Step> PlayPlan::Next(double now)
     return Step { number, due };
 }
 
+std::optional<media::SoundTurn> PlayPlan::NextTurn()
+{
+    const std::optional<int> end = timeline_.Last();
+    if (!end)
+        return lap_;
+    const double due = timeline_.EndOf(std::min(span_.last, *end)) + offset_;
+    if (rounds_ == 1)
+        return media::SoundTurn { due, std::nullopt };
+    return media::SoundTurn { due, timeline_.TimeOf(span_.first) };
+}
+
 bool PlayPlan::StartLap()
 {
     if (rounds_ == 1 || !Holds(span_.first))
         return false;
     rounds_ = std::max(rounds_ - 1, 0);
     offset_ = std::max(end_, lastDue_.value_or(end_) + ShortestLap) - timeline_.TimeOf(span_.first);
+    lap_ = { DueOf(span_.first), timeline_.TimeOf(span_.first) };
     next_ = span_.first;
     return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/SoundFeed.h"
 #include "media/player/Selection.h"
 #include <optional>
 
@@ -14,6 +15,8 @@ public:
     virtual double TimeOf(int number) = 0;
     /// When the picture gives way to the next one, or the media ends.
     virtual double EndOf(int number) = 0;
+    /// The last picture of the media, when it is known.
+    virtual std::optional<int> Last() = 0;
 };
 
 /// Which picture is due when. Due times run on evenly over the loops: they are media time plus the laps'
@@ -31,6 +34,9 @@ public:
     /// The picture to decode next when the clock shows now: the following one, or a later one when it comes
     /// too late or would stand too short to be seen. None when all rounds are played.
     std::optional<Step> Next(double now);
+    /// Where the media jumps or ends next, behind the picture that was given last. While the end of the media
+    /// is unknown it is the jump to the lap under way; none in the first one.
+    std::optional<media::SoundTurn> NextTurn();
     /// When the last picture has stood its time.
     double End() const { return end_; }
 
@@ -47,6 +53,7 @@ private:
     double shortest_; ///< media seconds below which a picture is not worth showing
     int next_;
     double offset_ = 0;
+    std::optional<media::SoundTurn> lap_; ///< the jump that began it
     std::optional<double> lastDue_;
     double end_;
 };

@@ -8,6 +8,7 @@ namespace {
 
 constexpr double HopelessLag = 2; // wall seconds; behind that the clock waits for the pictures
 constexpr double Tick = 1e-6; // media seconds; the wall counts in whole nanoseconds
+constexpr std::chrono::milliseconds LookAgain { 5 }; // at a clock that is not ready
 constexpr double LongestFreeze = 0.25; // wall seconds; then a late picture is better than none
 
 } // namespace
@@ -24,10 +25,8 @@ Playback::Playback(PlayPlan plan, double from, double rate, std::unique_ptr<Medi
 
 Playback::Time Playback::Work()
 {
-    if (!clock_->IsRunning()) {
-        Prime();
-        return AtOnce;
-    }
+    if (!clock_->IsRunning())
+        return Prime();
     ShowDue();
     if (!isDrawnOut_ && ahead_.size() < PicturesAhead) {
         DecodeNext();
@@ -40,12 +39,15 @@ Playback::Time Playback::Work()
 }
 
 /// The clock starts when the first pictures are there: what the decoder needs to get going is not lateness.
-void Playback::Prime()
+Playback::Time Playback::Prime()
 {
     if (!isDrawnOut_ && ahead_.size() < PicturesAhead)
         DecodeNext();
-    else
+    else if (clock_->IsReady())
         clock_->Start(from_, rate_);
+    else
+        return MediaClock::Wall::now() + LookAgain;
+    return AtOnce;
 }
 
 void Playback::DecodeNext()
@@ -53,6 +55,8 @@ void Playback::DecodeNext()
     const auto step = plan_.Next(Now());
     if (!step)
         return DrawOut();
+    if (const auto turn = plan_.NextTurn())
+        clock_->Expect(*turn);
     const media::Picture picture = hands_.decode(step->number);
     if (clock_->IsRunning() && Now() - step->due > HopelessLag * rate_)
         clock_->Start(step->due, rate_);

@@ -40,7 +40,7 @@ private:
         double at;
     };
     double Now() const { return clock_->IsRunning() ? clock_->Now() : from_; }
-    void Prime();
+    Time Prime();
     void DecodeNext();
     void DrawOut();
     bool IsTooLate(double due) const;

@@ -25,8 +25,9 @@ media::Source SourceOf(const QString& file)
 
 } // namespace
 
-PlayerControl::PlayerControl(QWidget* parent)
+PlayerControl::PlayerControl(QWidget* parent, SoundDeviceMaker makeSound)
     : ltmmPlay(parent)
+    , makeSound_(std::move(makeSound))
     , running_(std::make_shared<std::atomic<int>>(0))
     , progress_([this] { ReportProgress(); })
 {
@@ -75,7 +76,7 @@ void PlayerControl::Open(const media::Source& source)
         if (*running_ >= MaxOrphans)
             throw media::MediaError(media::Failure::Refused, "too many sources hang");
         mail_ = std::make_shared<Mailbox>(this, [this](const Mail& mail) { Read(mail); });
-        const std::shared_ptr<Session> session = Session::Start(source, view_, mail_, running_);
+        const std::shared_ptr<Session> session = Session::Start(source, view_, mail_, running_, makeSound_);
         const bool mayTakeLong = source.kind == media::Source::Kind::Address;
         const QPointer<PlayerControl> self(this);
         if (mayTakeLong && !AwaitOpening(*this, [session] { return session->HasOpened(); })) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "media/player/ProgressMeter.h"
+#include "media/player/PulseDevice.h"
 #include "media/player/Session.h"
 #include "media/player/StrideWatch.h"
 #include "video/ltmmPlay.h"
@@ -12,7 +13,9 @@ class PlayerControl : public ltmmPlay {
     Q_OBJECT
 
 public:
-    explicit PlayerControl(QWidget* parent = nullptr);
+    /// makeSound makes the device that plays the sound; an empty one, or one that makes nothing, plays none.
+    explicit PlayerControl(
+        QWidget* parent = nullptr, player::SoundDeviceMaker makeSound = player::MakePulseDevice);
     ~PlayerControl() override;
 
     void SetSourceFile(const QString& file) override;
@@ -114,6 +117,7 @@ private:
     QSize natural_ { 0, 0 }; ///< of the source's first picture; 0 without a source
     bool showsCaptions_ = false;
 
+    player::SoundDeviceMaker makeSound_;
     std::shared_ptr<std::atomic<int>> running_;
     std::shared_ptr<player::Mailbox> mail_;
     std::shared_ptr<player::Session> session_;

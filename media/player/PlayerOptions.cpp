@@ -60,12 +60,13 @@ void PlayerControl::SetMute(bool mute)
 
 bool PlayerControl::IsRateSupported(double rate) const
 {
-    return IsPlayableRate(rate);
+    const bool isLive = session_ && session_->Known().isLive;
+    return IsPlayableRate(rate) && (!isLive || rate == 1);
 }
 
 void PlayerControl::SetRate(double rate)
 {
-    if (!IsPlayableRate(rate))
+    if (!IsRateSupported(rate))
         throw ControlError(QStringLiteral("The video cannot be played at this rate."));
     options_.rate = rate;
     Apply();

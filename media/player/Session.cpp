@@ -21,9 +21,10 @@ media::MediaError NoAnswer()
 } // namespace
 
 std::shared_ptr<Session> Session::Start(const media::Source& source, const View& view,
-    std::shared_ptr<Mailbox> mail, const std::shared_ptr<std::atomic<int>>& running)
+    std::shared_ptr<Mailbox> mail, const std::shared_ptr<std::atomic<int>>& running,
+    SoundDeviceMaker makeSound)
 {
-    std::shared_ptr<Session> session(new Session(source, view, std::move(mail)));
+    std::shared_ptr<Session> session(new Session(source, view, std::move(mail), std::move(makeSound)));
     ++*running;
     session->thread_ = std::thread([session, running] {
         session->Run();
@@ -33,10 +34,12 @@ std::shared_ptr<Session> Session::Start(const media::Source& source, const View&
     return session;
 }
 
-Session::Session(const media::Source& source, const View& view, std::shared_ptr<Mailbox> mail)
+Session::Session(
+    const media::Source& source, const View& view, std::shared_ptr<Mailbox> mail, SoundDeviceMaker makeSound)
     : source_(source)
 {
     wires_.mail = std::move(mail);
+    wires_.makeSound = std::move(makeSound);
     wires_.LookAt(view);
 }
 
@@ -70,6 +73,7 @@ void Session::Close()
     wires_.mail->Close();
     commands_.Close();
     wires_.interrupt.Raise();
+    wires_.soundInterrupt.Raise();
     wires_.shelf.Drop();
     if (ended_.get_future().wait_for(JoinLimit) == std::future_status::ready)
         thread_.join();

@@ -18,7 +18,8 @@ public:
 
     /// Starts the thread, which opens the source. running counts the threads that have not ended.
     static std::shared_ptr<Session> Start(const media::Source& source, const View& view,
-        std::shared_ptr<Mailbox> mail, const std::shared_ptr<std::atomic<int>>& running);
+        std::shared_ptr<Mailbox> mail, const std::shared_ptr<std::atomic<int>>& running,
+        SoundDeviceMaker makeSound);
     /// Ends the thread, within JoinLimit or behind our back.
     void Close();
 
@@ -58,7 +59,8 @@ public:
     static constexpr Millis JoinLimit { 2000 };
 
 private:
-    Session(const media::Source& source, const View& view, std::shared_ptr<Mailbox> mail);
+    Session(const media::Source& source, const View& view, std::shared_ptr<Mailbox> mail,
+        SoundDeviceMaker makeSound);
     void Run();
     void Loop(Engine& engine);
     template <typename Work> auto Ask(Work work);

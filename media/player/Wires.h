@@ -3,6 +3,7 @@
 #include "media/player/FactSheet.h"
 #include "media/player/Mailbox.h"
 #include "media/player/Placement.h"
+#include "media/player/SoundDevice.h"
 #include "media/player/StillShelf.h"
 #include <atomic>
 #include <mutex>
@@ -13,6 +14,8 @@ namespace player {
 /// What both threads of a session hold in their hands.
 struct Wires {
     media::Interrupt interrupt;
+    media::Interrupt soundInterrupt;
+    SoundDeviceMaker makeSound;
     FactSheet facts;
     StillShelf shelf;
     std::shared_ptr<Mailbox> mail;

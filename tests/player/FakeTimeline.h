@@ -23,6 +23,7 @@ public:
     bool Reaches(int number) override { return number < int(times_.size()); }
     double TimeOf(int number) override { return times_.at(std::size_t(number)); }
     double EndOf(int number) override { return Reaches(number + 1) ? TimeOf(number + 1) : end_; }
+    std::optional<int> Last() override { return int(times_.size()) - 1; }
 
 private:
     std::vector<double> times_;

@@ -149,3 +149,36 @@ TEST(PlayPlanTest, TimesThatRunBackwardsDoNotTurnTheClock)
     }
     EXPECT_EQ(before, 6);
 }
+
+TEST(PlayPlanTest, TellsTheSoundWhereItTurnsAndWhereItEnds)
+{
+    FakeTimeline video = FakeTimeline::Even(10, 0.1);
+    PlayPlan plan(video, { .first = 2, .last = 5 }, Options(2), 2, 0.2);
+    plan.Next(0);
+    ASSERT_TRUE(plan.NextTurn());
+    EXPECT_NEAR(plan.NextTurn()->due, 0.6, 1e-9);
+    ASSERT_TRUE(plan.NextTurn()->media);
+    EXPECT_NEAR(*plan.NextTurn()->media, 0.2, 1e-9);
+    for (int picture = 0; picture < 4; ++picture)
+        plan.Next(0);
+    EXPECT_NEAR(plan.NextTurn()->due, 1, 1e-9);
+    EXPECT_FALSE(plan.NextTurn()->media);
+}
+
+TEST(PlayPlanTest, WithAnUnknownEndTheSoundIsToldOfALapWhenItBegins)
+{
+    class Growing : public FakeTimeline {
+    public:
+        using FakeTimeline::FakeTimeline;
+        std::optional<int> Last() override { return std::nullopt; }
+    };
+    Growing video({ 0, 0.1, 0.2 }, 0.3);
+    PlayPlan plan(video, {}, Options(0), 0, 0);
+    plan.Next(0);
+    EXPECT_FALSE(plan.NextTurn());
+    for (int picture = 0; picture < 3; ++picture)
+        plan.Next(0);
+    ASSERT_TRUE(plan.NextTurn());
+    EXPECT_NEAR(plan.NextTurn()->due, 0.3, 1e-9);
+    EXPECT_EQ(plan.NextTurn()->media, 0);
+}

@@ -23,6 +23,7 @@ int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
     QStandardPaths::setTestModeEnabled(true);
+    qputenv("PULSE_SERVER", "unix:/nonexistent"); // nobody wants to hear the tests of the machine he works on
     QApplication application(argc, argv);
     application.setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
     qInstallMessageHandler(FailOnWarning);
