@@ -85,13 +85,15 @@ void URLfrm::Download()
 {
     ApplicationState& state = frame_.State();
     // The address of the last success goes before what was typed, which takes its place for the next time.
-    const QString address = state.LastAddress.isEmpty() ? edtURL->text() : state.LastAddress;
-    TakeNameAndFolder(state, address.trimmed());
+    const QString address = (state.LastAddress.isEmpty() ? edtURL->text() : state.LastAddress).trimmed();
+    TakeNameAndFolder(state, address);
     // The player's own message would say the same once more.
     const QScopedValueRollback silence(state.ShowPlayerErrors, false);
     try {
         Load(address);
     } catch (const ControlError&) {
+        if (window_)
+            window_->ShowNoVideo();
         frame_.EnableCommand(Command::Cancel, false);
         frame_.ShowStatus(StatusLabel::Operation, false);
         frame_.Errors().Show(this, QStringLiteral("Error Downloading Video!"),

@@ -7,6 +7,8 @@
 
 #include <QListWidget>
 
+#include <algorithm>
+
 VideoList::VideoList(Frame& frame)
     : frame_(frame)
 {
@@ -21,6 +23,9 @@ VideoList::VideoList(Frame& frame)
     Fill();
     // One signal for a click and for Enter, on every desktop.
     VidList->setStyleSheet(QStringLiteral("QListWidget { activate-on-singleclick: 1; }"));
+    VidList->setCurrentRow(
+        int(std::max<qsizetype>(frame_.State().Videos.indexOf(frame_.State().VideoPath), 1)) - 1);
+    VidList->setFocus();
     connect(VidList, &QListWidget::itemActivated, this, [this] { Choose(VidList->currentRow()); });
     frame_.State().ApplyToolTips(*this);
 }

@@ -123,6 +123,7 @@ void VideoWindow::BindPlayer()
 void VideoWindow::OpenVideo()
 {
     ApplicationState& state = frame_.State();
+    frame_.EnableCommand(Command::Cancel, false); // there is no download left to cancel
     StopCapture();
     UserCaptures = 0;
     ResetPlayer();
@@ -149,9 +150,15 @@ void VideoWindow::OpenVideo()
         frame_.SetStatus(StatusLabel::Operation, QStringLiteral("Streaming video"));
         frame_.SetStatus(StatusLabel::Position, QStringLiteral(", please wait for video to play"));
     }
-    frame_.EnableCommand(Command::Capture, !state.NoCap);
-    frame_.EnableCommand(Command::Save, state.NoCap);
+    SwapCaptureCommands();
     UpdateVideoTitle();
+}
+
+void VideoWindow::SwapCaptureCommands()
+{
+    const bool noCap = frame_.State().NoCap;
+    frame_.EnableCommand(Command::Capture, !noCap);
+    frame_.EnableCommand(Command::Save, noCap);
 }
 
 void VideoWindow::ResetPlayer()
@@ -174,19 +181,28 @@ void VideoWindow::GiveSource()
 
 void VideoWindow::LoadAddress(const QString& address)
 {
-    ltmmPlay1->Stop();
-    ltmmPlay1->ResetSource();
+    ResetPlayer();
     ltmmPlay1->SetSourceFile(address);
     if (ltmmPlay1->SourceKind() == ltmmPlay::NoSource)
         throw ControlError(QStringLiteral("The address could not be opened."));
+    frame_.State().VideoExt = VideoExtension(address);
 }
 
 void VideoWindow::ShowLoadedAddress()
 {
+    transport_.ForgetMarks();
+    transport_.ReleasePause();
     transport_.EnableVideoControls(true, *ltmmPlay1);
     transport_.StartVideo();
     Head().SetTitle(FileName::Shown(frame_.State().VideoName));
     SizeAround(ltmmPlay1->VideoWidth(), ltmmPlay1->VideoHeight());
+}
+
+void VideoWindow::ShowNoVideo()
+{
+    transport_.EnableVideoControls(false, *ltmmPlay1);
+    transport_.StartVideo(); // other videos of the list stay in reach
+    Head().SetTitle(QString());
 }
 
 void VideoWindow::SizeAround(double width, double height)
@@ -234,11 +250,14 @@ void VideoWindow::ShowSizePopup()
     int checked = ltmmPlay1->ClosedCaption() ? 1 << CaptionItem : 0;
     if (ltmmPlay1->DisplaySize() >= ltmmPlay::Normal)
         checked |= 1 << (ltmmPlay1->DisplaySize() - ltmmPlay::Normal);
-    frame_.OpenMenus(PopupOwner::VideoWindow, SizeItems, checked, *sizes_, [this](int item) {
+    const QPointer<ltmmPlay> player = ltmmPlay1; // the window may close while its popup stands
+    frame_.OpenMenus(PopupOwner::VideoWindow, SizeItems, checked, *sizes_, [player](int item) {
+        if (!player)
+            return;
         if (item == CaptionItem)
-            ltmmPlay1->ToggleClosedCaption();
+            player->ToggleClosedCaption();
         else
-            ltmmPlay1->SetDisplaySize(ltmmPlay::DisplayMode(ltmmPlay::Normal + item));
+            player->SetDisplaySize(ltmmPlay::DisplayMode(ltmmPlay::Normal + item));
     });
 }
 
@@ -295,7 +314,7 @@ void VideoWindow::CloseClicked()
     Closing = true;
     const QPointer<VideoWindow> alive(this);
     frame_.PumpEvents();
-    if (!alive)
+    if (!alive || isGone_)
         return;
     StopCapture();
     state.FromList = false;
@@ -319,6 +338,10 @@ void VideoWindow::OpenClicked()
 
 void VideoWindow::closeEvent(QCloseEvent* event)
 {
+    // A closed window lives on until the event loop deletes it, and may be closed once more meanwhile; what
+    // is open by then belongs to the next window.
+    if (isGone_)
+        return;
     ApplicationState& state = frame_.State();
     Timer1.stop();
     Closing = true;
@@ -332,6 +355,7 @@ void VideoWindow::closeEvent(QCloseEvent* event)
             Closing = false;
         return event->ignore();
     }
+    isGone_ = true;
     transport_.ReleaseRepeats();
     state.ExitRequested = true;
     hide();

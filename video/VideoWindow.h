@@ -27,6 +27,10 @@ public:
     void LoadAddress(const QString& address);
     /// Title, size and transport for the address just loaded.
     void ShowLoadedAddress();
+    /// Leaves the transport without a video, after an address could not be loaded.
+    void ShowNoVideo();
+    /// Only one of capture and save is open to the user, by what the settings say about captures.
+    void SwapCaptureCommands();
     /// Works out VideoName and VideoFolder and shows the title.
     void UpdateVideoTitle();
 
@@ -68,6 +72,7 @@ private:
     Transport& transport_;
     ltmmPlay* ltmmPlay1 = nullptr;
     StripButton* sizes_ = nullptr;
+    bool isGone_ = false;
     QTimer Timer1; ///< grows a window that was sized too small
     QTimer Timer3; ///< hides the flashing label
     QTimer FlashTimer; ///< shows it again
