@@ -7,9 +7,9 @@
 
 QString FirstFile(const QMimeData& data)
 {
-    for (const QUrl& url : data.urls())
-        if (url.isLocalFile())
-            return FileName::FromBytes(
-                QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()));
-    return {};
+    const QUrl first = data.urls().value(0);
+    const bool isHere = first.host().isEmpty() || first.host() == QLatin1String("localhost");
+    if (!first.isLocalFile() || !isHere)
+        return {};
+    return FileName::FromBytes(QByteArray::fromPercentEncoding(first.path(QUrl::FullyEncoded).toLatin1()));
 }

@@ -4,5 +4,5 @@
 
 class QMimeData;
 
-/// The first local file of what is dragged or dropped, by its raw bytes; empty when there is none.
+/// The first of what is dragged or dropped, by its raw bytes; empty when that is no file of this machine.
 QString FirstFile(const QMimeData& data);

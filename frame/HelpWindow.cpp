@@ -26,6 +26,7 @@ QString GuideStyle()
 } // namespace
 
 HelpWindow::HelpWindow(const QString& guide, Documents& documents)
+    : guide_(guide)
 {
     setObjectName(QStringLiteral("HelpWindow"));
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);

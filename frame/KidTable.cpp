@@ -36,6 +36,8 @@ int KidTable::FindKid(quintptr handle) const
 void KidTable::MakeKidActive(
     int index, const std::function<quintptr()>& active, const std::function<void()>& pushBack) const
 {
-    for (int rounds = state_.KidCount; rounds > 0 && active() != state_.Kids.at(size_t(index)); --rounds)
+    // A slot that the table does not have is a hole like any other.
+    const quintptr kid = size_t(index) < state_.Kids.size() ? state_.Kids[size_t(index)] : 0;
+    for (int rounds = state_.KidCount; rounds > 0 && active() != kid; --rounds)
         pushBack();
 }

@@ -31,12 +31,15 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMimeData>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <utility>
@@ -94,8 +97,21 @@ void Main::Bind()
 
 void Main::BindKeys()
 {
-    const auto press = [](QAbstractButton& button) { return [&button] { button.click(); }; };
+    const auto press = [](QAbstractButton& button) {
+        return [&button] {
+            if (button.isVisible())
+                button.click();
+        };
+    };
     const auto run = [&](Command command) { return press(*Cmds[size_t(command)]); };
+    // A box would bring up the frame over a picture that fills the screen.
+    const auto ask = [&](Command command) {
+        return [this, &button = *Cmds[size_t(command)]] {
+            if (button.isEnabled())
+                LeaveFullScreen();
+            button.click();
+        };
+    };
     constexpr auto WhileHeld = SecondKeys::Repeat::WhileHeld;
     const TransportPane& pane = *bottomPane_;
     new SecondKeys(*this,
@@ -106,15 +122,19 @@ void Main::BindKeys()
             { Qt::Key_Home, press(*pane.Cmd3[SeekStartButton]) },
             { Qt::Key_End, press(*pane.Cmd3[SeekEndButton]) },
             { Qt::Key_S, run(Command::Capture) },
-            { Qt::CTRL | Qt::Key_S, run(Command::Save) },
-            { Qt::CTRL | Qt::Key_O, run(Command::Open) },
-            { Qt::CTRL | Qt::Key_U, run(Command::Download) },
-            { Qt::CTRL | Qt::Key_P, run(Command::Print) },
+            { Qt::CTRL | Qt::Key_S, ask(Command::Save) },
+            { Qt::CTRL | Qt::Key_O, ask(Command::Open) },
+            { Qt::CTRL | Qt::Key_U, ask(Command::Download) },
+            { Qt::CTRL | Qt::Key_P, ask(Command::Print) },
             { Qt::CTRL | Qt::Key_C, [this] { CopyActiveCapture(); } },
             { Qt::CTRL | Qt::Key_W, [this] { CloseActiveForm(); } },
             { Qt::Key_F, [this] { mnuFullScreen_Click(); } },
             { Qt::Key_F11, [this] { mnuFullScreen_Click(); } },
-            { Qt::Key_F1, [this] { OpenHelp(); } },
+            { Qt::Key_F1,
+                [this] {
+                    LeaveFullScreen();
+                    OpenHelp();
+                } },
         });
 }
 
@@ -147,10 +167,17 @@ void Main::AddChild(QWidget* form)
 {
     auto* child = qobject_cast<ChildForm*>(form);
     Q_ASSERT(child);
-    if (!area_->subWindowList().contains(child))
-        area_->addSubWindow(child, child->windowFlags());
-    child->show();
-    child->BringToFront();
+    if (child->CurrentShape() == ChildForm::Shape::Minimized)
+        child->Restore();
+    ShowInFront(*child);
+}
+
+void Main::ShowInFront(ChildForm& child)
+{
+    if (!area_->subWindowList().contains(&child))
+        area_->addSubWindow(&child, child.windowFlags());
+    child.show();
+    child.BringToFront();
 }
 
 void Main::SendToBack(QWidget* form)
@@ -194,7 +221,10 @@ VideoWindow& Main::CurrentVideo()
     auto* window = new VideoWindow(*this, *transport_, makePlayer_);
     state_.CurrentVideo = window;
     window->setParent(this, window->windowFlags());
-    connect(window, &VideoWindow::ListWanted, this, &Main::ShowVideoList);
+    connect(window, &VideoWindow::ListWanted, this, [this] {
+        if (!videoList_)
+            ShowVideoList();
+    });
     connect(window, &VideoWindow::ListUnwanted, this, &Main::CloseVideoList);
     connect(window, &VideoWindow::OpenWanted, this, &Main::OpenFromVideoWindow);
     CloseVideoList();
@@ -235,11 +265,11 @@ void Main::AddThumbnail()
     if (!quickShots_ || !state_.QuickShotsOpen) // one that is closing takes no more
         quickShots_ = new QuickShots(*this);
     quickShots_->mnuControlsAdd2();
-    QWidget* const front = ActiveForm();
-    AddChild(quickShots_);
+    auto* const front = qobject_cast<ChildForm*>(ActiveForm());
+    ShowInFront(*quickShots_); // a strip put away stays so
     SendToBack(quickShots_);
     if (front && front != quickShots_)
-        AddChild(front);
+        ShowInFront(*front);
 }
 
 void Main::ShowFront(bool visible)
@@ -250,8 +280,10 @@ void Main::ShowFront(bool visible)
 bool Main::StartDoc(const QString& document)
 {
     if (!HelpWindow::IsGuide(document))
-        return documents_.Open(document);
+        return (!QDir::isAbsolutePath(document) || QFileInfo::exists(document)) && documents_.Open(document);
     try {
+        if (help_ && help_->Document() != document)
+            delete help_;
         if (!help_) {
             help_ = new HelpWindow(document, documents_);
             help_->PlaceOver(*this);
@@ -303,7 +335,10 @@ void Main::RunCommand(Command command)
 
 bool Main::AskForVideos()
 {
-    ShowOpenDialog(*this, [this] { CloseVideoList(); });
+    ShowOpenDialog(*this, [this] {
+        CloseVideoList();
+        transport_->EnableList();
+    });
     return !std::exchange(state_.OpenCancelled, false);
 }
 
@@ -311,13 +346,17 @@ void Main::OpenSelection()
 {
     bottomPane_->show();
     SetEnabled(true);
-    OpenListed();
+    AddChild(&CurrentVideo());
+    CurrentVideo().OpenVideo();
 }
 
 void Main::OpenListed()
 {
-    AddChild(&CurrentVideo());
-    CurrentVideo().OpenVideo();
+    VideoWindow& window = CurrentVideo();
+    // One that is closing is in sight too, and stays for the video only when it is shown again.
+    if (!window.isVisible() || window.Closing || window.CurrentShape() == ChildForm::Shape::Minimized)
+        AddChild(&window);
+    window.OpenVideo();
 }
 
 void Main::OpenVideos()
@@ -350,11 +389,13 @@ void Main::Download()
         return;
     bottomPane_->show();
     SetEnabled(true);
+    CurrentVideo().SwapCaptureCommands();
     AddChild(&CurrentVideo());
 }
 
 void Main::CancelDownload()
 {
+    EnableCommand(Command::Cancel, false);
     CurrentPlayer().SetSourceFile(QString());
     SetStatus(StatusLabel::Operation, QString());
     SetPointer(Pointer::Normal);
@@ -371,13 +412,15 @@ void Main::RevealVideoWindow()
 
 void Main::ShowVideoList()
 {
-    if (!videoList_) {
+    const bool isNew = !videoList_;
+    if (isNew) {
         videoList_ = new VideoList(*this);
         connect(videoList_, &VideoList::VideoChosen, this, &Main::OpenListed);
         connect(videoList_, &VideoList::OpenWanted, this, &Main::OpenVideos);
     }
     AddChild(videoList_);
-    videoList_->setGeometry(0, 0, ListWidth, area_->viewport()->height());
+    if (isNew)
+        videoList_->setGeometry(0, 0, ListWidth, area_->viewport()->height());
 }
 
 void Main::CloseVideoList()
@@ -393,6 +436,17 @@ void Main::mnuFullScreen_Click()
 {
     if (state_.VideoOpen)
         CurrentPlayer().ToggleFullScreen();
+}
+
+bool Main::IsFullScreen()
+{
+    return state_.CurrentVideo && CurrentPlayer().FullScreen();
+}
+
+void Main::LeaveFullScreen()
+{
+    if (IsFullScreen())
+        CurrentPlayer().SetFullScreen(false);
 }
 
 void Main::OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget& button,
@@ -433,7 +487,8 @@ void Main::CopyActiveCapture()
 
 void Main::CloseActiveForm()
 {
-    if (QWidget* form = ActiveForm())
+    // Behind a picture that fills the screen nobody sees what would go.
+    if (QWidget* form = ActiveForm(); form && !IsFullScreen())
         form->close();
 }
 
@@ -443,7 +498,7 @@ void Main::CloseAllWindows()
     if (quickShots_)
         SendToBack(quickShots_);
     // Whatever child is active goes, a video in front of the captures too.
-    while (state_.KidCount > 0) {
+    while (state_.KidCount > 0 && HasCaptures()) {
         const QPointer<QWidget> form = ActiveForm();
         const bool isClosed = form && form->close();
         if (!isClosed || form == ActiveForm()) // the last is one that is on its way out already
@@ -453,6 +508,13 @@ void Main::CloseAllWindows()
     if (state_.Tools)
         state_.Tools->close();
     ShowStatus(StatusLabel::AutoCapture, false);
+}
+
+/// A capture window counts as a kid before it is a child: while it is being made.
+bool Main::HasCaptures() const
+{
+    return std::ranges::any_of(
+        area_->subWindowList(), [](QMdiSubWindow* form) { return qobject_cast<Viewer*>(form) != nullptr; });
 }
 
 void Main::UnloadForms()
@@ -490,10 +552,17 @@ void Main::ToggleMaximized()
 void Main::ShowWindowState()
 {
     maximize_->SetValue(isMaximized() ? WindowButton::Restore : WindowButton::Maximize);
-    Image2->setVisible(!isMaximized());
+    Image2->setVisible(!isMaximized() && !isMinimized());
     setWindowTitle(QLatin1String(WindowText));
-    if (state_.ToolsOpen && state_.Tools)
-        state_.Tools->setVisible(!isMinimized());
+    if (!state_.ToolsOpen || !state_.Tools)
+        return;
+    if (isMinimized()) {
+        state_.Tools->hide();
+        state_.Tools->setWindowState(Qt::WindowMinimized);
+    } else if (!isMaximized()) {
+        state_.Tools->setWindowState(Qt::WindowNoState);
+        state_.Tools->show();
+    }
 }
 
 void Main::changeEvent(QEvent* event)
@@ -526,7 +595,14 @@ void Main::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     Image2->MoveToCorner();
-    ApplyBackground();
+}
+
+bool Main::eventFilter(QObject* watched, QEvent* event)
+{
+    // The windows' area changes its size also when the transport comes and goes.
+    if (watched == area_->viewport() && event->type() == QEvent::Resize)
+        ApplyBackground();
+    return QWidget::eventFilter(watched, event);
 }
 
 void Main::ApplyBackground()
@@ -536,7 +612,8 @@ void Main::ApplyBackground()
     state_.Reload(Key::OpPic);
     if (state_.OpPic == 2)
         return;
-    state_.TileBackground = state_.OpPic == 0;
+    if (state_.OpPic == 0 || state_.OpPic == 1)
+        state_.TileBackground = state_.OpPic == 0;
     state_.Reload(Key::PicFolder);
     const QImage& picSource = background_.Of(state_.BackgroundFile);
     if (picSource.isNull())
@@ -547,17 +624,29 @@ void Main::ApplyBackground()
 
 void Main::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!FirstFile(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    event->acceptProposedAction(); // whatever is dropped stops the video
 }
 
 void Main::dropEvent(QDropEvent* event)
 {
-    CurrentPlayer().Stop();
+    ltmmPlay& player = CurrentPlayer();
+    player.Stop();
     const QString file = FirstFile(*event->mimeData());
     if (file.isEmpty())
         return;
+    const bool isFirst = player.SourceKind() == ltmmPlay::NoSource;
     AddChild(&CurrentVideo());
-    CurrentPlayer().SetSourceFile(file);
+    player.SetSourceFile(file);
     event->acceptProposedAction();
+    if (isFirst && player.SourceKind() != ltmmPlay::NoSource)
+        ShowDroppedVideo();
+}
+
+void Main::ShowDroppedVideo()
+{
+    bottomPane_->show();
+    SetEnabled(true);
+    CurrentVideo().SwapCaptureCommands();
+    transport_->EnableVideoControls(true, CurrentPlayer());
+    transport_->StartVideo();
 }

@@ -77,6 +77,7 @@ void Main::Build()
                 return child ? child : static_cast<QWidget*>(emptyState_);
             },
             [this] { return bottomPane_; } });
+    emptyState_->setFocus();
 }
 
 void Main::BuildHead(QVBoxLayout* column)
@@ -97,10 +98,7 @@ void Main::BuildHead(QVBoxLayout* column)
         topBack_->AddButton(button);
     front1_->hide();
     connect(menu_, &StripButton::Click, this, &Main::ShowPopup);
-    connect(front1_, &StripButton::Click, this, [this] {
-        if (state_.CurrentVideo)
-            AddChild(&CurrentVideo());
-    });
+    connect(front1_, &StripButton::Click, this, [this] { AddChild(&CurrentVideo()); });
     connect(help, &StripButton::Click, this, &Main::OpenHelp);
     connect(minimize, &StripButton::Click, this, &QWidget::showMinimized);
     connect(maximize_, &StripButton::Click, this, &Main::ToggleMaximized);
@@ -138,6 +136,7 @@ void Main::BuildArea(QVBoxLayout* column)
     area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     // When a window closes, the one used before it comes up.
     area_->setActivationOrder(QMdiArea::ActivationHistoryOrder);
+    area_->viewport()->installEventFilter(this);
     emptyState_ = new EmptyState(area_->viewport());
     connect(emptyState_, &EmptyState::Opens, this, [this] {
         RevealVideoWindow();
