@@ -87,15 +87,3 @@ TEST_F(KidTableTest, OnAHoleAllGoRoundOnce)
         1, [] { return quintptr(11); }, [&] { ++pushed; });
     EXPECT_EQ(pushed, 3);
 }
-
-TEST_F(KidTableTest, ASlotThatTheTableDoesNotHaveIsAHole)
-{
-    Open(11);
-    Open(12);
-    for (const int index : { 7, -1 }) {
-        int pushed = 0;
-        kids.MakeKidActive(
-            index, [] { return quintptr(11); }, [&] { ++pushed; });
-        EXPECT_EQ(pushed, 2) << index;
-    }
-}

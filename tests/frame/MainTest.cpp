@@ -661,3 +661,16 @@ TEST_F(MainTest, TheVideoListGoesWithANewDialogAndWithTheVideoWindow)
         EXPECT_TRUE(list.isNull()) << byDialog;
     }
 }
+
+TEST_F(MainTest, MakeKidActiveTakesASlotThatTheTableDoesNotHaveForAHole)
+{
+    Store("OpThumb", "2");
+    OpenOne();
+    Click("Cmds(8)");
+    Click("Cmds(8)");
+    for (const int index : { 7, -1 }) {
+        const QWidget* const before = main->ActiveForm();
+        main->MakeKidActive(index);
+        EXPECT_NE(main->ActiveForm(), before) << index << ": two of the three windows were sent back";
+    }
+}
