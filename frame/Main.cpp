@@ -283,7 +283,7 @@ bool Main::StartDoc(const QString& document)
         return (!QDir::isAbsolutePath(document) || QFileInfo::exists(document)) && documents_.Open(document);
     try {
         if (help_ && help_->Document() != document)
-            delete help_;
+            delete std::exchange(help_, nullptr);
         if (!help_) {
             help_ = new HelpWindow(document, documents_);
             help_->PlaceOver(*this);
