@@ -10,6 +10,8 @@
 #include "desktop/Clipboard.h"
 #include "video/ltmmPlay.h"
 
+#include <QScopeGuard>
+
 #include <deque>
 #include <utility>
 
@@ -98,6 +100,7 @@ void CaptureCurrentFrame(Frame& frame)
     // A press while another capture lets events run has its still now and its turn on the clipboard later.
     if (stills.size() > 1)
         return;
+    const auto end = qScopeGuard([&stills] { stills.clear(); });
     for (; !stills.empty(); stills.pop_front())
         Deliver(frame, std::move(stills.front()));
 }

@@ -4,5 +4,5 @@
 
 class QMimeData;
 
-/// The first of what is dropped, when it is a file on this machine: its raw bytes. Empty otherwise.
+/// The first of what is dragged or dropped, by its raw bytes; empty when that is no file of this machine.
 QString FirstFile(const QMimeData& data);

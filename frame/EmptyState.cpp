@@ -15,9 +15,9 @@ EmptyState::EmptyState(QWidget* area)
     auto* hint = new QLabel(QStringLiteral("or drop a video file here"), this);
     hint->setObjectName(QStringLiteral("Hint"));
     hint->setAlignment(Qt::AlignCenter);
+    setFocusProxy(button);
     column->addWidget(button, 0, Qt::AlignCenter);
     column->addWidget(hint);
-    setFocusProxy(button);
     connect(button, &QPushButton::clicked, this, &EmptyState::Opens);
     area->installEventFilter(this);
     Centre();

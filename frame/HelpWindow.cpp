@@ -26,11 +26,11 @@ QString GuideStyle()
 } // namespace
 
 HelpWindow::HelpWindow(const QString& guide, Documents& documents)
+    : guide_(guide)
 {
     setObjectName(QStringLiteral("HelpWindow"));
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowFilePath(guide);
     SetTitle(QStringLiteral("Help"));
     Build();
     text_->document()->setDefaultStyleSheet(GuideStyle());

@@ -15,11 +15,14 @@ public:
 
     /// Sizes it and puts it over the middle of the frame, wholly on the screen.
     void PlaceOver(const QWidget& frame);
+    /// The path it was made with.
+    const QString& Document() const { return guide_; }
     /// Whether the document is a guide of ours: its name ends in ".hlp".
     static bool IsGuide(const QString& document);
 
 private:
     void Build();
 
+    QString guide_;
     QTextBrowser* text_ = nullptr;
 };

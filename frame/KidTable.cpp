@@ -36,8 +36,8 @@ int KidTable::FindKid(quintptr handle) const
 void KidTable::MakeKidActive(
     int index, const std::function<quintptr()>& active, const std::function<void()>& pushBack) const
 {
-    const bool isInTable = index >= 0 && size_t(index) < state_.Kids.size();
-    const quintptr wanted = isInTable ? state_.Kids[size_t(index)] : 0;
-    for (int rounds = state_.KidCount; rounds > 0 && active() != wanted; --rounds)
+    // A slot that the table does not have is a hole like any other.
+    const quintptr kid = size_t(index) < state_.Kids.size() ? state_.Kids[size_t(index)] : 0;
+    for (int rounds = state_.KidCount; rounds > 0 && active() != kid; --rounds)
         pushBack();
 }

@@ -26,8 +26,7 @@ public:
     int RemoveKid(quintptr handle, const std::function<void()>& found);
     /// The last slot below KidCount that holds the handle; 0 also when none does.
     int FindKid(quintptr handle) const;
-    /// Brings a kid to the top by pushing the active child back, at most KidCount times; an index outside the
-    /// table is as a hole.
+    /// Brings a kid to the top by pushing the active child back, at most KidCount times.
     /// active tells the handle of the active child, pushBack sends that child behind all others.
     void MakeKidActive(
         int index, const std::function<quintptr()>& active, const std::function<void()>& pushBack) const;

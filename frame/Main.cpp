@@ -31,12 +31,15 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMimeData>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <utility>
@@ -88,21 +91,27 @@ void Main::Bind()
         connect(Cmds[size_t(row.command)], &TAQbutton::Click, this,
             [this, command = row.command] { RunCommand(command); });
     transport_ = new Transport(*bottomPane_, *this, [this] { OpenListed(); });
-    for (auto* button : bottomPane_->findChildren<StripButton*>())
-        button->setEnabled(false);
     bottomPane_->hide();
     BindKeys();
 }
 
 void Main::BindKeys()
 {
-    const auto press = [this](QAbstractButton& button) {
-        return [this, &button] {
-            if (button.isVisibleTo(this))
+    const auto press = [](QAbstractButton& button) {
+        return [&button] {
+            if (button.isVisible())
                 button.click();
         };
     };
     const auto run = [&](Command command) { return press(*Cmds[size_t(command)]); };
+    // A box would bring up the frame over a picture that fills the screen.
+    const auto ask = [&](Command command) {
+        return [this, &button = *Cmds[size_t(command)]] {
+            if (button.isEnabled())
+                LeaveFullScreen();
+            button.click();
+        };
+    };
     constexpr auto WhileHeld = SecondKeys::Repeat::WhileHeld;
     const TransportPane& pane = *bottomPane_;
     new SecondKeys(*this,
@@ -113,15 +122,19 @@ void Main::BindKeys()
             { Qt::Key_Home, press(*pane.Cmd3[SeekStartButton]) },
             { Qt::Key_End, press(*pane.Cmd3[SeekEndButton]) },
             { Qt::Key_S, run(Command::Capture) },
-            { Qt::CTRL | Qt::Key_S, run(Command::Save) },
-            { Qt::CTRL | Qt::Key_O, run(Command::Open) },
-            { Qt::CTRL | Qt::Key_U, run(Command::Download) },
-            { Qt::CTRL | Qt::Key_P, run(Command::Print) },
+            { Qt::CTRL | Qt::Key_S, ask(Command::Save) },
+            { Qt::CTRL | Qt::Key_O, ask(Command::Open) },
+            { Qt::CTRL | Qt::Key_U, ask(Command::Download) },
+            { Qt::CTRL | Qt::Key_P, ask(Command::Print) },
             { Qt::CTRL | Qt::Key_C, [this] { CopyActiveCapture(); } },
             { Qt::CTRL | Qt::Key_W, [this] { CloseActiveForm(); } },
             { Qt::Key_F, [this] { mnuFullScreen_Click(); } },
             { Qt::Key_F11, [this] { mnuFullScreen_Click(); } },
-            { Qt::Key_F1, [this] { OpenHelp(); } },
+            { Qt::Key_F1,
+                [this] {
+                    LeaveFullScreen();
+                    OpenHelp();
+                } },
         });
 }
 
@@ -154,12 +167,17 @@ void Main::AddChild(QWidget* form)
 {
     auto* child = qobject_cast<ChildForm*>(form);
     Q_ASSERT(child);
-    if (!area_->subWindowList().contains(child))
-        area_->addSubWindow(child, child->windowFlags());
     if (child->CurrentShape() == ChildForm::Shape::Minimized)
         child->Restore();
-    child->show();
-    child->BringToFront();
+    ShowInFront(*child);
+}
+
+void Main::ShowInFront(ChildForm& child)
+{
+    if (!area_->subWindowList().contains(&child))
+        area_->addSubWindow(&child, child.windowFlags());
+    child.show();
+    child.BringToFront();
 }
 
 void Main::SendToBack(QWidget* form)
@@ -203,7 +221,10 @@ VideoWindow& Main::CurrentVideo()
     auto* window = new VideoWindow(*this, *transport_, makePlayer_);
     state_.CurrentVideo = window;
     window->setParent(this, window->windowFlags());
-    connect(window, &VideoWindow::ListWanted, this, &Main::OfferVideoList);
+    connect(window, &VideoWindow::ListWanted, this, [this] {
+        if (!videoList_)
+            ShowVideoList();
+    });
     connect(window, &VideoWindow::ListUnwanted, this, &Main::CloseVideoList);
     connect(window, &VideoWindow::OpenWanted, this, &Main::OpenFromVideoWindow);
     CloseVideoList();
@@ -245,11 +266,10 @@ void Main::AddThumbnail()
         quickShots_ = new QuickShots(*this);
     quickShots_->mnuControlsAdd2();
     auto* const front = qobject_cast<ChildForm*>(ActiveForm());
-    if (!quickShots_->isVisible())
-        AddChild(quickShots_);
+    ShowInFront(*quickShots_); // a strip put away stays so
     SendToBack(quickShots_);
     if (front && front != quickShots_)
-        front->BringToFront();
+        ShowInFront(*front);
 }
 
 void Main::ShowFront(bool visible)
@@ -260,17 +280,19 @@ void Main::ShowFront(bool visible)
 bool Main::StartDoc(const QString& document)
 {
     if (!HelpWindow::IsGuide(document))
-        return documents_.Open(document);
+        return (!QDir::isAbsolutePath(document) || QFileInfo::exists(document)) && documents_.Open(document);
     try {
-        if (!help_ || help_->windowFilePath() != document) {
-            delete help_;
+        if (help_ && help_->Document() != document)
+            delete std::exchange(help_, nullptr);
+        if (!help_) {
             help_ = new HelpWindow(document, documents_);
             help_->PlaceOver(*this);
         }
     } catch (const FileError&) {
         return false;
     }
-    LeaveFullScreen();
+    if (help_->CurrentShape() == ChildForm::Shape::Minimized)
+        help_->Restore();
     help_->show();
     help_->BringToFront();
     return true;
@@ -315,10 +337,10 @@ void Main::RunCommand(Command command)
 
 bool Main::AskForVideos()
 {
-    LeaveFullScreen();
-    for (StripButton* button : bottomPane_->CmdList)
-        button->setEnabled(false); // the list they walk goes
-    ShowOpenDialog(*this, [this] { CloseVideoList(); });
+    ShowOpenDialog(*this, [this] {
+        CloseVideoList();
+        transport_->EnableList();
+    });
     return !std::exchange(state_.OpenCancelled, false);
 }
 
@@ -327,14 +349,14 @@ void Main::OpenSelection()
     bottomPane_->show();
     SetEnabled(true);
     AddChild(&CurrentVideo());
-    OpenListed();
+    CurrentVideo().OpenVideo();
 }
 
 void Main::OpenListed()
 {
     VideoWindow& window = CurrentVideo();
-    const bool isInSight = window.isVisible() && window.CurrentShape() != ChildForm::Shape::Minimized;
-    if (!isInSight)
+    // One that is closing is in sight too, and stays for the video only when it is shown again.
+    if (!window.isVisible() || window.Closing || window.CurrentShape() == ChildForm::Shape::Minimized)
         AddChild(&window);
     window.OpenVideo();
 }
@@ -359,7 +381,6 @@ void Main::OpenFromVideoWindow()
 
 void Main::Download()
 {
-    LeaveFullScreen();
     VideoWindow& window = CurrentVideo();
     window.Player().Stop();
     const QPointer<URLfrm> form = new URLfrm(*this, window, this);
@@ -370,7 +391,7 @@ void Main::Download()
         return;
     bottomPane_->show();
     SetEnabled(true);
-    EnableCommand(Command::Capture, !state_.NoCap);
+    CurrentVideo().SwapCaptureCommands();
     AddChild(&CurrentVideo());
 }
 
@@ -393,20 +414,15 @@ void Main::RevealVideoWindow()
 
 void Main::ShowVideoList()
 {
-    if (!videoList_) {
+    const bool isNew = !videoList_;
+    if (isNew) {
         videoList_ = new VideoList(*this);
         connect(videoList_, &VideoList::VideoChosen, this, &Main::OpenListed);
         connect(videoList_, &VideoList::OpenWanted, this, &Main::OpenVideos);
-        AddChild(videoList_);
-        videoList_->setGeometry(0, 0, ListWidth, area_->viewport()->height());
     }
     AddChild(videoList_);
-}
-
-void Main::OfferVideoList()
-{
-    if (!videoList_ || !videoList_->isVisible())
-        ShowVideoList();
+    if (isNew)
+        videoList_->setGeometry(0, 0, ListWidth, area_->viewport()->height());
 }
 
 void Main::CloseVideoList()
@@ -418,10 +434,10 @@ void Main::CloseVideoList()
     }
 }
 
-void Main::LeaveFullScreen()
+void Main::mnuFullScreen_Click()
 {
-    if (IsFullScreen())
-        CurrentPlayer().SetFullScreen(false);
+    if (state_.VideoOpen)
+        CurrentPlayer().ToggleFullScreen();
 }
 
 bool Main::IsFullScreen()
@@ -429,10 +445,10 @@ bool Main::IsFullScreen()
     return state_.CurrentVideo && CurrentPlayer().FullScreen();
 }
 
-void Main::mnuFullScreen_Click()
+void Main::LeaveFullScreen()
 {
-    if (state_.VideoOpen)
-        CurrentPlayer().ToggleFullScreen();
+    if (IsFullScreen())
+        CurrentPlayer().SetFullScreen(false);
 }
 
 void Main::OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget& button,
@@ -473,8 +489,8 @@ void Main::CopyActiveCapture()
 
 void Main::CloseActiveForm()
 {
-    QWidget* const form = ActiveForm();
-    if (form && !IsFullScreen()) // behind the full screen nobody sees what closes
+    // Behind a picture that fills the screen nobody sees what would go.
+    if (QWidget* form = ActiveForm(); form && !IsFullScreen())
         form->close();
 }
 
@@ -484,7 +500,7 @@ void Main::CloseAllWindows()
     if (quickShots_)
         SendToBack(quickShots_);
     // Whatever child is active goes, a video in front of the captures too.
-    while (state_.KidCount > 0) {
+    while (state_.KidCount > 0 && HasCaptures()) {
         const QPointer<QWidget> form = ActiveForm();
         const bool isClosed = form && form->close();
         if (!isClosed || form == ActiveForm()) // the last is one that is on its way out already
@@ -494,6 +510,13 @@ void Main::CloseAllWindows()
     if (state_.Tools)
         state_.Tools->close();
     ShowStatus(StatusLabel::AutoCapture, false);
+}
+
+/// A capture window counts as a kid before it is a child: while it is being made.
+bool Main::HasCaptures() const
+{
+    return std::ranges::any_of(
+        area_->subWindowList(), [](QMdiSubWindow* form) { return qobject_cast<Viewer*>(form) != nullptr; });
 }
 
 void Main::UnloadForms()
@@ -530,12 +553,18 @@ void Main::ToggleMaximized()
 
 void Main::ShowWindowState()
 {
-    const bool isNormal = !isMaximized() && !isMinimized();
     maximize_->SetValue(isMaximized() ? WindowButton::Restore : WindowButton::Maximize);
-    Image2->setVisible(isNormal);
+    Image2->setVisible(!isMaximized() && !isMinimized());
     setWindowTitle(QLatin1String(WindowText));
-    if (state_.ToolsOpen && state_.Tools && !isMaximized())
-        state_.Tools->setVisible(isNormal);
+    if (!state_.ToolsOpen || !state_.Tools)
+        return;
+    if (isMinimized()) {
+        state_.Tools->hide();
+        state_.Tools->setWindowState(Qt::WindowMinimized);
+    } else if (!isMaximized()) {
+        state_.Tools->setWindowState(Qt::WindowNoState);
+        state_.Tools->show();
+    }
 }
 
 void Main::changeEvent(QEvent* event)
@@ -552,10 +581,8 @@ void Main::changeEvent(QEvent* event)
 
 void Main::mousePressEvent(QMouseEvent* event)
 {
-    // The bare ground of the command strip, the foot and the labels leave their presses to the frame; so does
-    // a button that is disabled.
-    const QWidget* const part = childAt(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && (!part || part->isEnabled()))
+    // The bare ground of the command strip, the foot and the labels leave their presses to the frame.
+    if (event->button() == Qt::LeftButton)
         drag_->StartMove(event->globalPosition().toPoint());
 }
 
@@ -574,6 +601,7 @@ void Main::resizeEvent(QResizeEvent* event)
 
 bool Main::eventFilter(QObject* watched, QEvent* event)
 {
+    // The windows' area changes its size also when the transport comes and goes.
     if (watched == area_->viewport() && event->type() == QEvent::Resize)
         ApplyBackground();
     return QWidget::eventFilter(watched, event);
@@ -598,19 +626,29 @@ void Main::ApplyBackground()
 
 void Main::dragEnterEvent(QDragEnterEvent* event)
 {
-    event->acceptProposedAction();
+    event->acceptProposedAction(); // whatever is dropped stops the video
 }
 
 void Main::dropEvent(QDropEvent* event)
 {
-    CurrentPlayer().Stop();
+    ltmmPlay& player = CurrentPlayer();
+    player.Stop();
     const QString file = FirstFile(*event->mimeData());
     if (file.isEmpty())
         return;
-    const bool isFirst = !state_.VideoOpen;
+    const bool isFirst = player.SourceKind() == ltmmPlay::NoSource;
     AddChild(&CurrentVideo());
-    CurrentPlayer().SetSourceFile(file);
-    if (isFirst)
-        CurrentVideo().ShowTransport();
+    player.SetSourceFile(file);
     event->acceptProposedAction();
+    if (isFirst && player.SourceKind() != ltmmPlay::NoSource)
+        ShowDroppedVideo();
+}
+
+void Main::ShowDroppedVideo()
+{
+    bottomPane_->show();
+    SetEnabled(true);
+    CurrentVideo().SwapCaptureCommands();
+    transport_->EnableVideoControls(true, CurrentPlayer());
+    transport_->StartVideo();
 }

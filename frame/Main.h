@@ -12,6 +12,7 @@
 
 #include <array>
 
+class ChildForm;
 class DigitLabel;
 class Documents;
 class EmptyState;
@@ -85,10 +86,10 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -108,15 +109,20 @@ private:
     bool AskForVideos();
     void OpenSelection();
     void OpenFromVideoWindow();
+    /// Opens what the list or its buttons chose; a video window in sight keeps its place.
     void OpenListed();
+    /// Shows a child in front in whatever shape it has.
+    void ShowInFront(ChildForm& child);
+    bool IsFullScreen();
+    void LeaveFullScreen();
+    bool HasCaptures() const;
+    /// The transport for a video dropped where none was open; the rest of the state stays as it was.
+    void ShowDroppedVideo();
     void Download();
     void CancelDownload();
     void RevealVideoWindow();
     void ShowVideoList();
     void ShowVideoListIfVideo();
-    void OfferVideoList();
-    bool IsFullScreen();
-    void LeaveFullScreen();
     void CloseVideoList();
     void CopyActiveCapture();
     void CloseActiveForm();

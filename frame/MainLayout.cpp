@@ -77,6 +77,7 @@ void Main::Build()
                 return child ? child : static_cast<QWidget*>(emptyState_);
             },
             [this] { return bottomPane_; } });
+    emptyState_->setFocus();
 }
 
 void Main::BuildHead(QVBoxLayout* column)
@@ -135,9 +136,8 @@ void Main::BuildArea(QVBoxLayout* column)
     area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     // When a window closes, the one used before it comes up.
     area_->setActivationOrder(QMdiArea::ActivationHistoryOrder);
-    area_->viewport()->installEventFilter(this); // the picture behind the windows fits its size
+    area_->viewport()->installEventFilter(this);
     emptyState_ = new EmptyState(area_->viewport());
-    emptyState_->setFocus();
     connect(emptyState_, &EmptyState::Opens, this, [this] {
         RevealVideoWindow();
         PumpEvents();

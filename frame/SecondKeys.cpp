@@ -32,11 +32,11 @@ bool SecondKeys::eventFilter(QObject* watched, QEvent* event)
 
 const SecondKeys::Row* SecondKeys::RowOf(const QKeyEvent& event) const
 {
-    // On some keyboards the point and the comma are typed with Shift.
-    const bool isPoint = event.key() == Qt::Key_Comma || event.key() == Qt::Key_Period;
-    const Qt::KeyboardModifiers ignored =
-        isPoint ? Qt::KeypadModifier | Qt::ShiftModifier : Qt::KeypadModifier;
-    const QKeyCombination key(event.modifiers() & ~ignored, Qt::Key(event.key()));
+    // Some layouts have the comma or the period above another sign, and need Shift to type it.
+    const bool isShifted = event.key() == Qt::Key_Comma || event.key() == Qt::Key_Period;
+    const Qt::KeyboardModifiers meaningless =
+        isShifted ? Qt::KeypadModifier | Qt::ShiftModifier : Qt::KeyboardModifiers(Qt::KeypadModifier);
+    const QKeyCombination key(event.modifiers() & ~meaningless, Qt::Key(event.key()));
     const auto row = std::ranges::find(rows_, key, &Row::key);
     return row == rows_.end() ? nullptr : &*row;
 }

@@ -70,9 +70,27 @@ bool MediaSource::IsDue() const
     return interrupt_.IsDue() || Interrupt::Clock::now() > openBy_;
 }
 
+/// What stood open before stays when the new opening fails: others still ask for its facts.
 void MediaSource::Open()
 {
-    format_.reset();
+    std::unique_ptr<MemoryFile> memory = std::move(memory_);
+    FormatPtr format = std::move(format_);
+    FilterPtr filter = std::move(filter_);
+    const unsigned stream = stream_;
+    try {
+        OpenAnew();
+    } catch (...) {
+        openBy_ = Interrupt::Clock::time_point::max();
+        filter_ = std::move(filter);
+        format_ = std::move(format);
+        memory_ = std::move(memory);
+        stream_ = stream;
+        throw;
+    }
+}
+
+void MediaSource::OpenAnew()
+{
     if (source_.kind == Source::Kind::Address)
         openBy_ = Interrupt::Clock::now() + OpenAddressWithin;
     AVFormatContext* format = avformat_alloc_context();

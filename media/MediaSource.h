@@ -50,6 +50,7 @@ public:
 private:
     bool IsDue() const;
     void Open();
+    void OpenAnew();
     void Configure(AVFormatContext& format);
     void OpenMemory(AVFormatContext& format);
     void FindStreams();

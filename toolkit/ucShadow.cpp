@@ -111,7 +111,7 @@ void ucShadow::iSubclass_Proc(bool, bool&, qint32&, QWidget*&, qint32& uMsg, qin
     if (uMsg == Message::DisplayChange)
         return FollowDisplay();
     if (uMsg == Message::ThemeChange) {
-        TestCapability();
+        FollowDisplay();
         return Redraw();
     }
     if (!isLayered_)

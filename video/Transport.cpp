@@ -113,10 +113,15 @@ void Transport::ClearMarks()
     }
 }
 
-void Transport::StartVideo()
+void Transport::EnableList()
 {
     for (StripButton* button : pane_.CmdList)
         button->setEnabled(State().VideoCount >= 2);
+}
+
+void Transport::StartVideo()
+{
+    EnableList();
     IgnoreErrors([&] { Player().SetCurrentPosition(0); });
     pane_.trkPosition->SetMax(Player().TrackingMax());
     pane_.trkPosition->SetValue(0);

@@ -30,6 +30,8 @@ public:
     void ForgetMarks();
     /// The slider and the previous/next buttons for a video just loaded.
     void StartVideo();
+    /// Previous and next take part only where there are at least two videos.
+    void EnableList();
     void ReleasePause();
     /// The sound button stands down: sound on.
     void SetSoundOn();

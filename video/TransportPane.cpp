@@ -36,6 +36,15 @@ TransportPane::TransportPane(QWidget* parent)
     Cmd3 = MakeButtons<VideoEditButtons>(SeekButtons, "Cmd3", true, this);
     speedbtn = MakeButtons<Videobuttons>(RateButtons, "speedbtn", false, this);
     CmdList = MakeButtons<Videobuttons>(ListButtons, "CmdList", false, this);
+    // Without a video there is nothing to move.
+    const auto disable = [](const auto& buttons) {
+        for (StripButton* button : buttons)
+            button->setEnabled(false);
+    };
+    disable(Cmd2);
+    disable(Cmd3);
+    Cmd3[SoundButton]->setEnabled(true); // one that is up is never woken
+    disable(CmdList);
     trkPosition = new PositionSlider(this);
     trkPosition->setObjectName(QStringLiteral("trkPosition"));
     trkPosition->setAccessibleName(QStringLiteral("Position"));

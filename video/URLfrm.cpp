@@ -92,6 +92,8 @@ void URLfrm::Download()
     try {
         Load(address);
     } catch (const ControlError&) {
+        if (window_)
+            window_->ShowNoVideo();
         frame_.EnableCommand(Command::Cancel, false);
         frame_.ShowStatus(StatusLabel::Operation, false);
         frame_.Errors().Show(this, QStringLiteral("Error Downloading Video!"),

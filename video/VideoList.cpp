@@ -7,6 +7,8 @@
 
 #include <QListWidget>
 
+#include <algorithm>
+
 VideoList::VideoList(Frame& frame)
     : frame_(frame)
 {
@@ -19,10 +21,11 @@ VideoList::VideoList(Frame& frame)
     VidList->setAccessibleName(QStringLiteral("Videos"));
     SetBody(VidList);
     Fill();
-    VidList->setCurrentRow(0);
-    VidList->setFocus();
     // One signal for a click and for Enter, on every desktop.
     VidList->setStyleSheet(QStringLiteral("QListWidget { activate-on-singleclick: 1; }"));
+    VidList->setCurrentRow(
+        int(std::max<qsizetype>(frame_.State().Videos.indexOf(frame_.State().VideoPath), 1)) - 1);
+    VidList->setFocus();
     connect(VidList, &QListWidget::itemActivated, this, [this] { Choose(VidList->currentRow()); });
     frame_.State().ApplyToolTips(*this);
 }
@@ -31,8 +34,7 @@ void VideoList::BuildHead()
 {
     static constexpr FormButton<VideoList> Buttons[] {
         { 2, Face::Open, " Open Videos ", "Open videos", [](VideoList& list) { Q_EMIT list.OpenWanted(); } },
-        { 1, Face::Minimize, "Minimize Window", "Minimize window",
-            [](VideoList& list) { list.Minimize(); } },
+        { 1, Face::Minimize, "Minimize Window", "Minimize window", [](VideoList& list) { list.Minimize(); } },
         { 0, Face::Close, "Close Video Window", "Close video list", [](VideoList& list) { list.close(); } },
     };
     AddHeadButtons(*this, Buttons);

@@ -123,9 +123,9 @@ void VideoWindow::BindPlayer()
 void VideoWindow::OpenVideo()
 {
     ApplicationState& state = frame_.State();
+    frame_.EnableCommand(Command::Cancel, false); // there is no download left to cancel
     StopCapture();
     UserCaptures = 0;
-    frame_.EnableCommand(Command::Cancel, false);
     ResetPlayer();
     transport_.ForgetMarks();
     if (!state.FromList)
@@ -150,9 +150,15 @@ void VideoWindow::OpenVideo()
         frame_.SetStatus(StatusLabel::Operation, QStringLiteral("Streaming video"));
         frame_.SetStatus(StatusLabel::Position, QStringLiteral(", please wait for video to play"));
     }
-    frame_.EnableCommand(Command::Capture, !state.NoCap);
-    frame_.EnableCommand(Command::Save, state.NoCap);
+    SwapCaptureCommands();
     UpdateVideoTitle();
+}
+
+void VideoWindow::SwapCaptureCommands()
+{
+    const bool noCap = frame_.State().NoCap;
+    frame_.EnableCommand(Command::Capture, !noCap);
+    frame_.EnableCommand(Command::Save, noCap);
 }
 
 void VideoWindow::ResetPlayer()
@@ -176,23 +182,11 @@ void VideoWindow::GiveSource()
 void VideoWindow::LoadAddress(const QString& address)
 {
     ResetPlayer();
+    const QPointer<VideoWindow> alive(this);
     ltmmPlay1->SetSourceFile(address);
-    if (ltmmPlay1->SourceKind() != ltmmPlay::NoSource) {
-        frame_.State().VideoExt = VideoExtension(address);
-        return;
-    }
-    transport_.EnableVideoControls(false, *ltmmPlay1);
-    transport_.StartVideo();
-    throw ControlError(QStringLiteral("The address could not be opened."));
-}
-
-void VideoWindow::ShowTransport()
-{
-    const bool hasVideo = ltmmPlay1->SourceKind() != ltmmPlay::NoSource;
-    frame_.SetEnabled(hasVideo);
-    transport_.ShowPane(hasVideo);
-    transport_.EnableVideoControls(hasVideo, *ltmmPlay1);
-    transport_.StartVideo();
+    if (!alive || ltmmPlay1->SourceKind() == ltmmPlay::NoSource)
+        throw ControlError(QStringLiteral("The address could not be opened."));
+    frame_.State().VideoExt = VideoExtension(address);
 }
 
 void VideoWindow::ShowLoadedAddress()
@@ -203,6 +197,13 @@ void VideoWindow::ShowLoadedAddress()
     transport_.StartVideo();
     Head().SetTitle(FileName::Shown(frame_.State().VideoName));
     SizeAround(ltmmPlay1->VideoWidth(), ltmmPlay1->VideoHeight());
+}
+
+void VideoWindow::ShowNoVideo()
+{
+    transport_.EnableVideoControls(false, *ltmmPlay1);
+    transport_.StartVideo(); // other videos of the list stay in reach
+    Head().SetTitle(QString());
 }
 
 void VideoWindow::SizeAround(double width, double height)
@@ -250,15 +251,15 @@ void VideoWindow::ShowSizePopup()
     int checked = ltmmPlay1->ClosedCaption() ? 1 << CaptionItem : 0;
     if (ltmmPlay1->DisplaySize() >= ltmmPlay::Normal)
         checked |= 1 << (ltmmPlay1->DisplaySize() - ltmmPlay::Normal);
-    frame_.OpenMenus(
-        PopupOwner::VideoWindow, SizeItems, checked, *sizes_, [alive = QPointer(this)](int item) {
-            if (!alive)
-                return;
-            if (item == CaptionItem)
-                alive->ltmmPlay1->ToggleClosedCaption();
-            else
-                alive->ltmmPlay1->SetDisplaySize(ltmmPlay::DisplayMode(ltmmPlay::Normal + item));
-        });
+    const QPointer<ltmmPlay> player = ltmmPlay1; // the window may close while its popup stands
+    frame_.OpenMenus(PopupOwner::VideoWindow, SizeItems, checked, *sizes_, [player](int item) {
+        if (!player)
+            return;
+        if (item == CaptionItem)
+            player->ToggleClosedCaption();
+        else
+            player->SetDisplaySize(ltmmPlay::DisplayMode(ltmmPlay::Normal + item));
+    });
 }
 
 void VideoWindow::ShowProgress(int position)
@@ -314,7 +315,7 @@ void VideoWindow::CloseClicked()
     Closing = true;
     const QPointer<VideoWindow> alive(this);
     frame_.PumpEvents();
-    if (!alive)
+    if (!alive || isGone_)
         return;
     StopCapture();
     state.FromList = false;
@@ -338,6 +339,10 @@ void VideoWindow::OpenClicked()
 
 void VideoWindow::closeEvent(QCloseEvent* event)
 {
+    // A closed window lives on until the event loop deletes it, and may be closed once more meanwhile; what
+    // is open by then belongs to the next window.
+    if (isGone_)
+        return;
     ApplicationState& state = frame_.State();
     Timer1.stop();
     Closing = true;
@@ -351,6 +356,7 @@ void VideoWindow::closeEvent(QCloseEvent* event)
             Closing = false;
         return event->ignore();
     }
+    isGone_ = true;
     transport_.ReleaseRepeats();
     state.ExitRequested = true;
     hide();
@@ -362,7 +368,6 @@ void VideoWindow::closeEvent(QCloseEvent* event)
     StopCapture();
     state.FromList = false;
     ltmmPlay1->Stop();
-    if (state.CurrentVideo == this)
-        state.CurrentVideo = nullptr;
+    state.CurrentVideo = nullptr;
     ChildForm::closeEvent(event);
 }

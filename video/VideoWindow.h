@@ -25,10 +25,12 @@ public:
     void OpenVideo();
     /// Gives the player an address of the web. Throws ControlError when it cannot be opened.
     void LoadAddress(const QString& address);
-    /// The transport for what was dropped on a frame that had no video open.
-    void ShowTransport();
     /// Title, size and transport for the address just loaded.
     void ShowLoadedAddress();
+    /// Leaves the transport without a video, after an address could not be loaded.
+    void ShowNoVideo();
+    /// Only one of capture and save is open to the user, by what the settings say about captures.
+    void SwapCaptureCommands();
     /// Works out VideoName and VideoFolder and shows the title.
     void UpdateVideoTitle();
 
@@ -70,6 +72,7 @@ private:
     Transport& transport_;
     ltmmPlay* ltmmPlay1 = nullptr;
     StripButton* sizes_ = nullptr;
+    bool isGone_ = false;
     QTimer Timer1; ///< grows a window that was sized too small
     QTimer Timer3; ///< hides the flashing label
     QTimer FlashTimer; ///< shows it again

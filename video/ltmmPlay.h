@@ -33,7 +33,8 @@ public:
 
     /// Loads a file (see desktop/FileName.h for names that are no text) or an address; returns when the first
     /// frame stands on the screen or the attempt has failed, which PlayerError tells. An empty name drops the
-    /// source.
+    /// source. While an address opens, events are handled and the user can cancel; the player may be gone
+    /// afterwards.
     virtual void SetSourceFile(const QString& file) = 0;
     virtual QString SourceFile() const = 0;
     virtual Source SourceKind() const = 0;

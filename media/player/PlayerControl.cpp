@@ -76,16 +76,9 @@ void PlayerControl::Open(const media::Source& source)
         if (*running_ >= MaxOrphans)
             throw media::MediaError(media::Failure::Refused, "too many sources hang");
         mail_ = std::make_shared<Mailbox>(this, [this](const Mail& mail) { Read(mail); });
-        const std::shared_ptr<Session> session = Session::Start(source, view_, mail_, running_, makeSound_);
-        const bool mayTakeLong = source.kind == media::Source::Kind::Address;
-        const QPointer<PlayerControl> self(this);
-        if (mayTakeLong && !AwaitOpening(*this, [session] { return session->HasOpened(); })) {
-            session->Close();
-            if (self)
-                Drop();
+        session_ = Session::Start(source, view_, mail_, running_, makeSound_);
+        if (source.kind == media::Source::Kind::Address && !IsStillWanted(session_))
             return;
-        }
-        session_ = session;
         Adopt(session_->First());
     } catch (const media::MediaError& error) {
         Drop();
@@ -99,6 +92,20 @@ void PlayerControl::Open(const media::Source& source)
     Q_EMIT SelectionChanged(0, TrackingScale::Max);
     Q_EMIT PositionChanged();
     progress_.Force();
+}
+
+/// Waits for an address under the user's eyes. Events are handled meanwhile: the player may go, or be given
+/// another source.
+bool PlayerControl::IsStillWanted(const std::shared_ptr<Session>& session)
+{
+    const std::shared_ptr<Session> opening = session;
+    const QPointer<PlayerControl> self(this);
+    const bool hasOpened = AwaitOpening(*this, [opening] { return opening->HasOpened(); });
+    if (!self || session_ != opening)
+        return false;
+    if (!hasOpened)
+        Drop();
+    return hasOpened;
 }
 
 void PlayerControl::Drop()

@@ -1,6 +1,7 @@
 #include "media/player/Session.h"
 
 #include "media/PlayList.h"
+#include "media/player/Deadline.h"
 #include "media/player/WithinMemory.h"
 
 namespace player {
@@ -11,6 +12,7 @@ using namespace std::chrono_literals;
 
 // Longer than what the engine gives itself: it answers first, unless the system holds it.
 constexpr auto OpenPatience = 16s;
+constexpr auto ListPatience = 5s; // for a play list
 constexpr auto AnswerPatience = 11s;
 
 media::MediaError NoAnswer()
@@ -25,8 +27,8 @@ std::shared_ptr<Session> Session::Start(const media::Source& source, const View&
     SoundDeviceMaker makeSound)
 {
     std::shared_ptr<Session> session(new Session(source, view, std::move(mail), std::move(makeSound)));
-    ++*running;
     session->thread_ = std::thread([session, running] {
+        ++*running;
         session->Run();
         --*running;
         session->ended_.set_value();
@@ -48,7 +50,10 @@ void Session::Run()
     std::unique_ptr<Engine> engine;
     try {
         opened_.set_value(WithinMemory([&] {
-            source_ = media::Followed(source_, wires_.interrupt);
+            {
+                const Deadline deadline(wires_.interrupt, ListPatience);
+                source_ = media::Followed(source_, wires_.interrupt);
+            }
             engine = std::make_unique<Engine>(source_, wires_);
             return engine->Seek(0, media::Purpose::Step);
         }));

@@ -71,10 +71,32 @@ TEST_F(HelpTest, AnAddressInTheGuideGoesToTheDesktop)
 
 TEST_F(HelpTest, AnyOtherDocumentGoesToTheDesktopAndItsAnswerComesBack)
 {
-    EXPECT_TRUE(main->StartDoc(QStringLiteral("/films/notes.txt")));
+    const QString notes = folder.filePath(QStringLiteral("notes.txt"));
+    ASSERT_TRUE(QFile(notes).open(QIODevice::WriteOnly));
+    EXPECT_TRUE(main->StartDoc(notes));
     documents.opens = false;
-    EXPECT_FALSE(main->StartDoc(QStringLiteral("/films/other.txt")));
+    EXPECT_FALSE(main->StartDoc(QStringLiteral("https://example.org/")));
     EXPECT_EQ(documents.opened.size(), 2);
+}
+
+TEST_F(HelpTest, ADocumentThatIsMissingIsNotOpened)
+{
+    EXPECT_FALSE(main->StartDoc(folder.filePath(QStringLiteral("gone.txt"))));
+    EXPECT_TRUE(documents.opened.isEmpty());
+}
+
+TEST_F(HelpTest, AnotherGuideTakesThePlaceOfTheOneShown)
+{
+    WriteGuide("<h1>Walk</h1>");
+    Click("xphelp1");
+    const QString other = folder.filePath(QStringLiteral("other.hlp"));
+    QFile guide(other);
+    ASSERT_TRUE(guide.open(QIODevice::WriteOnly));
+    guide.write("<h1>Run</h1>");
+    guide.close();
+    EXPECT_TRUE(main->StartDoc(other));
+    ASSERT_NE(Guide(), nullptr);
+    EXPECT_TRUE(Guide()->toPlainText().contains(QStringLiteral("Run")));
 }
 
 TEST_F(HelpTest, EveryControlOfItHasANameAndIsReachedByKeys)

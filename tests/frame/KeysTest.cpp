@@ -49,6 +49,49 @@ TEST_F(KeysTest, CommaAndPeriodStepOneFrameAndGoOnWhileHeld)
     EXPECT_EQ(player->frame, 2);
 }
 
+TEST_F(KeysTest, CommaAndPeriodStepAlsoOnALayoutThatTypesThemWithShift)
+{
+    Press(Qt::Key_Period, Qt::ShiftModifier);
+    EXPECT_EQ(player->frame, 1);
+    Press(Qt::Key_Comma, Qt::ShiftModifier);
+    EXPECT_EQ(player->frame, 0);
+}
+
+TEST_F(KeysTest, SpacePausesAfterAClickOnPlay)
+{
+    Click("Cmd2(0)");
+    ASSERT_EQ(player->state, ltmmPlay::Running);
+    Press(Qt::Key_Space);
+    EXPECT_EQ(player->state, ltmmPlay::Paused);
+}
+
+TEST_F(KeysTest, NoWindowClosesBehindAPictureThatFillsTheScreen)
+{
+    Press(Qt::Key_F);
+    Press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_TRUE(state.VideoOpen);
+}
+
+TEST_F(KeysTest, WhatOpensABoxLeavesFullScreenFirst)
+{
+    bool wasFullScreen = true;
+    dialogs.whileShown = [&] { wasFullScreen = player->fullScreen; };
+    Press(Qt::Key_F);
+    ASSERT_TRUE(player->fullScreen);
+    dialogs.openNames.push(QString());
+    Press(Qt::Key_O, Qt::ControlModifier);
+    EXPECT_FALSE(wasFullScreen);
+    Press(Qt::Key_F);
+    errors.Expect(QStringLiteral("Error!"), QStringLiteral("Help file \"TAQ.hlp\" missing,"));
+    errors.whileShown = [&] { wasFullScreen = player->fullScreen; };
+    wasFullScreen = true;
+    Press(Qt::Key_F1);
+    EXPECT_FALSE(wasFullScreen);
+    Press(Qt::Key_F);
+    Press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(player->fullScreen) << "a command that is disabled changes nothing";
+}
+
 TEST_F(KeysTest, AHeldSpaceTurnsOnlyOnce)
 {
     Press(Qt::Key_Space);
@@ -184,6 +227,6 @@ TEST_F(KeysTest, EveryKeyIsToldInTheGuide)
     ASSERT_TRUE(guide.open(QIODevice::ReadOnly));
     const QByteArray text = guide.readAll();
     for (const char* key : { "Space", ", and .", "Home, End", "S", "Ctrl+S", "Ctrl+O", "Ctrl+U", "Ctrl+C",
-             "Ctrl+P", "F or F11", "Esc", "Ctrl+W", "F1" })
+             "F or F11", "Esc", "Ctrl+W", "F1", "F6, Shift+F6", "Tab, Shift+Tab" })
         EXPECT_TRUE(text.contains("<td>" + QByteArray(key) + "</td>")) << key;
 }

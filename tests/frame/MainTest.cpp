@@ -25,12 +25,34 @@ namespace {
 
 class MainTest : public FrameFixture {
 protected:
-    void Drop(const QMimeData& data)
+    /// Drags it over the frame and lets go; whether the frame took the drag.
+    bool Drop(const QMimeData& data)
     {
         QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(main.get(), &enter);
         QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(main.get(), &drop);
+        return enter.isAccepted();
+    }
+    void OpenTwo()
+    {
+        dialogs.openNames.push(folder.path() + QStringLiteral("|a.avi|b.avi||").replace(u'|', QChar(0)));
+        Click("Cmds(0)");
+    }
+    ChildForm& Form(const char* name) { return *Find<ChildForm>(name); }
+    void ShowListByThePopup()
+    {
+        Click("Image3");
+        Find<QMenu>("Menus")->actions().at(0)->trigger();
+    }
+    void DownloadHoliday()
+    {
+        WhenOpen<URLfrm>([](URLfrm& form) {
+            form.findChild<QLineEdit*>(QStringLiteral("edtURL"))
+                ->setText(QStringLiteral("http://example.org/holiday.mpg"));
+            form.findChild<QAbstractButton*>(QStringLiteral("CmdOK"))->click();
+        });
+        Click("Cmds(4)");
     }
 };
 
@@ -284,32 +306,31 @@ TEST_F(MainTest, AFileDroppedOnTheFrameGoesToThePlayerAndChangesNothingElse)
 {
     QMimeData data;
     data.setUrls({ QUrl(QStringLiteral("file:///films/caf%E9.avi")) });
-    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(main.get(), &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(main.get(), &drop);
+    EXPECT_TRUE(Drop(data));
     ASSERT_NE(player, nullptr);
     EXPECT_EQ(FileName::ToBytes(player->file), QByteArray("/films/caf\xE9.avi"));
     EXPECT_TRUE(Find("VideoWindow")->isVisible());
     EXPECT_EQ(state.VideoPath, QString());
 }
 
-TEST_F(MainTest, ADropWithoutAFileOfThisMachineStopsTheVideoAndOpensNothing)
+TEST_F(MainTest, WhateverIsDroppedStopsTheVideoAndOnlyAFileOfThisMachineThatComesFirstIsTaken)
 {
     OpenOne();
-    player->state = ltmmPlay::Running;
-    const QString before = player->file;
-    for (const char* address : { "http://example.org/a.avi", "file://elsewhere/a.avi" }) {
+    for (const char* first : { "http://example.org/a.avi", "file://elsewhere/films/a.avi" }) {
+        player->state = ltmmPlay::Running;
         QMimeData data;
-        data.setUrls({ QUrl(QLatin1String(address)) });
-        Drop(data);
-        EXPECT_EQ(player->file, before) << address;
+        data.setUrls({ QUrl(QLatin1String(first)), QUrl(QStringLiteral("file:///films/b.avi")) });
+        EXPECT_TRUE(Drop(data)) << first;
+        EXPECT_EQ(player->state, ltmmPlay::Stopped) << first;
+        EXPECT_EQ(player->file, folder.filePath(QStringLiteral("a.avi"))) << first;
     }
-    EXPECT_EQ(player->state, ltmmPlay::Stopped);
+    QMimeData here;
+    here.setUrls({ QUrl(QStringLiteral("file://localhost/films/b.avi")) });
+    Drop(here);
+    EXPECT_EQ(player->file, QStringLiteral("/films/b.avi"));
 }
 
-TEST_F(MainTest, AFirstVideoDroppedOnTheFrameCanBePlayed)
+TEST_F(MainTest, AFileDroppedIntoTheEmptyFrameCanBePlayedAndCaptured)
 {
     QMimeData data;
     data.setUrls({ QUrl(QStringLiteral("file:///films/a.avi")) });
@@ -317,77 +338,7 @@ TEST_F(MainTest, AFirstVideoDroppedOnTheFrameCanBePlayed)
     EXPECT_TRUE(Find("BottomPane")->isVisible());
     EXPECT_TRUE(Find("Cmd2(0)")->isEnabled());
     EXPECT_TRUE(IsEnabled(Command::Capture));
-}
-
-TEST_F(MainTest, AMinimisedVideoComesBackWithTheNextOpen)
-{
-    OpenOne();
-    auto* window = main->findChild<VideoWindow*>();
-    window->Minimize();
-    OpenOne();
-    EXPECT_EQ(window->CurrentShape(), ChildForm::Shape::Normal);
-}
-
-TEST_F(MainTest, ACancelledDialogLeavesNoListToWalk)
-{
-    dialogs.openNames.push(folder.path() + QChar(0) + QStringLiteral("a.avi") + QChar(0)
-        + QStringLiteral("b.avi") + QChar(0) + QChar(0));
-    Click("Cmds(0)");
-    ASSERT_TRUE(Find("CmdList(1)")->isEnabled());
-    dialogs.openNames.push(QString());
-    Click("Cmds(0)");
     EXPECT_FALSE(Find("CmdList(0)")->isEnabled());
-    EXPECT_FALSE(Find("CmdList(1)")->isEnabled());
-}
-
-TEST_F(MainTest, AnotherVideoOpenedFromAFileEndsTheDownloadsCancel)
-{
-    OpenOne();
-    main->EnableCommand(Command::Cancel, true);
-    OpenOne();
-    EXPECT_FALSE(IsEnabled(Command::Cancel));
-}
-
-TEST_F(MainTest, AnUnusedDownloadLeavesTheVideoStopped)
-{
-    OpenOne();
-    player->state = ltmmPlay::Running;
-    WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
-    Click("Cmds(4)");
-    EXPECT_EQ(player->state, ltmmPlay::Stopped);
-    EXPECT_EQ(player->file, folder.filePath(QStringLiteral("a.avi")));
-}
-
-TEST_F(MainTest, TheFramesPopupHasItsItems)
-{
-    Click("Image3");
-    QStringList items;
-    for (const QAction* item : Find<QMenu>("Menus")->actions())
-        items << item->text();
-    EXPECT_EQ(items,
-        QStringList({ QStringLiteral("  Video List"), QStringLiteral("  View Full Screen"),
-            QStringLiteral("  Close All Windows"), QStringLiteral("  About") }));
-}
-
-TEST_F(MainTest, ThePopupShowsTheListOnlyOfAnOpenVideo)
-{
-    const auto choose = [this] {
-        Click("Image3");
-        Find<QMenu>("Menus")->actions().at(0)->trigger();
-    };
-    choose();
-    EXPECT_EQ(Find("VideoList"), nullptr);
-    OpenOne();
-    choose();
-    ASSERT_NE(Find("VideoList"), nullptr);
-    EXPECT_EQ(Find<QListWidget>("VidList")->count(), 1);
-}
-
-TEST_F(MainTest, KeysBeforeAnyVideoOpenNothing)
-{
-    for (const int key : { Qt::Key_Comma, Qt::Key_Period, Qt::Key_S })
-        QTest::keyClick(main.get(), Qt::Key(key));
-    EXPECT_EQ(state.CurrentVideo, nullptr);
 }
 
 TEST_F(MainTest, OpenToolsHideWithAMinimisedFrameAndComeBackWithIt)
@@ -396,14 +347,17 @@ TEST_F(MainTest, OpenToolsHideWithAMinimisedFrameAndComeBackWithIt)
     state.Tools = &tools;
     state.ToolsOpen = true;
     tools.show();
+    const auto* grip = main->findChild<SizeGrip*>(QString(), Qt::FindDirectChildrenOnly);
     main->showMinimized();
     EXPECT_TRUE(tools.isHidden());
+    EXPECT_TRUE(tools.isMinimized());
+    EXPECT_TRUE(grip->isHidden());
+    main->showMaximized();
+    EXPECT_TRUE(tools.isHidden()) << "only a frame of normal size brings them back";
     main->showNormal();
     EXPECT_TRUE(tools.isVisible());
-    main->showMinimized();
-    main->showMaximized();
-    EXPECT_TRUE(tools.isHidden()) << "they wait for the normal size";
-    main->showNormal();
+    EXPECT_FALSE(tools.isMinimized());
+    EXPECT_FALSE(grip->isHidden());
     state.ToolsOpen = false;
     main->showMinimized();
     EXPECT_TRUE(tools.isVisible()) << "closed ones are left alone";
@@ -518,4 +472,205 @@ TEST_F(MainTest, CtrlTabGoesToTheNextChildWindow)
     QTest::keyRelease(at, Qt::Key_Control);
     EXPECT_NE(main->ActiveForm(), capture);
     EXPECT_TRUE(main->ActiveForm()->isAncestorOf(QApplication::focusWidget()));
+}
+
+TEST_F(MainTest, AMinimizedVideoWindowComesBackWhenAVideoIsOpened)
+{
+    OpenOne();
+    Form("VideoWindow").Minimize();
+    OpenOne();
+    EXPECT_EQ(Form("VideoWindow").CurrentShape(), ChildForm::Shape::Normal);
+}
+
+TEST_F(MainTest, AThumbnailStripPutAwayStaysSoWhenAPictureIsAdded)
+{
+    OpenOne();
+    Click("Cmds(8)");
+    Form("QuickShots").Minimize();
+    Click("Cmds(8)");
+    EXPECT_EQ(Form("QuickShots").CurrentShape(), ChildForm::Shape::Minimized);
+}
+
+TEST_F(MainTest, TheVideoListComesBackFromItsStripWhereItWas)
+{
+    OpenTwo();
+    ShowListByThePopup();
+    const QRect place(40, 30, 280, 200);
+    Form("VideoList").setGeometry(place);
+    Form("VideoList").Minimize();
+    ShowListByThePopup();
+    EXPECT_EQ(Form("VideoList").CurrentShape(), ChildForm::Shape::Normal);
+    EXPECT_EQ(Form("VideoList").geometry(), place);
+}
+
+TEST_F(MainTest, WalkingTheListLeavesItInFrontAndInItsPlace)
+{
+    Store("OpenVidList", "False");
+    state.Reload(Key::OpenVidList);
+    OpenTwo();
+    const QRect place(40, 30, 280, 200);
+    Form("VideoList").setGeometry(place);
+    auto* entries = Find<QListWidget>("VidList");
+    QTest::mouseClick(
+        entries->viewport(), Qt::LeftButton, {}, entries->visualItemRect(entries->item(1)).center());
+    ASSERT_EQ(player->file, folder.filePath(QStringLiteral("b.avi")));
+    EXPECT_EQ(main->ActiveForm(), &Form("VideoList"));
+    main->AddChild(&Form("VideoWindow"));
+    Click("CmdList(1)");
+    ASSERT_EQ(player->file, folder.filePath(QStringLiteral("a.avi")));
+    EXPECT_EQ(main->ActiveForm(), &Form("VideoWindow"));
+    EXPECT_EQ(Form("VideoList").geometry(), place);
+}
+
+TEST_F(MainTest, ThePopupShowsNoListWithoutAVideo)
+{
+    ShowListByThePopup();
+    EXPECT_EQ(Find("VideoList"), nullptr);
+}
+
+TEST_F(MainTest, ADownloadLeavesCaptureToTheSettingThatClosesIt)
+{
+    state.NoCap = true;
+    DownloadHoliday();
+    EXPECT_FALSE(IsEnabled(Command::Capture));
+    EXPECT_TRUE(IsEnabled(Command::Save));
+}
+
+TEST_F(MainTest, CancelRestsOnceADownloadIsCancelledOrAFileIsOpened)
+{
+    DownloadHoliday();
+    ASSERT_TRUE(IsEnabled(Command::Cancel));
+    Click("Cmds(5)");
+    EXPECT_FALSE(IsEnabled(Command::Cancel));
+    DownloadHoliday();
+    ASSERT_TRUE(IsEnabled(Command::Cancel));
+    OpenOne();
+    EXPECT_FALSE(IsEnabled(Command::Cancel));
+}
+
+TEST_F(MainTest, ACancelledDialogLeavesNoListToWalkAndTheOpenInProgress)
+{
+    OpenTwo();
+    ASSERT_TRUE(Find("CmdList(1)")->isEnabled());
+    dialogs.openNames.push(QString());
+    Click("Cmds(0)");
+    EXPECT_FALSE(Find("CmdList(0)")->isEnabled());
+    EXPECT_FALSE(Find("CmdList(1)")->isEnabled());
+    EXPECT_TRUE(state.OpeningNow);
+}
+
+TEST_F(MainTest, ADownloadThatIsClosedUnusedLeavesTheVideoStopped)
+{
+    OpenOne();
+    player->state = ltmmPlay::Running;
+    WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
+    Click("Cmds(4)");
+    EXPECT_EQ(player->state, ltmmPlay::Stopped);
+    EXPECT_EQ(player->file, folder.filePath(QStringLiteral("a.avi")));
+}
+
+TEST_F(MainTest, TheKeyboardStartsAtTheOpenButton)
+{
+    main->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
+    EXPECT_EQ(QApplication::focusWidget(), Find("Opens"));
+}
+
+TEST_F(MainTest, KeysBeforeAnyVideoMakeNoVideoWindow)
+{
+    for (const Qt::Key key : { Qt::Key_Space, Qt::Key_Comma, Qt::Key_Period, Qt::Key_Home, Qt::Key_End })
+        QTest::keyClick(main.get(), key);
+    EXPECT_EQ(state.CurrentVideo, nullptr);
+    OpenOne();
+    Find("VideoWindow")->close();
+    ASSERT_EQ(state.CurrentVideo, nullptr);
+    for (const Qt::Key key : { Qt::Key_Space, Qt::Key_Home, Qt::Key_End })
+        QTest::keyClick(main.get(), key);
+    EXPECT_EQ(state.CurrentVideo, nullptr);
+}
+
+TEST_F(MainTest, BringingTheVideoToTheFrontWithoutOneMakesAFreshWindow)
+{
+    OpenOne();
+    Click("Cmds(8)");
+    Find("VideoWindow")->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    main->ShowFront(true);
+    Click("front1");
+    ASSERT_NE(Find("VideoWindow"), nullptr);
+    EXPECT_EQ(main->ActiveForm(), Find("VideoWindow"));
+}
+
+TEST_F(MainTest, ThePictureBehindTheWindowsFollowsTheirAreaWhenTheTransportComesAndGoes)
+{
+    QImage picture(8, 8, QImage::Format_BGR888);
+    picture.fill(Qt::red);
+    SavePicture(picture, folder.filePath(QStringLiteral("back.bmp")));
+    Store("PicFolder", qPrintable(folder.filePath(QStringLiteral("back.bmp"))));
+    Store("OpPic", "1");
+    const auto cornerIsRed = [this] {
+        const QImage image = main->findChild<QMdiArea*>()->viewport()->grab().toImage();
+        return image.pixelColor(image.width() - 2, image.height() - 2) == QColor(Qt::red);
+    };
+    for (const bool shown : { true, false }) {
+        Find("BottomPane")->setVisible(shown);
+        EXPECT_TRUE(QTest::qWaitFor(cornerIsRed)) << shown;
+    }
+}
+
+TEST_F(MainTest, AnUnknownPlacementLeavesTheTilingAsItWas)
+{
+    for (const char* known : { "0", "1" }) {
+        Store("OpPic", known);
+        main->resize(main->width() + 1, main->height());
+        const bool before = state.TileBackground;
+        EXPECT_EQ(before, QLatin1String(known) == QLatin1String("0"));
+        Store("OpPic", "7");
+        main->resize(main->width() + 1, main->height());
+        EXPECT_EQ(state.TileBackground, before);
+    }
+}
+
+TEST_F(MainTest, TheFramesPopupOffersItsWindowsAndAbout)
+{
+    Click("Image3");
+    QStringList texts;
+    for (const QAction* action : Find<QMenu>("Menus")->actions())
+        texts << action->text();
+    EXPECT_EQ(texts, QStringList({ "  Video List", "  View Full Screen", "  Close All Windows", "  About" }));
+    errors.Expect(QStringLiteral("About"),
+        QStringLiteral(
+            "TAQ Video Capture Pro takes the best frames out of your videos and turns them into pictures."));
+    Find<QMenu>("Menus")->actions().at(3)->trigger();
+}
+
+TEST_F(MainTest, TheVideoListGoesWithANewDialogAndWithTheVideoWindow)
+{
+    for (const bool byDialog : { true, false }) {
+        OpenTwo();
+        ShowListByThePopup();
+        const QPointer<QWidget> list = Find("VideoList");
+        ASSERT_TRUE(list && list->isVisible());
+        if (byDialog) {
+            dialogs.openNames.push(QString());
+            Click("Cmds(0)");
+        } else {
+            Find("VideoWindow")->close();
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_TRUE(list.isNull()) << byDialog;
+    }
+}
+
+TEST_F(MainTest, MakeKidActiveTakesASlotThatTheTableDoesNotHaveForAHole)
+{
+    Store("OpThumb", "2");
+    OpenOne();
+    Click("Cmds(8)");
+    Click("Cmds(8)");
+    for (const int index : { 7, -1 }) {
+        const QWidget* const before = main->ActiveForm();
+        main->MakeKidActive(index);
+        EXPECT_NE(main->ActiveForm(), before) << index << ": two of the three windows were sent back";
+    }
 }

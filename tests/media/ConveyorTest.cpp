@@ -1,6 +1,7 @@
 #include "media/Conveyor.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <numeric>
 #include <semaphore>
 #include <vector>
@@ -70,20 +71,23 @@ TEST(Conveyor, WhatWorkThrowsComesOutOfFinish)
 
 TEST(Conveyor, WhatStillWaitsIsDroppedWithIt)
 {
+    using Thing = std::shared_ptr<int>;
     std::binary_semaphore isAtWork(0);
-    std::binary_semaphore mayEnd(0);
+    std::binary_semaphore isDropped(0);
     std::vector<int> done;
     {
-        Conveyor<int> conveyor([&](int number) {
+        Conveyor<Thing> conveyor([&](const Thing& number) {
             isAtWork.release();
-            mayEnd.acquire();
-            done.push_back(number);
-            return false;
+            isDropped.acquire(); // the first ends when the second has gone
+            done.push_back(*number);
+            return true;
         });
-        conveyor.Put(0);
-        conveyor.Put(1);
+        conveyor.Put(std::make_shared<int>(0));
         isAtWork.acquire();
-        mayEnd.release();
+        conveyor.Put(Thing(new int(1), [&](const int* number) {
+            delete number;
+            isDropped.release();
+        }));
     }
     EXPECT_EQ(done, UpTo(1));
 }

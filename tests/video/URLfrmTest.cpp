@@ -1,5 +1,7 @@
 #include "video/URLfrm.h"
 #include "tests/testing/FakeFrame.h"
+#include "toolkit/FrameDrag.h"
+#include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
 #include "toolkit/TAQbutton.h"
 #include "toolkit/TitleStrip.h"
@@ -159,44 +161,78 @@ TEST_F(URLfrmTest, AFailureIsToldOnceThoughThePlayerTellsItToo)
     EXPECT_TRUE(state.ShowPlayerErrors);
 }
 
+TEST_F(URLfrmTest, AnAddressIsTakenWithoutTheBlanksAroundIt)
+{
+    Download(QStringLiteral("  ") + Holiday + u' ');
+    EXPECT_EQ(frame.own->file, Holiday);
+}
+
+TEST_F(URLfrmTest, WhatWasTypedInASecondDownloadIsKeptUnlookedAt)
+{
+    Download(Holiday);
+    Begin();
+    Download(QStringLiteral("no address at all"));
+    EXPECT_EQ(frame.own->file, Holiday);
+    EXPECT_EQ(state.LastAddress, QStringLiteral("no address at all"));
+}
+
+TEST_F(URLfrmTest, ADownloadBeginsWithoutMarksAndWithoutPauseInItsFullSize)
+{
+    state.MarksSet = true;
+    pane.Cmd3[MarkStartButton]->SetValue(1);
+    pane.Cmd2[PauseButton]->SetValue(1);
+    frame.own->displaySize = ltmmPlay::Half;
+    Download(Holiday);
+    EXPECT_FALSE(state.MarksSet);
+    EXPECT_EQ(pane.Cmd3[MarkStartButton]->Value(), 0);
+    EXPECT_EQ(pane.Cmd2[PauseButton]->Value(), 0);
+    EXPECT_EQ(frame.own->displaySize, ltmmPlay::Normal);
+}
+
+TEST_F(URLfrmTest, ADownloadStepsByItsOwnExtensionAndKeepsThePathOfTheVideoBefore)
+{
+    state.VideoPath = QStringLiteral("/films/snow.wmv");
+    state.VideoExt = QStringLiteral(".wmv");
+    Download(Holiday);
+    EXPECT_EQ(state.VideoExt, QStringLiteral(".mpg"));
+    EXPECT_EQ(state.VideoPath, QStringLiteral("/films/snow.wmv"));
+}
+
+TEST_F(URLfrmTest, AfterAFailureNothingTellsOfTheVideoBefore)
+{
+    frame.own->file = QStringLiteral("/films/before.avi");
+    transport->EnableVideoControls(true, *frame.own);
+    transport->StartVideo();
+    window->Head().SetTitle(QStringLiteral("before.avi"));
+    frame.own->refused = Holiday;
+    ExpectFailure();
+    Download(Holiday);
+    EXPECT_FALSE(pane.Cmd2[PlayButton]->isEnabled());
+    EXPECT_EQ(pane.trkPosition->Max(), 0);
+    EXPECT_EQ(window->Head().Title(), QString());
+}
+
+TEST_F(URLfrmTest, APressOnThePanelMovesTheForm)
+{
+    const QPoint before = form->pos();
+    auto* const drag = form->findChild<FrameDrag*>();
+    ASSERT_NE(drag, nullptr);
+    const QPoint place = form->rect().bottomLeft() + QPoint(5, -5);
+    const auto send = [&](QEvent::Type type, QPoint by, Qt::MouseButtons held) {
+        const QPointF at = place + by;
+        QMouseEvent event(type, at, form->mapToGlobal(place) + by, Qt::LeftButton, held, Qt::NoModifier);
+        QCoreApplication::sendEvent(form.get(), &event);
+    };
+    send(QEvent::MouseButtonPress, {}, Qt::LeftButton);
+    send(QEvent::MouseMove, { 30, 20 }, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, { 30, 20 }, Qt::NoButton);
+    EXPECT_EQ(form->pos(), before + QPoint(30, 20));
+}
+
 TEST_F(URLfrmTest, AVideoWindowThatIsGoneIsAFailure)
 {
     window.reset();
     frame.own = &spare;
     ExpectFailure();
     Download(Holiday);
-}
-
-TEST_F(URLfrmTest, ADownloadBeginsWithoutMarksAndPauseAndInItsOwnSize)
-{
-    state.MarksSet = true;
-    pane.Cmd2[PauseButton]->SetValue(1);
-    frame.own->displaySize = ltmmPlay::Half;
-    state.VideoExt = QStringLiteral(".wmv");
-    Download(Holiday + QStringLiteral("  "));
-    EXPECT_EQ(frame.own->file, Holiday);
-    EXPECT_FALSE(state.MarksSet);
-    EXPECT_EQ(pane.Cmd2[PauseButton]->Value(), 0);
-    EXPECT_EQ(frame.own->displaySize, ltmmPlay::Normal);
-    EXPECT_EQ(state.VideoExt, QStringLiteral(".mpg"));
-}
-
-TEST_F(URLfrmTest, AFailedDownloadLeavesNoTransportForAVideoThatIsGone)
-{
-    frame.own->file = QStringLiteral("/films/before.avi");
-    transport->EnableVideoControls(true, *frame.own);
-    frame.own->refused = Holiday;
-    ExpectFailure();
-    Download(Holiday);
-    EXPECT_FALSE(pane.Cmd2[PlayButton]->isEnabled());
-}
-
-TEST_F(URLfrmTest, WhateverWasTypedAtASuccessIsTheNextAddress)
-{
-    Download(Holiday);
-    Begin();
-    Download(QStringLiteral("no address at all"));
-    Begin();
-    Download(Winter);
-    EXPECT_EQ(frame.own->file, QStringLiteral("no address at all"));
 }

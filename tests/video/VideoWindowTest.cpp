@@ -302,3 +302,32 @@ TEST_F(VideoWindowTest, EveryControlHasANameAndIsReachedByKeys)
     EXPECT_EQ(AccessFaults(*window), "");
     EXPECT_EQ(AccessFaults(pane), "");
 }
+
+TEST_F(VideoWindowTest, ClosedMoreThanOnceItLeavesTheNextWindowAlone)
+{
+    QWidget other;
+    Open({ QStringLiteral("a.avi") });
+    frame.whenPumped = [&] {
+        frame.whenPumped = nullptr;
+        window->close();
+        state.CurrentVideo = &other; // what a fresh open leaves
+        state.VideoOpen = true;
+    };
+    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Cmds(0)")), Qt::LeftButton);
+    EXPECT_EQ(state.CurrentVideo, &other);
+    ASSERT_FALSE(window.isNull()) << "it lives on until the event loop deletes it";
+    window->close();
+    EXPECT_EQ(state.CurrentVideo, &other);
+    EXPECT_TRUE(state.VideoOpen);
+}
+
+TEST_F(VideoWindowTest, AChoiceInThePopupOfAWindowThatIsGoneDoesNothing)
+{
+    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Image1")), Qt::LeftButton);
+    ASSERT_TRUE(frame.chosenInMenus);
+    delete window;
+    frame.own = &spare;
+    for (const int item : { 0, 4 })
+        frame.chosenInMenus(item);
+    EXPECT_EQ(spare.displaySize, ltmmPlay::FitToWindow);
+}
