@@ -96,7 +96,7 @@ Source Followed(const Source& source, Interrupt& interrupt)
     const bool isOfTheWeb = source.kind == Source::Kind::Address;
     if (IsWeb(reference) != isOfTheWeb || (!isOfTheWeb && reference.contains("://")))
         throw MediaError(Failure::Refused, "the play list leads elsewhere");
-    const Source first { source.kind,
+    Source first { source.kind,
         isOfTheWeb || reference.startsWith('/')
             ? reference
             : source.data.left(source.data.lastIndexOf('/') + 1) + reference };

@@ -77,7 +77,7 @@ void PlayerControl::Open(const media::Source& source)
             throw media::MediaError(media::Failure::Refused, "too many sources hang");
         mail_ = std::make_shared<Mailbox>(this, [this](const Mail& mail) { Read(mail); });
         session_ = Session::Start(source, view_, mail_, running_, makeSound_);
-        if (source.kind == media::Source::Kind::Address && !IsStillWanted(session_))
+        if (source.kind == media::Source::Kind::Address && !IsStillWanted())
             return;
         Adopt(session_->First());
     } catch (const media::MediaError& error) {
@@ -96,9 +96,9 @@ void PlayerControl::Open(const media::Source& source)
 
 /// Waits for an address under the user's eyes. Events are handled meanwhile: the player may go, or be given
 /// another source.
-bool PlayerControl::IsStillWanted(const std::shared_ptr<Session>& session)
+bool PlayerControl::IsStillWanted()
 {
-    const std::shared_ptr<Session> opening = session;
+    const std::shared_ptr<Session> opening = session_;
     const QPointer<PlayerControl> self(this);
     const bool hasOpened = AwaitOpening(*this, [opening] { return opening->HasOpened(); });
     if (!self || session_ != opening)

@@ -89,7 +89,7 @@ protected:
 
 private:
     void Open(const media::Source& source);
-    bool IsStillWanted(const std::shared_ptr<player::Session>& session);
+    bool IsStillWanted();
     void Drop();
     void Tell(media::Failure failure);
     void Read(const player::Mail& mail);
