@@ -1,6 +1,7 @@
 #include "media/Decoder.h"
 
 #include "media/Failure.h"
+#include "media/LibraryTalk.h"
 #include "media/Picture.h"
 #include <algorithm>
 #include <thread>
@@ -34,6 +35,7 @@ Decoder::Decoder(const AVStream& stream, const AVCodecParameters& parameters, bo
     avcodec_parameters_to_context(context_.get(), &parameters);
     context_->pkt_timebase = stream.time_base;
     context_->max_pixels = MaxPixels;
+    LibraryTalk::TellOfPatches(*context_, isPatched_);
     const bool isSmall = parameters.width * parameters.height <= SmallPicture;
     context_->thread_count =
         isSmall ? 1 : int(std::clamp(std::thread::hardware_concurrency(), 1U, MostThreads));
@@ -45,6 +47,7 @@ void Decoder::Restart()
 {
     avcodec_flush_buffers(context_.get());
     while (Receive()) { }
+    isPatched_ = false;
 }
 
 void Decoder::Send(const AVPacket& packet, int ordinal)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "media/Libav.h"
+#include <atomic>
 
 namespace media {
 
@@ -21,11 +22,15 @@ public:
     /// The next picture in display order, its ordinal in pts; null when more packets are needed or all are
     /// out.
     FramePtr Receive();
+    /// Whether damage was patched since the restart or the last asking: in a picture that is out or in one that
+    /// an out one refers to.
+    bool TakePatched() { return isPatched_.exchange(false); }
 
     /// Whether leaving out pictures that no other needs changes no other picture of this codec.
     bool CanDrop() const { return canDrop_; }
 
 private:
+    std::atomic<bool> isPatched_ = false; ///< set on the codec's threads
     CodecPtr context_;
     bool canDrop_ = false;
 };

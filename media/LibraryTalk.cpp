@@ -2,7 +2,7 @@
 
 #include "media/Libav.h"
 #include <cstdarg>
-#include <cstring>
+#include <string_view>
 
 namespace media::LibraryTalk {
 
@@ -10,10 +10,24 @@ namespace {
 
 thread_local bool toldOfHugePicture = false;
 
-void Listen(void*, int, const char* format, va_list)
+/// The codec that talks, null when another part of the library does.
+const AVCodecContext* CodecOf(void* speaker)
 {
-    if (std::strncmp(format, "Picture size", 12) == 0)
+    static const AVClass* const codecs = avcodec_get_class();
+    return speaker && *static_cast<const AVClass**>(speaker) == codecs ? static_cast<AVCodecContext*>(speaker)
+                                                                       : nullptr;
+}
+
+void Listen(void* speaker, int, const char* format, va_list)
+{
+    const std::string_view text = format;
+    if (text.starts_with("Picture size"))
         toldOfHugePicture = true;
+    if (text.starts_with("concealing")) {
+        const AVCodecContext* codec = CodecOf(speaker);
+        if (codec && codec->opaque)
+            *static_cast<std::atomic<bool>*>(codec->opaque) = true;
+    }
 }
 
 } // namespace
@@ -31,6 +45,11 @@ bool ToldOfHugePicture()
 void Forget()
 {
     toldOfHugePicture = false;
+}
+
+void TellOfPatches(AVCodecContext& codec, std::atomic<bool>& isPatched)
+{
+    codec.opaque = &isPatched;
 }
 
 } // namespace media::LibraryTalk

@@ -128,7 +128,9 @@ Picture PictureDecoder::Receive(const Goal& goal)
         if (number < 0 || number <= out_) // shown before the entry: not decodable from here
             continue;
         out_ = number;
-        if (frame->decode_error_flags && IsTainting(int(ordinal)))
+        if (decoder_->TakePatched() && NoteDamage(int(ordinal), fed_ - 1))
+            return {};
+        if (frame->decode_error_flags && NoteDamage(int(ordinal), int(ordinal)))
             return {};
         const Picture picture = MakePicture(std::move(frame), number);
         if (!goal.others && goal.Wants(number))
@@ -139,13 +141,17 @@ Picture PictureDecoder::Receive(const Goal& goal)
     return {};
 }
 
-/// The decoder patches damage with what it decoded before, so the same must be decoded before as in one pass
-/// through the file: nothing may be left out, and a key is no entry to damage behind it. True when the
-/// decoder must be started again for that.
-bool PictureDecoder::IsTainting(int ordinal)
+/// The decoder patches damage, which lies in one of these packets, with what it decoded before, so the same
+/// must be decoded before as in one pass through the file: nothing may be left out, and a key is no entry to
+/// damage behind it. True when the decoder must be started again for that.
+bool PictureDecoder::NoteDamage(int from, int last)
 {
-    const int key = index_.KeyBefore(ordinal);
+    int key = index_.KeyBefore(last);
     damaged_.insert(key);
+    while (key > 0 && key > from) {
+        key = index_.KeyBefore(key - 1);
+        damaged_.insert(key);
+    }
     const bool isBehindEntry = entry_ > 0 && key == entry_;
     if (isBehindEntry)
         index_.MarkBadEntry(entry_, Everything);

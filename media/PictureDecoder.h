@@ -46,7 +46,7 @@ private:
     void RestartAt(int entry);
     Picture Pursue(const Goal& goal, bool mayDrain);
     Picture Receive(const Goal& goal);
-    bool IsTainting(int ordinal);
+    bool NoteDamage(int from, int last);
     bool MayDrop(int ordinal, const Goal& goal) const;
     bool IsNearDamage(int ordinal) const;
     bool Feed(const Goal& goal, bool mayDrain);
