@@ -24,7 +24,7 @@ struct PacketFact {
     int64_t pos = -1; ///< byte in the file
     int64_t duration = 0;
     uint32_t size = 0;
-    uint32_t check = 0; ///< checksum of the payload's ends
+    uint32_t check = 0; ///< checksum of the payload
     int32_t order = 0; ///< picture order count, where the codec has one
     int32_t number = -1; ///< place among the shown pictures, -1 for none
     int32_t rank = -1; ///< place in display order among all packets

@@ -1,5 +1,6 @@
 #include "media/PacketParser.h"
 
+#include <QHashFunctions>
 #include <algorithm>
 #include <cstring>
 #include <functional>
@@ -9,7 +10,6 @@ namespace media {
 
 namespace {
 
-constexpr int CheckedBytes = 1024;
 constexpr int StartCodeBytes = 3;
 constexpr int LargestUncodedVop = 16; ///< bytes of an MPEG-4 packet that says "no picture"
 
@@ -120,10 +120,7 @@ int64_t StampOf(int64_t stamp)
 
 uint32_t CheckOf(const AVPacket& packet)
 {
-    const int head = std::min(packet.size, CheckedBytes);
-    const int tail = std::min(packet.size - head, CheckedBytes);
-    const AVAdler check = av_adler32_update(1, packet.data, size_t(head));
-    return av_adler32_update(check, packet.data + packet.size - tail, size_t(tail));
+    return uint32_t(qHashBits(packet.data, size_t(packet.size), 0));
 }
 
 PacketParser::PacketParser(const AVCodecParameters& parameters)

@@ -29,7 +29,8 @@ private:
     int openField_ = 0; ///< structure of a first field that waits for its second
 };
 
-/// Checksum of the first and last bytes of a payload, with its size enough to know a packet again.
+/// Checksum of a whole payload: where a file is damaged, a packet read again from another place may differ in
+/// its middle alone.
 uint32_t CheckOf(const AVPacket& packet);
 
 } // namespace media

@@ -234,13 +234,14 @@ LAYOUT = [
                                         ":c=5.1:s=48000:d=1"), X264, "-c:a ac3")),
 ]
 
-def with_bit_errors(data):
-    """One wrong bit in every 3000 bytes in the middle of the pictures, the same on every machine."""
-    damaged = bytearray(data)
-    start, size = data.index(b"mdat") + 4, len(data)
-    for place in range(start + (size - start) // 4, start + (size - start) // 2, 3000):
-        damaged[place] ^= 0x10
-    return bytes(damaged)
+def with_bit_errors(every):
+    """One wrong bit in so many bytes of the second quarter of the file, the same on every machine."""
+    def damage(data):
+        damaged = bytearray(data)
+        for place in range(len(data) // 4, len(data) // 2, every):
+            damaged[place] ^= 0x10
+        return bytes(damaged)
+    return damage
 
 
 DAMAGE = [
@@ -253,7 +254,7 @@ DAMAGE = [
     coded("cut_head.mpg", "15-99", 7, "program stream cut at the start: 98 packets, 85 pictures can be decoded",
           slice_of("mpeg2_interlaced.mpg", lambda data: data[30000:])),
     coded("bit_errors.mp4", "0-24,?50,75-99", 1, "few bit errors, the same at every making",
-          slice_of("h264_closed.mp4", with_bit_errors)),
+          slice_of("h264_closed.mp4", with_bit_errors(3000))),
     # Where the errors fall differs from one making to the next, so only the first group is certain.
     coded("noise.mkv", "0-25,?74", 1, "random bit errors",
           convert("h264_closed.mp4", "-map 0:v -bsf:v noise=amount=3000")),
