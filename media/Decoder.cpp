@@ -1,9 +1,9 @@
 #include "media/Decoder.h"
 
 #include "media/Failure.h"
-#include "media/LibraryTalk.h"
 #include "media/Picture.h"
 #include <algorithm>
+#include <cstring>
 #include <thread>
 
 namespace media {
@@ -23,6 +23,29 @@ bool KeepsUnneededApart(AVCodecID codec, bool isUnpacked)
     return std::find(std::begin(safe), std::end(safe), codec) != std::end(safe);
 }
 
+/// Called on the codec's threads.
+int GiveBuffer(AVCodecContext* context, AVFrame* frame, int flags)
+{
+    const int result = avcodec_default_get_buffer2(context, frame, flags);
+    if (result < 0 || !static_cast<const DamageWatch*>(context->opaque)->isBlanking)
+        return result;
+    for (const AVBufferRef* buffer : frame->buf)
+        if (buffer)
+            std::memset(buffer->data, 0, buffer->size);
+    return result;
+}
+
+/// The library calls GiveBuffer on its own threads only where it is told that this may be.
+void AttachWatch(AVCodecContext& context, DamageWatch& watch)
+{
+    context.opaque = &watch;
+    context.get_buffer2 = &GiveBuffer;
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    context.thread_safe_callbacks = 1;
+    QT_WARNING_POP
+}
+
 } // namespace
 
 Decoder::Decoder(const AVStream& stream, const AVCodecParameters& parameters, bool isUnpacked)
@@ -35,7 +58,7 @@ Decoder::Decoder(const AVStream& stream, const AVCodecParameters& parameters, bo
     avcodec_parameters_to_context(context_.get(), &parameters);
     context_->pkt_timebase = stream.time_base;
     context_->max_pixels = MaxPixels;
-    LibraryTalk::TellOfPatches(*context_, isPatched_);
+    AttachWatch(*context_, watch_);
     const bool isSmall = parameters.width * parameters.height <= SmallPicture;
     context_->thread_count =
         isSmall ? 1 : int(std::clamp(std::thread::hardware_concurrency(), 1U, MostThreads));
@@ -47,7 +70,7 @@ void Decoder::Restart()
 {
     avcodec_flush_buffers(context_.get());
     while (Receive()) { }
-    isPatched_ = false;
+    watch_.isPatched = false;
 }
 
 void Decoder::Send(const AVPacket& packet, int ordinal)

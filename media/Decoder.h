@@ -1,7 +1,7 @@
 #pragma once
 
+#include "media/DamageWatch.h"
 #include "media/Libav.h"
-#include <atomic>
 
 namespace media {
 
@@ -22,15 +22,18 @@ public:
     /// The next picture in display order, its ordinal in pts; null when more packets are needed or all are
     /// out.
     FramePtr Receive();
-    /// Whether damage was patched since the restart or the last asking: in a picture that is out or in one that
-    /// an out one refers to.
-    bool TakePatched() { return isPatched_.exchange(false); }
+    /// Whether damage was patched since the restart or the last asking: in a picture that is out or in one
+    /// that an out one refers to, whose own flags say nothing.
+    bool TakePatched() { return watch_.isPatched.exchange(false); }
+    /// From now on what damage leaves undecoded is blank: else it is what the memory held before, which
+    /// depends on the way taken. False when that was asked for before.
+    bool StartBlanking() { return !watch_.isBlanking.exchange(true); }
 
     /// Whether leaving out pictures that no other needs changes no other picture of this codec.
     bool CanDrop() const { return canDrop_; }
 
 private:
-    std::atomic<bool> isPatched_ = false; ///< set on the codec's threads
+    DamageWatch watch_;
     CodecPtr context_;
     bool canDrop_ = false;
 };

@@ -1,5 +1,6 @@
 #include "media/LibraryTalk.h"
 
+#include "media/DamageWatch.h"
 #include "media/Libav.h"
 #include <cstdarg>
 #include <string_view>
@@ -26,7 +27,7 @@ void Listen(void* speaker, int, const char* format, va_list)
     if (text.starts_with("concealing")) {
         const AVCodecContext* codec = CodecOf(speaker);
         if (codec && codec->opaque)
-            *static_cast<std::atomic<bool>*>(codec->opaque) = true;
+            static_cast<DamageWatch*>(codec->opaque)->isPatched = true;
     }
 }
 
@@ -45,11 +46,6 @@ bool ToldOfHugePicture()
 void Forget()
 {
     toldOfHugePicture = false;
-}
-
-void TellOfPatches(AVCodecContext& codec, std::atomic<bool>& isPatched)
-{
-    codec.opaque = &isPatched;
 }
 
 } // namespace media::LibraryTalk

@@ -235,11 +235,14 @@ LAYOUT = [
 ]
 
 def with_bit_errors(every):
-    """One wrong bit in so many bytes of the second quarter of the file, the same on every machine."""
+    """One wrong bit in about so many bytes of the middle of the file, the same on every machine."""
     def damage(data):
         damaged = bytearray(data)
-        for place in range(len(data) // 4, len(data) // 2, every):
-            damaged[place] ^= 0x10
+        place, count = len(data) // 4, 0
+        while place < len(data) * 3 // 5:
+            damaged[place] ^= 1 << count * 7919 // 16 % 8
+            count += 1
+            place += every + count * 7919 % 199
         return bytes(damaged)
     return damage
 
@@ -255,6 +258,8 @@ DAMAGE = [
           slice_of("mpeg2_interlaced.mpg", lambda data: data[30000:])),
     coded("bit_errors.mp4", "0-24,?50,75-99", 1, "few bit errors, the same at every making",
           slice_of("h264_closed.mp4", with_bit_errors(3000))),
+    coded("bit_errors.mpg", "0-14,?55,70-99", 7, "bit errors that lose a picture which others refer to",
+          slice_of("mpeg2_interlaced.mpg", with_bit_errors(1501))),
     # Where the errors fall differs from one making to the next, so only the first group is certain.
     coded("noise.mkv", "0-25,?74", 1, "random bit errors",
           convert("h264_closed.mp4", "-map 0:v -bsf:v noise=amount=3000")),
