@@ -1,6 +1,7 @@
 // shadow_gallery PREFIX: shows shadows and fades of windows and of forms inside an area, for the eye, and
 // writes what the screen shows: PREFIX-shadows.png, and PREFIX-fade.png in the middle of a fade.
 #include "toolkit/ChildForm.h"
+#include "toolkit/LayeredWindow.h"
 #include "toolkit/Style.h"
 #include "toolkit/ucShadow.h"
 
@@ -10,6 +11,7 @@
 #include <QScreen>
 #include <QTest>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -20,10 +22,25 @@ ucShadow* Dress(ChildForm& form, const QString& title, bool soft, int depth)
     form.setPalette(QApplication::palette());
     form.SetBody(new QLabel(QStringLiteral("  Depth %1").arg(depth)));
     auto* shadow = new ucShadow(&form);
-    shadow->SetFadeIn(false);
     shadow->SetSoftShadow(soft);
     shadow->SetDepth(depth);
     return shadow;
+}
+
+/// Waits until no fade is seen that has this opacity or more.
+bool WaitForFadesBelow(int alpha)
+{
+    return QTest::qWaitFor(
+        [alpha] {
+            const QWidgetList all = QApplication::allWidgets();
+            return std::none_of(all.begin(), all.end(), [alpha](QWidget* widget) {
+                const auto* const window = qobject_cast<LayeredWindow*>(widget);
+                return window && window->isVisible()
+                    && window->objectName().endsWith(QLatin1String("FadeCls"))
+                    && window->ConstantAlpha() >= alpha;
+            });
+        },
+        10'000);
 }
 
 void Write(const QWidget& window, const QString& file)
@@ -76,13 +93,15 @@ int main(int argc, char** argv)
         window->show();
         windows.push_back(std::move(window));
     }
-    QTest::qWait(700);
+    if (!WaitForFadesBelow(0))
+        return 1;
     Write(page, prefix + QStringLiteral("-shadows.png"));
     auto* shadow = windows.back()->findChild<ucShadow*>(QString(), Qt::FindDirectChildrenOnly);
     auto* childs = area->activeSubWindow()->findChild<ucShadow*>(QString(), Qt::FindDirectChildrenOnly);
     shadow->FadeOut(1200, false);
     childs->FadeOut(1200, false);
-    QTest::qWait(600);
+    if (!WaitForFadesBelow(128))
+        return 1;
     Write(page, prefix + QStringLiteral("-fade.png"));
     return 0;
 }
