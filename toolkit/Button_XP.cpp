@@ -1,7 +1,6 @@
 #include "toolkit/Button_XP.h"
 
 #include "toolkit/ButtonFacePaint.h"
-#include "toolkit/LinkOpener.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>

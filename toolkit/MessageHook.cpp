@@ -89,7 +89,7 @@ bool MessageHook::Dispatch(const Messages& messages, QEvent& event)
     const QPointer<QWidget> window(window_);
     bool isTaken = false;
     for (const MessageParts& message : messages) {
-        if (before_.Lets(message.uMsg) && Offer(message, event))
+        if (before_.Lets(message.uMsg) && Offer(message, window, event))
             isTaken = true;
         if (!window)
             return true;
@@ -99,10 +99,9 @@ bool MessageHook::Dispatch(const Messages& messages, QEvent& event)
     return isTaken || DeliverBetween(messages, event);
 }
 
-bool MessageHook::Offer(const MessageParts& message, QEvent& event)
+bool MessageHook::Offer(const MessageParts& message, const QPointer<QWidget>& window, QEvent& event)
 {
     const QPointer<MessageHook> hook(this);
-    const QPointer<QWidget> window(window_);
     MessageCall call = CallFor(window, message);
     Call(true, call);
     if (!window)

@@ -44,7 +44,7 @@ private:
     using Messages = std::vector<MessageParts>;
     /// These tell whether the event is done with.
     bool Dispatch(const Messages& messages, QEvent& event);
-    bool Offer(const MessageParts& message, QEvent& event);
+    bool Offer(const MessageParts& message, const QPointer<QWidget>& window, QEvent& event);
     bool DeliverBetween(const Messages& messages, QEvent& event);
     void DeliverChanged(MessageCall& call, QEvent& event);
     void Call(bool isBefore, MessageCall& call);

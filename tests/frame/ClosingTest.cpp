@@ -112,11 +112,12 @@ TEST_F(ClosingTest, ACaptureThatBecomesActiveWithoutWindowFadesLosesItsShadow)
     Capture();
     state.FadeOuts = false;
     Viewer* const first = All<Viewer>().first();
+    const Viewer* const other = All<Viewer>().last();
     const auto hasShadow = [](const Viewer* viewer) { return viewer->findChild<ucShadow*>()->Visible(); };
     EXPECT_TRUE(hasShadow(first));
     first->BringToFront();
     EXPECT_FALSE(hasShadow(first));
-    EXPECT_TRUE(hasShadow(All<Viewer>().last()));
+    EXPECT_TRUE(hasShadow(other));
 }
 
 TEST_F(ClosingTest, TheFrameMayCloseWhileAFormFades)

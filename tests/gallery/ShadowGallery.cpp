@@ -43,6 +43,19 @@ bool WaitForFadesBelow(int alpha)
         10'000);
 }
 
+/// Waits until the screen shows a window's own colour at a place of it: what is drawn comes there later.
+bool WaitUntilSeen(QWidget& window, QPoint place)
+{
+    const QColor own = window.grab().toImage().pixelColor(place);
+    const QPoint onScreen = window.pos() + place;
+    return QTest::qWaitFor(
+        [&] {
+            const QPixmap seen = window.screen()->grabWindow(0, onScreen.x(), onScreen.y(), 1, 1);
+            return seen.toImage().pixelColor(0, 0) == own;
+        },
+        10'000);
+}
+
 void Write(const QWidget& window, const QString& file)
 {
     const QRect place = window.geometry();
@@ -78,6 +91,8 @@ int main(int argc, char** argv)
     } rows[] { { "soft", true, 10, { 30, 30, 200, 120 } }, { "hard", false, 10, { 150, 110, 200, 120 } },
         { "deep", true, 30, { 40, 260, 200, 120 } }, { "over", true, 10, { 180, 320, 180, 120 } } };
     page.show();
+    if (!WaitUntilSeen(page, QPoint(5, 5)))
+        return 1;
     for (const auto& row : rows) {
         auto* child = new ChildForm;
         Dress(*child, QLatin1String(row.title), row.isSoft, row.depth);
@@ -93,7 +108,7 @@ int main(int argc, char** argv)
         window->show();
         windows.push_back(std::move(window));
     }
-    if (!WaitForFadesBelow(0))
+    if (!WaitForFadesBelow(0) || !WaitUntilSeen(*windows.back(), QPoint(100, 100)))
         return 1;
     Write(page, prefix + QStringLiteral("-shadows.png"));
     auto* shadow = windows.back()->findChild<ucShadow*>(QString(), Qt::FindDirectChildrenOnly);
