@@ -16,18 +16,18 @@ ucShadow& ShadowOf(const QWidget& form)
 
 } // namespace
 
-void AddShadow(QWidget& form, const ApplicationState& state)
+ucShadow& AddShadow(QWidget& form, const ApplicationState& state)
 {
-    new ucShadow(&form);
-    HardenShadow(form, state);
+    auto* const shadow = new ucShadow(&form);
+    shadow->SetSoftShadow(state.FadeOuts);
+    shadow->SetFadeIn(state.FadeOuts);
+    return *shadow;
 }
 
-void HardenShadow(QWidget& form, const ApplicationState& state)
+void DropShadow(QWidget& form, const ApplicationState& state)
 {
-    if (state.FadeOuts)
-        return;
-    ShadowOf(form).SetSoftShadow(false);
-    ShadowOf(form).SetFadeIn(false);
+    if (!state.FadeOuts)
+        ShadowOf(form).SetVisible(false);
 }
 
 bool FadeAtClosing(QWidget& form, const ApplicationState& state)

@@ -2,11 +2,14 @@
 
 class ApplicationState;
 class QWidget;
+class ucShadow;
 
-/// Gives a form its shadow, which belongs to the form.
-void AddShadow(QWidget& form, const ApplicationState& state);
-/// Without window fades ("FadeOuts") a form's shadow is hard-edged, and the form does not fade in.
-void HardenShadow(QWidget& form, const ApplicationState& state);
+/// Gives a form its shadow, which belongs to the form; the form may give it other properties. Without window
+/// fades ("FadeOuts") the shadow is hard-edged and the form does not fade in: whoever has switched them off
+/// would wonder at any.
+ucShadow& AddShadow(QWidget& form, const ApplicationState& state);
+/// Without window fades the form has no shadow any more.
+void DropShadow(QWidget& form, const ApplicationState& state);
 /// What a form does when it closes: with window fades it hides and fades. Events are handled meanwhile, so
 /// anything may have happened. False when the form is gone, or was shown again and is to stay.
 bool FadeAtClosing(QWidget& form, const ApplicationState& state);

@@ -47,7 +47,7 @@ void HelpWindow::Build()
 {
     static constexpr FormButton<HelpWindow> HeadButtons[] {
         { 2, Face::Minimize, " Minimize Window ", "Minimize window",
-            [](HelpWindow& help) { help.Minimize(); } },
+            [](HelpWindow& help) { help.ToggleMinimize(); } },
         { 1, ShapeFace, " Restore/Maximize Window ", "Restore or maximize window",
             [](HelpWindow& help) { help.ToggleMaximize(); } },
         { 0, Face::Close, " Close Help ", "Close help", [](HelpWindow& help) { help.close(); } },

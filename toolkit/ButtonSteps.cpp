@@ -52,7 +52,6 @@ ButtonSteps ButtonPress::KeyDown(bool isSpace)
 
 ButtonSteps ButtonPress::KeyUp(bool isSpace)
 {
-    keyMarked_ = false;
     if (!isSpace)
         return {};
     flags_.over = false;

@@ -43,6 +43,8 @@ public:
     /// The keys, without repetitions of a release.
     ButtonSteps KeyDown(bool isSpace);
     ButtonSteps KeyUp(bool isSpace);
+    /// The release has been dealt with: the next key may press. Until then none does.
+    void ForgetKey() { keyMarked_ = false; }
     /// The focus came or went.
     ButtonSteps Focus(bool focused);
     /// The button was disabled: no release will come.

@@ -1,7 +1,6 @@
 #include "toolkit/Button_XP.h"
 
 #include "toolkit/ButtonFacePaint.h"
-#include "toolkit/LinkOpener.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -30,10 +29,9 @@ constexpr int OwnPointer = 99;
 
 Button_XP::Button_XP(QWidget* parent)
     : QAbstractButton(parent)
-    , links_(&DesktopLinks())
 {
     setMouseTracking(true);
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::TabFocus); // a press takes it by itself, unless it is a right one
     OverTimer.setInterval(OverMilliseconds);
     connect(&OverTimer, &QTimer::timeout, this,
         [this] { Run(press_.Tick(QApplication::widgetAt(QCursor::pos()) == this)); });
@@ -202,7 +200,11 @@ void Button_XP::DownStep()
 void Button_XP::mousePressEvent(QMouseEvent* event)
 {
     lastDown_ = { event->button(), event->modifiers(), event->position().toPoint() };
-    DownStep();
+    const QPointer<Button_XP> alive(this);
+    if (event->button() != Qt::RightButton)
+        setFocus(Qt::MouseFocusReason);
+    if (alive)
+        DownStep();
 }
 
 // The second press of a double click counts like the first; the system holds the mouse meanwhile.
@@ -214,7 +216,8 @@ void Button_XP::mouseDoubleClickEvent(QMouseEvent*)
 // A window may open, or another close, under a pointer that does not move.
 void Button_XP::enterEvent(QEnterEvent*)
 {
-    Run(press_.Move(true));
+    if (isEnabled())
+        Run(press_.Move(true));
 }
 
 void Button_XP::mouseMoveEvent(QMouseEvent* event)
@@ -247,8 +250,10 @@ void Button_XP::keyReleaseEvent(QKeyEvent* event)
 {
     const int key = event->key();
     event->setAccepted(key == Qt::Key_Space);
-    if (!event->isAutoRepeat() && Run(press_.KeyUp(key == Qt::Key_Space)))
-        Q_EMIT KeyUp(key);
+    if (event->isAutoRepeat() || !Run(press_.KeyUp(key == Qt::Key_Space)))
+        return;
+    press_.ForgetKey();
+    Q_EMIT KeyUp(key);
 }
 
 void Button_XP::focusInEvent(QFocusEvent* event)

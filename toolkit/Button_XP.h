@@ -2,13 +2,12 @@
 
 #include "toolkit/ButtonLayout.h"
 #include "toolkit/ButtonSteps.h"
+#include "toolkit/LinkOpener.h"
 #include "toolkit/SystemColors.h"
 #include <QAbstractButton>
 #include <QIcon>
 #include <QTimer>
 #include <type_traits>
-
-class LinkOpener;
 
 /// The faces of a push button. Raised and RaisedWhenOver have an edge of two lines, the latter not at rest;
 /// Default is the program's own; Shaped takes the outline of its picture; Frameless has no edge.
@@ -136,6 +135,7 @@ private:
     Press lastDown_; ///< for a double click
     QIcon shownPicture_;
     QTimer OverTimer;
-    LinkOpener* links_;
+    DesktopLinks desktop_;
+    LinkOpener* links_ = &desktop_;
     bool captionSet_ = false;
 };

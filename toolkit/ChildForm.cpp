@@ -80,7 +80,7 @@ void ChildForm::Maximize()
     SetShape(Shape::Maximized);
 }
 
-void ChildForm::Minimize()
+void ChildForm::ToggleMinimize()
 {
     SetShape(shape_ == Shape::Minimized ? Shape::Normal : Shape::Minimized);
 }

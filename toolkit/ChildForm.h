@@ -31,9 +31,9 @@ public:
 
     Shape CurrentShape() const { return shape_; }
     void Maximize();
-    /// Shrinks to a strip at the bottom of the area; a form that is one already is restored, so that the
-    /// button leads back too.
-    void Minimize();
+    /// What the minimise button does: shrinks the form to a strip at the bottom of the area; a form that is
+    /// one already is restored.
+    void ToggleMinimize();
     void Restore();
     /// What the maximise button and a double click on the strip do: restores a form that is not normal.
     void ToggleMaximize();

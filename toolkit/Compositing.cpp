@@ -42,12 +42,18 @@ bool HasManager(xcb_connection_t* server)
 
 } // namespace
 
+Compositing CompositingOf(const PlatformFacts& platform)
+{
+    const bool isX11 = platform.name == QLatin1String("xcb");
+    const bool isSeen = isX11 || platform.name.startsWith(QLatin1String("wayland"));
+    if (!isSeen || platform.bits < LeastBits)
+        return {};
+    return { .windows = isX11 && platform.hasManager, .children = true, .themes = true };
+}
+
 Compositing SystemCompositing()
 {
-    const QString platform = QGuiApplication::platformName();
-    const bool isX11 = platform == QLatin1String("xcb");
-    const bool hasScreen = isX11 || platform.startsWith(QLatin1String("wayland"));
-    if (!hasScreen || QGuiApplication::primaryScreen()->depth() < LeastBits)
-        return {};
-    return { .windows = isX11 && HasManager(ServerOfThis()), .children = true, .themes = true };
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    return CompositingOf(
+        { QGuiApplication::platformName(), screen ? screen->depth() : 0, HasManager(ServerOfThis()) });
 }

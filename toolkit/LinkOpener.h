@@ -13,5 +13,9 @@ public:
     virtual void NavigateTo(const QString& address) = 0;
 };
 
-/// Hands every link to the desktop's own opener.
-LinkOpener& DesktopLinks();
+/// Hands every link to the desktop, which finds the program for it by itself.
+class DesktopLinks : public LinkOpener {
+public:
+    void OpenDocument(const QString& address, QWidget* owner) override;
+    void NavigateTo(const QString& address) override;
+};

@@ -87,25 +87,33 @@ bool MessageHook::Dispatch(const Messages& messages, QEvent& event)
 {
     const QPointer<MessageHook> hook(this);
     const QPointer<QWidget> window(window_);
+    bool isTaken = false;
     for (const MessageParts& message : messages) {
-        if (!before_.Lets(message.uMsg))
-            continue;
-        MessageCall call = CallFor(window, message);
-        Call(true, call);
+        if (before_.Lets(message.uMsg) && Offer(message, window, event))
+            isTaken = true;
         if (!window)
             return true;
-        if (call.bHandled) {
-            Answer(event, call.lReturn);
-            return true;
-        }
         if (!hook)
-            return false;
-        if (IsChanged(call, window, message)) {
-            DeliverChanged(call, event);
-            return true;
-        }
+            return isTaken;
     }
-    return DeliverBetween(messages, event);
+    return isTaken || DeliverBetween(messages, event);
+}
+
+bool MessageHook::Offer(const MessageParts& message, const QPointer<QWidget>& window, QEvent& event)
+{
+    const QPointer<MessageHook> hook(this);
+    MessageCall call = CallFor(window, message);
+    Call(true, call);
+    if (!window)
+        return true;
+    if (call.bHandled) {
+        Answer(event, call.lReturn);
+        return true;
+    }
+    if (!hook || !IsChanged(call, window, message))
+        return false;
+    DeliverChanged(call, event);
+    return true;
 }
 
 bool MessageHook::DeliverBetween(const Messages& messages, QEvent& event)

@@ -16,9 +16,10 @@ struct MessageCall {
 };
 
 /// Stands between one window and its events, and turns them into messages for an owner: first those that the
-/// before-table lets through, then the window's own handling, then those of the after-table. A before-call
-/// that handles its message stops the event and every later call. The hook may go at any time, also during a
-/// call; nothing is called afterwards. An event with an after-call is delivered by the hook itself, so other
+/// before-table lets through, then the window's own handling, then those of the after-table. An event may
+/// stand for two messages: a before-call that handles or changes one of them stops the event and its
+/// after-calls, but the other one's before-call still comes. The hook may go at any time, also during a call;
+/// nothing is called afterwards. An event with an after-call is delivered by the hook itself, so other
 /// filters of the window see it twice.
 class MessageHook : public QObject {
     Q_OBJECT
@@ -41,8 +42,9 @@ private:
     void WatchScreens();
     void DisplayChanged();
     using Messages = std::vector<MessageParts>;
-    /// These two tell whether the event is done with.
+    /// These tell whether the event is done with.
     bool Dispatch(const Messages& messages, QEvent& event);
+    bool Offer(const MessageParts& message, const QPointer<QWidget>& window, QEvent& event);
     bool DeliverBetween(const Messages& messages, QEvent& event);
     void DeliverChanged(MessageCall& call, QEvent& event);
     void Call(bool isBefore, MessageCall& call);

@@ -62,55 +62,69 @@ void StripControl::NameAfter(const QString& name)
     setAccessibleName(name);
 }
 
+// The mouse is taken here, because the base class keeps a disabled control's events to itself, and because a
+// form is told of it only when the cell stands.
 bool StripControl::event(QEvent* event)
 {
-    if (event->type() == QEvent::ToolTipChange)
-        NameAfter(toolTip().trimmed());
     const QPointer<StripControl> alive(this);
-    Relay(event);
-    return alive ? QAbstractButton::event(event) : true;
-}
-
-// Told before the base class sees the event, because that keeps a disabled control's events to itself, and
-// the form is to have them in any case.
-void StripControl::Relay(QEvent* event)
-{
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick: {
-        const auto* mouse = static_cast<QMouseEvent*>(event);
-        Q_EMIT MouseDown(mouse->button(), mouse->position().toPoint());
-        break;
-    }
-    case QEvent::MouseMove: {
-        const auto* mouse = static_cast<QMouseEvent*>(event);
-        Q_EMIT MouseMove(mouse->buttons(), mouse->position().toPoint());
-        break;
-    }
-    case QEvent::MouseButtonRelease: {
-        const auto* mouse = static_cast<QMouseEvent*>(event);
-        Q_EMIT MouseUp(mouse->button(), mouse->position().toPoint());
-        break;
-    }
+    case QEvent::MouseButtonDblClick:
+        TakePress(static_cast<QMouseEvent&>(*event));
+        return true;
+    case QEvent::MouseMove:
+        TakeMove(static_cast<QMouseEvent&>(*event));
+        return true;
+    case QEvent::MouseButtonRelease:
+        TakeRelease(static_cast<QMouseEvent&>(*event));
+        return true;
     case QEvent::KeyPress:
         Q_EMIT KeyDown(static_cast<QKeyEvent*>(event)->key());
         break;
     case QEvent::KeyRelease:
         Q_EMIT KeyUp(static_cast<QKeyEvent*>(event)->key());
         break;
+    case QEvent::ToolTipChange:
+        NameAfter(toolTip().trimmed());
+        break;
     default:
         break;
     }
+    return !alive || QAbstractButton::event(event);
 }
 
-void StripControl::mouseMoveEvent(QMouseEvent* event)
+void StripControl::TakePress(const QMouseEvent& event)
 {
-    QAbstractButton::mouseMoveEvent(event);
-    if (!rect().contains(event->position().toPoint()))
-        return;
-    pointerTimer_.start();
-    hover_ = true;
-    update();
+    if (event.button() == Qt::LeftButton)
+        isHeld_ = true;
+    setDown(isEnabled());
+    Q_EMIT MouseDown(event.button(), event.position().toPoint());
+}
+
+void StripControl::TakeMove(const QMouseEvent& event)
+{
+    const QPoint place = event.position().toPoint();
+    const bool isInside = rect().contains(place);
+    isHeld_ = isHeld_ && event.buttons().testFlag(Qt::LeftButton);
+    setDown(isEnabled() && isHeld_ && isInside);
+    if (isInside) {
+        pointerTimer_.start();
+        hover_ = true;
+        update();
+    }
+    Q_EMIT MouseMove(event.buttons(), place);
+}
+
+void StripControl::TakeRelease(const QMouseEvent& event)
+{
+    const bool isLeft = event.button() == Qt::LeftButton;
+    const bool isClick = isLeft && isHeld_ && isDown() && rect().contains(event.position().toPoint());
+    isHeld_ = isHeld_ && !isLeft;
+    setDown(isDown() && isHeld_);
+    const QPointer<StripControl> alive(this);
+    Q_EMIT MouseUp(event.button(), event.position().toPoint());
+    if (alive && isClick)
+        Q_EMIT clicked();
 }
 
 void StripControl::leaveEvent(QEvent* event)
@@ -128,12 +142,15 @@ void StripControl::PollPointer()
 
 void StripControl::EndHover()
 {
-    if (!hover_)
+    if (!pointerTimer_.isActive())
         return;
     pointerTimer_.stop();
-    hover_ = false;
-    update();
+    const QPointer<StripControl> alive(this);
     Q_EMIT Leave();
+    if (!alive)
+        return;
+    hover_ = pointerTimer_.isActive(); // it may have come back meanwhile
+    update();
 }
 
 void StripControl::keyPressEvent(QKeyEvent* event)

@@ -26,9 +26,10 @@ public:
 Q_SIGNALS:
     /// The form's click. Whatever a control changes by itself on a click, it changes after this.
     void Click();
-    /// The pointer has left the control.
+    /// The pointer has left the control, a disabled one too; its cell is still the one under the pointer.
     void Leave();
-    /// The mouse and the keys as they come, of a disabled control too; places in pixels of the control.
+    /// The mouse and the keys as they come, of a disabled control too; places in pixels of the control. The
+    /// cell that a mouse event makes is shown by then.
     void MouseDown(Qt::MouseButton button, QPoint place);
     void MouseMove(Qt::MouseButtons buttons, QPoint place);
     void MouseUp(Qt::MouseButton button, QPoint place);
@@ -45,19 +46,21 @@ protected:
     ButtonLook LookWhen(bool latched) const;
 
     bool event(QEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
 
 private:
+    void TakePress(const QMouseEvent& event);
+    void TakeMove(const QMouseEvent& event);
+    void TakeRelease(const QMouseEvent& event);
     void RaiseClick();
-    void Relay(QEvent* event);
     void PollPointer();
     void EndHover();
 
-    QTimer pointerTimer_;
+    QTimer pointerTimer_; ///< runs from the pointer's coming to its leaving
     QString ownName_;
     bool hover_ = false;
+    bool isHeld_ = false; ///< the left button was pressed on it and is still down
     FocusRing ring_;
 };

@@ -6,7 +6,7 @@
 /// system's table, which stands for a role of the style.
 using ColorNumber = quint32;
 
-/// The system's numbers that controls use.
+/// The system's numbers that controls name.
 namespace SystemColor {
 inline constexpr ColorNumber Face = 0x8000000F;
 inline constexpr ColorNumber Shadow = 0x80000010;
@@ -15,5 +15,5 @@ inline constexpr ColorNumber Highlight = 0x80000014;
 inline constexpr ColorNumber Light = 0x80000016;
 } // namespace SystemColor
 
-/// The colour of a number; invalid for a system number that is none of the above.
+/// The colour that a number stands for now; black for a system number that its table does not have.
 QColor ColorOf(ColorNumber number);

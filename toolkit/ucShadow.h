@@ -1,22 +1,21 @@
 #pragma once
 
 #include "toolkit/Compositing.h"
-#include "toolkit/FadeSteps.h"
 #include "toolkit/MessageOwner.h"
-#include "toolkit/ShadowStrip.h"
+#include "toolkit/ShadowStrips.h"
 #include "toolkit/WindowMessage.h"
 #include "toolkit/cSubclass.h"
-#include "toolkit/cWindow.h"
 
-#include <QElapsedTimer>
-#include <QPointer>
+#include <memory>
+
+class FormFade;
 
 /// Gives a form a drop shadow and lets it fade in and out, and needs nothing of the form but to stand on it.
 /// The shadow is two strips, at the form's right edge and below it. A fade is a copy of what lies under, or
 /// of the form, that loses its opacity. A form inside another's area has both inside that area, a window has
 /// windows of their own. Where the platform cannot, nothing is drawn and nothing waits. Belongs to the form;
 /// its object name is "Shadow".
-class ucShadow : public QObject, private iSubclass, private iWindow {
+class ucShadow : public QObject, private iSubclass {
     Q_OBJECT
 
 public:
@@ -27,7 +26,7 @@ public:
     quint32 Color() const { return color_; }
     void SetColor(quint32 color);
     /// The width of the strips, 0 to 99 pixels; beyond that the nearest.
-    int Depth() const { return depth_; }
+    int Depth() const { return look_.depth; }
     void SetDepth(int depth);
     /// Whether the form fades when it is shown, and for how many milliseconds.
     bool FadeIn() const { return fadesIn_; }
@@ -40,12 +39,12 @@ public:
     bool HideSize() const { return hidesInSize_; }
     void SetHideSize(bool hides) { hidesInSize_ = hides; }
     /// Graded, else a block.
-    bool SoftShadow() const { return isSoft_; }
+    bool SoftShadow() const { return look_.isSoft; }
     void SetSoftShadow(bool soft);
     /// The opacity of the strips, 0 to 255, over their own alpha; kept modulo 256.
-    int Transparency() const { return transparency_; }
+    int Transparency() const { return look_.transparency; }
     void SetTransparency(int opacity);
-    bool Visible() const { return isVisible_; }
+    bool Visible() const { return look_.isVisible; }
     void SetVisible(bool visible);
 
     /// What the platform offered when it was last asked, for a form that stands where this one does.
@@ -56,9 +55,10 @@ public:
     static bool IsSysFadeEnabled();
     bool IsSysShadowEnabled() const { return IsXP() && platform_.windows; }
 
-    /// Hides the form and lets it fade for so many milliseconds. With wait it returns at the end, and events
-    /// are handled meanwhile: the form and all else may be gone. A form that nobody sees does not fade. False
-    /// when the form is gone or was shown again while it faded.
+    /// Hides the form and lets it fade for so many milliseconds; one that nobody sees has faded at once. With
+    /// wait it returns at the end, and events are handled meanwhile: the form and all else may be gone. Where
+    /// the platform cannot, nothing is done and no end is told. False when the form is gone or was shown
+    /// again while it faded.
     bool FadeOut(int milliseconds, bool wait = true);
 
 Q_SIGNALS:
@@ -68,31 +68,23 @@ Q_SIGNALS:
 private:
     void iSubclass_Proc(bool bBefore, bool& bHandled, qint32& lReturn, QWidget*& hWnd, qint32& uMsg,
         qintptr& wParam, qintptr& lParam) override;
-    void iWindow_Proc(bool& bHandled, qint32& lReturn, QWidget*& hWnd, qint32& uMsg, qintptr& wParam,
-        qintptr& lParam) override;
 
     void Hook();
     void TestCapability();
     void FollowDisplay();
     QString ClassName(const char* kind) const;
-
-    /// What holds the strips: the form's parent, or none for a window.
+    /// What holds shadow and fade: the form's parent, or none for a window.
     QWidget* Host() const;
+
     void MakeStrips();
     void DropStrips();
-    void Draw(ShadowStrip::Side side);
     void Redraw();
-    void Follow(const WindowPosition& position);
-    void MoveStrips();
+    void ShowStrips(bool shown);
+    void Follow();
     void HideInDrag();
     void EndDrag();
-    enum class Force { No, Yes };
-    void ShowStrips(bool shown, Force force = Force::No);
 
     void StartFade(int milliseconds, bool isFadeIn);
-    void BeginFade(LayeredWindow& window);
-    QImage CopyForFade(const QRect& place);
-    void TickFade(LayeredWindow& window);
     void EndFade();
 
     QWidget& form_;
@@ -101,30 +93,18 @@ private:
     bool isLayered_ = false;
 
     quint32 color_ = 0;
-    QRgb resolvedColor_ = 0;
-    int depth_ = 10;
+    ShadowLook look_;
     bool fadesIn_ = true;
     int fadeTime_ = 500;
     bool hidesInMove_ = false;
     bool hidesInSize_ = false;
-    bool isSoft_ = true;
-    int transparency_ = 120;
-    bool isVisible_ = true;
 
     cSubclass subclass_;
     WindowPosition position_; ///< of the form, as last told
-    int drawnWidth_ = 0; ///< of the form, when the bottom strip was drawn
-    int drawnHeight_ = 0; ///< of the form, when the right strip was drawn
-    bool isInDrag_ = false;
-    bool isShown_ = false;
-    std::unique_ptr<cWindow> strips_;
-    QPointer<LayeredWindow> strip_[2]; ///< by side
-    QPointer<QWidget> host_;
+    bool isInDrag_ = false; ///< and the strips are hidden for it
+    std::unique_ptr<ShadowStrips> strips_;
 
-    std::unique_ptr<cWindow> fade_;
-    QPointer<LayeredWindow> fadeWindow_;
-    FadeSteps steps_;
-    QElapsedTimer fadeClock_;
+    std::unique_ptr<FormFade> fade_;
     bool isFadeIn_ = false;
     bool isAwaited_ = false;
 };

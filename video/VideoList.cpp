@@ -34,7 +34,8 @@ void VideoList::BuildHead()
 {
     static constexpr FormButton<VideoList> Buttons[] {
         { 2, Face::Open, " Open Videos ", "Open videos", [](VideoList& list) { Q_EMIT list.OpenWanted(); } },
-        { 1, Face::Minimize, "Minimize Window", "Minimize window", [](VideoList& list) { list.Minimize(); } },
+        { 1, Face::Minimize, "Minimize Window", "Minimize window",
+            [](VideoList& list) { list.ToggleMinimize(); } },
         { 0, Face::Close, "Close Video Window", "Close video list", [](VideoList& list) { list.close(); } },
     };
     AddHeadButtons(*this, Buttons);

@@ -79,7 +79,7 @@ void VideoWindow::BuildHead()
     static constexpr FormButton<VideoWindow> Buttons[] {
         { 3, Face::Open, " Open Videos ", "Open videos", [](VideoWindow& window) { window.OpenClicked(); } },
         { 2, Face::Minimize, " Minimize Window ", "Minimize window",
-            [](VideoWindow& window) { window.Minimize(); } },
+            [](VideoWindow& window) { window.ToggleMinimize(); } },
         { 1, ShapeFace, " Restore/Maximize Window ", "Restore or maximize window",
             [](VideoWindow& window) { window.ToggleMaximize(); } },
         { 0, Face::Close, " Close Video Window ", "Close video window",

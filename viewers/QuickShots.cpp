@@ -46,7 +46,7 @@ void QuickShots::Build()
         { 5, Face::SaveAll, "Save ALL pictures to the AutoFolder", "Save all pictures",
             [](QuickShots& strip) { strip.SaveAll(); } },
         { 1, Face::Minimize, " Minimize Window ", "Minimize window",
-            [](QuickShots& strip) { strip.Minimize(); } },
+            [](QuickShots& strip) { strip.ToggleMinimize(); } },
         { 0, Face::Close, " Close Thumbnail Window ", "Close thumbnail window",
             [](QuickShots& strip) { strip.close(); } },
     };

@@ -49,7 +49,7 @@ void Viewer::Build()
 {
     static constexpr FormButton<Viewer> HeadButtons[] {
         { 2, Face::Minimize, " Minimize Window ", "Minimize window",
-            [](Viewer& viewer) { viewer.Minimize(); } },
+            [](Viewer& viewer) { viewer.ToggleMinimize(); } },
         { 1, ShapeFace, " Restore/Maximize Window ", "Restore or maximize window",
             [](Viewer& viewer) { viewer.ToggleMaximize(); } },
         { 0, Face::Close, " Close Capture Window ", "Close capture window",
@@ -90,7 +90,7 @@ void Viewer::BuildTools(QWidget* column)
 void Viewer::Bind()
 {
     connect(this, &ChildForm::Activated, this, [this] {
-        HardenShadow(*this, frame_.State());
+        DropShadow(*this, frame_.State());
         setWindowTitle(QStringLiteral("Capture Window"));
     });
     connect(Lead1, &Lead::MouseDown, this, &Viewer::Zoom);

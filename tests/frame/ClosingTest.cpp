@@ -106,14 +106,18 @@ TEST_F(ClosingTest, WithoutWindowFadesAFormIsHardEdgedAndGoesAtOnce)
     QCoreApplication::processEvents();
 }
 
-TEST_F(ClosingTest, ACaptureThatBecomesActiveWithoutWindowFadesTurnsHardEdged)
+TEST_F(ClosingTest, ACaptureThatBecomesActiveWithoutWindowFadesLosesItsShadow)
 {
     Capture();
     Capture();
     state.FadeOuts = false;
     Viewer* const first = All<Viewer>().first();
+    const Viewer* const other = All<Viewer>().last();
+    const auto hasShadow = [](const Viewer* viewer) { return viewer->findChild<ucShadow*>()->Visible(); };
+    EXPECT_TRUE(hasShadow(first));
     first->BringToFront();
-    EXPECT_FALSE(first->findChild<ucShadow*>()->SoftShadow());
+    EXPECT_FALSE(hasShadow(first));
+    EXPECT_TRUE(hasShadow(other));
 }
 
 TEST_F(ClosingTest, TheFrameMayCloseWhileAFormFades)

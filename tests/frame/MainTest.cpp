@@ -477,7 +477,7 @@ TEST_F(MainTest, CtrlTabGoesToTheNextChildWindow)
 TEST_F(MainTest, AMinimizedVideoWindowComesBackWhenAVideoIsOpened)
 {
     OpenOne();
-    Form("VideoWindow").Minimize();
+    Form("VideoWindow").ToggleMinimize();
     OpenOne();
     EXPECT_EQ(Form("VideoWindow").CurrentShape(), ChildForm::Shape::Normal);
 }
@@ -486,7 +486,7 @@ TEST_F(MainTest, AThumbnailStripPutAwayStaysSoWhenAPictureIsAdded)
 {
     OpenOne();
     Click("Cmds(8)");
-    Form("QuickShots").Minimize();
+    Form("QuickShots").ToggleMinimize();
     Click("Cmds(8)");
     EXPECT_EQ(Form("QuickShots").CurrentShape(), ChildForm::Shape::Minimized);
 }
@@ -497,7 +497,7 @@ TEST_F(MainTest, TheVideoListComesBackFromItsStripWhereItWas)
     ShowListByThePopup();
     const QRect place(40, 30, 280, 200);
     Form("VideoList").setGeometry(place);
-    Form("VideoList").Minimize();
+    Form("VideoList").ToggleMinimize();
     ShowListByThePopup();
     EXPECT_EQ(Form("VideoList").CurrentShape(), ChildForm::Shape::Normal);
     EXPECT_EQ(Form("VideoList").geometry(), place);

@@ -383,7 +383,7 @@ QMdiArea* FormsArea()
     area->setMinimumHeight(300);
     area->setFrameShape(QFrame::NoFrame);
     MakeForm(area, QStringLiteral("Capture Window 12"), { 20, 16, 420, 150 });
-    MakeForm(area, QStringLiteral("Thumbnails"), { 30, 40, 300, 60 })->Minimize();
+    MakeForm(area, QStringLiteral("Thumbnails"), { 30, 40, 300, 60 })->ToggleMinimize();
     MakeForm(area, QStringLiteral("A title far too long for the strip it stands in"), { 200, 90, 320, 160 })
         ->BringToFront();
     auto* menu = new PopupMenu(area);

@@ -1,6 +1,7 @@
 // shadow_gallery PREFIX: shows shadows and fades of windows and of forms inside an area, for the eye, and
 // writes what the screen shows: PREFIX-shadows.png, and PREFIX-fade.png in the middle of a fade.
 #include "toolkit/ChildForm.h"
+#include "toolkit/LayeredWindow.h"
 #include "toolkit/Style.h"
 #include "toolkit/ucShadow.h"
 
@@ -10,6 +11,7 @@
 #include <QScreen>
 #include <QTest>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -20,10 +22,38 @@ ucShadow* Dress(ChildForm& form, const QString& title, bool soft, int depth)
     form.setPalette(QApplication::palette());
     form.SetBody(new QLabel(QStringLiteral("  Depth %1").arg(depth)));
     auto* shadow = new ucShadow(&form);
-    shadow->SetFadeIn(false);
     shadow->SetSoftShadow(soft);
     shadow->SetDepth(depth);
     return shadow;
+}
+
+/// Waits until no fade is seen that has this opacity or more.
+bool WaitForFadesBelow(int alpha)
+{
+    return QTest::qWaitFor(
+        [alpha] {
+            const QWidgetList all = QApplication::allWidgets();
+            return std::none_of(all.begin(), all.end(), [alpha](QWidget* widget) {
+                const auto* const window = qobject_cast<LayeredWindow*>(widget);
+                return window && window->isVisible()
+                    && window->objectName().endsWith(QLatin1String("FadeCls"))
+                    && window->ConstantAlpha() >= alpha;
+            });
+        },
+        10'000);
+}
+
+/// Waits until the screen shows a window's own colour at a place of it: what is drawn comes there later.
+bool WaitUntilSeen(QWidget& window, QPoint place)
+{
+    const QColor own = window.grab().toImage().pixelColor(place);
+    const QPoint onScreen = window.pos() + place;
+    return QTest::qWaitFor(
+        [&] {
+            const QPixmap seen = window.screen()->grabWindow(0, onScreen.x(), onScreen.y(), 1, 1);
+            return seen.toImage().pixelColor(0, 0) == own;
+        },
+        10'000);
 }
 
 void Write(const QWidget& window, const QString& file)
@@ -61,6 +91,8 @@ int main(int argc, char** argv)
     } rows[] { { "soft", true, 10, { 30, 30, 200, 120 } }, { "hard", false, 10, { 150, 110, 200, 120 } },
         { "deep", true, 30, { 40, 260, 200, 120 } }, { "over", true, 10, { 180, 320, 180, 120 } } };
     page.show();
+    if (!WaitUntilSeen(page, QPoint(5, 5)))
+        return 1;
     for (const auto& row : rows) {
         auto* child = new ChildForm;
         Dress(*child, QLatin1String(row.title), row.isSoft, row.depth);
@@ -76,13 +108,15 @@ int main(int argc, char** argv)
         window->show();
         windows.push_back(std::move(window));
     }
-    QTest::qWait(700);
+    if (!WaitForFadesBelow(0) || !WaitUntilSeen(*windows.back(), QPoint(100, 100)))
+        return 1;
     Write(page, prefix + QStringLiteral("-shadows.png"));
     auto* shadow = windows.back()->findChild<ucShadow*>(QString(), Qt::FindDirectChildrenOnly);
     auto* childs = area->activeSubWindow()->findChild<ucShadow*>(QString(), Qt::FindDirectChildrenOnly);
     shadow->FadeOut(1200, false);
     childs->FadeOut(1200, false);
-    QTest::qWait(600);
+    if (!WaitForFadesBelow(128))
+        return 1;
     Write(page, prefix + QStringLiteral("-fade.png"));
     return 0;
 }

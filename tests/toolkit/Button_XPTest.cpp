@@ -3,6 +3,7 @@
 #include "toolkit/Style.h"
 
 #include <QAccessible>
+#include <QDesktopServices>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
@@ -20,6 +21,29 @@ public:
         owner = window;
     }
     void NavigateTo(const QString& address) override { opened << QStringLiteral("go ") + address; }
+};
+
+/// Stands in for the desktop's programs.
+class Desktop : public QObject {
+    Q_OBJECT
+
+public:
+    Desktop()
+    {
+        for (const char* scheme : Schemes)
+            QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "Open");
+    }
+    ~Desktop() override
+    {
+        for (const char* scheme : Schemes)
+            QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
+    }
+    QString TakeOpened() { return std::exchange(opened_, {}); }
+    Q_INVOKABLE void Open(const QUrl& url) { opened_ = url.toString(); }
+
+private:
+    static constexpr const char* Schemes[] { "http", "mailto" };
+    QString opened_;
 };
 
 /// A button on a form with room beside it, the pointer out of the way.
@@ -56,6 +80,14 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([&] { return leaves.size() == 1; }));
     }
     QImage Look() { return button->grab().toImage(); }
+    /// Writes the button's events down between the links that it opens.
+    void NoteEvents()
+    {
+        const auto note = [this](const char* event) { links.opened << QLatin1String(event); };
+        QObject::connect(button, &Button_XP::Click, &form, [note] { note("click"); });
+        QObject::connect(button, &Button_XP::MouseUp, &form, [note] { note("up"); });
+        QObject::connect(button, &Button_XP::KeyUp, &form, [note] { note("key up"); });
+    }
 };
 
 QIcon Plain(QColor color)
@@ -67,29 +99,81 @@ QIcon Plain(QColor color)
 
 } // namespace
 
-TEST_F(ButtonXPTest, ANewButtonHasTheDefaults)
+TEST_F(ButtonXPTest, ANewButtonIsWhatTheDefaultsMakeIt)
 {
-    const P& p = button->Properties();
-    EXPECT_EQ(p.BackColor, 0x8000000F);
-    EXPECT_EQ(p.ForeColor, 0x80000012);
-    EXPECT_EQ(p.ShowFocusRect, 1);
-    EXPECT_EQ(p.PicturePosition, 1);
-    EXPECT_EQ(p.ButtonStyle, 2);
-    EXPECT_TRUE(p.Picture.isNull() && p.PictureHover.isNull());
-    for (const int side : { p.PictureWidth, p.PictureHeight, p.OriginalPicSizeW, p.OriginalPicSizeH })
-        EXPECT_EQ(side, 32);
+    button->resize(100, 80);
+    button->SetCaption(QStringLiteral("H"));
+    button->Set(&P::Picture, Plain(Qt::red));
+    button->setFocus();
+    // The default shows nothing new, something else does.
+    const auto expectDefault = [this](const char* name, auto property, auto byDefault, auto other) {
+        const QImage fresh = Look();
+        button->Set(property, byDefault);
+        EXPECT_EQ(Look(), fresh) << name;
+        button->Set(property, other);
+        EXPECT_NE(Look(), fresh) << name;
+        button->Set(property, byDefault);
+    };
+    expectDefault("BackColor", &P::BackColor, 0x8000000FU, 0x000000FFU);
+    expectDefault("ForeColor", &P::ForeColor, 0x80000012U, 0x000000FFU);
+    expectDefault("ShowFocusRect", &P::ShowFocusRect, 1, 0);
+    expectDefault("PicturePosition", &P::PicturePosition, 1, 0);
+    expectDefault("ButtonStyle", &P::ButtonStyle, 2, 4);
+    expectDefault("PictureWidth", &P::PictureWidth, 32, 8);
+    expectDefault("PictureHeight", &P::PictureHeight, 32, 8);
+    expectDefault("XPShowBorderAlways", &P::XPShowBorderAlways, 0, 1);
+    expectDefault("TransparentBG", &P::TransparentBG, 0, 1);
+    expectDefault("BEVEL", &P::BEVEL, 0, 1);
+}
+
+TEST_F(ButtonXPTest, WhatAnotherPropertyUncoversOfANewButtonIsAsTold)
+{
+    button->resize(100, 80);
+    button->SetCaption({});
+    button->Set(&P::Picture, Plain(Qt::red));
+    const auto keepsLook = [this](auto property, auto told) {
+        const QImage before = Look();
+        button->Set(property, told);
+        return Look() == before;
+    };
+    const QImage sized = Look();
+    button->Set(&P::PictureSize, 1);
+    EXPECT_EQ(Look(), sized) << "the original size is the drawn one";
+    button->Set(&P::BEVEL, 1);
+    EXPECT_TRUE(keepsLook(&P::BEVELDEPTH, 8));
+    EXPECT_FALSE(keepsLook(&P::BEVELDEPTH, 4));
+    button->Set(&P::BEVEL, 0);
+    PutPointerInside();
+    EXPECT_TRUE(keepsLook(&P::XPDefaultColors, 1));
+    button->Set(&P::XPDefaultColors, 0);
+    EXPECT_TRUE(keepsLook(&P::XPColor_Hover, 0x80000016U));
+    QTest::mousePress(button, Qt::LeftButton);
+    EXPECT_TRUE(keepsLook(&P::XPColor_Pressed, 0x80000014U));
+    button->Set(&P::Picture, Plain(Qt::black));
+    button->Set(&P::ButtonStyle, ButtonStyle::Shaped);
+    EXPECT_TRUE(button->mask().isEmpty()) << "black is what is cut out";
+}
+
+TEST_F(ButtonXPTest, ANewButtonIsEnabledHasNoLinkAndKeepsTheNamesOfItsSounds)
+{
     EXPECT_TRUE(button->isEnabled());
-    EXPECT_EQ(p.MousePointer, 0);
+    EXPECT_EQ(button->cursor().shape(), form.cursor().shape());
+    const P& p = button->Properties();
     EXPECT_EQ(p.URL, QString());
-    EXPECT_EQ(p.XPColor_Pressed, 0x80000014);
-    EXPECT_EQ(p.XPColor_Hover, 0x80000016);
-    EXPECT_EQ(p.XPDefaultColors, 1);
     EXPECT_EQ(p.SoundOver, QStringLiteral(".\\resources\\over.wav"));
     EXPECT_EQ(p.SoundClick, QStringLiteral(".\\resources\\click.wav"));
-    EXPECT_EQ(p.MaskColor, 0);
-    for (const int off : { p.DefCurHand, p.XPShowBorderAlways, p.TransparentBG, p.BEVEL })
-        EXPECT_EQ(off, 0);
-    EXPECT_EQ(p.BEVELDEPTH, 8);
+}
+
+TEST_F(ButtonXPTest, ByItselfItHandsLinksToTheDesktop)
+{
+    Desktop desktop;
+    for (const auto& [url, opened] : { std::pair("mailto:a@example.org", "mailto:a@example.org"),
+             { "http://example.org/a", "http://example.org/a" }, { "example.org", "http://example.org" } }) {
+        Button_XP plain;
+        plain.Set(&P::URL, QLatin1String(url));
+        plain.GoToURL();
+        EXPECT_EQ(desktop.TakeOpened(), QLatin1String(opened));
+    }
 }
 
 TEST_F(ButtonXPTest, ItsNameIsItsCaptionUntilOneIsSet)
@@ -126,15 +210,87 @@ TEST_F(ButtonXPTest, ARightPressIsToldAndChangesNothing)
 {
     QSignalSpy downs(button, &Button_XP::MouseDown);
     QSignalSpy ups(button, &Button_XP::MouseUp);
-    button->setFocus();
     const QImage before = Look();
     QTest::mousePress(button, Qt::RightButton);
-    EXPECT_FALSE(button->Flags().pressed);
+    EXPECT_FALSE(button->Flags().pressed || button->hasFocus());
     EXPECT_EQ(Look(), before);
     QTest::mouseRelease(button, Qt::RightButton);
     EXPECT_EQ(clicks.size(), 0);
     EXPECT_EQ(downs.size(), 1);
     EXPECT_EQ(ups.size(), 1);
+}
+
+TEST_F(ButtonXPTest, AnyOtherPressTakesTheFocus)
+{
+    for (const Qt::MouseButton press : { Qt::LeftButton, Qt::MiddleButton }) {
+        button->clearFocus();
+        QTest::mousePress(button, press);
+        EXPECT_TRUE(button->hasFocus());
+        QTest::mouseRelease(button, press);
+    }
+}
+
+TEST_F(ButtonXPTest, ThePointerThatComesIsToldBeforeItsMove)
+{
+    QStringList told;
+    QObject::connect(button, &Button_XP::MouseEnter, &form, [&] { told << QStringLiteral("enter"); });
+    QObject::connect(button, &Button_XP::MouseMove, &form, [&] { told << QStringLiteral("move"); });
+    QTest::mouseMove(button, Centre());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return told.size() >= 2; }));
+    EXPECT_EQ(told.first(2), (QStringList { "enter", "move" }));
+}
+
+TEST_F(ButtonXPTest, AReleaseClicksThenOpensTheLinkThenIsTold)
+{
+    button->Set(&P::URL, QStringLiteral("http://example.org"));
+    NoteEvents();
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(links.opened, (QStringList { "click", "go http://example.org", "up" }));
+}
+
+TEST_F(ButtonXPTest, SpaceOpensTheLinkThenActsAsAReleaseAndIsToldLast)
+{
+    button->Set(&P::URL, QStringLiteral("http://example.org"));
+    NoteEvents();
+    QTest::keyClick(button, Qt::Key_Space);
+    EXPECT_EQ(links.opened,
+        (QStringList { "go http://example.org", "click", "go http://example.org", "up", "key up" }));
+}
+
+TEST_F(ButtonXPTest, AKeyIsHeldUntilItsReleaseIsThrough)
+{
+    QObject::connect(button, &Button_XP::Click, &form, [this] { QTest::keyPress(button, Qt::Key_Space); });
+    QTest::keyClick(button, Qt::Key_Space);
+    EXPECT_EQ(clicks.size(), 1);
+    EXPECT_FALSE(button->Flags().pressed);
+    QTest::keyPress(button, Qt::Key_Space);
+    EXPECT_TRUE(button->Flags().pressed);
+}
+
+TEST_F(ButtonXPTest, HeldAndBackUnderThePointerItLooksPressedAgainAndAReleaseClicks)
+{
+    PutPointerInside();
+    QTest::mousePress(button, Qt::LeftButton);
+    const QImage held = Look();
+    SlideOffAndWait();
+    ASSERT_NE(Look(), held);
+    PutPointerInside();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return button->Flags().over; }));
+    EXPECT_EQ(Look(), held);
+    QTest::mouseRelease(button, Qt::LeftButton);
+    EXPECT_EQ(clicks.size(), 1);
+}
+
+TEST_F(ButtonXPTest, ADisabledButtonDoesNotNoticeThePointer)
+{
+    QSignalSpy enters(button, &Button_XP::MouseEnter);
+    button->setEnabled(false);
+    const QImage before = Look();
+    QEnterEvent enter(Centre(), Centre(), button->mapToGlobal(Centre()));
+    QCoreApplication::sendEvent(button, &enter);
+    EXPECT_FALSE(button->Flags().over);
+    EXPECT_EQ(enters.size(), 0);
+    EXPECT_EQ(Look(), before);
 }
 
 TEST_F(ButtonXPTest, ADoubleClickIsTwoPressesOfTheSameArguments)
@@ -468,7 +624,20 @@ TEST_F(ButtonXPTest, ItsSizeHoldsCaptionAndPicture)
 TEST(SystemColors, NumbersAreRedGreenBlueOrARoleOfTheStyle)
 {
     EXPECT_EQ(ColorOf(0x00030201), QColor(1, 2, 3));
-    EXPECT_EQ(ColorOf(0x8000000F), StyleColor(Token::Control));
-    EXPECT_EQ(ColorOf(0x80000012), StyleColor(Token::Text));
-    EXPECT_EQ(ColorOf(0x800000FF).rgb(), qRgb(0, 0, 0)) << "unknown ones are black where a colour must be";
+    const std::pair<ColorNumber, Token> roles[] { { 0x80000005, Token::Control }, { 0x80000008, Token::Text },
+        { 0x8000000D, Token::Accent }, { 0x8000000E, Token::OnAccent }, { 0x8000000F, Token::Control },
+        { 0x80000010, Token::LineOutside }, { 0x80000011, Token::TextDisabled }, { 0x80000012, Token::Text },
+        { 0x80000014, Token::LineInside }, { 0x80000016, Token::LineLight }, { 0x8000001E, Token::Strip } };
+    for (const auto& [number, token] : roles)
+        EXPECT_EQ(ColorOf(number), StyleColor(token)) << std::hex << number;
 }
+
+TEST(SystemColors, EveryNumberOfTheSystemsTableIsAColourAndOthersAreBlack)
+{
+    for (ColorNumber number = 0x80000000; number <= 0x8000001E; ++number)
+        EXPECT_TRUE(ColorOf(number).isValid()) << std::hex << number;
+    for (const ColorNumber none : { 0x80000019U, 0x8000001FU, 0x800000FFU, 0xFFFFFFFFU })
+        EXPECT_EQ(ColorOf(none), QColor(Qt::black)) << std::hex << none;
+}
+
+#include "Button_XPTest.moc"

@@ -262,19 +262,31 @@ TEST(CheckAccess, AnAidsToggleIsAClick)
     EXPECT_FALSE(actions->actionNames().contains(QAccessibleActionInterface::toggleAction()));
 }
 
-TEST(xpcheckbox, TheTimerFindsThatThePointerHasLeft)
+TEST(xpradiobutton, ANewOneIsEnabledClearAndCaptionedByItsName)
+{
+    xpradiobutton radio;
+    radio.setObjectName(QStringLiteral("xpradiobutton1"));
+    EXPECT_EQ(radio.Caption(), QStringLiteral("xpradiobutton1"));
+    EXPECT_FALSE(radio.Value());
+    EXPECT_TRUE(radio.isEnabled());
+}
+
+TEST(CaptionControl, TheTimerFindsThatThePointerHasLeft)
 {
     QWidget form;
     form.resize(300, 200);
-    auto* box = new xpcheckbox(&form);
-    box->setGeometry(50, 50, 100, 26);
-    form.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
-    QSignalSpy leaves(box, &StripControl::Leave);
-    QCursor::setPos(box->mapToGlobal(box->rect().center()));
-    QTest::mouseMove(box, box->rect().center());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return box->Cell() == 1; }));
-    QCursor::setPos(form.mapToGlobal(QPoint(250, 150)));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return leaves.size() == 1; }));
-    EXPECT_EQ(box->Cell(), 0);
+    for (CaptionControl* control : { static_cast<CaptionControl*>(new xpcheckbox(&form)),
+             static_cast<CaptionControl*>(new xpradiobutton(&form)) }) {
+        control->setGeometry(50, 50, 100, 26);
+        form.show();
+        control->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+        QSignalSpy leaves(control, &StripControl::Leave);
+        QTest::mouseMove(control, control->rect().center());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return control->ShownState() == StripControl::State::Hover; }));
+        QCursor::setPos(form.mapToGlobal(QPoint(250, 150)));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return leaves.size() == 1; }));
+        EXPECT_EQ(control->ShownState(), StripControl::State::Rest);
+        control->hide();
+    }
 }

@@ -129,7 +129,7 @@ TEST(ChildForm, MinimizedItIsAStripAtTheBottomOfTheArea)
     Area stage;
     ChildForm* form = stage.Add(QStringLiteral("a"), QRect(20, 20, 300, 200));
     form->setMinimumSize(54, 54);
-    form->Minimize();
+    form->ToggleMinimize();
     EXPECT_EQ(form->height(), 30);
     EXPECT_GE(form->y(), stage.area.viewport()->height() - 40);
     EXPECT_FALSE(form->Body()->isVisible());
@@ -145,7 +145,7 @@ TEST(ChildForm, MinimizedStripsDoNotCoverEachOtherAndAFreedPlaceIsTakenAgain)
     QList<ChildForm*> forms;
     for (int i = 0; i < 5; ++i) {
         forms << stage.Add(QString::number(i), QRect(20, 20, 300, 200));
-        forms.last()->Minimize();
+        forms.last()->ToggleMinimize();
     }
     for (int i = 0; i < 5; ++i) {
         for (int j = 0; j < i; ++j)
@@ -153,7 +153,7 @@ TEST(ChildForm, MinimizedStripsDoNotCoverEachOtherAndAFreedPlaceIsTakenAgain)
     }
     const QRect freed = forms[1]->geometry();
     forms[1]->Restore();
-    forms[1]->Minimize();
+    forms[1]->ToggleMinimize();
     EXPECT_EQ(forms[1]->geometry(), freed);
 }
 
@@ -161,7 +161,7 @@ TEST(ChildForm, ADoubleClickOnTheMinimizedStripRestoresIt)
 {
     Area stage;
     ChildForm* form = stage.Add(QStringLiteral("a"), QRect(20, 20, 300, 200));
-    form->Minimize();
+    form->ToggleMinimize();
     QTest::mouseDClick(form->Head().Label(), Qt::LeftButton);
     EXPECT_EQ(form->CurrentShape(), ChildForm::Shape::Normal);
     QTest::mouseDClick(form->Head().Label(), Qt::LeftButton);
@@ -172,7 +172,7 @@ TEST(ChildForm, MaximizingAMinimizedFormKeepsTheNormalPlace)
 {
     Area stage;
     ChildForm* form = stage.Add(QStringLiteral("a"), QRect(20, 20, 300, 200));
-    form->Minimize();
+    form->ToggleMinimize();
     form->Maximize();
     EXPECT_TRUE(form->Body()->isVisible());
     form->Restore();
@@ -302,9 +302,9 @@ TEST(ChildForm, MinimizingAMinimizedFormRestoresIt)
 {
     Area stage;
     ChildForm* form = stage.Add(QStringLiteral("Video List"), QRect(20, 30, 300, 200));
-    form->Minimize();
+    form->ToggleMinimize();
     ASSERT_EQ(form->CurrentShape(), ChildForm::Shape::Minimized);
-    form->Minimize();
+    form->ToggleMinimize();
     EXPECT_EQ(form->CurrentShape(), ChildForm::Shape::Normal);
     EXPECT_EQ(form->geometry(), QRect(20, 30, 300, 200));
     EXPECT_TRUE(form->Body()->isVisible());

@@ -28,6 +28,8 @@ public:
         }
         if (event->type() == QEvent::Move)
             log << QStringLiteral("Move");
+        if (event->type() == QEvent::Hide)
+            log << QStringLiteral("Hide");
         return QWidget::event(event);
     }
 };
@@ -146,6 +148,37 @@ TEST_F(SubclassTest, AHandledEventOfTheWindowSystemIsStopped)
     owner.act = [](bool, Owner::Call call) { call.bHandled = true; };
     window->move(80, 90);
     EXPECT_EQ(TakeLog(), QStringList { "before 71" });
+}
+
+TEST_F(SubclassTest, AHandledMessageOfAnEventStopsItAndStillLetsTheOwnerHaveTheNext)
+{
+    window->show();
+    hook.AddMsg(Message::ShowHide, cSubclass::BeforeAndAfter);
+    hook.AddMsg(Message::PositionChanged, cSubclass::BeforeAndAfter);
+    TakeLog();
+    window->hide();
+    EXPECT_EQ(TakeLog(), (QStringList { "before 24", "before 71", "Hide", "after 71", "after 24" }));
+    for (const qint32 handled : { Message::ShowHide, Message::PositionChanged }) {
+        owner.act = [handled](bool, Owner::Call call) { call.bHandled = call.uMsg == handled; };
+        window->show();
+        TakeLog();
+        window->hide();
+        EXPECT_EQ(TakeLog(), (QStringList { "before 24", "before 71" })) << handled;
+    }
+}
+
+TEST_F(SubclassTest, AChangedMessageOfAnEventStillLetsTheOwnerHaveTheNext)
+{
+    window->show();
+    hook.AddMsg(Message::ShowHide, cSubclass::Before);
+    hook.AddMsg(Message::PositionChanged, cSubclass::Before);
+    TakeLog();
+    owner.act = [](bool, Owner::Call call) {
+        if (call.uMsg == Message::ShowHide)
+            call.uMsg = 900;
+    };
+    window->hide();
+    EXPECT_EQ(TakeLog(), (QStringList { "before 24", "900 0 0", "before 71" }));
 }
 
 TEST_F(SubclassTest, TheAfterCallSeesAndMaySetTheResult)

@@ -4,6 +4,7 @@
 #include "toolkit/FrameDrag.h"
 #include "toolkit/LayeredWindow.h"
 #include "toolkit/SizeGrip.h"
+#include "toolkit/Style.h"
 #include "toolkit/TitleStrip.h"
 
 #include <QMdiArea>
@@ -243,6 +244,18 @@ TEST_F(ShadowTest, ItIsAwayDuringAMoveOrASizingWhenAskedAndThenStandsAnew)
     }
 }
 
+TEST_F(ShadowTest, AFormThatIsHiddenInADragLeavesNoShadowBehind)
+{
+    shadow->SetHideMove(true);
+    form->show();
+    WindowMessage::Send(*form, Message::Moving);
+    form->hide();
+    WindowMessage::Send(*form, Message::EndOfSizeOrMove);
+    EXPECT_TRUE(IsHidden());
+    form->show();
+    EXPECT_TRUE(IsShown());
+}
+
 TEST_F(ShadowTest, WithoutAskingItFollowsEveryStepOfADrag)
 {
     form->show();
@@ -284,6 +297,93 @@ TEST_F(ShadowTest, APlatformThatLosesItsMeansLosesTheShadowUntilTheyAreBack)
     EXPECT_TRUE(IsShown());
     EXPECT_EQ(Right()->geometry(), QRect(130, 50, 10, 80));
     EXPECT_EQ(Right()->Picture().size(), QSize(10, 80));
+}
+
+TEST_F(ShadowTest, ADragIsOverWhenThePlatformLosesItsMeans)
+{
+    shadow->SetHideMove(true);
+    form->show();
+    WindowMessage::Send(*form, Message::Moving);
+    platform = {};
+    WindowMessage::Send(*form, Message::DisplayChange);
+    WindowMessage::Send(*form, Message::EndOfSizeOrMove);
+    platform.children = true;
+    WindowMessage::Send(*form, Message::DisplayChange);
+    form->move(50, 60);
+    EXPECT_TRUE(IsShown());
+    EXPECT_EQ(Right()->pos(), QPoint(150, 70));
+}
+
+TEST_F(ShadowTest, WhereTheFormCameToWithoutMeansItsShadowStandsAfterADrag)
+{
+    shadow->SetHideMove(true);
+    form->show();
+    platform = {};
+    WindowMessage::Send(*form, Message::DisplayChange);
+    form->move(30, 40);
+    platform.children = true;
+    WindowMessage::Send(*form, Message::DisplayChange);
+    WindowMessage::Send(*form, Message::Moving);
+    WindowMessage::Send(*form, Message::EndOfSizeOrMove);
+    EXPECT_TRUE(IsShown());
+    EXPECT_EQ(Right()->geometry(), QRect(130, 50, 10, 80));
+}
+
+TEST_F(ShadowTest, ARestoredSizeShowsItUnlessTheFormIsHiddenOrDragged)
+{
+    const WindowPosition hiding { form, nullptr, 10, 20, 100, 80, WindowPosition::Hiding };
+    const auto isShownBy = [&](SizeKind kind) {
+        WindowMessage::Send(*form, Message::PositionChanged, 0, qintptr(&hiding));
+        EXPECT_TRUE(IsHidden());
+        WindowMessage::Send(*form, Message::Size, qintptr(kind));
+        return IsShown();
+    };
+    EXPECT_FALSE(isShownBy(SizeKind::Restored));
+    form->show();
+    EXPECT_FALSE(isShownBy(SizeKind::Minimized));
+    EXPECT_FALSE(isShownBy(SizeKind::Maximized));
+    EXPECT_TRUE(isShownBy(SizeKind::Restored));
+    shadow->SetHideMove(true);
+    WindowMessage::Send(*form, Message::Moving);
+    WindowMessage::Send(*form, Message::Size, qintptr(SizeKind::Restored));
+    EXPECT_TRUE(IsHidden());
+}
+
+TEST_F(ShadowTest, AThemeIsFollowedOnlyOnceThePlatformHasThemes)
+{
+    platform.themes = false;
+    auto* const plain = new Plain(Qt::green, host.get());
+    const ucShadow* const its = Shade(plain);
+    EXPECT_FALSE(its->IsXP());
+    platform.roundCorners = true;
+    WindowMessage::Send(*plain, Message::ThemeChange);
+    EXPECT_FALSE(its->IsLuna());
+    platform.themes = true;
+    WindowMessage::Send(*plain, Message::DisplayChange);
+    EXPECT_TRUE(its->IsXP() && its->IsLuna());
+    platform.roundCorners = false;
+    WindowMessage::Send(*plain, Message::ThemeChange);
+    EXPECT_FALSE(its->IsLuna());
+}
+
+TEST_F(ShadowTest, ItsWindowsClassesBearTheFormsNumber)
+{
+    shadow->SetFadeIn(true);
+    form->show();
+    const QString number = QString::number(quintptr(form.data()));
+    EXPECT_EQ(Right()->objectName(), number + QStringLiteral("ShadowCls"));
+    EXPECT_EQ(Bottom()->objectName(), number + QStringLiteral("ShadowCls"));
+    EXPECT_EQ(Fade()->objectName(), number + QStringLiteral("FadeCls"));
+}
+
+TEST_F(ShadowTest, ASystemColourIsTheStylesWhenItIsSet)
+{
+    shadow->SetSoftShadow(false);
+    shadow->SetTransparency(255);
+    shadow->SetColor(0x8000000F);
+    EXPECT_EQ(shadow->Color(), 0x8000000Fu);
+    form->show();
+    EXPECT_EQ(host->grab().toImage().pixelColor(115, 60), StyleColor(Token::Control));
 }
 
 TEST_F(ShadowTest, AFormThatComesIntoAnotherParentTakesItsShadowAlong)
@@ -331,6 +431,25 @@ TEST_F(ShadowTest, TheOffscreenPlatformHasNoMeans)
 {
     const Compositing offscreen = SystemCompositing();
     EXPECT_FALSE(offscreen.windows || offscreen.children || offscreen.themes || offscreen.roundCorners);
+}
+
+TEST(Compositing, NeedsAScreenOfSixteenBitsThatIsSeen)
+{
+    EXPECT_TRUE(CompositingOf({ "xcb", 16 }).children);
+    EXPECT_TRUE(CompositingOf({ "wayland", 24 }).children);
+    EXPECT_TRUE(CompositingOf({ "wayland-egl", 32 }).children);
+    for (const PlatformFacts& lacking : { PlatformFacts { "xcb", 15, true }, PlatformFacts { "xcb", 0, true },
+             PlatformFacts { "offscreen", 32 } }) {
+        const Compositing means = CompositingOf(lacking);
+        EXPECT_FALSE(means.windows || means.children || means.themes || means.roundCorners);
+    }
+}
+
+TEST(Compositing, WindowsOfTheirOwnNeedAManagerThatLetsThemBePlaced)
+{
+    EXPECT_TRUE(CompositingOf({ "xcb", 24, true }).windows);
+    EXPECT_FALSE(CompositingOf({ "xcb", 24, false }).windows);
+    EXPECT_FALSE(CompositingOf({ "wayland", 24, true }).windows);
 }
 
 TEST_F(ShadowTest, ThePlatformsWordOnThemesIsTold)
@@ -432,13 +551,36 @@ TEST_F(ShadowTest, FadeOutThatDoesNotWaitReturnsAtOnce)
     EXPECT_TRUE(WaitFor(ends));
 }
 
-TEST_F(ShadowTest, AFormThatNobodySeesDoesNotFade)
+TEST_F(ShadowTest, AFormThatNobodySeesHasFadedAtOnce)
 {
     QSignalSpy ends(shadow, &ucShadow::FadedOut);
-    shadow->FadeOut(1'000'000);
+    EXPECT_TRUE(shadow->FadeOut(1'000'000));
+    EXPECT_EQ(ends.size(), 1);
     form->show();
     host->hide();
-    shadow->FadeOut(1'000'000);
+    EXPECT_TRUE(shadow->FadeOut(1'000'000));
+    EXPECT_EQ(ends.size(), 2);
+    host->show();
+    EXPECT_FALSE(form->isVisible());
+}
+
+TEST_F(ShadowTest, AFormMayGoWhenItHasFaded)
+{
+    for (const bool isSeen : { true, false }) {
+        auto* const mortal = new Plain(Qt::green, host.get());
+        ucShadow* const its = Shade(mortal);
+        mortal->setVisible(isSeen);
+        QObject::connect(its, &ucShadow::FadedOut, host.get(), [mortal] { delete mortal; });
+        EXPECT_FALSE(its->FadeOut(20)) << isSeen;
+    }
+}
+
+TEST_F(ShadowTest, AFormThatDoesNotFadeInIsThereAtOnce)
+{
+    QSignalSpy ends(shadow, &ucShadow::FadedIn);
+    form->show();
+    EXPECT_EQ(Fade(), nullptr);
+    EXPECT_EQ(host->grab().toImage().pixel(50, 50), qRgb(255, 0, 0));
     EXPECT_TRUE(ends.isEmpty());
 }
 
@@ -506,4 +648,22 @@ TEST_F(ShadowTest, ADragOfAChildFormTellsTheShadowItsStepsAndItsEnd)
         EXPECT_TRUE(strips[0]->isVisible());
         EXPECT_EQ(strips[0]->pos(), child->geometry().topRight() + QPoint(1, 10));
     }
+}
+
+TEST_F(ShadowTest, AMinimizedChildsStripCastsAShadowAndAMaximizedOnesFallsOutsideTheArea)
+{
+    auto* const child = new ChildForm(host.get());
+    child->setGeometry(150, 40, 200, 120);
+    Shade(child);
+    child->show();
+    const auto strips = Windows(host.get(), "ShadowCls").mid(2);
+    child->ToggleMinimize();
+    EXPECT_LT(child->height(), 60);
+    for (const ShadowStrip::Side side : { ShadowStrip::Right, ShadowStrip::Bottom }) {
+        EXPECT_TRUE(strips[side]->isVisible());
+        EXPECT_EQ(strips[side]->geometry(), ShadowStrip::Place(side, child->geometry(), 10));
+    }
+    child->Maximize();
+    for (const LayeredWindow* strip : strips)
+        EXPECT_FALSE(strip->geometry().intersects(host->rect()));
 }

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -160,6 +161,109 @@ TEST(StripButton, TheLeaveEventOfADisabledButtonLeavesItsCell)
     stage.TakePointerAwayUnseen();
     EXPECT_TRUE(QTest::qWaitFor([&] { return leaves.size() == 1; }));
     EXPECT_EQ(stage.button->ShownState(), StripControl::State::Disabled);
+}
+
+TEST(StripButton, ThePointerThatCameToADisabledButtonIsMissedToo)
+{
+    OnForm stage(new smallXPbuttons);
+    stage.button->setEnabled(false);
+    QSignalSpy leaves(stage.button, &StripControl::Leave);
+    stage.PutPointerInside();
+    EXPECT_EQ(stage.button->ShownState(), StripControl::State::Disabled);
+    stage.TakePointerAwayUnseen();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return leaves.size() == 1; }));
+    EXPECT_EQ(stage.button->ShownState(), StripControl::State::Disabled);
+}
+
+TEST(StripButton, TheFormIsToldOfTheLeavingBeforeTheRestCellReturns)
+{
+    OnForm stage(new smallXPbuttons);
+    QList<StripControl::State> seen;
+    QObject::connect(stage.button, &StripControl::Leave, &stage.form, [&] {
+        seen << stage.button->ShownState();
+        QEvent again(QEvent::Leave); // as when the handler lets events run
+        QCoreApplication::sendEvent(stage.button, &again);
+    });
+    stage.PutPointerInside();
+    stage.TakePointerAwayUnseen();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !seen.isEmpty(); }));
+    EXPECT_EQ(seen, QList { StripControl::State::Hover });
+    EXPECT_EQ(stage.button->ShownState(), StripControl::State::Rest);
+}
+
+TEST(StripButton, TheCellStandsWhenTheFormIsToldOfTheMouse)
+{
+    using State = StripControl::State;
+    OnForm stage(new smallXPbuttons);
+    StripButton* const button = stage.button;
+    QStringList told;
+    const auto note = [&](const char* event) {
+        constexpr const char* Names[] { "rest", "hover", "pressed", "disabled" };
+        told << QStringLiteral("%1 %2").arg(event, Names[static_cast<size_t>(button->ShownState())]);
+    };
+    QObject::connect(button, &StripControl::MouseMove, button, [&] { note("move"); });
+    QObject::connect(button, &StripControl::MouseDown, button, [&] { note("down"); });
+    QObject::connect(button, &StripControl::MouseUp, button, [&] { note("up"); });
+    QObject::connect(button, &StripControl::Click, button, [&] { note("click"); });
+    const auto move = [&](QPoint place, Qt::MouseButtons held) {
+        QMouseEvent event(QEvent::MouseMove, QPointF(place), button->mapToGlobal(QPointF(place)),
+            Qt::NoButton, held, Qt::NoModifier);
+        QCoreApplication::sendEvent(button, &event);
+    };
+    move({ 9, 9 }, Qt::NoButton);
+    QTest::mousePress(button, Qt::LeftButton);
+    move({ 8, 8 }, Qt::LeftButton);
+    move({ 60, 60 }, Qt::LeftButton);
+    move({ 9, 9 }, Qt::LeftButton);
+    QTest::mouseRelease(button, Qt::LeftButton);
+    EXPECT_EQ(told,
+        (QStringList { "move hover", "down pressed", "move pressed", "move hover", "move pressed", "up hover",
+            "click hover" }));
+    ASSERT_EQ(button->ShownState(), State::Hover);
+}
+
+TEST(StripButton, APressOfAnyMouseButtonShowsThePressedCellAndOnlyTheLeftOneClicks)
+{
+    OnForm stage(new smallXPbuttons);
+    QSignalSpy clicks(stage.button, &StripControl::Click);
+    for (const Qt::MouseButton other : { Qt::RightButton, Qt::MiddleButton }) {
+        QTest::mousePress(stage.button, other);
+        EXPECT_EQ(stage.button->ShownState(), StripControl::State::Pressed);
+        QTest::mouseRelease(stage.button, other);
+        EXPECT_NE(stage.button->ShownState(), StripControl::State::Pressed);
+    }
+    EXPECT_EQ(clicks.size(), 0);
+    QTest::mousePress(stage.button, Qt::LeftButton);
+    QTest::mouseClick(stage.button, Qt::RightButton);
+    EXPECT_EQ(stage.button->ShownState(), StripControl::State::Pressed);
+    EXPECT_EQ(clicks.size(), 0);
+    QTest::mouseRelease(stage.button, Qt::LeftButton);
+    EXPECT_EQ(clicks.size(), 1);
+}
+
+TEST(StripButton, AFormMayDeleteTheButtonInAnyOfItsEvents)
+{
+    using Control = StripControl;
+    const auto dies = [](auto event, const std::function<void(QWidget*)>& act) {
+        QWidget form;
+        form.resize(100, 100);
+        auto* const button = new smallXPbuttons(&form);
+        QObject::connect(button, event, &form, [button] { delete button; });
+        form.show();
+        act(button);
+        return form.findChildren<smallXPbuttons*>().isEmpty();
+    };
+    EXPECT_TRUE(dies(&Control::MouseDown, [](QWidget* of) { QTest::mousePress(of, Qt::LeftButton); }));
+    EXPECT_TRUE(dies(&Control::MouseUp, [](QWidget* of) { QTest::mouseRelease(of, Qt::LeftButton); }));
+    EXPECT_TRUE(dies(&Control::KeyDown, [](QWidget* of) { QTest::keyPress(of, Qt::Key_Space); }));
+    EXPECT_TRUE(dies(&Control::KeyUp, [](QWidget* of) { QTest::keyRelease(of, Qt::Key_A); }));
+    EXPECT_TRUE(dies(&Control::Leave, [](QWidget* of) {
+        QMouseEvent move(QEvent::MouseMove, QPointF(9, 9), of->mapToGlobal(QPointF(9, 9)), Qt::NoButton,
+            Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(of, &move);
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(of, &leave);
+    }));
 }
 
 TEST(StripButton, MouseAndKeysAreRelayedToTheForm)

@@ -49,3 +49,27 @@ TEST(TAQbutton, OneClickOfMouseOrKeyIsOneClick)
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_EQ(clicks.size(), 2);
 }
+
+TEST(TAQbutton, ANewOneIsEnabledWithoutCaptionOrPicture)
+{
+    const TAQbutton button;
+    EXPECT_TRUE(button.isEnabled());
+    EXPECT_EQ(button.Caption(), QString());
+    EXPECT_EQ(button.ShownFace(), Face::None);
+}
+
+TEST(TAQbutton, TheTimerFindsThatThePointerHasLeft)
+{
+    QWidget form;
+    form.resize(300, 200);
+    auto* button = new TAQbutton(&form);
+    button->setGeometry(50, 50, 80, 60);
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    QSignalSpy leaves(button, &StripControl::Leave);
+    QTest::mouseMove(button, button->rect().center());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return button->ShownLook() == ButtonLook::Hover; }));
+    QCursor::setPos(form.mapToGlobal(QPoint(250, 150)));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return leaves.size() == 1; }));
+    EXPECT_EQ(button->ShownLook(), ButtonLook::Rest);
+}
