@@ -207,7 +207,7 @@ TEST_F(MainTest, TheFirstRunWritesNoKeyAndTheSecondIsSilent)
 {
     EXPECT_FALSE(QFileInfo::exists(state.Settings.FilePath()));
     EXPECT_EQ(Find("VideoWindow"), nullptr);
-    const Main second(FrameParts { state, clipboard, dialogs, errors, documents, {} });
+    const Main second(PartsOf(*this, {}));
     EXPECT_FALSE(QFileInfo::exists(state.Settings.FilePath()));
 }
 

@@ -3,6 +3,7 @@
 #include "toolkit/Style.h"
 
 #include <QAccessible>
+#include <QMdiSubWindow>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
@@ -210,6 +211,16 @@ TEST_F(ButtonXPTest, AClickFollowsAWebLinkByNavigationAndAMailByTheSystem)
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_EQ(links.opened, QStringList { QStringLiteral("open mailto:a@example.org") });
     EXPECT_EQ(links.owner, &form);
+}
+
+TEST_F(ButtonXPTest, AMailIsOpenedForTheFormThatShowsTheLink)
+{
+    QMdiSubWindow child(&form);
+    button->setParent(&child);
+    button->Set(&P::URL, QStringLiteral("mailto:a@example.org"));
+    button->GoToURL();
+    EXPECT_EQ(links.owner, &child);
+    button->setParent(&form);
 }
 
 TEST_F(ButtonXPTest, WithoutALinkNothingIsOpened)

@@ -1,45 +1,26 @@
 #include "video/URLfrm.h"
-#include "tests/testing/FakeFrame.h"
+#include "tests/video/VideoFixture.h"
 #include "toolkit/FrameDrag.h"
 #include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
 #include "toolkit/TAQbutton.h"
 #include "toolkit/TitleStrip.h"
-#include "video/Transport.h"
-#include "video/TransportPane.h"
-#include "video/VideoWindow.h"
 
 #include <QLineEdit>
 #include <QTest>
-#include <gtest/gtest.h>
 
 namespace {
 
 const QString Holiday = QStringLiteral("http://example.org/holiday.mpg");
 const QString Winter = QStringLiteral("http://example.org/winter.mpg");
 
-class OneVideoFrame : public FakeFrame {
-public:
-    ltmmPlay& CurrentPlayer() override { return *own; }
-    FakePlayer* own = nullptr;
-};
-
-class URLfrmTest : public testing::Test {
+class URLfrmTest : public VideoFixture {
 protected:
-    OneVideoFrame frame;
-    ApplicationState& state = frame.state;
-    TransportPane pane;
-    FakePlayer spare;
-    std::unique_ptr<Transport> transport;
-    std::unique_ptr<VideoWindow> window;
     std::unique_ptr<URLfrm> form;
 
     void SetUp() override
     {
-        frame.own = &spare;
-        transport = std::make_unique<Transport>(pane, frame, [] {});
-        window = std::make_unique<VideoWindow>(
-            frame, *transport, [this](QWidget* parent) { return frame.own = new FakePlayer(parent); });
+        VideoFixture::SetUp();
         Begin();
     }
     void Begin()
@@ -231,7 +212,7 @@ TEST_F(URLfrmTest, APressOnThePanelMovesTheForm)
 
 TEST_F(URLfrmTest, AVideoWindowThatIsGoneIsAFailure)
 {
-    window.reset();
+    delete window;
     frame.own = &spare;
     ExpectFailure();
     Download(Holiday);
