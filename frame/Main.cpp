@@ -102,6 +102,11 @@ void Main::ShowStatus(StatusLabel label, bool visible)
     labels_[size_t(label)]->setVisible(visible);
 }
 
+void Main::RepaintStatus(StatusLabel label)
+{
+    labels_[size_t(label)]->repaint();
+}
+
 void Main::EnableCommand(Command command, bool enabled)
 {
     if (CommandTable[size_t(command)].isBuilt)

@@ -61,6 +61,7 @@ public:
     void SendToBack(QWidget* form) override;
     void SetStatus(StatusLabel label, const QString& text) override;
     void ShowStatus(StatusLabel label, bool visible) override;
+    void RepaintStatus(StatusLabel label) override;
     void EnableCommand(Command command, bool enabled) override;
     bool IsCommandEnabled(Command command) const override;
     void SetEnabled(bool enabled) override;

@@ -43,6 +43,10 @@ public:
     void SendToBack(QWidget*) override { log << QStringLiteral("SendToBack"); }
     void SetStatus(StatusLabel label, const QString& text) override { status[label] = text; }
     void ShowStatus(StatusLabel label, bool visible) override { statusShown[label] = visible; }
+    void RepaintStatus(StatusLabel label) override
+    {
+        log << QStringLiteral("Repaint ") + status.value(label);
+    }
     void EnableCommand(Command command, bool on) override { enabled[command] = on; }
     bool IsCommandEnabled(Command command) const override { return enabled.value(command); }
     void SetEnabled(bool on) override

@@ -1,4 +1,6 @@
 #include "video/URLfrm.h"
+#include "app/Hourglass.h"
+#include "tests/testing/PaintCount.h"
 #include "tests/video/VideoFixture.h"
 #include "toolkit/FrameDrag.h"
 #include "toolkit/PositionSlider.h"
@@ -85,6 +87,37 @@ TEST_F(URLfrmTest, ADownloadReachesThePlayerAndEndsTheForm)
     EXPECT_TRUE(frame.statusShown.value(StatusLabel::Operation));
     EXPECT_TRUE(pane.Cmd2[PlayButton]->isEnabled());
     EXPECT_EQ(window->size(), QSize(640 + 10, 360 + 33));
+}
+
+TEST_F(URLfrmTest, TheHourglassComesWhenTheVideoBeforeIsGoneAndStaysUntilTheFormIs)
+{
+    QStringList seen;
+    Player().whenAsked = [&](const char* call) {
+        seen << QLatin1String(call) + (CurrentPointer() == Pointer::ArrowWithHourglass ? u'+' : u'-');
+    };
+    Download(Holiday);
+    EXPECT_EQ(seen, QStringList({ "Stop-", "ResetSource-", "SetSourceFile+" }));
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+}
+
+TEST_F(URLfrmTest, AFailureIsToldUnderTheNormalPointer)
+{
+    Player().refused = Holiday;
+    ExpectFailure();
+    Pointer whileTold = Pointer::Busy;
+    frame.errors.whileShown = [&] { whileTold = CurrentPointer(); };
+    Download(Holiday);
+    EXPECT_EQ(whileTold, Pointer::Normal);
+}
+
+TEST_F(URLfrmTest, TheCaptionAndTheNameOfTheVideoAreOnTheScreenAtOnce)
+{
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    PaintCount name(window->Head());
+    Download(QStringLiteral("http://example.org/films\\snow.mpg"));
+    EXPECT_GT(name.count, 0);
+    EXPECT_TRUE(frame.log.contains(QStringLiteral("Repaint Downloading Video")));
 }
 
 TEST_F(URLfrmTest, EnterDownloads)
