@@ -7,9 +7,8 @@
 #include <QMdiSubWindow>
 
 #include <algorithm>
-#include <variant>
-
 #include <sys/stat.h>
+#include <variant>
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include "base/Rows.h"
 
 #include <QString>
+
 #include <array>
 
 /// The settings keys. Their texts, whose mixed spelling is part of the stored data, stand in the table below.

@@ -95,7 +95,7 @@ void Main::CloseActiveForm()
 void Main::CloseAllWindows()
 {
     const Hourglass waiting;
-    if (quickShots_)
+    if (state_.QuickShotsOpen)
         SendToBack(quickShots_);
     // Whatever child is active goes, a video in front of the captures too.
     while (state_.KidCount > 0 && HasCaptures()) {

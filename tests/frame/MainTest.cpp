@@ -20,6 +20,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QUrl>
+
 #include <algorithm>
 
 namespace {

@@ -1,4 +1,5 @@
 #include "video/URLfrm.h"
+
 #include "app/Hourglass.h"
 #include "tests/testing/PaintCount.h"
 #include "tests/video/VideoFixture.h"
@@ -98,6 +99,23 @@ TEST_F(URLfrmTest, TheHourglassComesWhenTheVideoBeforeIsGoneAndStaysUntilTheForm
     Download(Holiday);
     EXPECT_EQ(seen, QStringList({ "Stop-", "ResetSource-", "SetSourceFile+" }));
     EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+}
+
+TEST_F(URLfrmTest, TheCaptionAndTheCancelButtonSpeakOfTheDownloadOnlyWhenTheVideoIsThere)
+{
+    QString caption = QStringLiteral("none");
+    bool isCancelOpen = true;
+    Player().whenAsked = [&](const char* call) {
+        if (qstrcmp(call, "SetSourceFile") != 0)
+            return;
+        caption = Status(StatusLabel::Operation);
+        isCancelOpen = frame.enabled.value(Command::Cancel);
+    };
+    Download(Holiday);
+    EXPECT_EQ(caption, QString());
+    EXPECT_FALSE(isCancelOpen);
+    EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("Downloading Video"));
+    EXPECT_TRUE(frame.enabled.value(Command::Cancel));
 }
 
 TEST_F(URLfrmTest, AFailureIsToldUnderTheNormalPointer)

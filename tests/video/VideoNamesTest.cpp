@@ -1,4 +1,5 @@
 #include "video/VideoNames.h"
+
 #include "app/ApplicationState.h"
 
 #include <QTemporaryDir>

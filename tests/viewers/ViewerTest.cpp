@@ -1,10 +1,12 @@
 #include "viewers/Viewer.h"
+
 #include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
 #include "toolkit/TitleStrip.h"
 
 #include <QDir>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {
