@@ -15,6 +15,13 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Each form that fades holds a picture of itself.
+constexpr int MostFadesBeside = 8;
+
+} // namespace
+
 QWidget* Main::ActiveForm()
 {
     return area_->currentSubWindow();
@@ -98,12 +105,14 @@ void Main::CloseAllWindows()
     if (state_.QuickShotsOpen)
         SendToBack(quickShots_);
     // Whatever child is active goes, a video in front of the captures too.
-    while (state_.KidCount > 0 && HasCaptures()) {
+    for (int fades = 0; state_.KidCount > 0 && HasCaptures(); ++fades) {
         const QPointer<QWidget> form = ActiveForm();
         // The last capture waits for the end of its fade, and with it for those of the others.
         const bool isLast = state_.KidCount == 1 && qobject_cast<Viewer*>(form);
-        if (form && !isLast)
+        if (form && !isLast && fades < MostFadesBeside)
             BeginFadeAtClosing(*form, state_);
+        else if (form && !isLast)
+            form->hide();
         const bool isClosed = form && form->close();
         if (!isClosed || form == ActiveForm()) // the last is one that is on its way out already
             break;

@@ -202,6 +202,18 @@ TEST_F(ClosingTest, AllWindowsFadeTogetherWhenAllAreClosed)
     EXPECT_TRUE(All<Viewer>().isEmpty());
 }
 
+TEST_F(ClosingTest, OfManyWindowsClosedTogetherOnlySomeFade)
+{
+    for (int i = 0; i < 12; ++i)
+        Click("Cmds(8)");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !IsFading(); }, 10'000));
+    qsizetype together = 0;
+    WhenHidden lastOne(*All<Viewer>().first(), [&] { together = Fading(); });
+    CloseAll();
+    EXPECT_EQ(together, 8 + 1);
+    EXPECT_EQ(state.KidCount, 0);
+}
+
 TEST_F(ClosingTest, AVideoInFrontGoesWithTheCapturesWhenAllAreClosed)
 {
     Capture();
