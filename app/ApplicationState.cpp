@@ -7,9 +7,8 @@
 #include <QMdiSubWindow>
 
 #include <algorithm>
-#include <variant>
-
 #include <sys/stat.h>
+#include <variant>
 
 namespace {
 
@@ -96,7 +95,7 @@ const Variable& VariableOf(Key key)
 
 QString NameOf(Key key)
 {
-    return QString::fromUtf16(Row(key).name);
+    return QLatin1String(Row(key).name);
 }
 
 bool IsForm(const QWidget* widget)
@@ -132,8 +131,8 @@ void ApplicationState::LoadApplicationState(QWidget& frame)
 
 void ApplicationState::MakeFolders() const
 {
-    for (const char16_t* name : { u"AutoSave", u"AutoFrame", u"WallPaper", u"Help" })
-        ::mkdir(FileName::ToBytes(Beside(QString::fromUtf16(name))).constData(), 0777);
+    for (const char* name : { "AutoSave", "AutoFrame", "WallPaper", "Help" })
+        ::mkdir(FileName::ToBytes(Beside(QLatin1String(name))).constData(), 0777);
 }
 
 void ApplicationState::ApplyToolTips(QWidget& form) const

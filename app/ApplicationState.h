@@ -3,10 +3,12 @@
 #include "app/CRegSettings.h"
 #include "app/SettingsKeys.h"
 #include "desktop/Dib.h"
+
 #include <QImage>
 #include <QPointer>
 #include <QStringList>
 #include <QWidget>
+
 #include <deque>
 #include <vector>
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+
 #include <stdexcept>
 
 /// A control (player, picture, printer) could not do what it was asked; what() says why in the program's

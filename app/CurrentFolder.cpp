@@ -4,7 +4,6 @@
 #include "desktop/FileName.h"
 
 #include <filesystem>
-
 #include <unistd.h>
 
 QString CurrentFolder()

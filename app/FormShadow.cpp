@@ -7,9 +7,14 @@ namespace {
 
 constexpr int ClosingTime = 400; // milliseconds
 
+ucShadow* FoundOn(const QWidget& form)
+{
+    return form.findChild<ucShadow*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
 ucShadow& ShadowOf(const QWidget& form)
 {
-    auto* shadow = form.findChild<ucShadow*>(QString(), Qt::FindDirectChildrenOnly);
+    ucShadow* const shadow = FoundOn(form);
     Q_ASSERT(shadow);
     return *shadow;
 }
@@ -33,4 +38,11 @@ void DropShadow(QWidget& form, const ApplicationState& state)
 bool FadeAtClosing(QWidget& form, const ApplicationState& state)
 {
     return !state.FadeOuts || ShadowOf(form).FadeOut(ClosingTime);
+}
+
+void BeginFadeAtClosing(const QWidget& form, const ApplicationState& state)
+{
+    ucShadow* const shadow = FoundOn(form);
+    if (shadow && state.FadeOuts)
+        shadow->FadeOut(ClosingTime, false);
 }

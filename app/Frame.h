@@ -65,6 +65,8 @@ public:
 
     virtual void SetStatus(StatusLabel label, const QString& text) = 0;
     virtual void ShowStatus(StatusLabel label, bool visible) = 0;
+    /// Puts a label's text on the screen at once, for a step that lets no events through.
+    virtual void RepaintStatus(StatusLabel label) = 0;
     virtual void EnableCommand(Command command, bool enabled) = 0;
     virtual bool IsCommandEnabled(Command command) const = 0;
     /// Enabled of the commands that need a video: Stretch, FitToWindow, DefaultSize, Capture.

@@ -2,6 +2,7 @@
 
 #include "app/ControlError.h"
 #include "imaging/PictureView.h"
+
 #include <QImage>
 #include <QWidget>
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+
 #include <optional>
 
 /// Values as the texts of the settings store: "True" and "False", decimal numbers with a point, whatever the

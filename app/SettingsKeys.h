@@ -3,6 +3,7 @@
 #include "base/Rows.h"
 
 #include <QString>
+
 #include <array>
 
 /// The settings keys. Their texts, whose mixed spelling is part of the stored data, stand in the table below.
@@ -64,7 +65,7 @@ enum class Reader { StartUp, Options, AutoRun, Capture, Tools, Visual };
 
 struct OtherDefault {
     Reader reader;
-    const char16_t* text;
+    const char* text;
 };
 
 /// What a default is relative to.
@@ -72,63 +73,63 @@ enum class Base { None, ApplicationFolder };
 
 struct SettingsKey {
     Key key;
-    const char16_t* name;
+    const char* name;
     Kind kind;
-    const char16_t* text; ///< the default
+    const char* text; ///< the default
     Base base = Base::None;
     std::array<OtherDefault, 3>
         others = {}; ///< readers whose default is another; ends at the first without a text
 };
 
 inline constexpr std::array<SettingsKey, size_t(Key::Count)> SettingsKeys = { {
-    { Key::FadeOuts, u"FadeOuts", Kind::Boolean, u"True" },
-    { Key::VidWinOnly, u"VidWinOnly", Kind::Boolean, u"False" },
-    { Key::SpecialFolder, u"SpecialFolder", Kind::Boolean, u"False" },
-    { Key::AutoSave, u"AutoSave", Kind::Boolean, u"False" },
-    { Key::OldFolder, u"OldFolder", Kind::String, u"AutoSave", Base::ApplicationFolder },
-    { Key::AutoDir, u"AutoDir", Kind::Boolean, u"False" },
-    { Key::AutoCapture, u"AutoCapture", Kind::Boolean, u"False" },
-    { Key::CaptureTime, u"CaptureTime", Kind::Boolean, u"False" },
-    { Key::UsersCaptureTime, u"UsersCaptureTime", Kind::Integer, u"10", Base::None,
-        { { { Reader::AutoRun, u"1000" } } } },
-    { Key::AutoFrame, u"AutoFrame", Kind::Boolean, u"False" },
-    { Key::AutoNumber, u"AutoNumber", Kind::Integer, u"10" },
-    { Key::Ext, u"Ext", Kind::String, u".bmp" },
-    { Key::SetFocusYES, u"SetFocusYES", Kind::Boolean, u"False" },
-    { Key::NoCap, u"NoCap", Kind::Boolean, u"False" },
-    { Key::VidSave, u"VidSave", Kind::Boolean, u"False" },
-    { Key::NoWin, u"NoWin", Kind::Boolean, u"False" },
-    { Key::LoadVid, u"LoadVid", Kind::Boolean, u"False" },
-    { Key::HighQ, u"HighQ", Kind::Boolean, u"True" },
-    { Key::BW, u"BW", Kind::Boolean, u"False" },
-    { Key::PPosition, u"PPosition", Kind::Integer, u"4" },
-    { Key::NameFull, u"NameFull", Kind::Boolean, u"False" },
-    { Key::OpThumb, u"OpThumb", Kind::Integer, u"0", Base::None,
-        { { { Reader::Capture, u"1" }, { Reader::Tools, u"1" }, { Reader::Visual, u"1" } } } },
-    { Key::OpPic, u"OpPic", Kind::Integer, u"0" },
-    { Key::PicFolder, u"PicFolder", Kind::String, u"WallPaper/wpaper.jpg", Base::ApplicationFolder },
-    { Key::OpenVidList, u"OpenVidList", Kind::Boolean, u"True" },
-    { Key::OldDir, u"OldDir", Kind::String, u"" },
-    { Key::OldFolder2, u"OldFolder2", Kind::String, u"AutoSave", Base::ApplicationFolder },
-    { Key::ToolTip, u"ToolTip", Kind::Boolean, u"True" },
-    { Key::PositionX, u"PositionX", Kind::Float, u"40" },
-    { Key::PositionY, u"PositionY", Kind::Float, u"40" },
-    { Key::SFontSize, u"SFontSize", Kind::Float, u"10" },
-    { Key::SFontBold, u"SFontBold", Kind::Boolean, u"False" },
-    { Key::SFontName, u"SFontName", Kind::String, u"Arial" },
-    { Key::SFontItalic, u"SFontItalic", Kind::Boolean, u"False" },
-    { Key::sFontColor, u"sFontColor", Kind::Long, u"0" },
-    { Key::sFontText, u"sFontText", Kind::String, u"This text is using the Arial font." },
-    { Key::UseWatermark, u"UseWatermark", Kind::Boolean, u"False" },
-    { Key::WatermarkBATCH, u"WatermarkBATCH", Kind::Boolean, u"False" },
-    { Key::TextShadowPosX, u"TextShadowPosX", Kind::Integer, u"2" },
-    { Key::TextShadowPosY, u"TextShadowPosY", Kind::Integer, u"3" },
-    { Key::WatermarkTextStyle, u"WatermarkTextStyle", Kind::Integer, u"0" },
-    { Key::sFontWatermarkTextAngle, u"sFontWatermarkTextAngle", Kind::Integer, u"0" },
-    { Key::sFontShadowColor, u"sFontShadowColor", Kind::Long, u"0" },
-    { Key::sFontBorderColor, u"sFontBorderColor", Kind::Long, u"0" },
-    { Key::UseShadows, u"UseShadows", Kind::Boolean, u"False" },
-    { Key::WordWrap, u"WordWrap", Kind::Boolean, u"False" },
+    { Key::FadeOuts, "FadeOuts", Kind::Boolean, "True" },
+    { Key::VidWinOnly, "VidWinOnly", Kind::Boolean, "False" },
+    { Key::SpecialFolder, "SpecialFolder", Kind::Boolean, "False" },
+    { Key::AutoSave, "AutoSave", Kind::Boolean, "False" },
+    { Key::OldFolder, "OldFolder", Kind::String, "AutoSave", Base::ApplicationFolder },
+    { Key::AutoDir, "AutoDir", Kind::Boolean, "False" },
+    { Key::AutoCapture, "AutoCapture", Kind::Boolean, "False" },
+    { Key::CaptureTime, "CaptureTime", Kind::Boolean, "False" },
+    { Key::UsersCaptureTime, "UsersCaptureTime", Kind::Integer, "10", Base::None,
+        { { { Reader::AutoRun, "1000" } } } },
+    { Key::AutoFrame, "AutoFrame", Kind::Boolean, "False" },
+    { Key::AutoNumber, "AutoNumber", Kind::Integer, "10" },
+    { Key::Ext, "Ext", Kind::String, ".bmp" },
+    { Key::SetFocusYES, "SetFocusYES", Kind::Boolean, "False" },
+    { Key::NoCap, "NoCap", Kind::Boolean, "False" },
+    { Key::VidSave, "VidSave", Kind::Boolean, "False" },
+    { Key::NoWin, "NoWin", Kind::Boolean, "False" },
+    { Key::LoadVid, "LoadVid", Kind::Boolean, "False" },
+    { Key::HighQ, "HighQ", Kind::Boolean, "True" },
+    { Key::BW, "BW", Kind::Boolean, "False" },
+    { Key::PPosition, "PPosition", Kind::Integer, "4" },
+    { Key::NameFull, "NameFull", Kind::Boolean, "False" },
+    { Key::OpThumb, "OpThumb", Kind::Integer, "0", Base::None,
+        { { { Reader::Capture, "1" }, { Reader::Tools, "1" }, { Reader::Visual, "1" } } } },
+    { Key::OpPic, "OpPic", Kind::Integer, "0" },
+    { Key::PicFolder, "PicFolder", Kind::String, "WallPaper/wpaper.jpg", Base::ApplicationFolder },
+    { Key::OpenVidList, "OpenVidList", Kind::Boolean, "True" },
+    { Key::OldDir, "OldDir", Kind::String, "" },
+    { Key::OldFolder2, "OldFolder2", Kind::String, "AutoSave", Base::ApplicationFolder },
+    { Key::ToolTip, "ToolTip", Kind::Boolean, "True" },
+    { Key::PositionX, "PositionX", Kind::Float, "40" },
+    { Key::PositionY, "PositionY", Kind::Float, "40" },
+    { Key::SFontSize, "SFontSize", Kind::Float, "10" },
+    { Key::SFontBold, "SFontBold", Kind::Boolean, "False" },
+    { Key::SFontName, "SFontName", Kind::String, "Arial" },
+    { Key::SFontItalic, "SFontItalic", Kind::Boolean, "False" },
+    { Key::sFontColor, "sFontColor", Kind::Long, "0" },
+    { Key::sFontText, "sFontText", Kind::String, "This text is using the Arial font." },
+    { Key::UseWatermark, "UseWatermark", Kind::Boolean, "False" },
+    { Key::WatermarkBATCH, "WatermarkBATCH", Kind::Boolean, "False" },
+    { Key::TextShadowPosX, "TextShadowPosX", Kind::Integer, "2" },
+    { Key::TextShadowPosY, "TextShadowPosY", Kind::Integer, "3" },
+    { Key::WatermarkTextStyle, "WatermarkTextStyle", Kind::Integer, "0" },
+    { Key::sFontWatermarkTextAngle, "sFontWatermarkTextAngle", Kind::Integer, "0" },
+    { Key::sFontShadowColor, "sFontShadowColor", Kind::Long, "0" },
+    { Key::sFontBorderColor, "sFontBorderColor", Kind::Long, "0" },
+    { Key::UseShadows, "UseShadows", Kind::Boolean, "False" },
+    { Key::WordWrap, "WordWrap", Kind::Boolean, "False" },
 } };
 
 static_assert(IsOneRowEach(SettingsKeys, &SettingsKey::key, size_t(Key::Count)));

@@ -26,19 +26,19 @@ constexpr Rule Rules[] = {
 };
 
 struct FilterRow {
-    const char16_t* name;
-    const char16_t* pattern;
+    const char* name;
+    const char* pattern;
 };
 
 constexpr FilterRow Filters[] = {
-    { u"Graphic Files", u"*.bmp;*.jpg;*.tga;*.gif;*.tif;*.png;*.psd" },
-    { u"BMP Files", u"*.bmp" },
-    { u"JPEG Files", u"*.jpg" },
-    { u"TGA Files", u"*.tga" },
-    { u"GIF Files", u"*.gif" },
-    { u"TIF Files", u"*.tif" },
-    { u"PNG Files", u"*.png" },
-    { u"PSD Files", u"*.psd" },
+    { "Graphic Files", "*.bmp;*.jpg;*.tga;*.gif;*.tif;*.png;*.psd" },
+    { "BMP Files", "*.bmp" },
+    { "JPEG Files", "*.jpg" },
+    { "TGA Files", "*.tga" },
+    { "GIF Files", "*.gif" },
+    { "TIF Files", "*.tif" },
+    { "PNG Files", "*.png" },
+    { "PSD Files", "*.psd" },
 };
 
 } // namespace
@@ -61,8 +61,8 @@ QString SaveFilter()
 {
     QStringList parts;
     for (const FilterRow& row : Filters) {
-        const QString pattern = QString::fromUtf16(row.pattern);
-        parts << QString::fromUtf16(row.name) + QStringLiteral(" (") + pattern + u')' << pattern;
+        const QString pattern = QLatin1String(row.pattern);
+        parts << QLatin1String(row.name) + QStringLiteral(" (") + pattern + u')' << pattern;
     }
     return parts.join(u'|');
 }

@@ -5,6 +5,7 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET libavformat libavcodec libavutil libswscale libswresample
     libavfilter)
 pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
-set_target_properties(PkgConfig::PULSE PROPERTIES INTERFACE_COMPILE_OPTIONS "") # macros of its own would part from the precompiled headers
+# Macros of its own would part from the precompiled headers.
+set_target_properties(PkgConfig::PULSE PROPERTIES INTERFACE_COMPILE_OPTIONS "")
 pkg_check_modules(GRAPHICSMAGICK REQUIRED IMPORTED_TARGET GraphicsMagick++)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/Dib.h"
+
 #include <QImage>
 
 class QWidget;

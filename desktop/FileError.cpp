@@ -3,6 +3,7 @@
 #include "desktop/FileName.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 
@@ -44,7 +45,9 @@ constexpr const char* NotOpened = "%1 could not be opened: %2";
     const auto* row = std::ranges::find(Reasons, error, &Reason::error);
     if (row != std::end(Reasons))
         Fail(sentence, path, row->cause, QString::fromUtf8(row->text));
-    Fail(sentence, path, Cause::Other, QString::fromLocal8Bit(std::strerror(error)) + QLatin1Char('.'));
+    std::array<char, 128> text {};
+    const char* const why = strerror_r(error, text.data(), text.size()); // threads save at the same time
+    Fail(sentence, path, Cause::Other, QString::fromLocal8Bit(why) + QLatin1Char('.'));
 }
 
 } // namespace

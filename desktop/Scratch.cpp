@@ -225,7 +225,10 @@ bool Scratch::RemoveEmptyFile()
 
 bool Scratch::TakeFreeName()
 {
-    return TakeName() || (RemoveEmptyFile() && TakeName());
+    if (!TakeName() && !(RemoveEmptyFile() && TakeName()))
+        return false;
+    FlushFolder();
+    return true;
 }
 
 void Scratch::ReplaceName()
@@ -238,6 +241,13 @@ void Scratch::ReplaceName()
     }
     Check(renameat(place_.Folder(), neighbour_.constData(), place_.Folder(), place_.Name()));
     neighbour_.clear();
+    FlushFolder();
+}
+
+/// Until the folder itself is on the disk, a loss of power can take the name back. Some file systems know no
+/// such flush.
+void Scratch::FlushFolder() const
+{
     if (fsync(place_.Folder()) != 0 && errno != EINVAL)
         place_.Fail(errno);
 }

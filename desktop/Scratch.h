@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/Descriptor.h"
+#include "base/Descriptor.h"
 #include "desktop/WholeFile.h"
 
 #include <sys/stat.h>
@@ -50,6 +50,7 @@ private:
     bool TakeName();
     bool ReserveName();
     bool RemoveEmptyFile();
+    void FlushFolder() const;
     void Check(int result) const;
     bool Refused() const;
 

@@ -13,8 +13,9 @@ bool FileHasContent(const QString& path);
 
 /// The one road of bytes to and from the disk. A name never holds half a file: the bytes stand in an unnamed
 /// or neighbouring temporary file, counted and flushed, before they get their name. A failure throws
-/// FileError, leaves what stood there and no stray file. Paths are texts of FileName; safe to call from
-/// several threads and processes. Relies on SIGXFSZ being ignored, or a file-size limit ends the process.
+/// FileError, leaves what stood there and no stray file; when it is only the folder that cannot be flushed,
+/// the whole new file stands there already. Paths are texts of FileName; safe to call from several threads
+/// and processes. Relies on SIGXFSZ being ignored, or a file-size limit ends the process.
 namespace WholeFile {
 
 /// One stretch of bytes, and the stretches of a file in their order.

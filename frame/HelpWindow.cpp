@@ -15,12 +15,22 @@ namespace {
 
 constexpr qint64 LongestGuide = 1 << 20; // bytes
 constexpr QSize StartSize(720, 640);
+constexpr QSize LeastSize(320, 200);
 constexpr int Margin = 16;
 
 QString GuideStyle()
 {
     return QStringLiteral("a { color: %1; } td, th { padding: 2px 16px 2px 0; } th { text-align: left; }")
         .arg(StyleColor(Token::Accent).name());
+}
+
+/// A window's place, moved and shrunk so that all of it stands in the area; never below the least size.
+QRect Inside(const QRect& area, QRect place)
+{
+    place.setSize(place.size().boundedTo(area.size()).expandedTo(LeastSize));
+    place.moveLeft(std::max(area.left(), std::min(place.left(), area.right() - place.width() + 1)));
+    place.moveTop(std::max(area.top(), std::min(place.top(), area.bottom() - place.height() + 1)));
+    return place;
 }
 
 } // namespace
@@ -32,14 +42,21 @@ HelpWindow::HelpWindow(const QString& guide, Documents& documents)
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setAttribute(Qt::WA_DeleteOnClose);
     SetTitle(QStringLiteral("Help"));
+    setMinimumSize(LeastSize);
+    connect(this, &ChildForm::ShapeChanged, this, [this] {
+        if (CurrentShape() == Shape::Normal)
+            ComeBack();
+    });
     Build();
     text_->document()->setDefaultStyleSheet(GuideStyle());
     text_->setHtml(QString::fromUtf8(WholeFile::Read(guide, LongestGuide)));
     connect(text_, &QTextBrowser::anchorClicked, this, [this, &documents](const QUrl& link) {
+        const bool isOfTheWeb =
+            link.scheme() == QLatin1String("http") || link.scheme() == QLatin1String("https");
         if (link.isRelative())
             text_->scrollToAnchor(link.fragment());
-        else
-            documents.Open(link.toString());
+        else if (isOfTheWeb)
+            documents.Open(link.toString(QUrl::FullyEncoded));
     });
 }
 
@@ -63,13 +80,17 @@ void HelpWindow::Build()
 
 void HelpWindow::PlaceOver(const QWidget& frame)
 {
-    const QRect screen = frame.screen()->availableGeometry();
-    resize(StartSize.boundedTo(screen.size()));
-    QRect place(QPoint(), size());
+    const QRect area = frame.screen()->availableGeometry();
+    QRect place(QPoint(), StartSize);
     place.moveCenter(frame.geometry().center());
-    place.moveLeft(std::clamp(place.left(), screen.left(), screen.right() - place.width() + 1));
-    place.moveTop(std::clamp(place.top(), screen.top(), screen.bottom() - place.height() + 1));
-    setGeometry(place);
+    setGeometry(Inside(area, place));
+}
+
+void HelpWindow::ComeBack()
+{
+    const QRect place = normalGeometry();
+    if (const QRect reachable = Inside(screen()->availableGeometry(), place); reachable != place)
+        setGeometry(reachable);
 }
 
 bool HelpWindow::IsGuide(const QString& document)

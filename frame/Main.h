@@ -29,6 +29,7 @@ class TitleStrip;
 class Transport;
 class TransportPane;
 class VideoList;
+enum class KeyAction;
 
 /// What the frame stands on, made by main and outliving it.
 struct FrameParts {
@@ -60,6 +61,7 @@ public:
     void SendToBack(QWidget* form) override;
     void SetStatus(StatusLabel label, const QString& text) override;
     void ShowStatus(StatusLabel label, bool visible) override;
+    void RepaintStatus(StatusLabel label) override;
     void EnableCommand(Command command, bool enabled) override;
     bool IsCommandEnabled(Command command) const override;
     void SetEnabled(bool enabled) override;
@@ -75,8 +77,9 @@ public:
         std::function<void(int)> chosen) override;
     void PumpEvents() override;
 
-    /// Asks for videos and opens them, whatever window asks.
-    void OpenVideos();
+    /// Asks for videos and opens them, whatever window asks. The open stays in progress when nothing is
+    /// chosen.
+    void OpenVideoNow_Click();
     /// Brings a capture window to the top by its place in the kid table.
     void MakeKidActive(int index);
     /// Opens a document: a guide in the help window, anything else by the desktop. False when it is missing
@@ -100,7 +103,6 @@ private:
     void BuildArea(QVBoxLayout* column);
     void BuildFoot(QVBoxLayout* column);
     void Bind();
-    void BindKeys();
     void StartTimers();
 
     VideoWindow& CurrentVideo();
@@ -109,6 +111,8 @@ private:
     bool AskForVideos();
     void OpenSelection();
     void OpenFromVideoWindow();
+    /// The commands for a video that did not come by OpenVideo; the settings may keep Capture closed.
+    void OpenCommands();
     /// Opens what the list or its buttons chose; a video window in sight keeps its place.
     void OpenListed();
     /// Shows a child in front in whatever shape it has.
@@ -124,6 +128,9 @@ private:
     void ShowVideoList();
     void ShowVideoListIfVideo();
     void CloseVideoList();
+    void ActOnKey(KeyAction action);
+    /// Presses a command that opens a box.
+    void Ask(Command command);
     void CopyActiveCapture();
     void CloseActiveForm();
     void CloseAllWindows();
@@ -144,15 +151,15 @@ private:
     PlayerFactory makePlayer_;
     KidTable kids_;
 
-    TitleStrip* topBack_ = nullptr;
-    StripButton* menu_ = nullptr;
+    TitleStrip* TopBack = nullptr;
+    StripButton* Image3 = nullptr;
     StripButton* maximize_ = nullptr;
-    StripButton* front1_ = nullptr;
+    StripButton* front1 = nullptr;
     std::array<TAQbutton*, size_t(Command::Count)> Cmds {};
     QWidget* commands_ = nullptr;
     QMdiArea* area_ = nullptr;
     EmptyState* emptyState_ = nullptr;
-    TransportPane* bottomPane_ = nullptr;
+    TransportPane* BottomPane = nullptr;
     Transport* transport_ = nullptr;
     std::array<QLabel*, size_t(StatusLabel::Count)> labels_ {};
     FrameDrag* drag_ = nullptr;

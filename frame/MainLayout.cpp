@@ -71,39 +71,39 @@ void Main::Build()
     thumbHold_->setObjectName(QStringLiteral("ThumbHold"));
     thumbHold_->hide();
     new PaneKeys(*this,
-        { [this] { return topBack_; }, [this] { return commands_; },
+        { [this] { return TopBack; }, [this] { return commands_; },
             [this]() -> QWidget* {
                 QMdiSubWindow* const child = area_->currentSubWindow();
                 return child ? child : static_cast<QWidget*>(emptyState_);
             },
-            [this] { return bottomPane_; } });
+            [this] { return BottomPane; } });
     emptyState_->setFocus();
 }
 
 void Main::BuildHead(QVBoxLayout* column)
 {
-    topBack_ = new TitleStrip(this);
-    topBack_->setObjectName(QStringLiteral("TopBack"));
-    topBack_->SetTitle(QStringLiteral("TAQ Video Capture Pro"));
-    menu_ = MakeHeadButton<xptopbuttons>("Image3", Face::Menu, "Menu", topBack_);
-    topBack_->AddLeading(menu_);
-    front1_ = MakeHeadButton<Front>("front1", Face::BringToFront, "Bring video to front", topBack_);
-    auto* help = MakeHeadButton<xphelp>("xphelp1", Face::Help, "Help", topBack_);
-    auto* minimize = MakeHeadButton<xptopbuttons>("ToolBarPic(2)", Face::Minimize, "Minimize", topBack_);
-    maximize_ = MakeHeadButton<xptopbuttons>("ToolBarPic(1)", Face::None, "Maximize or restore", topBack_);
+    TopBack = new TitleStrip(this);
+    TopBack->setObjectName(QStringLiteral("TopBack"));
+    TopBack->SetTitle(QStringLiteral("TAQ Video Capture Pro"));
+    Image3 = MakeHeadButton<xptopbuttons>("Image3", Face::Menu, "Menu", TopBack);
+    TopBack->AddLeading(Image3);
+    front1 = MakeHeadButton<Front>("front1", Face::BringToFront, "Bring video to front", TopBack);
+    auto* help = MakeHeadButton<xphelp>("xphelp1", Face::Help, "Help", TopBack);
+    auto* minimize = MakeHeadButton<xptopbuttons>("ToolBarPic(2)", Face::Minimize, "Minimize", TopBack);
+    maximize_ = MakeHeadButton<xptopbuttons>("ToolBarPic(1)", Face::None, "Maximize or restore", TopBack);
     maximize_->SetValue(WindowButton::Maximize);
-    auto* close = MakeHeadButton<xptopbuttons>("ToolBarPic(0)", Face::Close, "Close", topBack_);
-    for (StripButton* button : { front1_, static_cast<StripButton*>(help),
-             static_cast<StripButton*>(minimize), maximize_, static_cast<StripButton*>(close) })
-        topBack_->AddButton(button);
-    front1_->hide();
-    connect(menu_, &StripButton::Click, this, &Main::ShowPopup);
-    connect(front1_, &StripButton::Click, this, [this] { AddChild(&CurrentVideo()); });
+    auto* close = MakeHeadButton<xptopbuttons>("ToolBarPic(0)", Face::Close, "Close", TopBack);
+    for (StripButton* button : { front1, static_cast<StripButton*>(help), static_cast<StripButton*>(minimize),
+             maximize_, static_cast<StripButton*>(close) })
+        TopBack->AddButton(button);
+    front1->hide();
+    connect(Image3, &StripButton::Click, this, &Main::ShowPopup);
+    connect(front1, &StripButton::Click, this, [this] { AddChild(&CurrentVideo()); });
     connect(help, &StripButton::Click, this, &Main::OpenHelp);
     connect(minimize, &StripButton::Click, this, &QWidget::showMinimized);
     connect(maximize_, &StripButton::Click, this, &Main::ToggleMaximized);
     connect(close, &StripButton::Click, this, &QWidget::close);
-    column->addWidget(topBack_);
+    column->addWidget(TopBack);
 }
 
 void Main::BuildCommands(QVBoxLayout* column)
@@ -152,8 +152,8 @@ void Main::BuildArea(QVBoxLayout* column)
 
 void Main::BuildFoot(QVBoxLayout* column)
 {
-    bottomPane_ = new TransportPane(this);
-    column->addWidget(bottomPane_);
+    BottomPane = new TransportPane(this);
+    column->addWidget(BottomPane);
     auto* foot = new QWidget(this);
     foot->setObjectName(QStringLiteral("VideoSoftElastic3"));
     foot->setMinimumHeight(FootHeight);

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QObject>
+
 #include <functional>
 
 class QWidget;

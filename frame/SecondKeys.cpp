@@ -8,10 +8,25 @@
 #include <algorithm>
 #include <array>
 
-SecondKeys::SecondKeys(QWidget& frame, std::vector<Row> rows)
+namespace {
+
+const KeyRow* RowOf(const QKeyEvent& event)
+{
+    // Some layouts have the comma or the period above another sign, and need Shift to type it.
+    const bool isShifted = event.key() == Qt::Key_Comma || event.key() == Qt::Key_Period;
+    const Qt::KeyboardModifiers meaningless =
+        isShifted ? Qt::KeypadModifier | Qt::ShiftModifier : Qt::KeyboardModifiers(Qt::KeypadModifier);
+    const QKeyCombination key(event.modifiers() & ~meaningless, Qt::Key(event.key()));
+    const auto* row = std::ranges::find(KeyTable, key, &KeyRow::key);
+    return row == std::end(KeyTable) ? nullptr : row;
+}
+
+} // namespace
+
+SecondKeys::SecondKeys(QWidget& frame, std::function<void(KeyAction)> act)
     : QObject(&frame)
     , frame_(frame)
-    , rows_(std::move(rows))
+    , act_(std::move(act))
 {
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -21,24 +36,13 @@ bool SecondKeys::eventFilter(QObject* watched, QEvent* event)
     if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
         return false;
     const auto& pressed = static_cast<const QKeyEvent&>(*event);
-    const Row* const row = RowOf(pressed);
+    const KeyRow* const row = RowOf(pressed);
     const auto& widget = static_cast<const QWidget&>(*watched);
     if (!row || !IsOurs(widget) || BelongsToControl(widget, row->key))
         return false;
-    if (row->repeat == Repeat::WhileHeld || !pressed.isAutoRepeat())
-        row->act();
+    if (row->repeat == KeyRow::WhileHeld || !pressed.isAutoRepeat())
+        act_(row->action);
     return true;
-}
-
-const SecondKeys::Row* SecondKeys::RowOf(const QKeyEvent& event) const
-{
-    // Some layouts have the comma or the period above another sign, and need Shift to type it.
-    const bool isShifted = event.key() == Qt::Key_Comma || event.key() == Qt::Key_Period;
-    const Qt::KeyboardModifiers meaningless =
-        isShifted ? Qt::KeypadModifier | Qt::ShiftModifier : Qt::KeyboardModifiers(Qt::KeypadModifier);
-    const QKeyCombination key(event.modifiers() & ~meaningless, Qt::Key(event.key()));
-    const auto row = std::ranges::find(rows_, key, &Row::key);
-    return row == rows_.end() ? nullptr : &*row;
 }
 
 /// A full-screen player is a window of its own, but still a part of the frame.

@@ -3,6 +3,7 @@
 #include "media/LibraryTalk.h"
 #include "media/PictureCache.h"
 #include "media/PictureDecoder.h"
+
 #include <algorithm>
 #include <climits>
 
@@ -12,7 +13,15 @@ namespace {
 
 constexpr auto IndexAtOpen = std::chrono::milliseconds(100);
 
-} // namespace
+/// A share of the pictures that the cache has room for.
+struct Share {
+    int part;
+    int of;
+    int Of(int room) const { return room * part / of; }
+};
+constexpr Share DecodedAhead { 1, 4 };
+constexpr Share KeptBehindPlay { 5, 8 }; ///< leaves room for what is decoded ahead
+constexpr Share KeptBehindStep { 7, 8 };
 
 /// Serves from the cache what is there, decodes what is not, and keeps what is likely to be asked for.
 class CachingServer final : public FrameServer {
@@ -29,7 +38,7 @@ public:
     int NumberAt(double seconds) const override { return index_.Times().NumberAt(seconds); }
     Picture Get(int number, Purpose purpose) override;
     bool Prepare(int number, Interrupt::Clock::time_point until) override;
-    int Reserve() const override { return Room() / 4; }
+    int Reserve() const override { return DecodedAhead.Of(Room()); }
     void Walk(const std::vector<int>& numbers, const std::function<bool(const Picture&)>& take) override;
     Picture Cached(int number) const override { return cache_.Find(number); }
 
@@ -64,21 +73,6 @@ CachingServer::CachingServer(const Source& source, Interrupt& interrupt, const L
     const auto until = Interrupt::Clock::now() + IndexAtOpen;
     while (!index_.IsComplete() && Interrupt::Clock::now() < until)
         index_.Extend();
-}
-
-std::unique_ptr<FrameServer> FrameServer::Open(
-    const Source& source, Interrupt& interrupt, const Limits& limits)
-{
-    LibraryTalk::Silence();
-    LibraryTalk::Forget();
-    try {
-        return std::make_unique<CachingServer>(source, interrupt, limits);
-    } catch (const MediaError& error) {
-        const bool cannotShow = error.failure == Failure::Damaged || error.failure == Failure::NotAVideo;
-        if (cannotShow && LibraryTalk::ToldOfHugePicture())
-            throw MediaError(Failure::TooLarge, error.what());
-        throw;
-    }
 }
 
 void CachingServer::ExtendIndex(int frames)
@@ -117,7 +111,7 @@ bool CachingServer::Prepare(int number, Interrupt::Clock::time_point until)
     if (!Cached(number).IsNull())
         return true;
     const Picture picture =
-        decoder_.Approach({ .number = number, .keepFrom = number - Room() * 5 / 8 }, until);
+        decoder_.Approach({ .number = number, .keepFrom = number - KeptBehindPlay.Of(Room()) }, until);
     if (!picture.IsNull())
         cache_.Put(picture);
     return !picture.IsNull();
@@ -171,7 +165,24 @@ Goal CachingServer::GoalFor(int number, Purpose purpose) const
     case Purpose::Step:
         break;
     }
-    return { .number = number, .keepFrom = number - Room() * 7 / 8 };
+    return { .number = number, .keepFrom = number - KeptBehindStep.Of(Room()) };
+}
+
+} // namespace
+
+std::unique_ptr<FrameServer> FrameServer::Open(
+    const Source& source, Interrupt& interrupt, const Limits& limits)
+{
+    LibraryTalk::Silence();
+    LibraryTalk::Forget();
+    try {
+        return std::make_unique<CachingServer>(source, interrupt, limits);
+    } catch (const MediaError& error) {
+        const bool cannotShow = error.failure == Failure::Damaged || error.failure == Failure::NotAVideo;
+        if (cannotShow && LibraryTalk::ToldOfHugePicture())
+            throw MediaError(Failure::TooLarge, error.what());
+        throw;
+    }
 }
 
 } // namespace media

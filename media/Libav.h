@@ -52,4 +52,11 @@ private:
     AVDictionary* entries_ = nullptr;
 };
 
+/// Lets the library ask, while it waits, whether to give up: it does when due.IsDue().
+template <typename Due> AVIOInterruptCB EndedBy(const Due& due)
+{
+    return { [](void* asked) { return int(static_cast<const Due*>(asked)->IsDue()); },
+        const_cast<Due*>(&due) };
+}
+
 } // namespace media

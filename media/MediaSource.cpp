@@ -100,7 +100,7 @@ void MediaSource::OpenAnew()
     if (source_.kind == Source::Kind::Memory)
         OpenMemory(*format);
     Options options;
-    SetNetworkOptions(options, source_.kind);
+    KeepToProtocols(options, source_.kind);
     options.Set("format_whitelist", AllowedFormats(source_.kind).constData());
     if (const int error = avformat_open_input(&format, address_.constData(), nullptr, options.Address());
         error < 0)
@@ -114,8 +114,7 @@ void MediaSource::OpenAnew()
 
 void MediaSource::Configure(AVFormatContext& format)
 {
-    const auto isDue = [](void* self) { return int(static_cast<const MediaSource*>(self)->IsDue()); };
-    format.interrupt_callback = { isDue, this };
+    format.interrupt_callback = EndedBy(*this);
     format.probesize = 5'000'000;
     format.max_analyze_duration = int64_t(5) * AV_TIME_BASE;
     format.max_streams = int(MaxStreams);

@@ -46,9 +46,10 @@ public:
     int64_t Start() const { return format_->start_time == AV_NOPTS_VALUE ? 0 : format_->start_time; }
     /// A bare stream without container and time stamps, whose packets lie one after the other.
     bool IsBareStream() const;
+    /// Whether what the library is doing must end: the interrupt is due, or the opening takes too long.
+    bool IsDue() const;
 
 private:
-    bool IsDue() const;
     void Open();
     void OpenAnew();
     void Configure(AVFormatContext& format);

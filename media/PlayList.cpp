@@ -4,6 +4,7 @@
 #include "media/SourceCheck.h"
 
 #include <QRegularExpression>
+#include <QUrl>
 
 #include <algorithm>
 #include <utility>
@@ -18,11 +19,6 @@ struct CloseStream {
     void operator()(AVIOContext* stream) const { avio_closep(&stream); }
 };
 
-int IsDue(void* interrupt)
-{
-    return static_cast<const Interrupt*>(interrupt)->IsDue();
-}
-
 bool IsList(const Source& source)
 {
     switch (source.kind) {
@@ -36,18 +32,12 @@ bool IsList(const Source& source)
     return false;
 }
 
-bool IsWeb(const QByteArray& reference)
-{
-    const QByteArray start = reference.left(8).toLower();
-    return start.startsWith("http://") || start.startsWith("https://");
-}
-
 /// The list's bytes, through the library, whose lists of protocols and time-outs hold for it as for a video.
 QByteArray ListBytes(const Source& source, Interrupt& interrupt)
 {
-    const AVIOInterruptCB callback { IsDue, &interrupt };
+    const AVIOInterruptCB callback = EndedBy(interrupt);
     Options options;
-    SetNetworkOptions(options, source.kind);
+    KeepToProtocols(options, source.kind);
     AVIOContext* opened = nullptr;
     const QByteArray address = CheckedAddress(source);
     if (const int error =
@@ -62,13 +52,46 @@ QByteArray ListBytes(const Source& source, Interrupt& interrupt)
     return bytes.left(std::max(count, 0));
 }
 
-QByteArray WithoutEntities(QByteArray text)
+/// The character that an entity names, in UTF-8: "amp", "#38", "#x26". Empty for an unknown one.
+QByteArray CharacterOf(const QString& entity)
 {
-    constexpr std::pair<const char*, const char*> entities[] { { "&quot;", "\"" }, { "&lt;", "<" },
-        { "&gt;", ">" }, { "&apos;", "'" }, { "&amp;", "&" } };
-    for (const auto& [entity, character] : entities)
-        text.replace(entity, character);
-    return text;
+    constexpr std::pair<const char*, const char*> named[] { { "quot", "\"" }, { "lt", "<" }, { "gt", ">" },
+        { "apos", "'" }, { "amp", "&" } };
+    for (const auto& [name, character] : named)
+        if (entity == QLatin1String(name))
+            return character;
+    const bool isHex = entity.startsWith(QLatin1String("#x"), Qt::CaseInsensitive);
+    const char32_t code =
+        entity.startsWith(u'#') ? entity.mid(isHex ? 2 : 1).toUInt(nullptr, isHex ? 16 : 10) : 0;
+    return code < U' ' || code > QChar::LastValidCodePoint ? QByteArray()
+                                                           : QString::fromUcs4(&code, 1).toUtf8();
+}
+
+/// In one pass, or what an entity stands for could be taken for the begin of another.
+QByteArray WithoutEntities(const QString& text)
+{
+    static const QRegularExpression entity(QStringLiteral("&(#?[0-9A-Za-z]+);"));
+    QByteArray plain;
+    qsizetype done = 0;
+    for (auto found = entity.globalMatch(text); found.hasNext();) {
+        const QRegularExpressionMatch match = found.next();
+        const QByteArray character = CharacterOf(match.captured(1));
+        const qsizetype end = character.isEmpty() ? match.capturedEnd() : match.capturedStart();
+        plain += QStringView(text).sliced(done, end - done).toLatin1() + character;
+        done = match.capturedEnd();
+    }
+    return plain + QStringView(text).sliced(done).toLatin1();
+}
+
+/// Lists were written where folders part at backslashes; an address that is whole stands as it was written.
+QByteArray Resolved(const Source& list, QByteArray reference)
+{
+    if (IsWebAddress(reference))
+        return reference;
+    reference.replace('\\', '/');
+    if (list.kind == Source::Kind::Address)
+        return QUrl::fromEncoded(list.data).resolved(QUrl::fromEncoded(reference)).toEncoded();
+    return reference.startsWith('/') ? reference : list.data.left(list.data.lastIndexOf('/') + 1) + reference;
 }
 
 } // namespace
@@ -82,7 +105,7 @@ QByteArray FirstReference(const QByteArray& list)
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::MultilineOption);
     const QString text = QString::fromLatin1(list);
     if (const auto found = mark.match(text); found.hasMatch())
-        return WithoutEntities(found.captured(found.lastCapturedIndex()).toLatin1().trimmed());
+        return WithoutEntities(found.captured(found.lastCapturedIndex()).trimmed());
     return line.match(text).captured(1).toLatin1();
 }
 
@@ -93,13 +116,15 @@ Source Followed(const Source& source, Interrupt& interrupt)
     const QByteArray reference = FirstReference(ListBytes(source, interrupt));
     if (reference.isEmpty())
         throw MediaError(Failure::NotAVideo, "a play list without a reference");
-    const bool isOfTheWeb = source.kind == Source::Kind::Address;
-    if (IsWeb(reference) != isOfTheWeb || (!isOfTheWeb && reference.contains("://")))
+    return ReferredTo(source, reference);
+}
+
+Source ReferredTo(const Source& list, const QByteArray& reference)
+{
+    Source first { list.kind, Resolved(list, reference) };
+    const bool isOfTheWeb = list.kind == Source::Kind::Address;
+    if (isOfTheWeb ? !IsWebAddress(first.data) : reference.contains("://"))
         throw MediaError(Failure::Refused, "the play list leads elsewhere");
-    Source first { source.kind,
-        isOfTheWeb || reference.startsWith('/')
-            ? reference
-            : source.data.left(source.data.lastIndexOf('/') + 1) + reference };
     if (IsList(first))
         throw MediaError(Failure::Refused, "a play list of play lists");
     return first;

@@ -1,6 +1,9 @@
 #include "media/QuickStill.h"
 
+#ifdef __x86_64__
+
 #include "media/CubicTaps.h"
+
 #include <algorithm>
 #include <immintrin.h>
 #include <vector>
@@ -258,3 +261,14 @@ void Write(const AVFrame& frame, const int* matrix, bool isFullRange, uint8_t* r
 }
 
 } // namespace media::QuickStill
+
+#else // the road is paved with the instructions of one kind of machine; on others no frame takes it
+
+bool media::QuickStill::CanTake(const AVFrame&, QSize)
+{
+    return false;
+}
+
+void media::QuickStill::Write(const AVFrame&, const int*, bool, uint8_t*, int) { }
+
+#endif

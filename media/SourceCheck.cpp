@@ -1,12 +1,16 @@
 #include "media/SourceCheck.h"
 
+#include "base/Descriptor.h"
 #include "media/Failure.h"
 #include "media/Libav.h"
+
 extern "C" {
 #include <libavutil/avstring.h>
 }
+
 #include <QDir>
 #include <QFile>
+
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
@@ -24,25 +28,10 @@ constexpr char ListsOfTheWeb[] = ",hls,aac,mp3";
 constexpr qsizetype LongestAddress = 8192;
 constexpr int ProbeBytes = 64 * 1024;
 
-/// An open file, closed with the object.
-class Descriptor {
-public:
-    explicit Descriptor(const QByteArray& path)
-        : fd_(open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY))
-    {
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor()
-    {
-        if (fd_ >= 0)
-            close(fd_);
-    }
-    int Number() const { return fd_; }
-
-private:
-    int fd_;
-};
+int OpenToRead(const QByteArray& path)
+{
+    return open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+}
 
 /// A pipe or a device may do something when it is opened, so the kind is looked at first.
 void CheckFile(const QByteArray& path)
@@ -54,8 +43,8 @@ void CheckFile(const QByteArray& path)
         throw ErrorOf(AVERROR(errno));
     if (!S_ISREG(facts.st_mode))
         throw MediaError(Failure::NotAFile, S_ISDIR(facts.st_mode) ? "a folder" : "a pipe or a device");
-    const Descriptor file(path);
-    if (file.Number() < 0 || fstat(file.Number(), &facts) != 0)
+    const Descriptor file(OpenToRead(path));
+    if (!file.IsOpen() || fstat(file.Number(), &facts) != 0)
         throw ErrorOf(AVERROR(errno));
     if (!S_ISREG(facts.st_mode))
         throw MediaError(Failure::NotAFile, "a pipe or a device");
@@ -65,11 +54,9 @@ void CheckFile(const QByteArray& path)
 
 void CheckWebAddress(const QByteArray& address)
 {
-    const QByteArray start = address.left(8).toLower();
-    const bool isWeb = start.startsWith("http://") || start.startsWith("https://");
     const bool isPlain =
         std::all_of(address.begin(), address.end(), [](char c) { return uchar(c) > ' ' && c != 127; });
-    if (!isWeb || !isPlain || address.size() > LongestAddress)
+    if (!IsWebAddress(address) || !isPlain || address.size() > LongestAddress)
         throw MediaError(Failure::Refused, "not a web address");
 }
 
@@ -82,9 +69,9 @@ QByteArray FirstBytes(const Source& source)
 {
     if (source.kind == Source::Kind::Memory)
         return source.data.left(ProbeBytes);
-    const Descriptor file(source.data);
+    const Descriptor file(OpenToRead(source.data));
     QByteArray bytes(ProbeBytes, '\0');
-    const ssize_t count = file.Number() < 0 ? 0 : pread(file.Number(), bytes.data(), size_t(bytes.size()), 0);
+    const ssize_t count = file.IsOpen() ? pread(file.Number(), bytes.data(), size_t(bytes.size()), 0) : 0;
     return bytes.left(std::max<ssize_t>(count, 0));
 }
 
@@ -103,6 +90,12 @@ const char* AllowedProtocols(Source::Kind kind)
 }
 
 } // namespace
+
+bool IsWebAddress(const QByteArray& address)
+{
+    const QByteArray start = address.left(8).toLower();
+    return start.startsWith("http://") || start.startsWith("https://");
+}
 
 QByteArray CheckedAddress(const Source& source)
 {
@@ -137,7 +130,7 @@ QByteArray AllowedFormats(Source::Kind kind)
     return kind == Source::Kind::Address ? QByteArray(Containers) + ListsOfTheWeb : QByteArray(Containers);
 }
 
-void SetNetworkOptions(Options& options, Source::Kind kind)
+void KeepToProtocols(Options& options, Source::Kind kind)
 {
     options.Set("protocol_whitelist", AllowedProtocols(kind));
     if (kind != Source::Kind::Address)

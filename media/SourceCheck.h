@@ -11,11 +11,15 @@ namespace media {
 /// https.
 QByteArray CheckedAddress(const Source& source);
 
+/// Whether an address begins as one of the web does: http:// or https://, in any case of letters.
+bool IsWebAddress(const QByteArray& address);
+
 /// Whether the first bytes of a file or a block look like one of the container formats that are opened.
 bool LooksLikeVideo(const Source& source);
 
 /// What keeps the library to the protocols of a source, and to their times on the web.
-void SetNetworkOptions(Options& options, Source::Kind kind);
+void KeepToProtocols(Options& options, Source::Kind kind);
 /// Names of the demuxers that may open a source, separated by commas.
 QByteArray AllowedFormats(Source::Kind kind);
+
 } // namespace media

@@ -1,6 +1,7 @@
 #include "toolkit/Button_XP.h"
 
 #include "toolkit/ButtonFacePaint.h"
+#include "toolkit/Form.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -137,7 +138,7 @@ void Button_XP::GoToURL()
 {
     const QString url = properties_.URL;
     if (url.startsWith(QLatin1String("mailto:")))
-        links_->OpenDocument(url, window());
+        links_->OpenDocument(url, FormOf(this));
     else if (!url.isEmpty())
         links_->NavigateTo(url);
 }

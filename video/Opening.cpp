@@ -45,7 +45,7 @@ void KeepVideos(ApplicationState& state)
     for (const QString& name : state.FileNames) {
         if (name.trimmed().isEmpty())
             continue;
-        state.NotVideo = !IsVideoName(name);
+        TestVideoExtension(state, name);
         if (!state.NotVideo)
             state.Videos[++state.VideoCount] = folder + PathText::Separator() + name;
         state.NotVideo = false;

@@ -105,14 +105,16 @@ void URLfrm::Download()
 
 void URLfrm::Load(const QString& address)
 {
-    const Hourglass waiting(Pointer::ArrowWithHourglass);
     if (!window_)
         throw ControlError(QStringLiteral("The video window is gone."));
+    window_->ResetPlayer();
+    const Hourglass waiting(Pointer::ArrowWithHourglass);
     window_->LoadAddress(address);
     frame_.State().LastAddress = edtURL->text();
     frame_.EnableCommand(Command::Cancel, true);
     frame_.SetStatus(StatusLabel::Operation, QStringLiteral("Downloading Video"));
     frame_.ShowStatus(StatusLabel::Operation, true);
+    frame_.RepaintStatus(StatusLabel::Operation);
     window_->ShowLoadedAddress();
     accept();
 }

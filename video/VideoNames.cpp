@@ -1,5 +1,6 @@
 #include "video/VideoNames.h"
 
+#include "app/ApplicationState.h"
 #include "toolkit/PathText.h"
 
 #include <algorithm>
@@ -10,12 +11,12 @@ QString VideoExtension(const QString& name)
     return name.right(4).toLower().trimmed();
 }
 
-bool IsVideoName(const QString& name)
+void TestVideoExtension(ApplicationState& state, const QString& name)
 {
-    static constexpr std::array Extensions { u"mpeg", u".mpg", u".avi", u".swf", u".mpa", u".wmv", u".asx" };
+    static constexpr std::array Extensions { "mpeg", ".mpg", ".avi", ".swf", ".mpa", ".wmv", ".asx" };
     const QString extension = VideoExtension(name);
-    return std::any_of(Extensions.begin(), Extensions.end(),
-        [&](const char16_t* known) { return extension == QStringView(known); });
+    state.NotVideo = std::ranges::none_of(
+        Extensions, [&](const char* known) { return extension == QLatin1String(known); });
 }
 
 VideoPathParts SplitVideoPath(const QString& path)

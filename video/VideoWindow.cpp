@@ -181,7 +181,6 @@ void VideoWindow::GiveSource()
 
 void VideoWindow::LoadAddress(const QString& address)
 {
-    ResetPlayer();
     const QPointer<VideoWindow> alive(this);
     ltmmPlay1->SetSourceFile(address);
     if (!alive || ltmmPlay1->SourceKind() == ltmmPlay::NoSource)
@@ -196,6 +195,7 @@ void VideoWindow::ShowLoadedAddress()
     transport_.EnableVideoControls(true, *ltmmPlay1);
     transport_.StartVideo();
     Head().SetTitle(FileName::Shown(frame_.State().VideoName));
+    Head().repaint();
     SizeAround(ltmmPlay1->VideoWidth(), ltmmPlay1->VideoHeight());
 }
 

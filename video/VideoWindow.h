@@ -23,7 +23,9 @@ public:
     /// Opens the selection in FileNames or, when FromList is set, the video that VideoPath names. Never
     /// plays. Reports no failure: without a video the transport is disabled.
     void OpenVideo();
-    /// Gives the player an address of the web. Throws ControlError when it cannot be opened.
+    /// Stops the player and takes its video away, in the size that every open begins with.
+    void ResetPlayer();
+    /// Gives the player, just reset, an address of the web. Throws ControlError when it cannot be opened.
     void LoadAddress(const QString& address);
     /// Title, size and transport for the address just loaded.
     void ShowLoadedAddress();
@@ -55,7 +57,6 @@ private:
     void BuildHead();
     void Bind();
     void BindPlayer();
-    void ResetPlayer();
     void GiveSource();
     /// Measures of the player in twips; the window keeps its room around it.
     void SizeAround(double width, double height);

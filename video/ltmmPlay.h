@@ -3,9 +3,11 @@
 #include "app/ControlError.h"
 #include "desktop/Dib.h"
 #include "desktop/FileName.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QWidget>
+
 #include <new>
 
 /// The player control: one video, shown in this widget, exact to the frame.

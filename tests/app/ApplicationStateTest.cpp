@@ -8,8 +8,8 @@
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
+#include <gtest/gtest.h>
 #include <type_traits>
 #include <variant>
 

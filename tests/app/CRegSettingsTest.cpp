@@ -8,13 +8,12 @@
 #include <QDir>
 #include <QLockFile>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 #include <csignal>
-#include <thread>
-
+#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <thread>
 
 namespace {
 

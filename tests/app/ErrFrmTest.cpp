@@ -1,4 +1,5 @@
 #include "app/ErrFrm.h"
+
 #include "app/ApplicationState.h"
 #include "app/ErrFrmBox.h"
 #include "app/Hourglass.h"
@@ -13,9 +14,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <gtest/gtest.h>
 
 #include <functional>
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -2,6 +2,7 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+
 #include <gtest/gtest.h>
 
 namespace {

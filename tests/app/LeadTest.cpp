@@ -4,6 +4,7 @@
 #include "imaging/FormatTable.h"
 #include "imaging/PictureFile.h"
 #include "tests/testing/FakeClipboard.h"
+#include "tests/testing/PaintCount.h"
 #include "tests/testing/SmallMemory.h"
 
 #include <QDir>
@@ -13,6 +14,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWheelEvent>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -431,20 +433,6 @@ TEST_F(LeadTest, FlagsAndModesHaveTheirNumbers)
     EXPECT_EQ(Lead::PasteTest, 16384);
     EXPECT_EQ(Lead::ScalePixels, 3);
 }
-
-/// Counts how often a widget is painted.
-class PaintCount : public QObject {
-public:
-    explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        count += event->type() == QEvent::Paint;
-        return false;
-    }
-};
 
 TEST_F(LeadTest, AChangeIsPaintedByItselfOnlyWithAutoRepaint)
 {

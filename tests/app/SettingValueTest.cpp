@@ -1,6 +1,7 @@
 #include "app/SettingValue.h"
 
 #include <QLocale>
+
 #include <gtest/gtest.h>
 #include <limits>
 

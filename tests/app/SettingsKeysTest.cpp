@@ -67,7 +67,7 @@ TEST(SettingsKeys, EveryKeyHasItsKindAndDefault)
     };
     ASSERT_EQ(std::size(expected), SettingsKeys.size());
     for (size_t i = 0; i < SettingsKeys.size(); ++i) {
-        EXPECT_EQ(QString::fromUtf16(SettingsKeys[i].name), QLatin1String(expected[i].name));
+        EXPECT_STREQ(SettingsKeys[i].name, expected[i].name);
         EXPECT_EQ(SettingsKeys[i].kind, expected[i].kind) << expected[i].name;
         EXPECT_EQ(Default(Key(i)), QLatin1String(expected[i].text)) << expected[i].name;
     }

@@ -1,6 +1,7 @@
 #include "app/SettingsText.h"
 
 #include <QStringList>
+
 #include <gtest/gtest.h>
 
 namespace {

@@ -2,6 +2,7 @@
 
 #include "desktop/FileName.h"
 #include "desktop/WholeFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+
 #include <gtest/gtest.h>
 
 namespace {

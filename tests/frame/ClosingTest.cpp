@@ -11,6 +11,27 @@
 
 namespace {
 
+/// Does something in the moment in which a widget is hidden, before any event is handled.
+class WhenHidden : public QObject {
+public:
+    WhenHidden(QWidget& widget, std::function<void()> act)
+        : act_(std::move(act))
+    {
+        widget.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Hide)
+            act_();
+        return false;
+    }
+
+private:
+    std::function<void()> act_;
+};
+
 class ClosingTest : public FrameFixture {
 protected:
     void SetUp() override
@@ -32,12 +53,19 @@ protected:
     {
         QTest::mouseClick(form->findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton);
     }
-    bool IsFading() const
+    /// How many forms fade now.
+    qsizetype Fading() const
     {
-        const auto windows = main->findChildren<LayeredWindow*>();
-        return std::any_of(windows.begin(), windows.end(), [](const LayeredWindow* window) {
+        return std::ranges::count_if(main->findChildren<LayeredWindow*>(), [](const LayeredWindow* window) {
             return window->isVisible() && window->objectName().endsWith(QLatin1String("FadeCls"));
         });
+    }
+    bool IsFading() const { return Fading() > 0; }
+    void CloseAll()
+    {
+        Click("Image3");
+        ASSERT_TRUE(QMetaObject::invokeMethod(
+            main->findChild<QWidget*>(QStringLiteral("Menus")), "Chosen", Q_ARG(int, 2)));
     }
     /// Does something once, when the form has been hidden to fade.
     void InTheFadeOf(QWidget* form, std::function<void()> act)
@@ -155,18 +183,50 @@ TEST_F(ClosingTest, AllWindowsMayBeClosedWhileOneOfThemFades)
 {
     for (int i = 0; i < 3; ++i)
         Capture();
-    const auto closeAll = [this] {
-        Click("Image3");
-        ASSERT_TRUE(QMetaObject::invokeMethod(
-            main->findChild<QWidget*>(QStringLiteral("Menus")), "Chosen", Q_ARG(int, 2)));
-    };
     Viewer* const viewer = All<Viewer>().first();
-    InTheFadeOf(viewer, closeAll);
+    InTheFadeOf(viewer, [this] { CloseAll(); });
     viewer->close();
     EXPECT_TRUE(inFade_);
     EXPECT_EQ(state.KidCount, 0);
     DeleteClosed();
     EXPECT_TRUE(All<Viewer>().isEmpty());
+}
+
+TEST_F(ClosingTest, AllWindowsFadeTogetherWhenAllAreClosed)
+{
+    for (int i = 0; i < 3; ++i)
+        Capture();
+    qsizetype together = 0;
+    WhenHidden lastOne(*All<Viewer>().first(), [&] { together = Fading(); });
+    CloseAll();
+    EXPECT_EQ(together, 3);
+    EXPECT_FALSE(IsFading());
+    EXPECT_EQ(state.KidCount, 0);
+    DeleteClosed();
+    EXPECT_TRUE(All<Viewer>().isEmpty());
+}
+
+TEST_F(ClosingTest, OfManyWindowsClosedTogetherOnlySomeFade)
+{
+    for (int i = 0; i < 12; ++i)
+        Click("Cmds(8)");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !IsFading(); }, 10'000));
+    qsizetype together = 0;
+    WhenHidden lastOne(*All<Viewer>().first(), [&] { together = Fading(); });
+    CloseAll();
+    EXPECT_EQ(together, 8 + 1);
+    EXPECT_EQ(state.KidCount, 0);
+}
+
+TEST_F(ClosingTest, AVideoInFrontGoesWithTheCapturesWhenAllAreClosed)
+{
+    Capture();
+    main->AddChild(All<VideoWindow>().first());
+    CloseAll();
+    EXPECT_EQ(state.KidCount, 0);
+    EXPECT_FALSE(state.VideoOpen);
+    DeleteClosed();
+    EXPECT_TRUE(All<ChildForm>().isEmpty());
 }
 
 TEST_F(ClosingTest, EachFormMayBeClosedWhileAnotherFades)

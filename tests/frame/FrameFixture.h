@@ -1,32 +1,22 @@
 #pragma once
 
-#include "app/ApplicationState.h"
-#include "frame/Main.h"
 #include "imaging/PictureFile.h"
-#include "tests/testing/FakeClipboard.h"
-#include "tests/testing/FakeDocuments.h"
+#include "tests/frame/PartsOf.h"
 #include "tests/testing/FakePlayer.h"
-#include "tests/testing/ScriptedTalk.h"
 
 #include <QDir>
 #include <QLabel>
-#include <QTemporaryDir>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 /// The real frame over faked neighbours, shown, in a folder of its own.
-class FrameFixture : public testing::Test {
+class FrameFixture : public testing::Test, protected FrameNeighbours {
 protected:
-    QTemporaryDir folder;
-    ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")) };
-    FakeClipboard clipboard;
-    ScriptedDialogs dialogs;
-    ScriptedErrors errors;
-    FakeDocuments documents;
     QPointer<FakePlayer> player;
     bool playersFailStills = false;
-    std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors,
-        documents, [this](QWidget* parent) { return MakePlayer(parent); } });
+    std::unique_ptr<Main> main =
+        std::make_unique<Main>(PartsOf(*this, [this](QWidget* parent) { return MakePlayer(parent); }));
 
     FakePlayer* MakePlayer(QWidget* parent)
     {

@@ -3,6 +3,7 @@
 #include "tests/testing/AccessFaults.h"
 
 #include <QFile>
+#include <QScreen>
 #include <QTextBrowser>
 #include <QUrl>
 
@@ -67,6 +68,34 @@ TEST_F(HelpTest, AnAddressInTheGuideGoesToTheDesktop)
     ASSERT_NE(Guide(), nullptr);
     Q_EMIT Guide()->anchorClicked(QUrl(QStringLiteral("https://example.org/")));
     EXPECT_EQ(documents.opened, QStringList(QStringLiteral("https://example.org/")));
+}
+
+TEST_F(HelpTest, NoOtherLinkOfTheGuideLeavesTheProgram)
+{
+    WriteGuide("<h1 id='walk'>Walk</h1>");
+    Click("xphelp1");
+    ASSERT_NE(Guide(), nullptr);
+    for (const char* link : { "file:///bin/sh", "mailto:a@example.org", "ftp://example.org/", "javascript:0",
+             "#walk", "other.html" })
+        Q_EMIT Guide()->anchorClicked(QUrl(QLatin1String(link)));
+    EXPECT_EQ(documents.opened, QStringList());
+}
+
+TEST_F(HelpTest, TheGuideKeepsALeastSizeAndComesBackOntoTheScreen)
+{
+    WriteGuide("<h1>Walk</h1>");
+    Click("xphelp1");
+    ASSERT_NE(Guide(), nullptr);
+    QWidget* const window = Guide()->window();
+    const QRect screen = window->screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(window->geometry()));
+    window->resize(1, 1);
+    EXPECT_EQ(window->size(), QSize(320, 200));
+    window->move(screen.bottomRight() + QPoint(50, 50));
+    window->showMinimized();
+    Click("xphelp1");
+    EXPECT_TRUE(screen.contains(window->geometry()));
+    EXPECT_EQ(window->size(), QSize(320, 200));
 }
 
 TEST_F(HelpTest, AnyOtherDocumentGoesToTheDesktopAndItsAnswerComesBack)

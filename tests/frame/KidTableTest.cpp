@@ -1,7 +1,9 @@
 #include "frame/KidTable.h"
+
 #include "app/ApplicationState.h"
 
 #include <QTemporaryDir>
+
 #include <algorithm>
 #include <gtest/gtest.h>
 

@@ -3,6 +3,7 @@
 #include "desktop/FileName.h"
 #include "tests/frame/FrameFixture.h"
 #include "tests/testing/AccessFaults.h"
+#include "tests/testing/PaintCount.h"
 #include "tests/testing/RunningDialog.h"
 #include "toolkit/SizeGrip.h"
 #include "toolkit/StripButton.h"
@@ -19,6 +20,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QUrl>
+
 #include <algorithm>
 
 namespace {
@@ -114,6 +116,40 @@ TEST_F(MainTest, OpensRevealsTheVideoWindowWithoutADialogWhenAsked)
     EXPECT_TRUE(IsEnabled(Command::Capture));
 }
 
+TEST_F(MainTest, OpensLeavesCaptureToTheSettingThatClosesIt)
+{
+    state.VidWinOnly = true;
+    state.NoCap = true;
+    Click("Opens");
+    EXPECT_FALSE(IsEnabled(Command::Capture));
+    EXPECT_TRUE(IsEnabled(Command::Save));
+    EXPECT_TRUE(IsEnabled(Command::Stretch));
+}
+
+TEST_F(MainTest, OpensLetsEventsThroughAtItsEndAndTheOpenCommandDoesNot)
+{
+    for (const auto& [button, lets] : { std::pair("Opens", true), { "Cmds(0)", false } }) {
+        bool isHandled = false;
+        dialogs.openNames.push(QString());
+        dialogs.whileShown = [&] {
+            QMetaObject::invokeMethod(
+                main.get(), [&] { isHandled = true; }, Qt::QueuedConnection);
+        };
+        Click(button);
+        EXPECT_EQ(isHandled, lets) << button;
+        QCoreApplication::processEvents();
+    }
+}
+
+TEST_F(MainTest, AStatusTextCanBePutOnTheScreenAtOnce)
+{
+    PaintCount label(*Find("LblMsg1(1)"));
+    main->SetStatus(StatusLabel::Position, QStringLiteral("now"));
+    EXPECT_EQ(label.count, 0);
+    main->RepaintStatus(StatusLabel::Position);
+    EXPECT_GT(label.count, 0);
+}
+
 TEST_F(MainTest, TheSizeButtonsSetTheDisplaySize)
 {
     OpenOne();
@@ -207,7 +243,7 @@ TEST_F(MainTest, TheFirstRunWritesNoKeyAndTheSecondIsSilent)
 {
     EXPECT_FALSE(QFileInfo::exists(state.Settings.FilePath()));
     EXPECT_EQ(Find("VideoWindow"), nullptr);
-    const Main second(FrameParts { state, clipboard, dialogs, errors, documents, {} });
+    const Main second(PartsOf(*this, {}));
     EXPECT_FALSE(QFileInfo::exists(state.Settings.FilePath()));
 }
 
@@ -587,6 +623,43 @@ TEST_F(MainTest, KeysBeforeAnyVideoMakeNoVideoWindow)
     for (const Qt::Key key : { Qt::Key_Space, Qt::Key_Home, Qt::Key_End })
         QTest::keyClick(main.get(), key);
     EXPECT_EQ(state.CurrentVideo, nullptr);
+}
+
+TEST_F(MainTest, TheVideoIsBroughtToTheFrontByItsButton)
+{
+    OpenOne();
+    Click("Cmds(8)");
+    ASSERT_NE(main->ActiveForm(), Find("VideoWindow"));
+    Click("front1");
+    EXPECT_EQ(main->ActiveForm(), Find("VideoWindow"));
+}
+
+TEST_F(MainTest, TheVideoListGoesWhenAVideoWindowIsMade)
+{
+    OpenTwo();
+    Find("VideoWindow")->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ShowListByThePopup();
+    const QPointer<QWidget> list = Find("VideoList");
+    ASSERT_TRUE(list && list->isVisible());
+    main->ShowFront(true);
+    Click("front1");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(list.isNull());
+}
+
+TEST_F(MainTest, ThePopupsFullScreenNeedsAVideo)
+{
+    const auto choose = [this] {
+        Click("Image3");
+        Find<QMenu>("Menus")->actions().at(1)->trigger();
+    };
+    choose();
+    EXPECT_EQ(state.CurrentVideo, nullptr);
+    OpenOne();
+    choose();
+    EXPECT_TRUE(player->fullScreen);
+    EXPECT_EQ(state.PopupKind, 0);
 }
 
 TEST_F(MainTest, BringingTheVideoToTheFrontWithoutOneMakesAFreshWindow)

@@ -1,18 +1,14 @@
 // What the user of the whole program meets when a file is not what it should be: one message or none, and a
 // program that opens the next video as if nothing had been.
-#include "app/ApplicationState.h"
 #include "desktop/FileName.h"
-#include "frame/Main.h"
 #include "media/player/PlayerControl.h"
 #include "tests/clips/Clips.h"
-#include "tests/testing/FakeClipboard.h"
-#include "tests/testing/FakeDocuments.h"
-#include "tests/testing/ScriptedTalk.h"
+#include "tests/frame/PartsOf.h"
 
 #include <QDir>
 #include <QLabel>
-#include <QTemporaryDir>
 #include <QTest>
+
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -21,16 +17,10 @@ namespace {
 
 constexpr int Patience = 20'000; // milliseconds
 
-class ProgramFaultTest : public testing::Test {
+class ProgramFaultTest : public testing::Test, protected FrameNeighbours {
 protected:
-    QTemporaryDir folder;
-    ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")) };
-    FakeClipboard clipboard;
-    ScriptedDialogs dialogs;
-    ScriptedErrors errors;
-    FakeDocuments documents;
-    std::unique_ptr<Main> main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors,
-        documents, [](QWidget* parent) { return new PlayerControl(parent); } });
+    std::unique_ptr<Main> main =
+        std::make_unique<Main>(PartsOf(*this, [](QWidget* parent) { return new PlayerControl(parent); }));
 
     void SetUp() override
     {

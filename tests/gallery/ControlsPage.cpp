@@ -13,6 +13,7 @@
 #include "toolkit/TitleStrip.h"
 #include "toolkit/xpcheckbox.h"
 #include "toolkit/xpradiobutton.h"
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -29,6 +30,7 @@
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
+
 #include <utility>
 
 namespace {

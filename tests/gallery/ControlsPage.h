@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+
 #include <memory>
 
 /// Every control of the toolkit in every state.

@@ -2,13 +2,9 @@
 
 #include "app/ErrFrm.h"
 #include "frame/HelpWindow.h"
-#include "frame/Main.h"
 #include "imaging/PictureFile.h"
-#include "tests/testing/FakeClipboard.h"
-#include "tests/testing/FakeDocuments.h"
+#include "tests/frame/PartsOf.h"
 #include "tests/testing/FakeFrame.h"
-#include "tests/testing/FakePlayer.h"
-#include "tests/testing/ScriptedTalk.h"
 #include "video/URLfrm.h"
 #include "video/VideoList.h"
 #include "viewers/QuickShots.h"
@@ -51,15 +47,8 @@ protected:
 };
 
 /// The frame over fakes of its neighbours.
-struct Stage {
-    QTemporaryDir folder;
-    ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")) };
-    FakeClipboard clipboard;
-    ScriptedDialogs dialogs;
-    ScriptedErrors errors;
-    FakeDocuments documents;
-    Main main { FrameParts { state, clipboard, dialogs, errors, documents,
-        [](QWidget* parent) { return new PicturePlayer(parent); } } };
+struct Stage : FrameNeighbours {
+    Main main { PartsOf(*this, [](QWidget* parent) { return new PicturePlayer(parent); }) };
 
     void Press(const char* button)
     {

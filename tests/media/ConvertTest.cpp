@@ -133,6 +133,33 @@ TEST(Convert, AStillIsToTheLastBitThatOfTheBestConversion)
         }
 }
 
+TEST(Convert, AStillIsToTheLastBitThatOfTheBestConversionInEveryColourMatrix)
+{
+    for (const auto& [tag, matrix] : { std::pair(AVCOL_SPC_SMPTE170M, SWS_CS_ITU601),
+             { AVCOL_SPC_BT470BG, SWS_CS_ITU601 }, { AVCOL_SPC_FCC, SWS_CS_FCC },
+             { AVCOL_SPC_SMPTE240M, SWS_CS_SMPTE240M }, { AVCOL_SPC_BT2020_NCL, SWS_CS_BT2020 } })
+        for (const AVColorRange range : { AVCOL_RANGE_MPEG, AVCOL_RANGE_JPEG }) {
+            SCOPED_TRACE(testing::Message() << "matrix " << tag << " range " << range);
+            const auto decoded = BlankFrame({ 98, 74 }, tag, range);
+            FillWithNoise(*decoded->frame);
+            EXPECT_EQ(Picture(decoded, 0).ToStill(),
+                StillOfTheLibrary(*decoded->frame, matrix, range == AVCOL_RANGE_JPEG));
+        }
+}
+
+TEST(Convert, APictureStoredBottomUpIsTheSame)
+{
+    const auto decoded = BlankFrame({ 102, 70 }, AVCOL_SPC_BT709, AVCOL_RANGE_MPEG);
+    AVFrame& frame = *decoded->frame;
+    FillWithNoise(frame);
+    for (const size_t plane : { 0, 1, 2 }) {
+        const int rows = plane == 0 ? frame.height : frame.height / 2;
+        frame.data[plane] += ptrdiff_t(rows - 1) * frame.linesize[plane];
+        frame.linesize[plane] = -frame.linesize[plane];
+    }
+    EXPECT_EQ(Picture(decoded, 0).ToStill(), StillOfTheLibrary(frame, SWS_CS_ITU709, false));
+}
+
 TEST(Convert, TheScreenShowsTheSameColours)
 {
     const Picture picture =

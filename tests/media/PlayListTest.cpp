@@ -53,6 +53,15 @@ TEST(FirstReference, IsReadInEveryFormThatListsCameIn)
         FirstReference("<asx><entry><ref href=\"f.avi\"/><ref href=\"g.avi\"/></entry></asx>"), "f.avi");
 }
 
+TEST(FirstReference, HasItsEntitiesResolvedOnce)
+{
+    EXPECT_EQ(FirstReference(Marked("a&#38;b&#x26;c.avi")), "a&b&c.avi");
+    EXPECT_EQ(FirstReference(Marked("caf&#xE9;.avi")), "caf\xC3\xA9.avi");
+    EXPECT_EQ(FirstReference(Marked("caf\xC3\xA9&apos;s.avi")), "caf\xC3\xA9's.avi");
+    EXPECT_EQ(FirstReference(Marked("&#38;lt;&amp;#60;")), "&lt;&#60;");
+    EXPECT_EQ(FirstReference(Marked("a&b=c;&none;&#0;&#x110000;.avi")), "a&b=c;&none;&#0;&#x110000;.avi");
+}
+
 TEST(FirstReference, IsEmptyWhereThereIsNone)
 {
     EXPECT_EQ(FirstReference(""), "");
@@ -71,6 +80,30 @@ TEST_F(PlayLists, AListLeadsToTheFileBesideIt)
     Interrupt interrupt;
     EXPECT_EQ(Followed(File(Written(Marked("sub/a.avi"))), interrupt).data, Folder() + "/sub/a.avi");
     EXPECT_EQ(Followed(File(Written(Marked("/films/a.avi"), "LIST.ASX")), interrupt).data, "/films/a.avi");
+}
+
+TEST_F(PlayLists, AReferenceOfAnotherSystemIsFoundByItsBackslashes)
+{
+    Interrupt interrupt;
+    EXPECT_EQ(Followed(File(Written(Marked("sub\\a.avi"))), interrupt).data, Folder() + "/sub/a.avi");
+}
+
+TEST_F(PlayLists, AReferenceOnTheWebBeginsWhereItsListStands)
+{
+    const Source list { Source::Kind::Address, "http://h.example/films/list.asx?id=1" };
+    for (const auto& [reference, address] : { std::pair("a.avi", "http://h.example/films/a.avi"),
+             { "new\\a.avi?x=1", "http://h.example/films/new/a.avi?x=1" },
+             { "/a%20b.avi", "http://h.example/a%20b.avi" }, { "../a.avi", "http://h.example/a.avi" },
+             { "//other.example/a.avi", "http://other.example/a.avi" },
+             { "HTTPS://other.example/a\\b.avi", "HTTPS://other.example/a\\b.avi" } })
+        EXPECT_EQ(ReferredTo(list, reference).data, address);
+}
+
+TEST_F(PlayLists, AListOnTheWebDoesNotLeadElsewhere)
+{
+    const Source list { Source::Kind::Address, "http://h.example/films/list.asx" };
+    for (const char* reference : { "file:///etc/passwd", "mms://h.example/a", "C:\\films\\a.avi", "data:,a" })
+        EXPECT_THROW(ReferredTo(list, reference), MediaError) << reference;
 }
 
 TEST_F(PlayLists, AListOnThisMachineDoesNotLeadToTheWeb)

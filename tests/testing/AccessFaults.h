@@ -7,6 +7,7 @@
 #include <QSet>
 #include <QTest>
 #include <QWidget>
+
 #include <algorithm>
 
 /// Walks a window as assistive technology and the keyboard do.

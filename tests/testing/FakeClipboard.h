@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/Clipboard.h"
+
 #include <QStringList>
 
 /// A clipboard of the test's own that writes down what is done to it and can be held by "another program".

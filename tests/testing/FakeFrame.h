@@ -1,23 +1,15 @@
 #pragma once
 
-#include "app/ApplicationState.h"
 #include "app/Frame.h"
 #include "app/Lead.h"
-#include "tests/testing/FakeClipboard.h"
 #include "tests/testing/FakePlayer.h"
-#include "tests/testing/ScriptedTalk.h"
-#include <QMap>
-#include <QTemporaryDir>
+#include "tests/testing/FrameNeighbours.h"
 
-/// A frame of the test's own: the real state over a temporary folder, faked neighbours, and a log of what was
-/// asked.
-class FakeFrame : public Frame {
+#include <QMap>
+
+/// A frame of the test's own over faked neighbours, with a log of what was asked.
+class FakeFrame : public Frame, public FrameNeighbours {
 public:
-    QTemporaryDir folder;
-    ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")) };
-    FakeClipboard clipboard;
-    ScriptedDialogs dialogs;
-    ScriptedErrors errors;
     QWidget window;
     FakePlayer player;
     Lead hold;
@@ -51,6 +43,10 @@ public:
     void SendToBack(QWidget*) override { log << QStringLiteral("SendToBack"); }
     void SetStatus(StatusLabel label, const QString& text) override { status[label] = text; }
     void ShowStatus(StatusLabel label, bool visible) override { statusShown[label] = visible; }
+    void RepaintStatus(StatusLabel label) override
+    {
+        log << QStringLiteral("Repaint ") + status.value(label);
+    }
     void EnableCommand(Command command, bool on) override { enabled[command] = on; }
     bool IsCommandEnabled(Command command) const override { return enabled.value(command); }
     void SetEnabled(bool on) override

@@ -3,6 +3,8 @@
 #include "app/ControlError.h"
 #include "video/ltmmPlay.h"
 
+#include <functional>
+
 /// A player without media: it remembers what it was told, counts the stills it gave and fails when a test
 /// says so.
 class FakePlayer : public ltmmPlay {
@@ -41,7 +43,14 @@ public:
     /// An address or file that cannot be opened.
     QString refused;
 
-    void SetSourceFile(const QString& name) override { file = name == refused ? QString() : name; }
+    /// Told of each call that gives or takes the video, before it is carried out.
+    std::function<void(const char* call)> whenAsked = [](const char*) {};
+
+    void SetSourceFile(const QString& name) override
+    {
+        whenAsked("SetSourceFile");
+        file = name == refused ? QString() : name;
+    }
     QString SourceFile() const override { return file; }
     Source SourceKind() const override
     {
@@ -51,13 +60,18 @@ public:
     QByteArray SourceMemory() const override { return memory; }
     void ResetSource() override
     {
+        whenAsked("ResetSource");
         file.clear();
         memory.clear();
     }
 
     void Run() override { state = Running; }
     void Pause() override { state = Paused; }
-    void Stop() override { state = Stopped; }
+    void Stop() override
+    {
+        whenAsked("Stop");
+        state = Stopped;
+    }
     PlayState State() const override { return state; }
 
     double CurrentPosition() const override { return frame / framesPerSecond; }

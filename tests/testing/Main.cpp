@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QStandardPaths>
+
 #include <gtest/gtest.h>
 
 namespace {

@@ -4,6 +4,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
+
 #include <functional>
 #include <gtest/gtest.h>
 

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTimer>
+
 #include <functional>
 #include <gtest/gtest.h>
 #include <type_traits>

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "app/Talk.h"
+
+#include <queue>
+
 #include <functional>
 #include <gtest/gtest.h>
-#include <queue>
 
 /// Message boxes by a script: a message that nobody expected fails the test, and so does an expected one that
 /// does not come.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/FileName.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 

@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QDesktopServices>
+#include <QMdiSubWindow>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
@@ -366,6 +367,16 @@ TEST_F(ButtonXPTest, AClickFollowsAWebLinkByNavigationAndAMailByTheSystem)
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_EQ(links.opened, QStringList { QStringLiteral("open mailto:a@example.org") });
     EXPECT_EQ(links.owner, &form);
+}
+
+TEST_F(ButtonXPTest, AMailIsOpenedForTheFormThatShowsTheLink)
+{
+    QMdiSubWindow child(&form);
+    button->setParent(&child);
+    button->Set(&P::URL, QStringLiteral("mailto:a@example.org"));
+    button->GoToURL();
+    EXPECT_EQ(links.owner, &child);
+    button->setParent(&form);
 }
 
 TEST_F(ButtonXPTest, WithoutALinkNothingIsOpened)

@@ -1,7 +1,9 @@
 #include "video/Opening.h"
+
 #include "tests/testing/FakeFrame.h"
 
 #include <QDir>
+
 #include <gtest/gtest.h>
 
 namespace {

@@ -1,10 +1,12 @@
 #include "video/Transport.h"
+
 #include "tests/testing/FakeFrame.h"
 #include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
 #include "video/TransportPane.h"
 
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {

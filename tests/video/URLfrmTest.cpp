@@ -1,45 +1,29 @@
 #include "video/URLfrm.h"
-#include "tests/testing/FakeFrame.h"
+
+#include "app/Hourglass.h"
+#include "tests/testing/PaintCount.h"
+#include "tests/video/VideoFixture.h"
 #include "toolkit/FrameDrag.h"
 #include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
 #include "toolkit/TAQbutton.h"
 #include "toolkit/TitleStrip.h"
-#include "video/Transport.h"
-#include "video/TransportPane.h"
-#include "video/VideoWindow.h"
 
 #include <QLineEdit>
 #include <QTest>
-#include <gtest/gtest.h>
 
 namespace {
 
 const QString Holiday = QStringLiteral("http://example.org/holiday.mpg");
 const QString Winter = QStringLiteral("http://example.org/winter.mpg");
 
-class OneVideoFrame : public FakeFrame {
-public:
-    ltmmPlay& CurrentPlayer() override { return *own; }
-    FakePlayer* own = nullptr;
-};
-
-class URLfrmTest : public testing::Test {
+class URLfrmTest : public VideoFixture {
 protected:
-    OneVideoFrame frame;
-    ApplicationState& state = frame.state;
-    TransportPane pane;
-    FakePlayer spare;
-    std::unique_ptr<Transport> transport;
-    std::unique_ptr<VideoWindow> window;
     std::unique_ptr<URLfrm> form;
 
     void SetUp() override
     {
-        frame.own = &spare;
-        transport = std::make_unique<Transport>(pane, frame, [] {});
-        window = std::make_unique<VideoWindow>(
-            frame, *transport, [this](QWidget* parent) { return frame.own = new FakePlayer(parent); });
+        VideoFixture::SetUp();
         Begin();
     }
     void Begin()
@@ -104,6 +88,54 @@ TEST_F(URLfrmTest, ADownloadReachesThePlayerAndEndsTheForm)
     EXPECT_TRUE(frame.statusShown.value(StatusLabel::Operation));
     EXPECT_TRUE(pane.Cmd2[PlayButton]->isEnabled());
     EXPECT_EQ(window->size(), QSize(640 + 10, 360 + 33));
+}
+
+TEST_F(URLfrmTest, TheHourglassComesWhenTheVideoBeforeIsGoneAndStaysUntilTheFormIs)
+{
+    QStringList seen;
+    Player().whenAsked = [&](const char* call) {
+        seen << QLatin1String(call) + (CurrentPointer() == Pointer::ArrowWithHourglass ? u'+' : u'-');
+    };
+    Download(Holiday);
+    EXPECT_EQ(seen, QStringList({ "Stop-", "ResetSource-", "SetSourceFile+" }));
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+}
+
+TEST_F(URLfrmTest, TheCaptionAndTheCancelButtonSpeakOfTheDownloadOnlyWhenTheVideoIsThere)
+{
+    QString caption = QStringLiteral("none");
+    bool isCancelOpen = true;
+    Player().whenAsked = [&](const char* call) {
+        if (qstrcmp(call, "SetSourceFile") != 0)
+            return;
+        caption = Status(StatusLabel::Operation);
+        isCancelOpen = frame.enabled.value(Command::Cancel);
+    };
+    Download(Holiday);
+    EXPECT_EQ(caption, QString());
+    EXPECT_FALSE(isCancelOpen);
+    EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("Downloading Video"));
+    EXPECT_TRUE(frame.enabled.value(Command::Cancel));
+}
+
+TEST_F(URLfrmTest, AFailureIsToldUnderTheNormalPointer)
+{
+    Player().refused = Holiday;
+    ExpectFailure();
+    Pointer whileTold = Pointer::Busy;
+    frame.errors.whileShown = [&] { whileTold = CurrentPointer(); };
+    Download(Holiday);
+    EXPECT_EQ(whileTold, Pointer::Normal);
+}
+
+TEST_F(URLfrmTest, TheCaptionAndTheNameOfTheVideoAreOnTheScreenAtOnce)
+{
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    PaintCount name(window->Head());
+    Download(QStringLiteral("http://example.org/films\\snow.mpg"));
+    EXPECT_GT(name.count, 0);
+    EXPECT_TRUE(frame.log.contains(QStringLiteral("Repaint Downloading Video")));
 }
 
 TEST_F(URLfrmTest, EnterDownloads)
@@ -231,7 +263,7 @@ TEST_F(URLfrmTest, APressOnThePanelMovesTheForm)
 
 TEST_F(URLfrmTest, AVideoWindowThatIsGoneIsAFailure)
 {
-    window.reset();
+    delete window;
     frame.own = &spare;
     ExpectFailure();
     Download(Holiday);

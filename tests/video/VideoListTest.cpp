@@ -1,10 +1,12 @@
 #include "video/VideoList.h"
+
 #include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
 
 #include <QListWidget>
 #include <QSignalSpy>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 TEST(VideoList, AClickOpensTheEntryAsChosenFromTheList)

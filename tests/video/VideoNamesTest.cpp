@@ -1,14 +1,24 @@
 #include "video/VideoNames.h"
 
+#include "app/ApplicationState.h"
+
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 TEST(VideoNames, TheLastFourCharactersDecide)
 {
+    const QTemporaryDir folder;
+    ApplicationState state(folder.path(), folder.filePath(QStringLiteral("settings")));
+    const auto isNotVideo = [&](const char* name) {
+        TestVideoExtension(state, QLatin1String(name));
+        return state.NotVideo;
+    };
     for (const char* name :
         { "a.mpeg", "ampeg", "mpeg", "a.mpg", "A.AVI", "b.swf", "c.mpa", "d.Wmv", "e.asx" })
-        EXPECT_TRUE(IsVideoName(QLatin1String(name))) << name;
+        EXPECT_FALSE(isNotVideo(name)) << name;
     for (const char* name : { "", "a.txt", "avi", "a.mp4", "mpg", "a.avi2", "a.avi " })
-        EXPECT_FALSE(IsVideoName(QLatin1String(name))) << name;
+        EXPECT_TRUE(isNotVideo(name)) << name;
 }
 
 TEST(VideoNames, TheExtensionIsTrimmedAfterItWasCut)

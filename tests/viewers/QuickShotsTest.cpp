@@ -1,10 +1,12 @@
 #include "viewers/QuickShots.h"
+
 #include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
 #include "tests/testing/Files.h"
 #include "viewers/ThumbCell.h"
 
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {

@@ -1,10 +1,12 @@
 #include "viewers/Viewer.h"
+
 #include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
 #include "toolkit/TitleStrip.h"
 
 #include <QDir>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -88,6 +90,69 @@ TEST_F(ViewerTest, TheLeftButtonZoomsInByTenAndTheRightOut)
     QTest::mouseClick(&picture, Qt::MiddleButton);
     EXPECT_EQ(picture.PaintZoomFactor(), 90);
     EXPECT_EQ(picture.ScaleMode(), int(Lead::ScalePixels));
+}
+
+TEST_F(ViewerTest, ZoomingOutBelowTenIsLeftToTheControl)
+{
+    const auto viewer = Open();
+    Lead& picture = viewer->Picture();
+    picture.SetPaintZoomFactor(20);
+    QTest::mouseClick(&picture, Qt::RightButton);
+    ASSERT_EQ(picture.PaintZoomFactor(), 10);
+    QTest::mouseClick(&picture, Qt::RightButton);
+    const int lowest = picture.PaintZoomFactor();
+    EXPECT_GT(lowest, 0);
+    QTest::mouseClick(&picture, Qt::LeftButton);
+    EXPECT_EQ(picture.PaintZoomFactor(), lowest + 10);
+}
+
+TEST_F(ViewerTest, ThePopupOffersWhatCanBeDoneWithACapture)
+{
+    state.AutoSave = true;
+    state.AutoDir = true;
+    const auto viewer = Open();
+    frame.activeForm = viewer.get();
+    frame.activeCapture = &viewer->Picture();
+    const auto openPopup = [&] {
+        QTest::mouseClick(viewer->findChild<QWidget*>(QStringLiteral("Image1")), Qt::LeftButton);
+    };
+    openPopup();
+    EXPECT_EQ(state.PopupKind, 2);
+    EXPECT_EQ(frame.log.last(3),
+        QStringList({ QStringLiteral("  Save"), QStringLiteral("  Help"), QStringLiteral("  Exit Viewer") }));
+    frame.chosenInMenus(0);
+    EXPECT_TRUE(QFile::exists(frame.folder.filePath(QStringLiteral("AutoSave/auto1.bmp"))));
+    frame.chosenInMenus(1);
+    EXPECT_EQ(frame.log.last(), QStringLiteral("OpenHelp"));
+    frame.chosenInMenus(2);
+    EXPECT_FALSE(viewer->isVisible());
+    EXPECT_EQ(frame.log.count(QStringLiteral("RemoveKid")), 1);
+}
+
+TEST_F(ViewerTest, AChoiceInThePopupOfAWindowThatIsGoneDoesNothing)
+{
+    auto viewer = Open();
+    QTest::mouseClick(viewer->findChild<QWidget*>(QStringLiteral("Image1")), Qt::LeftButton);
+    viewer.reset();
+    const QStringList before = frame.log;
+    for (const int item : { 0, 1, 2 })
+        frame.chosenInMenus(item);
+    EXPECT_EQ(frame.log, before);
+}
+
+TEST_F(ViewerTest, TheButtonsBearTheirTipsUnlessTipsAreOff)
+{
+    const std::pair<const char*, const char*> tips[] { { "Cmds(0)", " Close Capture Window " },
+        { "Cmds(1)", " Restore/Maximize Window " }, { "Cmds(2)", " Minimize Window " },
+        { "Cmds(6)", " Save Capture " } };
+    for (const bool isOn : { true, false }) {
+        state.ToolTip = isOn;
+        const auto viewer = Open();
+        for (const auto& [name, tip] : tips)
+            EXPECT_EQ(viewer->findChild<QWidget*>(QLatin1String(name))->toolTip(),
+                isOn ? QLatin1String(tip) : QString())
+                << name;
+    }
 }
 
 TEST_F(ViewerTest, TheSaveButtonSaysFrameSaved)

@@ -1,0 +1,165 @@
+// The child windows of the frame: how they come, stand in front or behind, and go.
+#include "app/ApplicationState.h"
+#include "app/FormShadow.h"
+#include "app/Hourglass.h"
+#include "frame/HelpWindow.h"
+#include "frame/Main.h"
+#include "video/VideoList.h"
+#include "viewers/QuickShots.h"
+#include "viewers/Viewer.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+#include <algorithm>
+
+namespace {
+
+/// Each form that fades holds a picture of itself.
+constexpr int MostFadesBeside = 8;
+
+} // namespace
+
+QWidget* Main::ActiveForm()
+{
+    return area_->currentSubWindow();
+}
+
+Lead* Main::ActiveCapture()
+{
+    auto* viewer = qobject_cast<Viewer*>(ActiveForm());
+    return viewer ? &viewer->Picture() : nullptr;
+}
+
+void Main::AddChild(QWidget* form)
+{
+    auto* child = qobject_cast<ChildForm*>(form);
+    Q_ASSERT(child);
+    if (child->CurrentShape() == ChildForm::Shape::Minimized)
+        child->Restore();
+    ShowInFront(*child);
+}
+
+void Main::ShowInFront(ChildForm& child)
+{
+    if (!area_->subWindowList().contains(&child))
+        area_->addSubWindow(&child, child.windowFlags());
+    child.show();
+    child.BringToFront();
+}
+
+void Main::SendToBack(QWidget* form)
+{
+    if (auto* child = qobject_cast<ChildForm*>(form))
+        child->SendToBack();
+}
+
+void Main::AddKid(quintptr handle)
+{
+    ++state_.KidCount;
+    kids_.RedimKids();
+    kids_.AddKid(handle);
+}
+
+void Main::RemoveKid(quintptr handle)
+{
+    kids_.RemoveKid(handle, [this] { ShowStatus(StatusLabel::AutoCapture, false); });
+    --state_.KidCount;
+}
+
+void Main::MakeKidActive(int index)
+{
+    kids_.MakeKidActive(
+        index, [this] { return quintptr(ActiveForm()); }, [this] { SendToBack(ActiveForm()); });
+}
+
+void Main::OpenViewer()
+{
+    AddChild(new Viewer(*this));
+}
+
+void Main::AddThumbnail()
+{
+    if (!quickShots_ || !state_.QuickShotsOpen) // one that is closing takes no more
+        quickShots_ = new QuickShots(*this);
+    quickShots_->mnuControlsAdd2();
+    auto* const front = qobject_cast<ChildForm*>(ActiveForm());
+    ShowInFront(*quickShots_); // a strip put away stays so
+    SendToBack(quickShots_);
+    if (front && front != quickShots_)
+        ShowInFront(*front);
+}
+
+void Main::CloseActiveForm()
+{
+    // Behind a picture that fills the screen nobody sees what would go.
+    if (QWidget* form = ActiveForm(); form && !IsFullScreen())
+        form->close();
+}
+
+void Main::CloseAllWindows()
+{
+    const Hourglass waiting;
+    if (state_.QuickShotsOpen)
+        SendToBack(quickShots_);
+    // Whatever child is active goes, a video in front of the captures too.
+    for (int fades = 0; state_.KidCount > 0 && HasCaptures(); ++fades) {
+        const QPointer<QWidget> form = ActiveForm();
+        // The last capture waits for the end of its fade, and with it for those of the others.
+        const bool isLast = state_.KidCount == 1 && qobject_cast<Viewer*>(form);
+        if (form && !isLast && fades < MostFadesBeside)
+            BeginFadeAtClosing(*form, state_);
+        else if (form && !isLast)
+            form->hide();
+        const bool isClosed = form && form->close();
+        if (!isClosed || form == ActiveForm()) // the last is one that is on its way out already
+            break;
+    }
+    EnableCommand(Command::Print, false);
+    if (state_.Tools)
+        state_.Tools->close();
+    ShowStatus(StatusLabel::AutoCapture, false);
+}
+
+/// A capture window counts as a kid before it is a child: while it is being made.
+bool Main::HasCaptures() const
+{
+    return std::ranges::any_of(
+        area_->subWindowList(), [](QMdiSubWindow* form) { return qobject_cast<Viewer*>(form) != nullptr; });
+}
+
+void Main::UnloadForms()
+{
+    // With the frame gone from the screen nobody waits for the fades of its forms.
+    hide();
+    CloseAllFormsExcept(objectName());
+    // A form can open or raise another while it closes; the second round takes what the first passed over.
+    CloseAllFormsExcept(objectName());
+    delete help_;
+    // One that was made on demand and never shown; one that is still fading goes by itself.
+    if (state_.CurrentVideo && state_.CurrentVideo->parentWidget() == this)
+        delete state_.CurrentVideo;
+}
+
+void Main::CloseAllFormsExcept(const QString& name)
+{
+    // Events are handled while a form closes, and others may go meanwhile.
+    QList<QPointer<QWidget>> forms;
+    for (QMdiSubWindow* form : area_->subWindowList())
+        forms << form;
+    for (QWidget* form : QApplication::topLevelWidgets())
+        if (form->isVisible())
+            forms << form;
+    for (const QPointer<QWidget>& form : forms)
+        if (form && form->objectName() != name)
+            form->close();
+}
+
+void Main::closeEvent(QCloseEvent* event)
+{
+    state_.ExitRequested = true;
+    UnloadForms();
+    QWidget::closeEvent(event);
+}
