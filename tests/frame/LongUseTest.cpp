@@ -69,8 +69,9 @@ TEST(LongUse, AThousandCapturesOpenedAndClosedLeaveMemoryAndHandlesWhereTheyWere
     const Holdings after = Held();
     EXPECT_EQ(after.widgets, before.widgets);
     EXPECT_EQ(after.handles, before.handles);
-    if (HasOwnAllocator)
+    if (HasOwnAllocator) {
         EXPECT_LT(after.bytes - before.bytes, 1000 * 100) << "less than a hundred bytes for each capture";
+    }
     main.close();
     QDir::setCurrent(QDir::rootPath());
 }
