@@ -23,11 +23,12 @@ public:
     /// Opens the selection in FileNames or, when FromList is set, the video that VideoPath names. Never
     /// plays. Reports no failure: without a video the transport is disabled.
     void OpenVideo();
-    /// Gives the player an address of the web. Throws ControlError when it cannot be opened.
-    void LoadAddress(const QString& address);
+    /// Gives the player an address of the web; false when the user did not wait for it. Throws ControlError
+    /// when it cannot be opened.
+    bool LoadAddress(const QString& address);
     /// Title, size and transport for the address just loaded.
     void ShowLoadedAddress();
-    /// Leaves the transport without a video, after an address could not be loaded.
+    /// Leaves the transport without a video, after an address was not loaded.
     void ShowNoVideo();
     /// Only one of capture and save is open to the user, by what the settings say about captures.
     void SwapCaptureCommands();

@@ -26,6 +26,7 @@ public:
     int playCount = 1;
     double selectionStart = 0;
     double selectionEnd = 0;
+    bool wasCancelled = false;
     bool failsStills = false;
     int stillsGiven = 0;
     int lastTimeout = 0;
@@ -40,8 +41,15 @@ public:
 
     /// An address or file that cannot be opened.
     QString refused;
+    /// One whose opening the user cancels.
+    QString cancelled;
 
-    void SetSourceFile(const QString& name) override { file = name == refused ? QString() : name; }
+    void SetSourceFile(const QString& name) override
+    {
+        wasCancelled = !name.isEmpty() && name == cancelled;
+        file = name == refused || wasCancelled ? QString() : name;
+    }
+    bool WasCancelled() const override { return wasCancelled; }
     QString SourceFile() const override { return file; }
     Source SourceKind() const override
     {
