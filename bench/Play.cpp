@@ -5,11 +5,14 @@
 #include "bench/Comparison.h"
 #include "bench/LiveProgram.h"
 #include "bench/Painted.h"
+#include "toolkit/Twips.h"
 #include "video/ltmmPlay.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QRandomGenerator>
 #include <QTest>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -26,12 +29,21 @@ struct Rounds {
     std::vector<double> late;
 };
 
+/// Without the naps that QTest takes: pictures are painted when they come.
 bool WaitFor(const std::function<bool()>& condition)
 {
-    const bool isThere = QTest::qWaitFor(condition, Patience);
-    if (!isThere)
+    QEventLoop loop;
+    QTimer look;
+    QTimer::singleShot(Patience, &loop, &QEventLoop::quit);
+    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
+        if (condition())
+            loop.quit();
+    });
+    look.start(20);
+    loop.exec();
+    if (!condition())
         std::printf("IT DOES NOT COME TO ITS END\n");
-    return isThere;
+    return condition();
 }
 
 Cost PlayThrough(LiveProgram& program, Rounds& rounds)
@@ -71,11 +83,9 @@ void Capture(LiveProgram& program)
 
 void ComparePlaying(LiveProgram& program, const QString& clip)
 {
-    const QSize size = program.Player().size();
-    const std::string width = std::to_string(size.width());
-    const std::string height = std::to_string(size.height());
-    std::printf("\nPlayed in a window area of %sx%s, %d captures open\n\n", width.c_str(), height.c_str(),
-        program.Captures());
+    const std::string width = std::to_string(Twips { int(program.Player().VideoWidth()) / 2 }.Pixels());
+    const std::string height = std::to_string(Twips { int(program.Player().VideoHeight()) / 2 }.Pixels());
+    std::printf("\nPlayed at %sx%s, %d captures open\n\n", width.c_str(), height.c_str(), program.Captures());
     PrintHead();
     const std::vector<Side> peers {
         { "ffmpeg, decoding only",
@@ -167,8 +177,12 @@ int main(int argc, char** argv)
     LiveProgram program;
     program.Open(clip);
     program.Player().Pause();
+    program.Player().SetDisplaySize(ltmmPlay::Half); // the whole of it fits into the frame
     for (int i = 0; i < IdleCaptures; ++i)
         Capture(program);
+    program.ShowCapturesIn(LiveProgram::Place::Strip);
+    Capture(program);
+    program.BringVideoToFront();
     ComparePlaying(program, clip);
     CaptureWhilePlaying(program);
     MeasureJumps(program);

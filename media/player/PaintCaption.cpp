@@ -81,6 +81,7 @@ void PaintCaption(QPainter& painter, const media::Caption& caption, const QRectF
     const Grid grid(place);
     const QFont font = grid.Font();
     painter.save();
+    painter.setClipRect(place, Qt::IntersectClip);
     for (const media::CaptionRow& row : caption)
         PaintRow(painter, grid, row, font);
     painter.restore();

@@ -208,9 +208,11 @@ void PlayerControl::Halt(PlayState state)
 
 void PlayerControl::Adopt(const Shot& shot)
 {
+    const QRectF before = VisiblePlace(view_, shown_.picture.Size());
     shown_ = shot;
     trackingPut_.reset();
-    update();
+    // The ground around the picture stands already.
+    update((before | VisiblePlace(view_, shown_.picture.Size())).toAlignedRect());
     if (IsOutdated(shown_, view_) && view_.isVisible)
         session_->Redraw(shown_);
 }
