@@ -10,7 +10,7 @@ namespace {
 
 constexpr double SafePart = 0.8; // of the picture's width and height carries captions
 constexpr double GridShape = 4.0 / 3;
-constexpr double LetterPart = 0.82; // of a cell's height
+constexpr double LetterPart = 0.88; // of a cell's height
 constexpr QColor Box(0, 0, 0, 200);
 
 /// The cells of a picture's captions.
