@@ -21,6 +21,6 @@ Program::Program(const QString& applicationFolder)
     : state_(applicationFolder)
     , errors_(state_)
     , main_({ state_, clipboard_, dialogs_, errors_, documents_,
-          [](QWidget* parent) { return new PlayerControl(parent); } })
+          [](QWidget* parent) { return new PlayerControl(parent, player::AwaitWithBox); } })
 {
 }

@@ -26,7 +26,7 @@ LiveProgram::LiveProgram()
     : program_(Prepared())
     , main_(program_.MainWindow())
 {
-    ShowCapturesEverywhere();
+    ShowCapturesIn(Place::Both);
     main_.resize(1120, 760);
     main_.show();
     Require(QTest::qWaitForWindowExposed(&main_, Patience), "the frame does not appear");
@@ -40,11 +40,10 @@ QString LiveProgram::Prepared() const
     return folder_.path();
 }
 
-/// In a window of its own and among the thumbnails.
-void LiveProgram::ShowCapturesEverywhere()
+void LiveProgram::ShowCapturesIn(Place place)
 {
     program_.State().Settings.SaveSetting(
-        QStringLiteral("Options"), QStringLiteral("OpThumb"), QStringLiteral("1"));
+        QStringLiteral("Options"), QStringLiteral("OpThumb"), QString::number(int(place)));
     program_.State().Reload(Key::OpThumb);
 }
 
@@ -73,5 +72,13 @@ void LiveProgram::Click(const QString& name)
     auto* button = main_.findChild<QWidget*>(name);
     Require(button && button->isVisible() && button->isEnabled(), "a button cannot be clicked");
     QTest::mouseClick(button, Qt::LeftButton);
+    QCoreApplication::processEvents();
+}
+
+void LiveProgram::BringVideoToFront()
+{
+    auto* video = main_.findChild<QWidget*>(QStringLiteral("VideoWindow"));
+    Require(video, "there is no video window");
+    main_.AddChild(video);
     QCoreApplication::processEvents();
 }

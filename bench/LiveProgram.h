@@ -16,13 +16,17 @@ public:
     /// of them.
     void Open(const QString& clip);
     void Click(const QString& name);
+    /// Where captures are shown: in the strip, in a window and the strip, or in a window.
+    enum class Place { Strip, Both, Window };
+    void ShowCapturesIn(Place place);
+    /// Over the captures, which stay open behind it.
+    void BringVideoToFront();
     ltmmPlay& Player() { return main_.CurrentPlayer(); }
     /// Capture windows open.
     int Captures() { return program_.State().KidCount; }
 
 private:
     QString Prepared() const;
-    void ShowCapturesEverywhere();
 
     QTemporaryDir folder_;
     Program program_;

@@ -36,6 +36,7 @@ public:
     bool HasSound() const override { return index_.Media().HasSound(); }
     double TimeOf(int number) const override { return index_.Times().TimeOf(number); }
     int NumberAt(double seconds) const override { return index_.Times().NumberAt(seconds); }
+    Caption CaptionAt(int number) const override { return index_.Captions().At(number); }
     Picture Get(int number, Purpose purpose) override;
     bool Prepare(int number, Interrupt::Clock::time_point until) override;
     int Reserve() const override { return DecodedAhead.Of(Room()); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/Caption.h"
 #include "media/Interrupt.h"
 #include "media/Picture.h"
 #include "media/Source.h"
@@ -47,6 +48,8 @@ public:
     virtual double TimeOf(int number) const = 0;
     /// The last picture whose time is at or before seconds (half a tick of grace); 0 before the first.
     virtual int NumberAt(double seconds) const = 0;
+    /// What closed captions say at picture number; number in [0, KnownFrames).
+    virtual Caption CaptionAt(int number) const = 0;
 
     /// Exactly picture number. Throws MediaError when it cannot be had before the interrupt is due.
     virtual Picture Get(int number, Purpose purpose) = 0;

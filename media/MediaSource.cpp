@@ -270,6 +270,8 @@ void MediaSource::FailToOpen(int error) const
     Failure failure = FailureOf(error);
     if (IsDue())
         failure = Failure::TimedOut;
+    else if (error == AVERROR(EINVAL) && source_.kind == Source::Kind::Address)
+        failure = Failure::Refused; // a server that sends the asker on to where no server is
     else if (failure == Failure::NotAVideo && source_.kind != Source::Kind::Address
         && LooksLikeVideo(source_))
         failure = Failure::Damaged;

@@ -79,6 +79,8 @@ void PacketIndex::AddPacket(const AVPacket& packet)
     const int ordinal = Packets();
     facts_.push_back(parser_.Parse(packet));
     const PacketFact& fact = facts_.back();
+    if (!parser_.Captions().isEmpty())
+        captionBytes_.emplace(ordinal, parser_.Captions());
     store_.Offer(ordinal, packet);
     if (fact.Has(PacketFact::Key))
         keys_.push_back(ordinal);
@@ -170,10 +172,12 @@ void PacketIndex::PublishPacket(int ordinal)
     if (!group.isDoubtful) {
         if (facts_[size_t(ordinal)].IsShown())
             Number(ordinal);
+        TellCaptions(ordinal);
     } else if (!group.decoded.empty()) {
         const int shown = group.decoded.front();
         group.decoded.pop_front();
         Number(shown);
+        TellCaptions(shown);
     }
 }
 
@@ -183,6 +187,13 @@ void PacketIndex::Number(int ordinal)
     fact.number = Frames();
     ordinals_.push_back(ordinal);
     times_.Add(StampFor(fact), fact.duration);
+}
+
+/// Those of a packet that shows nothing, as a second field, belong to the picture before it.
+void PacketIndex::TellCaptions(int ordinal)
+{
+    if (const auto bytes = captionBytes_.extract(ordinal))
+        captions_.Add(std::max(Frames() - 1, 0), bytes.mapped());
 }
 
 /// Containers that store no presentation stamps store the slots of a constant clock as decode stamps: the

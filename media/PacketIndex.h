@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/CaptionTrack.h"
 #include "media/Decoder.h"
 #include "media/DisplayOrder.h"
 #include "media/FrameTimes.h"
@@ -27,6 +28,8 @@ public:
     const PacketFact& Fact(int ordinal) const { return facts_[size_t(ordinal)]; }
     int OrdinalOf(int number) const { return ordinals_[size_t(number)]; }
     const FrameTimes& Times() const { return times_; }
+    /// What captions say at the known pictures.
+    const CaptionTrack& Captions() const { return captions_; }
     const MediaSource& Media() const { return media_; }
     /// Any known packet. Throws MediaError.
     PacketPtr Packet(int ordinal) { return reader_.Packet(ordinal); }
@@ -63,6 +66,7 @@ private:
     void Publish(bool everything);
     void PublishPacket(int ordinal);
     void Number(int ordinal);
+    void TellCaptions(int ordinal);
     bool LeadsTo(int key, int number) const;
     int64_t StampFor(const PacketFact& fact);
 
@@ -73,6 +77,8 @@ private:
     PacketReader reader_;
     DisplayOrder order_;
     FrameTimes times_;
+    CaptionTrack captions_;
+    std::unordered_map<int, QByteArray> captionBytes_; ///< by ordinal, of packets not yet published
     std::vector<int> ordinals_; ///< by number
     std::vector<int> keys_;
     std::vector<Group> groups_;

@@ -1,16 +1,13 @@
 #include "media/PacketParser.h"
 
+#include "media/CaptionBytes.h"
 #include <QHashFunctions>
 #include <algorithm>
-#include <cstring>
-#include <functional>
-#include <span>
 
 namespace media {
 
 namespace {
 
-constexpr int StartCodeBytes = 3;
 constexpr int LargestUncodedVop = 16; ///< bytes of an MPEG-4 packet that says "no picture"
 
 Ordering OrderingOf(AVCodecID codec, bool hasParser)
@@ -23,57 +20,6 @@ Ordering OrderingOf(AVCodecID codec, bool hasParser)
         return Ordering::Straight;
     const bool typesAreKnown = hasParser && codec != AV_CODEC_ID_DIRAC && codec != AV_CODEC_ID_CAVS;
     return typesAreKnown ? Ordering::HoldReferences : Ordering::Unknown;
-}
-
-/// The next 0 0 1 from a place on, or the end. Ones are rare, and the library of the language finds them
-/// fast.
-const uint8_t* NextStartCode(const uint8_t* from, const uint8_t* end)
-{
-    for (const uint8_t* at = from + 2; at < end; ++at) {
-        at = static_cast<const uint8_t*>(std::memchr(at, 1, size_t(end - at)));
-        if (!at)
-            break;
-        if (at[-1] == 0 && at[-2] == 0)
-            return at - 2;
-    }
-    return end;
-}
-
-/// Calls take with each unit of an H.264 or HEVC packet, in which units follow start codes or their own
-/// length.
-void ForEachUnit(
-    std::span<const uint8_t> data, int lengthSize, const std::function<void(std::span<const uint8_t>)>& take)
-{
-    if (lengthSize > 0) {
-        while (data.size() > size_t(lengthSize)) {
-            size_t length = 0;
-            for (int i = 0; i < lengthSize; ++i)
-                length = length << 8 | data[size_t(i)];
-            data = data.subspan(size_t(lengthSize));
-            length = std::min(length, data.size());
-            take(data.first(length));
-            data = data.subspan(length);
-        }
-        return;
-    }
-    const uint8_t* const end = data.data() + data.size();
-    const uint8_t* unit = NextStartCode(data.data(), end);
-    while (unit != end) {
-        const uint8_t* const begin = unit + StartCodeBytes;
-        unit = NextStartCode(begin, end);
-        take({ begin, unit });
-    }
-}
-
-/// Bytes of the length before each unit, from the decoder configuration; 0 when units follow start codes.
-int UnitLengthSize(const AVCodecParameters& parameters)
-{
-    const uint8_t* extra = parameters.extradata;
-    const bool isAvc =
-        parameters.codec_id == AV_CODEC_ID_H264 && parameters.extradata_size >= 7 && extra[0] == 1;
-    const bool isHvc = parameters.codec_id == AV_CODEC_ID_HEVC && parameters.extradata_size >= 23
-        && (extra[0] || extra[1] || extra[2] > 1);
-    return isAvc ? (extra[4] & 3) + 1 : isHvc ? (extra[21] & 3) + 1 : 0;
 }
 
 bool IsHiddenVp8(const AVPacket& packet)
@@ -111,6 +57,11 @@ char TypeOf(int pictureType)
     }
 }
 
+Bytes DataOf(const AVPacket& packet)
+{
+    return { packet.data, size_t(packet.size) };
+}
+
 int64_t StampOf(int64_t stamp)
 {
     return stamp == AV_NOPTS_VALUE ? NoStamp : stamp;
@@ -137,6 +88,7 @@ PacketParser::PacketParser(const AVCodecParameters& parameters)
 
 PacketFact PacketParser::Parse(const AVPacket& packet)
 {
+    captions_.clear();
     PacketFact fact;
     fact.pts = StampOf(packet.pts);
     fact.dts = StampOf(packet.dts);
@@ -156,6 +108,8 @@ PacketFact PacketParser::Parse(const AVPacket& packet)
         fact.Set(PacketFact::Hidden);
     if (ordering_ == Ordering::ByCount || ordering_ == Ordering::HoldReferences)
         ParsePicture(packet, fact);
+    if (codec_ == AV_CODEC_ID_MPEG2VIDEO)
+        captions_ = CaptionsInUserData(DataOf(packet));
     return fact;
 }
 
@@ -181,8 +135,7 @@ void PacketParser::ParseUnits(const AVPacket& packet, PacketFact& fact)
 {
     int firstSlices = 0;
     bool isNeeded = codec_ != AV_CODEC_ID_H264;
-    const std::span data(packet.data, size_t(packet.size));
-    ForEachUnit(data, unitLengthSize_, [&](std::span<const uint8_t> unit) {
+    ForEachUnit(DataOf(packet), unitLengthSize_, [&](Bytes unit) {
         if (unit.size() < 3)
             return;
         const bool isAvc = codec_ == AV_CODEC_ID_H264;
@@ -195,6 +148,9 @@ void PacketParser::ParseUnits(const AVPacket& packet, PacketFact& fact)
             ++firstSlices;
         if (startsAnew)
             fact.Set(PacketFact::Restart);
+        const bool isInformation = isAvc ? type == 6 : type == 39;
+        if (isInformation)
+            captions_ += CaptionsInSei(unit.subspan(isAvc ? 1 : 2));
     });
     if (!isNeeded)
         fact.Set(PacketFact::Unreferenced);

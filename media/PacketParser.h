@@ -3,6 +3,7 @@
 #include "media/DisplayOrder.h"
 #include "media/Libav.h"
 #include "media/PacketFact.h"
+#include <QByteArray>
 
 namespace media {
 
@@ -13,6 +14,8 @@ public:
 
     /// The facts of the next packet in decode order.
     PacketFact Parse(const AVPacket& packet);
+    /// The caption triplets that the packet parsed last carries for its picture; empty for most.
+    const QByteArray& Captions() const { return captions_; }
     /// How this codec's packets are brought into display order.
     Ordering Order() const { return ordering_; }
 
@@ -26,6 +29,7 @@ private:
     CodecPtr context_;
     ParserPtr parser_;
     int unitLengthSize_ = 0; ///< bytes of the length before each unit, 0 for start codes
+    QByteArray captions_;
     int openField_ = 0; ///< structure of a first field that waits for its second
 };
 

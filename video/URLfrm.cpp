@@ -90,12 +90,10 @@ void URLfrm::Download()
     // The player's own message would say the same once more.
     const QScopedValueRollback silence(state.ShowPlayerErrors, false);
     try {
-        Load(address);
+        if (!Load(address))
+            LeaveNoVideo();
     } catch (const ControlError&) {
-        if (window_)
-            window_->ShowNoVideo();
-        frame_.EnableCommand(Command::Cancel, false);
-        frame_.ShowStatus(StatusLabel::Operation, false);
+        LeaveNoVideo();
         frame_.Errors().Show(this, QStringLiteral("Error Downloading Video!"),
             QStringLiteral(
                 "\nError downloading video. Check URL address and try again. Also, server may be slow or "
@@ -103,13 +101,23 @@ void URLfrm::Download()
     }
 }
 
-void URLfrm::Load(const QString& address)
+void URLfrm::LeaveNoVideo()
+{
+    if (window_)
+        window_->ShowNoVideo();
+    frame_.EnableCommand(Command::Cancel, false);
+    frame_.ShowStatus(StatusLabel::Operation, false);
+}
+
+/// False when the user did not wait: they know, and may try another address.
+bool URLfrm::Load(const QString& address)
 {
     if (!window_)
         throw ControlError(QStringLiteral("The video window is gone."));
     window_->ResetPlayer();
     const Hourglass waiting(Pointer::ArrowWithHourglass);
-    window_->LoadAddress(address);
+    if (!window_->LoadAddress(address))
+        return false;
     frame_.State().LastAddress = edtURL->text();
     frame_.EnableCommand(Command::Cancel, true);
     frame_.SetStatus(StatusLabel::Operation, QStringLiteral("Downloading Video"));
@@ -117,4 +125,5 @@ void URLfrm::Load(const QString& address)
     frame_.RepaintStatus(StatusLabel::Operation);
     window_->ShowLoadedAddress();
     accept();
+    return true;
 }

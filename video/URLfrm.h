@@ -23,7 +23,8 @@ private:
     void Build();
     void ShowWhetherEnough();
     void Download();
-    void Load(const QString& address);
+    bool Load(const QString& address);
+    void LeaveNoVideo();
 
     Frame& frame_;
     QPointer<VideoWindow> window_;

@@ -179,13 +179,16 @@ void VideoWindow::GiveSource()
         ltmmPlay1->ResetSource();
 }
 
-void VideoWindow::LoadAddress(const QString& address)
+bool VideoWindow::LoadAddress(const QString& address)
 {
     const QPointer<VideoWindow> alive(this);
     ltmmPlay1->SetSourceFile(address);
+    if (alive && ltmmPlay1->WasCancelled())
+        return false;
     if (!alive || ltmmPlay1->SourceKind() == ltmmPlay::NoSource)
         throw ControlError(QStringLiteral("The address could not be opened."));
     frame_.State().VideoExt = VideoExtension(address);
+    return true;
 }
 
 void VideoWindow::ShowLoadedAddress()

@@ -25,11 +25,12 @@ public:
     void OpenVideo();
     /// Stops the player and takes its video away, in the size that every open begins with.
     void ResetPlayer();
-    /// Gives the player, just reset, an address of the web. Throws ControlError when it cannot be opened.
-    void LoadAddress(const QString& address);
+    /// Gives the player, just reset, an address of the web; false when the user did not wait for it. Throws
+    /// ControlError when it cannot be opened.
+    bool LoadAddress(const QString& address);
     /// Title, size and transport for the address just loaded.
     void ShowLoadedAddress();
-    /// Leaves the transport without a video, after an address could not be loaded.
+    /// Leaves the transport without a video, after an address was not loaded.
     void ShowNoVideo();
     /// Only one of capture and save is open to the user, by what the settings say about captures.
     void SwapCaptureCommands();

@@ -40,6 +40,8 @@ public:
     virtual void SetSourceFile(const QString& file) = 0;
     virtual QString SourceFile() const = 0;
     virtual Source SourceKind() const = 0;
+    /// Whether there is no source because the user did not wait for it to open.
+    virtual bool WasCancelled() const = 0;
     /// A block that holds a whole media file.
     virtual void SetSourceMemory(const QByteArray& block) = 0;
     virtual QByteArray SourceMemory() const = 0;

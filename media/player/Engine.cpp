@@ -83,6 +83,7 @@ Shot Engine::ShotOf(const media::Picture& picture) const
     shot.number = picture.Number();
     shot.seconds = server_->TimeOf(picture.Number());
     shot.picture = picture;
+    shot.caption = server_->CaptionAt(picture.Number());
     shot.turn = turn_;
     return shot;
 }

@@ -59,7 +59,7 @@ void WaitQuietly(const std::function<bool()>& hasOpened)
     loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
-bool WaitWithBox(QWidget& owner, const std::function<bool()>& hasOpened)
+bool WaitInBox(QWidget& owner, const std::function<bool()>& hasOpened)
 {
     const PointerPause pause;
     const QPointer<OpeningBox> box = new OpeningBox(owner.window());
@@ -76,11 +76,11 @@ bool WaitWithBox(QWidget& owner, const std::function<bool()>& hasOpened)
 
 } // namespace
 
-bool AwaitOpening(QWidget& owner, const std::function<bool()>& hasOpened)
+bool AwaitWithBox(QWidget& owner, const std::function<bool()>& hasOpened)
 {
     const QPointer<QWidget> alive(&owner);
     WaitQuietly(hasOpened);
-    return alive && (hasOpened() || WaitWithBox(owner, hasOpened)) && alive;
+    return alive && (hasOpened() || WaitInBox(owner, hasOpened)) && alive;
 }
 
 } // namespace player

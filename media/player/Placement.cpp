@@ -66,4 +66,9 @@ QRectF ShownRect(const View& view, QSize shown)
     return QRectF(QPointF(left, top) / view.ratio, QSizeF(shown) / view.ratio);
 }
 
+QRectF VisiblePlace(const View& view, QSize natural)
+{
+    return ShownRect(view, ShownSize(view, natural)) & QRectF({}, QSizeF(view.area));
+}
+
 } // namespace player

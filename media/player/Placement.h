@@ -25,5 +25,7 @@ QSize ShownSize(const View& view, QSize natural);
 QSize OwnSize(ltmmPlay::DisplayMode mode, QSize natural);
 /// Where a picture of ShownSize stands in the widget: in the middle, also when it is the larger one.
 QRectF ShownRect(const View& view, QSize shown);
+/// The part of the widget in which a picture of natural size can be seen; empty when there is none.
+QRectF VisiblePlace(const View& view, QSize natural);
 
 } // namespace player

@@ -1,5 +1,4 @@
 #include "media/player/PlayerControl.h"
-#include "media/player/OpeningWait.h"
 
 #include "media/player/AsPlayerFailure.h"
 #include "media/player/PaintShot.h"
@@ -25,8 +24,9 @@ media::Source SourceOf(const QString& file)
 
 } // namespace
 
-PlayerControl::PlayerControl(QWidget* parent, SoundDeviceMaker makeSound)
+PlayerControl::PlayerControl(QWidget* parent, OpeningWait awaitOpening, SoundDeviceMaker makeSound)
     : ltmmPlay(parent)
+    , awaitOpening_(std::move(awaitOpening))
     , makeSound_(std::move(makeSound))
     , running_(std::make_shared<std::atomic<int>>(0))
     , progress_([this] { ReportProgress(); })
@@ -77,7 +77,7 @@ void PlayerControl::Open(const media::Source& source)
             throw media::MediaError(media::Failure::Refused, "too many sources hang");
         mail_ = std::make_shared<Mailbox>(this, [this](const Mail& mail) { Read(mail); });
         session_ = Session::Start(source, view_, mail_, running_, makeSound_);
-        if (source.kind == media::Source::Kind::Address && !IsStillWanted())
+        if (source.kind == media::Source::Kind::Address && awaitOpening_ && !IsStillWanted())
             return;
         Adopt(session_->First());
     } catch (const media::MediaError& error) {
@@ -100,12 +100,14 @@ bool PlayerControl::IsStillWanted()
 {
     const std::shared_ptr<Session> opening = session_;
     const QPointer<PlayerControl> self(this);
-    const bool hasOpened = AwaitOpening(*this, [opening] { return opening->HasOpened(); });
+    const bool isOver = awaitOpening_(*this, [opening] { return opening->HasOpened(); });
     if (!self || session_ != opening)
         return false;
-    if (!hasOpened)
+    if (!isOver) {
         Drop();
-    return hasOpened;
+        wasCancelled_ = true;
+    }
+    return isOver;
 }
 
 void PlayerControl::Drop()
@@ -121,6 +123,7 @@ void PlayerControl::Drop()
     file_.clear();
     memory_.clear();
     kind_ = NoSource;
+    wasCancelled_ = false;
     state_ = Stopped;
     stoppedByCall_ = false;
     options_.selection = {};
@@ -205,9 +208,11 @@ void PlayerControl::Halt(PlayState state)
 
 void PlayerControl::Adopt(const Shot& shot)
 {
+    const QRectF before = VisiblePlace(view_, shown_.picture.Size());
     shown_ = shot;
     trackingPut_.reset();
-    update();
+    // The ground around the picture stands already.
+    update((before | VisiblePlace(view_, shown_.picture.Size())).toAlignedRect());
     if (IsOutdated(shown_, view_) && view_.isVisible)
         session_->Redraw(shown_);
 }

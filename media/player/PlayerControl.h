@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/player/OpeningWait.h"
 #include "media/player/ProgressMeter.h"
 #include "media/player/PulseDevice.h"
 #include "media/player/Session.h"
@@ -13,14 +14,16 @@ class PlayerControl : public ltmmPlay {
     Q_OBJECT
 
 public:
+    /// awaitOpening lets the user wait for addresses; with an empty one they wait with the program.
     /// makeSound makes the device that plays the sound; an empty one, or one that makes nothing, plays none.
-    explicit PlayerControl(
-        QWidget* parent = nullptr, player::SoundDeviceMaker makeSound = player::MakePulseDevice);
+    explicit PlayerControl(QWidget* parent = nullptr, player::OpeningWait awaitOpening = {},
+        player::SoundDeviceMaker makeSound = player::MakePulseDevice);
     ~PlayerControl() override;
 
     void SetSourceFile(const QString& file) override;
     QString SourceFile() const override { return file_; }
     Source SourceKind() const override { return kind_; }
+    bool WasCancelled() const override { return wasCancelled_; }
     void SetSourceMemory(const QByteArray& block) override;
     QByteArray SourceMemory() const override { return memory_; }
     void ResetSource() override;
@@ -65,7 +68,7 @@ public:
     bool FullScreen() const override { return view_.isFullScreen; }
     void SetFullScreen(bool on) override;
     bool ClosedCaption() const override { return showsCaptions_; }
-    void ToggleClosedCaption() override { showsCaptions_ = !showsCaptions_; }
+    void ToggleClosedCaption() override;
 
     /// Never waits: the shown frame is at hand, also while playing and while the engine is busy.
     QImage GetStillPicture(int timeoutMs) override;
@@ -109,6 +112,7 @@ private:
     QString file_;
     QByteArray memory_;
     Source kind_ = NoSource;
+    bool wasCancelled_ = false;
     PlayState state_ = Stopped;
     bool stoppedByCall_ = false; ///< by Stop, and not by the end of the video: there is no still to be had
     player::PlayOptions options_;
@@ -118,6 +122,7 @@ private:
     QSize natural_ { 0, 0 }; ///< of the source's first picture; 0 without a source
     bool showsCaptions_ = false;
 
+    player::OpeningWait awaitOpening_;
     player::SoundDeviceMaker makeSound_;
     std::shared_ptr<std::atomic<int>> running_;
     std::shared_ptr<player::Mailbox> mail_;

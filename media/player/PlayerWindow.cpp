@@ -1,4 +1,5 @@
 // How the player control stands on the screen: sizes, painting, full screen, keys and mouse.
+#include "media/player/PaintCaption.h"
 #include "media/player/PaintShot.h"
 #include "media/player/PlayerControl.h"
 #include "toolkit/Twips.h"
@@ -83,6 +84,15 @@ void PlayerControl::paintEvent(QPaintEvent*)
     if (view_.ratio != devicePixelRatioF())
         Look();
     PaintShot(painter, view_, shown_, palette().window());
+    if (showsCaptions_)
+        PaintCaption(painter, shown_.caption, VisiblePlace(view_, shown_.picture.Size()));
+}
+
+/// What is said with each picture is at hand, as a shot carries it in any case.
+void PlayerControl::ToggleClosedCaption()
+{
+    showsCaptions_ = !showsCaptions_;
+    update();
 }
 
 void PlayerControl::resizeEvent(QResizeEvent*)

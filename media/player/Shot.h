@@ -12,6 +12,8 @@ struct Shot {
     media::Picture picture;
     /// Format_RGB32 at the shown size in device pixels; null when nobody looks.
     QImage screen;
+    /// What closed captions say with it.
+    media::Caption caption;
     /// The capture, when it was made ahead of the asking; else null.
     QImage still;
     /// The order of the user that it answers (Session counts them); what belongs to an earlier one is stale.

@@ -13,6 +13,11 @@ protected:
     QProcess server_;
     QString plain_;
     QString secret_;
+    static inline const QString NotFound = QStringLiteral("The file or address was not found.");
+    static inline const QString NotAVideo = QStringLiteral("This is not a video of a known kind.");
+    static inline const QString NoAnswer = QStringLiteral("There was no answer in time.");
+    static inline const QString NotAllowed = QStringLiteral("This address is not allowed.");
+    static inline const QString NetworkFailed = QStringLiteral("The network or the server failed.");
 
     void SetUp() override
     {
@@ -84,15 +89,24 @@ TEST_F(PlayerAddressTest, ALineThatFallsSilentShowsWhatCame)
 
 TEST_F(PlayerAddressTest, AServerThatNeverAnswersIsGivenUp)
 {
-    EXPECT_TRUE(Refusal(plain_ + QStringLiteral("/silent")).contains(QStringLiteral("answer")));
+    EXPECT_EQ(Refusal(plain_ + QStringLiteral("/silent")), NoAnswer);
 }
 
 TEST_F(PlayerAddressTest, TheUserCanCancelTheWaitAndIsToldNothing)
 {
     WhenOpen<QDialog>([](QDialog& box) { box.reject(); });
     EXPECT_FALSE(Opens(plain_ + QStringLiteral("/silent")));
+    EXPECT_TRUE(player_->WasCancelled());
     EXPECT_TRUE(Opens(plain_ + QStringLiteral("/good/frag.mp4")));
     EXPECT_TRUE(errors_.empty());
+    EXPECT_FALSE(player_->WasCancelled());
+}
+
+TEST_F(PlayerAddressTest, WithoutAWayToLetTheUserWaitThePlayerWaitsByItself)
+{
+    PlayerControl alone;
+    alone.SetSourceFile(plain_ + QStringLiteral("/good/frag.mp4"));
+    EXPECT_EQ(alone.SourceKind(), ltmmPlay::FileSource);
 }
 
 TEST_F(PlayerAddressTest, TimersTickAndWindowsPaintWhileAnAddressOpens)
@@ -108,43 +122,43 @@ TEST_F(PlayerAddressTest, TimersTickAndWindowsPaintWhileAnAddressOpens)
 TEST_F(PlayerAddressTest, APlayListOfTheWebLeadsToItsFirstReference)
 {
     EXPECT_TRUE(Opens(plain_ + QStringLiteral("/leads.asx?") + plain_ + QStringLiteral("/good/frag.mp4")));
-    EXPECT_NE(Refusal(plain_ + QStringLiteral("/leads.asx?file://" TAQ_CLIPS "/frag.mp4")), QString());
+    EXPECT_EQ(Refusal(plain_ + QStringLiteral("/leads.asx?file://" TAQ_CLIPS "/frag.mp4")), NotAllowed);
 }
 
 TEST_F(PlayerAddressTest, HeaderLinesWithoutEndAreGivenUp)
 {
-    EXPECT_NE(Refusal(plain_ + QStringLiteral("/headers.asx")), QString());
-    EXPECT_NE(Refusal(plain_ + QStringLiteral("/headers")), QString());
+    EXPECT_EQ(Refusal(plain_ + QStringLiteral("/headers.asx")), NoAnswer);
+    EXPECT_EQ(Refusal(plain_ + QStringLiteral("/headers")), NoAnswer);
 }
 
 TEST_F(PlayerAddressTest, APageThatIsNotThereIsTold)
 {
-    EXPECT_TRUE(Refusal(plain_ + QStringLiteral("/gone")).contains(QStringLiteral("not found")));
+    EXPECT_EQ(Refusal(plain_ + QStringLiteral("/gone")), NotFound);
 }
 
 TEST_F(PlayerAddressTest, APageOfTextIsNoVideo)
 {
-    EXPECT_NE(Refusal(plain_ + QStringLiteral("/login")), QString());
+    EXPECT_EQ(Refusal(plain_ + QStringLiteral("/login")), NotAVideo);
 }
 
 TEST_F(PlayerAddressTest, AServerThatCannotProveWhoItIsIsRefused)
 {
-    EXPECT_NE(Refusal(secret_ + QStringLiteral("/good/frag.mp4")), QString());
-    EXPECT_NE(
-        Refusal(plain_ + QStringLiteral("/to?") + secret_ + QStringLiteral("/good/frag.mp4")), QString());
+    EXPECT_EQ(Refusal(secret_ + QStringLiteral("/good/frag.mp4")), NetworkFailed);
+    EXPECT_EQ(
+        Refusal(plain_ + QStringLiteral("/to?") + secret_ + QStringLiteral("/good/frag.mp4")), NetworkFailed);
 }
 
 TEST_F(PlayerAddressTest, NobodyIsSentToALocalFile)
 {
     const QString film = QStringLiteral("file://" TAQ_CLIPS "/frag.mp4");
-    EXPECT_NE(Refusal(plain_ + QStringLiteral("/to?") + film), QString());
-    EXPECT_NE(Refusal(plain_ + QStringLiteral("/list?") + film), QString());
-    EXPECT_NE(Refusal(plain_ + QStringLiteral("/list?concat:") + film), QString());
+    EXPECT_EQ(Refusal(plain_ + QStringLiteral("/to?") + film), NotAllowed);
+    EXPECT_EQ(Refusal(plain_ + QStringLiteral("/list?") + film), NotAVideo);
+    EXPECT_EQ(Refusal(plain_ + QStringLiteral("/list?concat:") + film), NotAVideo);
 }
 
 TEST_F(PlayerAddressTest, BeingSentRoundAndRoundEnds)
 {
-    EXPECT_NE(Refusal(plain_ + QStringLiteral("/round")), QString());
+    EXPECT_EQ(Refusal(plain_ + QStringLiteral("/round")), NetworkFailed);
 }
 
 TEST_F(PlayerAddressTest, AServerThatIsSentOnToIsFollowed)

@@ -62,7 +62,7 @@ protected:
         return places;
     }
 
-    std::unique_ptr<PlayerControl> player_ = std::make_unique<PlayerControl>();
+    std::unique_ptr<PlayerControl> player_ = std::make_unique<PlayerControl>(nullptr, player::AwaitWithBox);
     QSignalSpy progress_ { player_.get(), &ltmmPlay::PlaybackProgress };
     QSignalSpy moves_ { player_.get(), &ltmmPlay::PositionChanged };
     QSignalSpy selections_ { player_.get(), &ltmmPlay::SelectionChanged };

@@ -2,6 +2,7 @@
 #include "tests/player/SoundServer.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QRandomGenerator>
 #include <iostream>
 
@@ -56,14 +57,14 @@ protected:
         Load(QStringLiteral("avsync.mp4"));
     }
     /// Runs the event loop without the naps that QTest takes: pictures are painted when they come.
-    template <typename Condition> static bool RunUntil(Condition condition)
+    template <typename Condition> static bool RunUntil(Condition condition, int patience = Patience)
     {
         QEventLoop loop;
         QTimer look;
-        QElapsedTimer patience;
-        patience.start();
+        QElapsedTimer waited;
+        waited.start();
         QObject::connect(&look, &QTimer::timeout, &loop, [&] {
-            if (condition() || patience.elapsed() > Patience)
+            if (condition() || waited.elapsed() > patience)
                 loop.quit();
         });
         look.start(5);
@@ -76,12 +77,12 @@ protected:
         player_->Run();
         return RunUntil([=] { return Clock::now() >= end; });
     }
-    void PlayToTheEnd()
+    void PlayToTheEnd(int patience = Patience)
     {
         server_.Forget();
         flashes_.times.clear();
         player_->Run();
-        ASSERT_TRUE(RunUntil([this] { return player_->State() != ltmmPlay::Running; }));
+        ASSERT_TRUE(RunUntil([this] { return player_->State() != ltmmPlay::Running; }, patience));
     }
     /// Milliseconds by which each beep came after its flash. A changed tempo blurs the edges of a beep evenly
     /// to both sides, so that its middle tells its time.
@@ -98,14 +99,35 @@ protected:
     }
     void ExpectTogether(std::size_t atLeast)
     {
-        std::vector<double> offsets = Offsets();
+        const std::vector<double> offsets = Offsets();
         std::cout << "[ offsets  ] rate " << player_->Rate() << ", ms:";
         for (const double offset : offsets)
             std::cout << ' ' << std::lround(offset);
         std::cout << std::endl;
         ASSERT_GE(offsets.size(), atLeast);
-        std::sort(offsets.begin(), offsets.end());
-        EXPECT_NEAR(offsets[offsets.size() / 2], 0, Tolerance);
+        EXPECT_NEAR(MedianOf(offsets), 0, Tolerance);
+    }
+    static double MedianOf(std::vector<double> values)
+    {
+        std::ranges::sort(values);
+        return values[values.size() / 2];
+    }
+
+    /// The same as the clip's, for as long as wanted.
+    static void MakeFlashesAndBeeps(const QString& file, double seconds)
+    {
+        const QString length = QStringLiteral(":d=%1").arg(seconds);
+        const QString flashes = QStringLiteral("color=black:s=160x120:r=25") + length
+            + QStringLiteral(",drawbox=t=fill:c=white:enable='lt(mod(n,25),2)'");
+        const QString beeps =
+            QStringLiteral("aevalsrc='0.8*sin(2*PI*1000*t)*lt(mod(t,1),0.08)':s=48000") + length;
+        QProcess ffmpeg;
+        ffmpeg.start(QStringLiteral("ffmpeg"),
+            { QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-f"), QStringLiteral("lavfi"),
+                QStringLiteral("-i"), flashes, QStringLiteral("-f"), QStringLiteral("lavfi"),
+                QStringLiteral("-i"), beeps, QStringLiteral("-preset"), QStringLiteral("ultrafast"), file });
+        ASSERT_TRUE(ffmpeg.waitForFinished(600'000));
+        ASSERT_EQ(ffmpeg.exitCode(), 0) << ffmpeg.readAllStandardError().toStdString();
     }
 
     SoundServer server_;
@@ -153,6 +175,25 @@ TEST_F(PlayerSoundTest, TheyComeTogetherAfterManySeeksAndRates)
     player_->SetCurrentFrame(20);
     PlayToTheEnd();
     ExpectTogether(4);
+}
+
+/// TAQ_SOUND_MINUTES makes the play as long as a user's evening.
+TEST_F(PlayerSoundTest, TheyDoNotDriftApartOverALongPlay)
+{
+    const double minutes = qEnvironmentVariable("TAQ_SOUND_MINUTES", QStringLiteral("0.3")).toDouble();
+    const QTemporaryDir folder;
+    const QString clip = folder.filePath(QStringLiteral("long.mp4"));
+    MakeFlashesAndBeeps(clip, 60 * minutes);
+    player_->SetSourceFile(clip);
+    PlayToTheEnd(int(60'000 * minutes) + Patience);
+    const std::vector<double> offsets = Offsets();
+    ASSERT_GE(double(offsets.size()), 60 * minutes * 0.9);
+    const auto part = std::ptrdiff_t(offsets.size() / 3);
+    const double early = MedianOf({ offsets.begin(), offsets.begin() + part });
+    const double late = MedianOf({ offsets.end() - part, offsets.end() });
+    std::cout << "[ drift    ] over " << minutes << " min from " << early << " to " << late << " ms\n";
+    EXPECT_NEAR(early, 0, Tolerance);
+    EXPECT_NEAR(late, 0, Tolerance);
 }
 
 TEST_F(PlayerSoundTest, PausesSeeksRatesAndMuteDoNotClick)

@@ -22,6 +22,7 @@ public:
     QStringList log;
     std::function<void()> whenViewerOpens;
     std::function<void()> whenPumped;
+    int checkedInMenus = 0;
     std::function<void(int)> chosenInMenus;
 
     FakeFrame() { state.LoadApplicationState(window); }
@@ -71,11 +72,12 @@ public:
         log << (visible ? QStringLiteral("ShowFront") : QStringLiteral("HideFront"));
     }
     void OpenHelp() override { log << QStringLiteral("OpenHelp"); }
-    void OpenMenus(PopupOwner kind, const QStringList& items, int, const QWidget&,
+    void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget&,
         std::function<void(int)> chosen) override
     {
         state.PopupKind = qint16(kind);
         log << items;
+        checkedInMenus = checkedItems;
         chosenInMenus = std::move(chosen);
     }
     void PumpEvents() override

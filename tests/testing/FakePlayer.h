@@ -28,6 +28,7 @@ public:
     int playCount = 1;
     double selectionStart = 0;
     double selectionEnd = 0;
+    bool wasCancelled = false;
     bool failsStills = false;
     int stillsGiven = 0;
     int lastTimeout = 0;
@@ -42,6 +43,8 @@ public:
 
     /// An address or file that cannot be opened.
     QString refused;
+    /// One whose opening the user cancels.
+    QString cancelled;
 
     /// Told of each call that gives or takes the video, before it is carried out.
     std::function<void(const char* call)> whenAsked = [](const char*) {};
@@ -49,8 +52,10 @@ public:
     void SetSourceFile(const QString& name) override
     {
         whenAsked("SetSourceFile");
-        file = name == refused ? QString() : name;
+        wasCancelled = !name.isEmpty() && name == cancelled;
+        file = name == refused || wasCancelled ? QString() : name;
     }
+    bool WasCancelled() const override { return wasCancelled; }
     QString SourceFile() const override { return file; }
     Source SourceKind() const override
     {

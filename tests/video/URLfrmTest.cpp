@@ -193,6 +193,19 @@ TEST_F(URLfrmTest, AFailureIsToldOnceThoughThePlayerTellsItToo)
     EXPECT_TRUE(state.ShowPlayerErrors);
 }
 
+TEST_F(URLfrmTest, ACancelledDownloadIsNoErrorAndKeepsTheFormAndTheLastAddress)
+{
+    frame.own->cancelled = Holiday;
+    Download(Holiday); // an error box that is not expected would fail here
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(state.LastAddress, QString());
+    EXPECT_FALSE(frame.enabled.value(Command::Cancel, true));
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::Operation, true));
+    EXPECT_FALSE(pane.Cmd2[PlayButton]->isEnabled());
+    Download(Winter);
+    EXPECT_EQ(frame.own->file, Winter);
+}
+
 TEST_F(URLfrmTest, AnAddressIsTakenWithoutTheBlanksAroundIt)
 {
     Download(QStringLiteral("  ") + Holiday + u' ');

@@ -195,6 +195,40 @@ TEST_F(VideoWindowTest, ATimedCaptureEndsAtExactlyHundredPercent)
     EXPECT_FALSE(frame.enabled.value(Command::Cancel));
 }
 
+TEST_F(VideoWindowTest, ATimedCaptureThatWasAtItsEndIsNotAnyMoreAtAnyOtherPercent)
+{
+    Open({ QStringLiteral("a.avi") });
+    state.CaptureTime = true;
+    Q_EMIT Player().PlaybackProgress(10000);
+    ASSERT_TRUE(window->EndReached);
+    Q_EMIT Player().PlaybackProgress(9949);
+    EXPECT_EQ(Status(StatusLabel::Percent), QStringLiteral("99%"));
+    EXPECT_FALSE(window->EndReached);
+}
+
+TEST_F(VideoWindowTest, WithoutATimedCaptureTheEndIsLeftAsItIsUntilNoVideoStandsAtTheStart)
+{
+    Open({ QStringLiteral("a.avi") });
+    window->EndReached = true;
+    Q_EMIT Player().PlaybackProgress(0);
+    EXPECT_TRUE(window->EndReached);
+    state.VideoPath.clear();
+    Q_EMIT Player().PlaybackProgress(1);
+    EXPECT_TRUE(window->EndReached);
+    Q_EMIT Player().PlaybackProgress(0);
+    EXPECT_FALSE(window->EndReached);
+}
+
+TEST_F(VideoWindowTest, AtItsEndADownloadCannotBeCancelledAnyMore)
+{
+    Open({ QStringLiteral("a.avi") });
+    frame.EnableCommand(Command::Cancel, true);
+    Q_EMIT Player().PlaybackProgress(9900);
+    EXPECT_TRUE(frame.enabled.value(Command::Cancel));
+    Q_EMIT Player().PlaybackProgress(10000);
+    EXPECT_FALSE(frame.enabled.value(Command::Cancel));
+}
+
 TEST_F(VideoWindowTest, WithoutATrackingScaleTheLabelsStay)
 {
     Open({ QStringLiteral("a.avi") });
@@ -246,6 +280,34 @@ TEST_F(VideoWindowTest, TheSizePopupSetsTheDisplaySizeAndTheCaptions)
     }
     frame.chosenInMenus(4);
     EXPECT_TRUE(Player().closedCaption);
+}
+
+TEST_F(VideoWindowTest, TheSizePopupChecksTheSizeThatIsSetAndTheCaptionsWhenTheyAreOn)
+{
+    const auto checked = [this] {
+        QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Image1")), Qt::LeftButton);
+        return frame.checkedInMenus;
+    };
+    Player().displaySize = ltmmPlay::Half;
+    EXPECT_EQ(checked(), 1 << 2);
+    Player().closedCaption = true;
+    EXPECT_EQ(checked(), 1 << 2 | 1 << 4);
+    Player().displaySize = ltmmPlay::FitToWindow; // is none of the four
+    EXPECT_EQ(checked(), 1 << 4);
+}
+
+TEST_F(VideoWindowTest, SoundLoopAndAutoRewindKeepTheirStateWhenAnotherVideoOpens)
+{
+    Open({ QStringLiteral("a.avi") });
+    for (const SeekButton button : { AutoRewindButton, LoopButton, SoundButton })
+        QTest::mouseClick(pane.Cmd3[button], Qt::LeftButton);
+    Open({ QStringLiteral("b.avi") });
+    EXPECT_TRUE(Player().autoRewind);
+    EXPECT_EQ(Player().playCount, 0);
+    EXPECT_TRUE(Player().mute);
+    EXPECT_EQ(pane.Cmd3[AutoRewindButton]->Value(), 1);
+    EXPECT_EQ(pane.Cmd3[LoopButton]->Value(), 1);
+    EXPECT_EQ(pane.Cmd3[SoundButton]->Value(), 0);
 }
 
 TEST_F(VideoWindowTest, TheCloseButtonStopsThePlayerAndLeavesNoVideo)
