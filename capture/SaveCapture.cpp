@@ -120,8 +120,8 @@ void AskForText(Frame& frame)
         AskUserText(frame);
 }
 
-/// The text is on the capture when it is written and stays there. A save that fails takes it back, or the next
-/// try would draw it twice.
+/// The text is on the capture when it is written and stays there. A save that fails takes it back, or the
+/// next try would draw it twice.
 Writer CaptureWriter(Frame& frame)
 {
     const imaging::FormatRow& row = FormatInForce(frame.State());

@@ -19,7 +19,8 @@ constexpr double DotsPerPoint = 96.0 / 72;
 constexpr int DotsPerMeter = 3780; // 96 to the inch
 constexpr double SmallestPoints = 1;
 constexpr double LargestPoints = 1000;
-/// Behind the font asked for: letters that it lacks and that are pictures come in colour where the system can.
+/// Behind the font asked for: letters that it lacks and that are pictures come in colour where the system
+/// can.
 constexpr auto ColourLetters = "Noto Color Emoji";
 /// An edge around letters: its share of an em, and what it takes at least, in pixels.
 struct Edge {

@@ -54,8 +54,7 @@ QImage Swept(const QImage& shape, QPoint way)
     const cv::Mat still = MatrixOf(shape);
     const int steps = std::max({ std::abs(way.x()), std::abs(way.y()), 1 });
     for (int step = 0; step <= steps; ++step)
-        Cover(covered, still, qRound(double(way.x()) * step / steps),
-            qRound(double(way.y()) * step / steps));
+        Cover(covered, still, qRound(double(way.x()) * step / steps), qRound(double(way.y()) * step / steps));
     return swept;
 }
 

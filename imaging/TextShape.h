@@ -7,8 +7,8 @@ class QPoint;
 
 namespace imaging::TextShape {
 
-// A shape says of each pixel how much of it is covered: QImage::Format_Alpha8. What reaches beyond its edges is
-// cut off.
+// A shape says of each pixel how much of it is covered: QImage::Format_Alpha8. What reaches beyond its edges
+// is cut off.
 
 /// What the letters cover.
 QImage Of(const QImage& letters);

@@ -35,8 +35,9 @@ void ColorWell::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const bool isLit = HasFocusRing() || ShownState() == State::Pressed;
-    const Token edge =
-        isLit ? Token::Accent : ShownState() == State::Hover ? Token::TextDisabled : Token::LineInside;
+    const Token edge = isLit           ? Token::Accent
+        : ShownState() == State::Hover ? Token::TextDisabled
+                                       : Token::LineInside;
     painter.setPen(StyleColor(edge));
     painter.setBrush(StyleColor(Token::Control));
     const QRectF box = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);

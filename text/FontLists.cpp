@@ -29,7 +29,8 @@ constexpr StyleRow Styles[] = {
     { "Bold Italic", true, true },
 };
 
-constexpr float Sizes[] = { 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 28, 32, 36, 40, 48, 60, 72, 96, 120, 144 };
+constexpr float Sizes[] = { 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 28, 32, 36, 40, 48, 60, 72, 96, 120,
+    144 };
 
 struct ListRow {
     const char* objectName;

@@ -11,8 +11,9 @@ class QPushButton;
 class TAQbutton;
 class TextEffects;
 
-/// Sets how the user's text looks, on a live sample. Modal; accepted when the look was saved in memory and in the
-/// store, rejected when it was cancelled. Opening it brings the effects in memory back to what the store has.
+/// Sets how the user's text looks, on a live sample. Modal; accepted when the look was saved in memory and in
+/// the store, rejected when it was cancelled. Opening it brings the effects in memory back to what the store
+/// has.
 class GetFonts : public DialogForm {
     Q_OBJECT
 

@@ -56,9 +56,17 @@ constexpr Well Wells[] = {
     { "FontColor", "Font Color", "Font color.", FontColourRow, &TextSettings::sFontColor, false },
     { "BorderBackColor", "Border Color", "Font outline color.", BorderRow, &TextSettings::sFontBorderColor,
         true },
-    { "PicBackColor", "Shadow Color", "Font shadow color.", ShadowColourRow,
-        &TextSettings::sFontShadowColor, true },
+    { "PicBackColor", "Shadow Color", "Font shadow color.", ShadowColourRow, &TextSettings::sFontShadowColor,
+        true },
 };
+
+/// Begins a row with its caption.
+QWidget* AddRow(QGridLayout& grid, Row row, const QString& caption)
+{
+    auto* label = new QLabel(caption, grid.parentWidget());
+    grid.addWidget(label, row, 0);
+    return label;
+}
 
 } // namespace
 
@@ -82,7 +90,6 @@ void TextEffects::Build()
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(2 * Gap);
     grid->setVerticalSpacing(2 * Gap);
-    AddWells(*grid);
     UseShadowYesNo->setObjectName(QStringLiteral("UseShadowYesNo"));
     UseShadowYesNo->SetCaption(QStringLiteral("Use Drop Down Shadow?"));
     grid->addWidget(UseShadowYesNo, ShadowsRow, 0, 1, 3);
@@ -90,9 +97,10 @@ void TextEffects::Build()
     TextStyleCB->setAccessibleName(QStringLiteral("Shadow style"));
     for (const imaging::TextStyleRow& row : imaging::TextStyles)
         TextStyleCB->addItem(QLatin1String(row.name));
-    grid->addWidget(new QLabel(QStringLiteral("Shadow Style:"), this), StyleRow, 0);
+    effects_ << AddRow(*grid, StyleRow, QStringLiteral("Shadow Style:")) << TextStyleCB;
     grid->addWidget(TextStyleCB, StyleRow, 1, 1, 2);
     AddNumbers(*grid);
+    AddWells(*grid);
     grid->setRowStretch(grid->rowCount(), 1);
 }
 
@@ -106,7 +114,8 @@ void TextEffects::AddNumbers(QGridLayout& grid)
         box->setProperty("Tag", QLatin1String(row.tip));
         box->setFixedWidth(fontMetrics().averageCharWidth() * NumberColumns + 4 * Gap);
         if (*row.caption)
-            grid.addWidget(new QLabel(QLatin1String(row.caption), this), row.row, 0);
+            effects_ << AddRow(grid, row.row, QLatin1String(row.caption));
+        effects_ << box;
         grid.addWidget(box, row.row, row.column);
         connect(box, &QLineEdit::textChanged, this, [this, number] { CheckNumber(number); });
         numbers_[number] = box;
@@ -121,8 +130,10 @@ void TextEffects::AddWells(QGridLayout& grid)
         box->setObjectName(QLatin1String(row.objectName));
         box->setAccessibleName(QLatin1String(row.caption));
         box->setProperty("Tag", QLatin1String(row.tip));
-        grid.addWidget(new QLabel(QLatin1String(row.caption) + u':', this), row.row, 0);
+        QWidget* const caption = AddRow(grid, row.row, QLatin1String(row.caption) + u':');
         grid.addWidget(box, row.row, 1, 1, 2);
+        if (row.isEffect)
+            effects_ << caption << box;
         connect(box, &ColorWell::Click, this, [this, well] { ChooseColor(well); });
         wells_[well] = box;
     }
@@ -174,9 +185,6 @@ void TextEffects::ChooseColor(size_t well)
 void TextEffects::SetShadows(bool on)
 {
     usesShadows_ = on;
-    TextStyleCB->setEnabled(on);
-    for (QLineEdit* box : numbers_)
-        box->setEnabled(on);
-    for (size_t well = 0; well < wells_.size(); ++well)
-        wells_[well]->setEnabled(on || !Wells[well].isEffect);
+    for (QWidget* effect : effects_)
+        effect->setEnabled(on);
 }

@@ -42,5 +42,6 @@ private:
     QComboBox* TextStyleCB;
     std::array<QLineEdit*, 3> numbers_ {};
     std::array<ColorWell*, 3> wells_ {};
+    QList<QWidget*> effects_; ///< what is of use with shadows only
     bool usesShadows_ = false;
 };

@@ -434,8 +434,9 @@ TEST(TextOnPictures, LinesBeginAtTheLeftAndRightToLeftOnesAtTheRight)
     const auto lastLine = [](const char16_t* text) {
         const QImage drawn = Drawn(QString::fromUtf16(text), Look());
         const QRect ink = Ink(drawn);
-        return std::pair(ink, Box(drawn.copy(0, ink.bottom() - 12, drawn.width(), 12),
-                                  [](const QColor& pixel) { return pixel != Ground; }));
+        return std::pair(ink,
+            Box(drawn.copy(0, ink.bottom() - 12, drawn.width(), 12),
+                [](const QColor& pixel) { return pixel != Ground; }));
     };
     const auto [latin, latinLast] = lastLine(u"wide line\ni");
     EXPECT_LT(latinLast.right(), latin.center().x());
@@ -544,8 +545,7 @@ TEST(TextOnPictures, TrueColourPicturesKeepTheirFormatAndOthersBecomeTrueColour)
         { QImage::Format_RGB16, QImage::Format_RGB16 }, { QImage::Format_Indexed8, QImage::Format_BGR888 },
         { QImage::Format_Mono, QImage::Format_BGR888 } };
     for (const auto& each : cases) {
-        const QImage drawn =
-            WithText(Plain().convertToFormat(each.before), QStringLiteral("Sample"), Look());
+        const QImage drawn = WithText(Plain().convertToFormat(each.before), QStringLiteral("Sample"), Look());
         EXPECT_EQ(drawn.format(), each.after);
         EXPECT_FALSE(BoxOf(drawn, Face).isEmpty());
     }
