@@ -468,6 +468,7 @@ TEST_F(ButtonXPTest, ItsSizeHoldsCaptionAndPicture)
 TEST(SystemColors, NumbersAreRedGreenBlueOrARoleOfTheStyle)
 {
     EXPECT_EQ(ColorOf(0x00030201), QColor(1, 2, 3));
+    EXPECT_EQ(NumberOf(QColor(1, 2, 3)), 0x00030201u);
     EXPECT_EQ(ColorOf(0x8000000F), StyleColor(Token::Control));
     EXPECT_EQ(ColorOf(0x80000012), StyleColor(Token::Text));
     EXPECT_EQ(ColorOf(0x800000FF).rgb(), qRgb(0, 0, 0)) << "unknown ones are black where a colour must be";
