@@ -5,6 +5,7 @@
 #include "imaging/TextShape.h"
 
 #include <QFont>
+#include <QFontInfo>
 #include <QPainter>
 #include <QTransform>
 
@@ -50,7 +51,9 @@ TextLook Sane(TextLook look)
 
 QFont FontOf(const TextLook& look)
 {
-    QFont font(QStringList { look.font, QLatin1String(ColourLetters) });
+    // Were a family missing, the digits would be taken from the one behind it.
+    const QString atHand = QFontInfo(QFont(QStringList { look.font })).family();
+    QFont font(QStringList { atHand, QLatin1String(ColourLetters) });
     font.setPointSizeF(look.points);
     font.setBold(look.isBold);
     font.setItalic(look.isItalic);
@@ -186,6 +189,8 @@ QImage Canvas(const QImage& picture)
 
 QImage WithText(const QImage& picture, const QString& text, const TextLook& asked)
 {
+    if (text.trimmed().isEmpty())
+        return picture;
     const TextLook look = Sane(asked);
     const TextBlock block(text, FontOf(look), WrapWidth(look, picture.size()), look.place.height());
     const QTransform placement = Placement(block.Size(), look);
@@ -196,7 +201,7 @@ QImage WithText(const QImage& picture, const QString& text, const TextLook& aske
     const QRect ink = placement.mapRect(lines).toAlignedRect() + margins;
     // Letters beyond the picture's edge throw their shadows into it.
     const QRect area = ink & (picture.rect() + margins);
-    if (text.trimmed().isEmpty() || !ink.intersects(picture.rect()))
+    if (!ink.intersects(picture.rect()))
         return picture;
 
     QImage result = Canvas(picture);

@@ -306,6 +306,19 @@ TEST(TextOnPictures, AFontThatIsMissingIsReplaced)
     }
 }
 
+TEST(TextOnPictures, TheDigitsOfAFontThatIsMissingAreLettersAndNoEmoji)
+{
+    for (const char* font : { "No such font", "", "Arial", "Times New Roman", "DejaVu Sans" }) {
+        TextLook look = Look();
+        look.font = QLatin1String(font);
+        for (const QChar character : QStringLiteral("0123456789#*")) {
+            const QImage drawn = Drawn(character, look);
+            EXPECT_FALSE(BoxOf(drawn, Face).isEmpty()) << font << character.toLatin1();
+            EXPECT_LT(Ink(drawn).width(), 28) << font << character.toLatin1();
+        }
+    }
+}
+
 TEST(TextOnPictures, ItalicLeansToTheRight)
 {
     const auto lean = [](bool isItalic) {
