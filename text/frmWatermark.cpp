@@ -5,16 +5,13 @@
 #include "app/Frame.h"
 #include "app/Hourglass.h"
 #include "toolkit/HeadButtons.h"
+#include "toolkit/LineRow.h"
 #include "toolkit/TAQbutton.h"
 
-#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPointer>
 
 namespace {
-
-constexpr int Columns = 52; // of the text box, in average characters
-constexpr int Gap = 4; // the grid
 
 bool IsBlank(const QString& text)
 {
@@ -36,7 +33,6 @@ frmWatermark::frmWatermark(Frame& frame, QWidget* owner)
     // At first the button takes an empty box, too: that keeps the text in force.
     connect(edtURL, &QLineEdit::textChanged, CmdOK,
         [this](const QString& text) { CmdOK->setEnabled(!IsBlank(text)); });
-    connect(edtURL, &QLineEdit::returnPressed, CmdOK, &TAQbutton::click);
     connect(CmdOK, &TAQbutton::Click, this, &frmWatermark::Save);
     frame_.State().ApplyToolTips(*this);
 }
@@ -47,25 +43,13 @@ void frmWatermark::Build()
         "Cancel and close", [](frmWatermark& form) { form.reject(); } };
     Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
 
-    edtURL->setObjectName(QStringLiteral("edtURL"));
     edtURL->setAccessibleName(QStringLiteral("Watermark text"));
     edtURL->setProperty("Tag", QStringLiteral("Enter the wartermark text to place on captures."));
     edtURL->setPlaceholderText(frame_.State().sFontText.simplified());
-    edtURL->setMinimumWidth(fontMetrics().averageCharWidth() * Columns);
-    CmdOK->setObjectName(QStringLiteral("CmdOK"));
     CmdOK->SetFace(Face::Save);
     CmdOK->SetCaption(QStringLiteral("Save"));
     CmdOK->setProperty("Tag", QStringLiteral("Save Watermark."));
-
-    auto* body = new QWidget(this);
-    auto* row = new QHBoxLayout(body);
-    row->setContentsMargins(3 * Gap, 3 * Gap, 3 * Gap, 3 * Gap);
-    row->setSpacing(2 * Gap);
-    row->addWidget(edtURL, 1);
-    row->addWidget(CmdOK);
-    AddBody(body);
-    KeepFitting();
-    edtURL->setFocus();
+    AddLineRow(*this, *edtURL, *CmdOK);
 }
 
 void frmWatermark::done(int result)
