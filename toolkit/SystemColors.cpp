@@ -56,3 +56,8 @@ QColor ColorOf(ColorNumber number)
     const Role role = index < Roles.size() ? Roles[index] : Role();
     return role ? StyleColor(*role) : QColor(Qt::black);
 }
+
+ColorNumber NumberOf(const QColor& color)
+{
+    return static_cast<ColorNumber>(color.red() | color.green() << 8 | color.blue() << 16);
+}

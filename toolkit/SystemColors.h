@@ -17,3 +17,5 @@ inline constexpr ColorNumber Light = 0x80000016;
 
 /// The colour that a number stands for now; black for a system number that its table does not have.
 QColor ColorOf(ColorNumber number);
+/// The number of a colour.
+ColorNumber NumberOf(const QColor& color);

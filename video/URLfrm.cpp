@@ -7,19 +7,17 @@
 #include "app/Hourglass.h"
 #include "app/Talk.h"
 #include "toolkit/HeadButtons.h"
+#include "toolkit/LineRow.h"
 #include "toolkit/TAQbutton.h"
 #include "video/Opening.h"
 #include "video/VideoWindow.h"
 
-#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 
 namespace {
 
 constexpr int ShortestAddress = 11;
-constexpr int Columns = 52; // of the text box, in average characters
-constexpr int Gap = 4; // the grid
 constexpr auto Prompt = "Enter full path of video URL";
 constexpr auto Example = "Enter URL      Example:   http://www.example.com/videos/holiday.mpg";
 
@@ -36,7 +34,6 @@ URLfrm::URLfrm(Frame& frame, VideoWindow& window, QWidget* owner)
     Build();
     AddShadow(*this, frame_.State());
     connect(edtURL, &QLineEdit::textChanged, this, &URLfrm::ShowWhetherEnough);
-    connect(edtURL, &QLineEdit::returnPressed, CmdOK, &TAQbutton::click);
     connect(CmdOK, &TAQbutton::Click, this, &URLfrm::Download);
     ShowWhetherEnough();
     frame_.State().ApplyToolTips(*this);
@@ -48,24 +45,12 @@ void URLfrm::Build()
         "Close download window", [](URLfrm& form) { form.reject(); } };
     Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
 
-    edtURL->setObjectName(QStringLiteral("edtURL"));
     edtURL->setAccessibleName(QStringLiteral("Address of the video"));
-    edtURL->setMinimumWidth(fontMetrics().averageCharWidth() * Columns);
-    CmdOK->setObjectName(QStringLiteral("CmdOK"));
     CmdOK->SetFace(Face::Download);
     CmdOK->SetCaption(QStringLiteral("Download"));
     CmdOK->setAccessibleName(CmdOK->Caption());
     CmdOK->setProperty("Tag", QStringLiteral("Enter Download URL"));
-
-    auto* body = new QWidget(this);
-    auto* row = new QHBoxLayout(body);
-    row->setContentsMargins(3 * Gap, 3 * Gap, 3 * Gap, 3 * Gap);
-    row->setSpacing(2 * Gap);
-    row->addWidget(edtURL, 1);
-    row->addWidget(CmdOK);
-    AddBody(body);
-    KeepFitting();
-    edtURL->setFocus();
+    AddLineRow(*this, *edtURL, *CmdOK);
 }
 
 void URLfrm::done(int result)

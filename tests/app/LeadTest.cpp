@@ -459,3 +459,85 @@ TEST_F(LeadTest, ATransparentPictureShowsTheGround)
     lead.SetBitmap(clear);
     EXPECT_EQ(Shown().pixelColor(3, 3), Ground);
 }
+
+namespace {
+
+/// A text over the middle of a picture of 60 by 50.
+class LeadTextTest : public LeadTest {
+protected:
+    LeadTextTest()
+    {
+        QImage plain(60, 50, QImage::Format_BGR888);
+        plain.fill(Qt::darkBlue);
+        lead.SetBitmap(plain);
+        lead.Font.Name = QStringLiteral("DejaVu Sans");
+        lead.Font.size = 24;
+        lead.DrawFontColor = 0x00FFFF;
+        lead.TextWidth = lead.DstWidth();
+        lead.TextHeight = lead.DstHeight();
+    }
+    static bool HasText(const QImage& picture)
+    {
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                if (picture.pixelColor(x, y) == QColor(Qt::yellow))
+                    return true;
+        return false;
+    }
+    void Draw(bool persistence)
+    {
+        lead.DrawPersistence = persistence;
+        lead.DrawText(QStringLiteral("HH"), 0);
+    }
+};
+
+} // namespace
+
+TEST_F(LeadTextTest, PersistentTextIsInThePictureAndOnTheScreen)
+{
+    const QImage before = lead.Bitmap();
+    Draw(true);
+    EXPECT_TRUE(HasText(lead.Bitmap()));
+    EXPECT_TRUE(HasText(Shown()));
+    EXPECT_FALSE(HasText(before)) << "who shares the picture keeps it";
+}
+
+TEST_F(LeadTextTest, OtherTextIsOnTheScreenUntilThePictureChanges)
+{
+    Draw(false);
+    EXPECT_FALSE(HasText(lead.Bitmap()));
+    EXPECT_TRUE(HasText(Shown()));
+    lead.SetBitmap(lead.Bitmap());
+    EXPECT_FALSE(HasText(Shown()));
+}
+
+TEST_F(LeadTextTest, AnEmptyControlHasNothingToDrawOn)
+{
+    lead.SetBitmap({});
+    EXPECT_THROW(Draw(true), ControlError);
+}
+
+TEST_F(LeadTextTest, BoldIsTheControlsOwn)
+{
+    const QImage plain = lead.Bitmap();
+    Draw(true);
+    const QImage regular = lead.Bitmap();
+    lead.SetBitmap(plain);
+    lead.Font.Bold = true;
+    Draw(true);
+    EXPECT_NE(lead.Bitmap(), regular);
+}
+
+TEST_F(LeadTest, ThePlaceScrolledToStaysWhileThereAreNoBars)
+{
+    lead.SetBitmap(Sample({ 300, 300 }));
+    lead.show();
+    QScrollBar* across = lead.findChildren<QScrollBar*>().first();
+    across->setValue(100);
+    const QImage before = Shown();
+    lead.SetAutoScroll(false);
+    EXPECT_FALSE(across->isVisible());
+    lead.SetAutoScroll(true);
+    EXPECT_EQ(across->value(), 100);
+    EXPECT_EQ(Shown(), before);
+}

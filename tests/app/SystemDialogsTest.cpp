@@ -3,6 +3,7 @@
 #include "tests/testing/Files.h"
 #include "tests/testing/RunningDialog.h"
 
+#include <QColorDialog>
 #include <QDir>
 #include <QMessageBox>
 #include <QPushButton>
@@ -94,6 +95,20 @@ TEST_F(SystemDialogsTest, AFileIsNotReplacedByAHastyReturn)
     EXPECT_FALSE(Confirmed(hastyReturn));
     EXPECT_FALSE(Confirmed([](QMessageBox& box) { box.reject(); }));
     EXPECT_TRUE(Confirmed([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); }));
+}
+
+TEST_F(SystemDialogsTest, AColourIsAskedForFromTheOneItBeginsWith)
+{
+    WhenOpen<QColorDialog>([this](QColorDialog& dialog) {
+        EXPECT_EQ(dialog.parentWidget(), &owner_);
+        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Shadow Color"));
+        EXPECT_EQ(dialog.currentColor(), QColor(Qt::red));
+        dialog.setCurrentColor(Qt::green);
+        dialog.accept();
+    });
+    EXPECT_EQ(AskSystemColor(&owner_, QStringLiteral("Shadow Color"), Qt::red), QColor(Qt::green));
+    WhenOpen<QColorDialog>([](QColorDialog& dialog) { dialog.reject(); });
+    EXPECT_FALSE(AskSystemColor(&owner_, QStringLiteral("Shadow Color"), Qt::red).isValid());
 }
 
 } // namespace

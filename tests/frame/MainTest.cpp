@@ -326,6 +326,17 @@ TEST_F(MainTest, ASecondSelectionShowsItsOwnList)
     }
 }
 
+TEST_F(MainTest, AnAlertCatchesTheEyeUntilTheLabelsNextText)
+{
+    const auto colour = [this] { return Find<QLabel>("LblMsg1(0)")->palette().color(QPalette::WindowText); };
+    const QColor plain = colour();
+    main->SetStatusAlert(StatusLabel::Operation, QStringLiteral("Cancelled"));
+    EXPECT_EQ(Label("LblMsg1(0)"), QStringLiteral("Cancelled"));
+    EXPECT_NE(colour(), plain);
+    main->SetStatus(StatusLabel::Operation, QStringLiteral("Capture Saved"));
+    EXPECT_EQ(colour(), plain);
+}
+
 TEST_F(MainTest, TheMaximizeButtonFollowsTheWindow)
 {
     auto* button = Find<StripButton>("ToolBarPic(1)");

@@ -1,5 +1,6 @@
 // Writes a picture of every control in every state and of every window, for the eye.
 #include "ControlsPage.h"
+#include "TextPages.h"
 #include "WindowPages.h"
 #include "toolkit/Style.h"
 
@@ -28,6 +29,7 @@ int main(int argc, char** argv)
         areWritten = window.grab().save(folder.filePath(name + QStringLiteral(".png"))) && areWritten;
     };
     take(QStringLiteral("controls"), *ControlsPage());
+    ShowTexts(take);
     ShowWindows(take);
     return areWritten ? 0 : 1;
 }

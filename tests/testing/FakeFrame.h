@@ -6,6 +6,7 @@
 #include "tests/testing/FrameNeighbours.h"
 
 #include <QMap>
+#include <QSet>
 
 /// A frame of the test's own over faked neighbours, with a log of what was asked.
 class FakeFrame : public Frame, public FrameNeighbours {
@@ -16,6 +17,7 @@ public:
     QPointer<QWidget> activeForm;
     QPointer<Lead> activeCapture;
     QMap<StatusLabel, QString> status;
+    QSet<StatusLabel> alerts; ///< labels whose text stands in the alert's colour
     QMap<StatusLabel, bool> statusShown;
     QMap<Command, bool> enabled;
     /// The names of the calls that open or show something, in their order.
@@ -42,7 +44,16 @@ public:
         form->show();
     }
     void SendToBack(QWidget*) override { log << QStringLiteral("SendToBack"); }
-    void SetStatus(StatusLabel label, const QString& text) override { status[label] = text; }
+    void SetStatus(StatusLabel label, const QString& text) override
+    {
+        status[label] = text;
+        alerts.remove(label);
+    }
+    void SetStatusAlert(StatusLabel label, const QString& text) override
+    {
+        status[label] = text;
+        alerts.insert(label);
+    }
     void ShowStatus(StatusLabel label, bool visible) override { statusShown[label] = visible; }
     void RepaintStatus(StatusLabel label) override
     {

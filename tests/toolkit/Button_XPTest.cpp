@@ -635,6 +635,7 @@ TEST_F(ButtonXPTest, ItsSizeHoldsCaptionAndPicture)
 TEST(SystemColors, NumbersAreRedGreenBlueOrARoleOfTheStyle)
 {
     EXPECT_EQ(ColorOf(0x00030201), QColor(1, 2, 3));
+    EXPECT_EQ(NumberOf(QColor(1, 2, 3)), 0x00030201U);
     const std::pair<ColorNumber, Token> roles[] { { 0x80000005, Token::Control }, { 0x80000008, Token::Text },
         { 0x8000000D, Token::Accent }, { 0x8000000E, Token::OnAccent }, { 0x8000000F, Token::Control },
         { 0x80000010, Token::LineOutside }, { 0x80000011, Token::TextDisabled }, { 0x80000012, Token::Text },

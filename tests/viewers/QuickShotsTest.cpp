@@ -79,6 +79,20 @@ TEST_F(QuickShotsTest, AllAreSavedUnderTheNextFreeNumbers)
     EXPECT_EQ(frame.status.value(StatusLabel::Operation), QStringLiteral("All Thumbs Saved"));
 }
 
+TEST_F(QuickShotsTest, AllAreSavedWithTheUsersTextWhenAsked)
+{
+    const auto saved = [this](int number) {
+        return QImage(state.Beside(QStringLiteral("AutoSave/AutoThumb%1.bmp").arg(number)));
+    };
+    state.PositionX = state.PositionY = 0;
+    Add(Qt::red);
+    Click("Cmds(5)");
+    state.UseWatermark = true;
+    Click("Cmds(5)");
+    EXPECT_EQ(saved(1).size(), saved(2).size());
+    EXPECT_NE(saved(1), saved(2));
+}
+
 TEST_F(QuickShotsTest, ClosingDropsAllThumbnails)
 {
     Add(Qt::red);
