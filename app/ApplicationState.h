@@ -2,6 +2,7 @@
 
 #include "app/CRegSettings.h"
 #include "app/SettingsKeys.h"
+#include "app/TextSettings.h"
 #include "desktop/Dib.h"
 #include <QImage>
 #include <QPointer>
@@ -11,7 +12,7 @@
 #include <vector>
 
 /// The state that every window shares, made once and living as long as the program. Reached through Frame.
-class ApplicationState {
+class ApplicationState : public TextSettings {
 public:
     /// applicationFolder is the folder of the executable, without a separator at its end; settingsFolder as
     /// in CRegSettings.
@@ -111,24 +112,8 @@ public:
     QString OldDir;
     QString OldFolder2;
     bool ToolTip = false; ///< also ShowTips
-    float PositionX = 0; ///< pixels
-    float PositionY = 0; ///< pixels
-    float SFontSize = 0; ///< points
-    bool SFontBold = false;
-    QString SFontName;
-    bool SFontItalic = false;
-    qint32 sFontColor = 0;
-    QString sFontText;
     bool UseWatermark = false;
     bool WatermarkBATCH = false;
-    qint16 TextShadowPosX = 0;
-    qint16 TextShadowPosY = 0;
-    qint16 WatermarkTextStyle = 0;
-    qint16 sFontWatermarkTextAngle = 0; ///< degrees
-    qint32 sFontShadowColor = 0;
-    qint32 sFontBorderColor = 0;
-    bool UseShadows = false;
-    bool WordWrap = false;
 
 private:
     void MakeFolders() const;

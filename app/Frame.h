@@ -64,6 +64,8 @@ public:
     virtual void SendToBack(QWidget* form) = 0;
 
     virtual void SetStatus(StatusLabel label, const QString& text) = 0;
+    /// The same in a colour that catches the eye, until the label's next text.
+    virtual void SetStatusAlert(StatusLabel label, const QString& text) = 0;
     virtual void ShowStatus(StatusLabel label, bool visible) = 0;
     virtual void EnableCommand(Command command, bool enabled) = 0;
     virtual bool IsCommandEnabled(Command command) const = 0;

@@ -5,6 +5,7 @@
 #include "desktop/WholeFile.h"
 #include "imaging/Converted.h"
 #include "imaging/PictureFile.h"
+#include "imaging/PictureText.h"
 #include "imaging/Resample.h"
 #include "toolkit/Twips.h"
 
@@ -12,6 +13,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QStyle>
 #include <QWheelEvent>
 
@@ -82,8 +84,10 @@ void Draw(QPainter& painter, const QImage& picture, const Mapping& mapping)
             part == picture.rect() ? picture : picture.copy(part), size, imaging::Resampling::Smooth));
 }
 
+/// The bar follows the view, not the view the bar: it stays where it is while there are no bars.
 void SetBar(QScrollBar& bar, double overhang, double page, double value)
 {
+    const QSignalBlocker silence(bar);
     bar.setRange(0, int(overhang));
     bar.setPageStep(std::max(1, int(page)));
     bar.setSingleStep(std::max(1, int(page) / 20));
@@ -113,6 +117,7 @@ void Lead::SetBitmap(const QImage& picture)
 {
     bitmap_ = picture;
     bitmap_.setDevicePixelRatio(1);
+    onScreen_ = {};
     view_.SetPicture(bitmap_.size());
     Changed();
 }
@@ -181,6 +186,19 @@ void Lead::Size(int width, int height, int flags)
         throw ControlError(QStringLiteral("There is no picture to resize."));
     const auto kind = flags == SizeSmooth ? imaging::Resampling::Smooth : imaging::Resampling::Nearest;
     SetBitmap(AsControl([&] { return imaging::Resample(bitmap_, { width, height }, kind); }));
+}
+
+void Lead::DrawText(const QString& text, int flags)
+{
+    if (flags != 0 || bitmap_.isNull())
+        throw ControlError(QStringLiteral("There is no picture to draw on."));
+    const double scale = view_.Source().width() / view_.Destination().width() / Unit();
+    const QImage drawn = AsControl([&] { return imaging::WithText(bitmap_, text, LookOf(*this, scale)); });
+    if (DrawPersistence)
+        bitmap_ = drawn;
+    onScreen_ = DrawPersistence ? QImage() : drawn;
+    if (autoRepaint_)
+        update();
 }
 
 void Lead::SetScaleMode(int mode)
@@ -312,7 +330,7 @@ void Lead::paintEvent(QPaintEvent* event)
     painter.setClipRect(clip);
     const Mapping shown = whole.Within(clip, bitmap_.rect());
     if (!shown.from.isEmpty())
-        Draw(painter, bitmap_, shown);
+        Draw(painter, onScreen_.isNull() ? bitmap_ : onScreen_, shown);
 }
 
 void Lead::resizeEvent(QResizeEvent*)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ControlError.h"
+#include "app/TextDrawing.h"
 #include "imaging/PictureView.h"
 #include <QImage>
 #include <QWidget>
@@ -14,7 +15,7 @@ class EncodedFile;
 /// The imaging control: one picture, how it is shown, and its mouse events. Pictures are shared between
 /// controls until one of them changes its own. Failures are ControlError and leave the picture as it was. A
 /// picture larger than the control can be moved by the scroll bars, the wheel and the middle button.
-class Lead : public QWidget {
+class Lead : public QWidget, public TextDrawing {
     Q_OBJECT
 
 public:
@@ -53,6 +54,9 @@ public:
     int Paste(Clipboard& clipboard, int flags);
     /// Resamples to a new size in pixels, SizeSmooth or SizePlain.
     void Size(int width, int height, int flags);
+
+    /// Draws a text as TextDrawing has it; flags is 0. Keeps what of the picture is shown.
+    void DrawText(const QString& text, int flags);
 
     /// Unit of the display's measures: ScaleTwips or ScalePixels, at first pixels.
     int ScaleMode() const { return scaleMode_; }
@@ -111,6 +115,7 @@ private:
     void ScrollBy(QPointF distance);
 
     QImage bitmap_;
+    QImage onScreen_; ///< what is shown instead of the picture, null when nothing is
     imaging::PictureView view_;
     int scaleMode_ = ScalePixels;
     bool autoRepaint_ = true;

@@ -3,6 +3,7 @@
 #include "desktop/FileName.h"
 #include "toolkit/FileDialog.h"
 
+#include <QColorDialog>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -38,4 +39,15 @@ QString SystemDialogs::AskOpenNames(
     dialog.CancelError = false;
     dialog.ShowOpen();
     return dialog.Filename;
+}
+
+QColor AskSystemColor(QWidget* owner, const QString& title, const QColor& start)
+{
+    const QPointer<QColorDialog> dialog = new QColorDialog(start, owner);
+    dialog->setOption(QColorDialog::DontUseNativeDialog);
+    dialog->setWindowTitle(title);
+    const bool isChosen = dialog->exec() == QDialog::Accepted && dialog;
+    const QColor chosen = isChosen ? dialog->selectedColor() : QColor();
+    delete dialog;
+    return chosen;
 }

@@ -11,3 +11,6 @@ public:
     QString AskOpenNames(
         QWidget* owner, const QString& title, const QString& filter, const QString& folder) override;
 };
+
+/// AskColor with the program's own dialog.
+QColor AskSystemColor(QWidget* owner, const QString& title, const QColor& start);

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QColor>
 #include <QString>
 #include <QStringList>
+
+#include <functional>
 
 class QWidget;
 
@@ -30,3 +33,6 @@ public:
     virtual QString AskOpenNames(
         QWidget* owner, const QString& title, const QString& filter, const QString& folder) = 0;
 };
+
+/// Asks for a colour, beginning with start; an invalid colour on cancel.
+using AskColor = std::function<QColor(QWidget* owner, const QString& title, const QColor& start)>;

@@ -12,9 +12,14 @@
 #include "capture/SavePicture.h"
 #include "capture/SaveTarget.h"
 #include "desktop/WholeFile.h"
+#include "text/PrintUserText.h"
+#include "text/frmWatermark.h"
 #include "video/ltmmPlay.h"
 
+#include <QPointer>
+
 #include <functional>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -83,16 +88,56 @@ Writer StillWriter(Frame& frame)
     };
 }
 
+/// A capture as it was; comes back unless what was done to it is kept.
+class CaptureBefore {
+public:
+    explicit CaptureBefore(Lead& capture)
+        : capture_(&capture)
+        , before_(capture.Bitmap())
+    {
+    }
+    ~CaptureBefore()
+    {
+        if (capture_ && !isKept_)
+            capture_->SetBitmap(before_);
+    }
+    CaptureBefore(const CaptureBefore&) = delete;
+    CaptureBefore& operator=(const CaptureBefore&) = delete;
+
+    void Keep() { isKept_ = true; }
+
+private:
+    QPointer<Lead> capture_;
+    QImage before_;
+    bool isKept_ = false;
+};
+
+/// The words are asked for unless every capture gets the same.
+void AskForText(Frame& frame)
+{
+    const ApplicationState& state = frame.State();
+    if (state.UseWatermark && !state.WatermarkBATCH)
+        AskUserText(frame);
+}
+
+/// The text is on the capture when it is written and stays there. A save that fails takes it back, or the next
+/// try would draw it twice.
 Writer CaptureWriter(Frame& frame)
 {
     const imaging::FormatRow& row = FormatInForce(frame.State());
-    const Lead* capture = frame.ActiveCapture();
+    AskForText(frame);
+    Lead* capture = frame.ActiveCapture();
     if (!capture)
         throw ControlError(QStringLiteral("The active window holds no capture."));
-    return [capture, row](const QString& path, Name name) {
-        if (name == Name::New)
-            return capture->SaveNew(path, row.format, row.bits, row.quality);
-        capture->Save(path, row.format, row.bits, row.quality, false);
+    const auto before = std::make_shared<CaptureBefore>(*capture);
+    PrintUserText(frame);
+    return [capture, row, before](const QString& path, Name name) {
+        const bool isNew = name == Name::New;
+        if (isNew && !capture->SaveNew(path, row.format, row.bits, row.quality))
+            return false;
+        if (!isNew)
+            capture->Save(path, row.format, row.bits, row.quality, false);
+        before->Keep();
         return true;
     };
 }

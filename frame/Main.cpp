@@ -189,6 +189,15 @@ void Main::SendToBack(QWidget* form)
 void Main::SetStatus(StatusLabel label, const QString& text)
 {
     labels_[size_t(label)]->setText(text);
+    labels_[size_t(label)]->setPalette({});
+}
+
+void Main::SetStatusAlert(StatusLabel label, const QString& text)
+{
+    SetStatus(label, text);
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, StyleColor(Token::Alarm));
+    labels_[size_t(label)]->setPalette(palette);
 }
 
 void Main::ShowStatus(StatusLabel label, bool visible)

@@ -59,6 +59,7 @@ public:
     void AddChild(QWidget* form) override;
     void SendToBack(QWidget* form) override;
     void SetStatus(StatusLabel label, const QString& text) override;
+    void SetStatusAlert(StatusLabel label, const QString& text) override;
     void ShowStatus(StatusLabel label, bool visible) override;
     void EnableCommand(Command command, bool enabled) override;
     bool IsCommandEnabled(Command command) const override;

@@ -30,3 +30,8 @@ QColor ColorOf(ColorNumber number)
             return StyleColor(row.token);
     return {};
 }
+
+ColorNumber NumberOf(const QColor& color)
+{
+    return static_cast<ColorNumber>(color.red() | color.green() << 8 | color.blue() << 16);
+}

@@ -17,3 +17,5 @@ inline constexpr ColorNumber Light = 0x80000016;
 
 /// The colour of a number; invalid for a system number that is none of the above.
 QColor ColorOf(ColorNumber number);
+/// The number of a colour.
+ColorNumber NumberOf(const QColor& color);

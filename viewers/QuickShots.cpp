@@ -9,6 +9,7 @@
 #include "app/Talk.h"
 #include "capture/AutoName.h"
 #include "capture/FormatInForce.h"
+#include "text/PrintUserText.h"
 #include "toolkit/HeadButtons.h"
 #include "viewers/ThumbCell.h"
 #include "viewers/Viewer.h"
@@ -116,6 +117,8 @@ void QuickShots::SaveAll()
             if (cell->Bitmap().isNull())
                 continue; // its capture never reached the clipboard
             writer.SetBitmap(cell->Bitmap());
+            if (state.UseWatermark)
+                PrintUserText(writer, state);
             number = names.Write(
                 [&](const QString& path) { return writer.SaveNew(path, row.format, row.bits, row.quality); },
                 number);

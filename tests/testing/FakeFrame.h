@@ -7,6 +7,7 @@
 #include "tests/testing/FakePlayer.h"
 #include "tests/testing/ScriptedTalk.h"
 #include <QMap>
+#include <QSet>
 #include <QTemporaryDir>
 
 /// A frame of the test's own: the real state over a temporary folder, faked neighbours, and a log of what was
@@ -24,6 +25,7 @@ public:
     QPointer<QWidget> activeForm;
     QPointer<Lead> activeCapture;
     QMap<StatusLabel, QString> status;
+    QSet<StatusLabel> alerts; ///< labels whose text stands in the alert's colour
     QMap<StatusLabel, bool> statusShown;
     QMap<Command, bool> enabled;
     /// The names of the calls that open or show something, in their order.
@@ -49,7 +51,16 @@ public:
         form->show();
     }
     void SendToBack(QWidget*) override { log << QStringLiteral("SendToBack"); }
-    void SetStatus(StatusLabel label, const QString& text) override { status[label] = text; }
+    void SetStatus(StatusLabel label, const QString& text) override
+    {
+        status[label] = text;
+        alerts.remove(label);
+    }
+    void SetStatusAlert(StatusLabel label, const QString& text) override
+    {
+        status[label] = text;
+        alerts.insert(label);
+    }
     void ShowStatus(StatusLabel label, bool visible) override { statusShown[label] = visible; }
     void EnableCommand(Command command, bool on) override { enabled[command] = on; }
     bool IsCommandEnabled(Command command) const override { return enabled.value(command); }
