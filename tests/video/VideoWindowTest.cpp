@@ -1,63 +1,13 @@
-#include "video/VideoWindow.h"
 #include "tests/testing/AccessFaults.h"
-#include "tests/testing/FakeFrame.h"
+#include "tests/video/VideoWindowFixture.h"
 #include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
 #include "toolkit/TitleStrip.h"
-#include "video/Transport.h"
-#include "video/TransportPane.h"
 
-#include <QDir>
 #include <QSignalSpy>
 #include <QTest>
-#include <gtest/gtest.h>
 
-namespace {
-
-/// A frame whose current player is the video window's own.
-class OneVideoFrame : public FakeFrame {
-public:
-    ltmmPlay& CurrentPlayer() override { return *own; }
-    FakePlayer* own = nullptr;
-};
-
-class VideoWindowTest : public testing::Test {
-protected:
-    OneVideoFrame frame;
-    ApplicationState& state = frame.state;
-    TransportPane pane;
-    FakePlayer spare;
-    std::unique_ptr<Transport> transport;
-    QPointer<VideoWindow> window;
-
-    void SetUp() override
-    {
-        frame.own = &spare; // asked for while the window is being made
-        transport = std::make_unique<Transport>(pane, frame, [] {});
-        window = new VideoWindow(
-            frame, *transport, [this](QWidget* parent) { return frame.own = new FakePlayer(parent); });
-        frame.own->size = QSize(640, 360);
-        window->show();
-        pane.show();
-        QDir::setCurrent(frame.folder.path());
-    }
-    void TearDown() override
-    {
-        delete window;
-        QDir::setCurrent(QDir::rootPath());
-    }
-
-    FakePlayer& Player() { return *frame.own; }
-    void Open(const QStringList& names)
-    {
-        state.FileNames = names;
-        state.FileCount = int(names.size());
-        window->OpenVideo();
-    }
-    QString Status(StatusLabel label) const { return frame.status.value(label); }
-};
-
-} // namespace
+using VideoWindowTest = VideoWindowFixture;
 
 TEST_F(VideoWindowTest, TheWindowTakesTheSizeOfTheVideo)
 {
