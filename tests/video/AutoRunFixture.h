@@ -29,6 +29,7 @@ public:
     void SetSourceFile(const QString& path) override
     {
         FakePlayer::SetSourceFile(path);
+        state = Stopped;
         frame = 0;
         frameCount = file.isEmpty() ? 0 : frameCounts.value(QFileInfo(path).fileName(), 30);
         opened << QFileInfo(path).fileName();
