@@ -1,5 +1,5 @@
-// longrun: two hours of video captured every 10 frames by the program's own run: the time against the ffmpeg command
-// line writing the same pictures, and the memory on the way.
+// longrun: two hours of video captured every 10 frames by the program's own run: the time against the ffmpeg
+// command line writing the same pictures, and the memory on the way.
 #include "bench/BenchClips.h"
 #include "bench/Cost.h"
 #include "bench/ProgramRun.h"
@@ -32,8 +32,8 @@ double ResidentMegabytes()
     return 0;
 }
 
-/// Looks at the memory each time another tenth of the pictures stands on the disk, and at the longest silence of
-/// the event loop.
+/// Looks at the memory each time another tenth of the pictures stands on the disk, and at the longest silence
+/// of the event loop.
 class Watch {
 public:
     explicit Watch(const QString& folder)
@@ -84,10 +84,12 @@ int main(int argc, char** argv)
     std::printf("longest time without an answer to events: %lld ms\n", watch.Longest());
     std::printf("%d WRONG PICTURES of %d\n", Faults(ours.path()), Frames / Stride);
     const QTemporaryDir theirs(root + QStringLiteral("/theirs"));
-    const Cost peer = CostOf({ "ffmpeg", "-v", "error", "-i", clip.toStdString(), "-vf", "select=not(mod(n\\,10))",
-        "-fps_mode", "passthrough", (theirs.path() + QStringLiteral("/out%05d.bmp")).toStdString() });
-    std::printf("the program %.1f s (%.1f s of processor), ffmpeg %.1f s (%.1f s): **%.2f** of its time, %.2f of its "
-                "processor; goal %.2f\n",
+    const Cost peer =
+        CostOf({ "ffmpeg", "-v", "error", "-i", clip.toStdString(), "-vf", "select=not(mod(n\\,10))",
+            "-fps_mode", "passthrough", (theirs.path() + QStringLiteral("/out%05d.bmp")).toStdString() });
+    std::printf(
+        "the program %.1f s (%.1f s of processor), ffmpeg %.1f s (%.1f s): **%.2f** of its time, %.2f of its "
+        "processor; goal %.2f\n",
         own.wall, own.cpu, peer.wall, peer.cpu, (own / peer).wall, (own / peer).cpu, Goal);
     return 0;
 }

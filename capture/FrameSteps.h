@@ -4,9 +4,9 @@
 
 /// The frames that a run by frames takes from one video, one after the other.
 ///
-/// The first file of the whole run is frame 0; any other video begins with its frame "step". There are at most
-/// frameCount - 1 rounds, so that a step of 1 leaves out the last frame of the video that frame 0 was taken
-/// from. A video shorter than the step gives its last frame instead of none.
+/// The first file of the whole run is frame 0; any other video begins with its frame "step". There are at
+/// most frameCount - 1 rounds, so that a step of 1 leaves out the last frame of the video that frame 0 was
+/// taken from. A video shorter than the step gives its last frame instead of none.
 class FrameSteps {
 public:
     /// A step below 1 counts as 1.

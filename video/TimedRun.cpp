@@ -57,8 +57,7 @@ void TimedRun::Tick()
         return;
     if (parts_.writer.Waiting() < MostWaiting)
         IgnoreErrors([this] { TakeStill(); });
-    CapTimer.start(
-        TimedSteps::NextDelay(parts_.player.CurrentPosition(), interval_, parts_.player.Rate()));
+    CapTimer.start(TimedSteps::NextDelay(parts_.player.CurrentPosition(), interval_, parts_.player.Rate()));
     Q_EMIT PictureTaken();
 }
 

@@ -60,9 +60,9 @@ public:
     virtual int FrameCount() const = 0;
     /// Whether FrameCount would not wait.
     virtual bool HasFrameCount() const { return true; }
-    /// Makes ready what a caller asks for that will go to first, first + stride … by SetCurrentFrame and take a
-    /// still of each; said again before every frame, it goes on where it was. A caller that does something else
-    /// ends it.
+    /// Makes ready what a caller asks for that will go to first, first + stride … by SetCurrentFrame and take
+    /// a still of each; said again before every frame, it goes on where it was. A caller that does something
+    /// else ends it.
     virtual void ExpectFrames(int first, int stride)
     {
         Q_UNUSED(first)

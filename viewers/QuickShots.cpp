@@ -59,7 +59,8 @@ void QuickShots::Build()
     connect(picInner_, &ThumbPanel::Clicked, this, &QuickShots::Select);
     connect(picInner_, &ThumbPanel::DoubleClicked, this, &QuickShots::View);
     connect(picInner_, &ThumbPanel::CurrentMoved, this, [this](const QRect& cell) {
-        picOuter_->ensureVisible(cell.center().x(), cell.center().y(), cell.width() / 2, cell.height() / 2);
+        const QSize room = cell.size() / 2 + QSize(ThumbLayout::Gap, ThumbLayout::Gap);
+        picOuter_->ensureVisible(cell.center().x(), cell.center().y(), room.width(), room.height());
     });
     hint_ = new QLabel(QStringLiteral("Captures gather here."), picInner_);
     hint_->move(ThumbLayout::Left, ThumbLayout::Top);
@@ -150,7 +151,8 @@ bool QuickShots::SaveEach()
             AllThumbWatermark();
         writer.SetBitmap(picInner_->Bitmap(index));
         number = names.Write(
-            [&](const QString& path) { return writer.SaveNew(path, row.format, row.bits, row.quality); }, number);
+            [&](const QString& path) { return writer.SaveNew(path, row.format, row.bits, row.quality); },
+            number);
         frame_.PumpEvents(); // a long strip takes its time
         if (!alive || !state.QuickShotsOpen)
             return false;

@@ -157,7 +157,8 @@ void ThumbPanel::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     const QRect dirty = event->rect();
-    for (int index = FirstBelow(dirty.top()); index < Count() && CellRect(index).top() <= dirty.bottom(); ++index)
+    for (int index = FirstBelow(dirty.top()); index < Count() && CellRect(index).top() <= dirty.bottom();
+         ++index)
         if (CellRect(index).intersects(dirty))
             PaintCell(painter, index);
 }

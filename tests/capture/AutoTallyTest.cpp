@@ -24,15 +24,15 @@ TEST(AutoTally, TheFirstPictureIsToldByItself)
 TEST(AutoTally, LaterPicturesOfATimedRunTellTheirTime)
 {
     AutoTally tally(1);
-    EXPECT_EQ(After(tally, 3, 1800, &AutoTally::TimeText),
-        "Captured frame at 01:00:00        Total Captures = 3");
+    EXPECT_EQ(
+        After(tally, 3, 1800, &AutoTally::TimeText), "Captured frame at 01:00:00        Total Captures = 3");
 }
 
 TEST(AutoTally, TheFrameNumberToldIsTheTimeThatATimedRunWouldTell)
 {
     AutoTally tally(1);
-    EXPECT_EQ(After(tally, 4, 10, &AutoTally::FrameText),
-        "Captured frame at Frame #: 30    Total Captures = 4");
+    EXPECT_EQ(
+        After(tally, 4, 10, &AutoTally::FrameText), "Captured frame at Frame #: 30    Total Captures = 4");
 }
 
 TEST(AutoTally, ARunOverSeveralVideosCountsOneMoreFromItsStart)
@@ -50,8 +50,8 @@ TEST(AutoTally, TheFirstPictureOfTheNextVideoDoesNotMoveTheCount)
     EXPECT_EQ(tally.ElapsedSeconds(), 0);
     EXPECT_EQ(After(tally, 1, 10, &AutoTally::TimeText), "Captured first frame.     Total Captures = 4");
     EXPECT_EQ(tally.ElapsedSeconds(), 10);
-    EXPECT_EQ(After(tally, 1, 10, &AutoTally::TimeText),
-        "Captured frame at 00:00:40        Total Captures = 5");
+    EXPECT_EQ(
+        After(tally, 1, 10, &AutoTally::TimeText), "Captured frame at 00:00:40        Total Captures = 5");
 }
 
 TEST(TimedSteps, TheFirstPictureComesAfterAsManyMillisecondsAsTheIntervalHasSeconds)

@@ -1,5 +1,5 @@
-// Automatic captures through the whole program on real media: what stands on the disk is told by the pictures' own
-// bar codes.
+// Automatic captures through the whole program on real media: what stands on the disk is told by the
+// pictures' own bar codes.
 #include "app/ApplicationState.h"
 #include "capture/FrameSteps.h"
 #include "frame/Main.h"
@@ -80,8 +80,8 @@ protected:
         pictures.removeRecursively();
         QDir().mkpath(pictures.path());
     }
-    /// The numbers in the pictures, from auto1.bmp to the first name that is missing. degrees turns those whose
-    /// code was drawn before they were rotated as tagged.
+    /// The numbers in the pictures, from auto1.bmp to the first name that is missing. degrees turns those
+    /// whose code was drawn before they were rotated as tagged.
     std::vector<int> NumbersWritten(int degrees = 0) const
     {
         std::vector<int> numbers;
@@ -105,8 +105,8 @@ std::vector<int> Asked(const Clip& clip, int step)
 
 bool Agree(const std::vector<int>& written, const std::vector<int>& asked)
 {
-    return std::ranges::equal(written, asked,
-        [](int found, int expected) { return expected < 0 || found == expected; });
+    return std::ranges::equal(
+        written, asked, [](int found, int expected) { return expected < 0 || found == expected; });
 }
 
 } // namespace
@@ -114,7 +114,8 @@ bool Agree(const std::vector<int>& written, const std::vector<int>& asked)
 TEST_F(AutomaticCapture, OfEveryClipExactlyTheFramesAskedForAreWritten)
 {
     for (const Clip& clip : AllClips()) {
-        if (clip.Pictures < 2)
+        // What is known by its name only is not to be had under the name that a run accepts.
+        if (clip.Pictures < 2 || clip.Name.endsWith(QLatin1String(".m3u8")))
             continue;
         const int degrees = clip.Name == QLatin1String("rotate90.mp4") ? 90 : 0;
         for (const int step : { 1, 7, 10'000 }) {

@@ -81,7 +81,10 @@ protected:
         Open(names);
     }
     /// The commands come back when a run is over.
-    bool AwaitOver() const { return Await([this] { return frame.enabled.value(Command::Capture); }); }
+    bool AwaitOver() const
+    {
+        return Await([this] { return frame.enabled.value(Command::Capture); });
+    }
     template <typename Condition> static bool Await(Condition condition)
     {
         return QTest::qWaitFor(condition, 20'000);

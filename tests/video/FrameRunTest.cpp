@@ -122,8 +122,9 @@ TEST_F(FrameRunTest, AWmvAtTheEndIsLeftPlaying)
 TEST_F(FrameRunTest, ASingleFrameIsToldAndNothingIsWritten)
 {
     frame.errors.Expect(QStringLiteral("Capture Not Supported"),
-        QStringLiteral("The frame command is not supported by this video format. Turn off this feature for this "
-                       "video and use the capture button."));
+        QStringLiteral(
+            "The frame command is not supported by this video format. Turn off this feature for this "
+            "video and use the capture button."));
     player->frameCounts[A] = 1;
     RunByFrames({ A }, 10);
     ASSERT_TRUE(AwaitOver());
@@ -202,8 +203,8 @@ TEST_F(FrameRunTest, AFullDiskLeavesWholeFilesOnlyAndTheRightCount)
     EXPECT_LT(files.size(), 20);
     for (const QString& file : files)
         EXPECT_FALSE(QImage(PictureFolder() + u'/' + file).isNull()) << file.toStdString();
-    EXPECT_TRUE(Status(StatusLabel::AutoCapture)
-                    .endsWith(QStringLiteral("Total Captures = %1").arg(files.size())));
+    EXPECT_TRUE(
+        Status(StatusLabel::AutoCapture).endsWith(QStringLiteral("Total Captures = %1").arg(files.size())));
     QFile::remove(PictureFolder());
 }
 

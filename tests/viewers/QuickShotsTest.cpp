@@ -35,10 +35,7 @@ protected:
         frame.hold.SetBitmap(picture);
         strip->mnuControlsAdd2();
     }
-    void Pick(int index)
-    {
-        QTest::mouseClick(panel, Qt::LeftButton, {}, panel->CellRect(index).center());
-    }
+    void Pick(int index) { QTest::mouseClick(panel, Qt::LeftButton, {}, panel->CellRect(index).center()); }
     void Click(const char* name)
     {
         QTest::mouseClick(strip->findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton);
@@ -214,7 +211,8 @@ TEST_F(QuickShotsTest, WithTheWatermarkOnTheTextIsDrawnIntoEveryThumbnailSaved)
     strip->mnuControlsAdd2();
     Click("Cmds(5)");
     EXPECT_NE(panel->Bitmap(0), picture);
-    EXPECT_EQ(QImage(state.Beside(QStringLiteral("AutoSave/AutoThumb1.bmp"))).convertToFormat(QImage::Format_RGB32),
+    EXPECT_EQ(
+        QImage(state.Beside(QStringLiteral("AutoSave/AutoThumb1.bmp"))).convertToFormat(QImage::Format_RGB32),
         panel->Bitmap(0).convertToFormat(QImage::Format_RGB32));
 }
 
