@@ -21,17 +21,6 @@ constexpr int Period = 500; ///< frames until the numbers in the pictures begin 
 constexpr int Looks = 10;
 constexpr double Goal = 0.7;
 
-double ResidentMegabytes()
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith("VmRSS:"))
-            return line.simplified().split(' ')[1].toDouble() / 1024;
-    return 0;
-}
-
 /// Looks at the memory each time another tenth of the pictures stands on the disk, and at the longest silence
 /// of the event loop.
 class Watch {
@@ -48,7 +37,7 @@ public:
         if (!QFile::exists(folder_ + QStringLiteral("/auto%1.bmp").arg(next)))
             return;
         ++looks_;
-        std::printf("%d pictures: %.0f MB resident\n", next, ResidentMegabytes());
+        std::printf("%d pictures: %.0f MB resident\n", next, ResidentBytes() / 1e6);
     }
     qint64 Longest() const { return longest_; }
 

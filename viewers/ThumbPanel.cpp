@@ -176,8 +176,9 @@ void ThumbPanel::PaintCell(QPainter& painter, int index)
         tint.setAlpha(TintAlpha);
         painter.fillRect(cell, tint);
     }
-    if (index == selected_) {
-        painter.setPen(QPen(StyleColor(Token::Accent), HighlightWidth));
+    const bool isWaiting = selected_ < 0 && index == 0 && hasFocus(); // the keys begin here
+    if (index == selected_ || isWaiting) {
+        painter.setPen(QPen(StyleColor(isWaiting ? Token::Text : Token::Accent), HighlightWidth));
         painter.drawRect(cell.adjusted(1, 1, -1, -1));
     }
 }
