@@ -1,5 +1,7 @@
 #include "bench/Cost.h"
 
+#include <QFile>
+
 #include <cerrno>
 #include <chrono>
 #include <ctime>
@@ -71,6 +73,17 @@ void Stopwatch::GoOn()
 Cost Stopwatch::Elapsed() const
 {
     return NowOf(CLOCK_PROCESS_CPUTIME_ID) - begin_ - rested_;
+}
+
+double ResidentBytes()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : status.readAll().split('\n'))
+        if (line.startsWith("VmRSS:"))
+            return line.simplified().split(' ')[1].toDouble() * 1024;
+    return 0;
 }
 
 Cost CostOf(const std::vector<std::string>& command)

@@ -27,6 +27,9 @@ private:
     Cost rested_;
 };
 
+/// Bytes of this process that stand in memory now.
+double ResidentBytes();
+
 /// Runs a program found along the path to its end and tells what it took with all it started itself. What it
 /// says goes nowhere. Throws when it fails.
 Cost CostOf(const std::vector<std::string>& command);

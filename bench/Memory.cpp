@@ -1,11 +1,11 @@
 // memory: what a capture that is held open takes, in its window and among the thumbnails of the real program,
 // against the bytes of its pixels.
 #include "bench/BenchClips.h"
+#include "bench/Cost.h"
 #include "bench/LiveProgram.h"
 #include "video/ltmmPlay.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QTest>
 
 #include <cstdio>
@@ -16,17 +16,6 @@ constexpr int Captures = 60;
 constexpr int WarmUpCaptures = 2;
 constexpr int WarmUpSteps = 120; // the caches of pictures are full then
 constexpr double Goal = 1.1;
-
-double ResidentBytes()
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith("VmRSS:"))
-            return line.simplified().split(' ')[1].toDouble() * 1024;
-    return 0;
-}
 
 void Capture(LiveProgram& program, int count)
 {

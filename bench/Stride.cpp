@@ -2,6 +2,7 @@
 // the same. Each side is a whole process from its start to its end.
 #include "bench/BenchClips.h"
 #include "bench/Comparison.h"
+#include "bench/ProgramRun.h"
 #include "capture/SavePicture.h"
 #include "media/Conveyor.h"
 #include "media/FrameServer.h"
@@ -77,8 +78,11 @@ int FaultsIn(const QString& folder, const Case& one)
     const int expected = (one.frames + one.stride - 1) / one.stride;
     const int found = int(QDir(folder).entryList({ QStringLiteral("*.bmp") }, QDir::Files).size());
     int faults = std::abs(found - expected);
-    for (int place = 1; place <= expected; ++place)
-        faults += NumberIn(QImage(NameOf(folder, place))) != (place - 1) * one.stride;
+    for (int place = 1; place <= expected; ++place) {
+        const QString byProgram = folder + QStringLiteral("/auto%1.bmp").arg(place);
+        const QString path = QFile::exists(byProgram) ? byProgram : NameOf(folder, place);
+        faults += NumberIn(QImage(path)) != (place - 1) * one.stride;
+    }
     return faults;
 }
 
@@ -106,6 +110,7 @@ public:
             {
                 { "FrameServer::Walk", [&] { return Own("server"); }, case_.goal },
                 { "PlayerControl", [&] { return Own("player"); }, case_.goal },
+                { "the program's automatic capture", [&] { return Own("program"); }, case_.goal },
             });
     }
 
@@ -140,14 +145,16 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     if (argc == 5) {
-        const bool isServer = qstrcmp(argv[1], "server") == 0;
-        const auto write = isServer ? WriteByServer : WriteByPlayer;
+        const QByteArray way = argv[1];
         const QString clip = QString::fromLocal8Bit(argv[2]);
+        const int stride = atoi(argv[3]);
         const QString folder = QString::fromLocal8Bit(argv[4]);
-        if (isServer)
-            return write(clip, atoi(argv[3]), folder), 0;
+        if (way == "server")
+            return WriteByServer(clip, stride, folder), 0;
         const QApplication application(argc, argv);
-        return write(clip, atoi(argv[3]), folder), 0;
+        if (way == "player")
+            return WriteByPlayer(clip, stride, folder), 0;
+        return WriteByProgram(clip, stride, folder), 0;
     }
     const QString root = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("/dev/shm");
     std::printf("\nPictures written to %s\n\n", qPrintable(root));

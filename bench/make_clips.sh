@@ -30,6 +30,7 @@ make big_gop50.mp4 1920x1080 500 "${h264[@]}" -g 50 -x264-params scenecut=0
 make big_gop250.mp4 1920x1080 500 "${h264[@]}" -g 250 -x264-params scenecut=0
 make big_mpeg4.avi 1920x1080 500 -c:v mpeg4 -vtag XVID -b:v 8M -g 50 -bf 2
 mpeg2=(-c:v mpeg2video -pix_fmt yuv420p -b:v 6M -maxrate 8M -bufsize 1835k -g 12 -bf 2 -f vob)
+make small_gop50.mp4 320x180 500 -c:v libx264 -preset veryfast -pix_fmt yuv420p -crf 38 -g 50 -bf 3 -x264-params scenecut=0
 make sd_mpeg2.mpg 720x576 500 "${mpeg2[@]}"
 make sd_mpeg2_long.mpg 720x576 3000 "${mpeg2[@]}"
 
@@ -45,6 +46,7 @@ copy()
 }
 
 copy play30.mp4 big_gop50.mp4 -itsscale 0.83333333
+copy hours.mp4 small_gop50.mp4 -stream_loop 359
 copy long.mp4 big_gop50.mp4 -stream_loop 9
 copy long.ts big_gop50.mp4 -stream_loop 9
 copy long.avi big_mpeg4.avi -fflags +genpts -stream_loop 9

@@ -163,6 +163,7 @@ void Main::dragEnterEvent(QDragEnterEvent* event)
 
 void Main::dropEvent(QDropEvent* event)
 {
+    CurrentVideo().StopCapture();
     ltmmPlay& player = CurrentPlayer();
     player.Stop();
     const QString file = FirstFile(*event->mimeData());

@@ -74,8 +74,7 @@ void Transport::Bind()
 
 void Transport::EnableVideoControls(bool enabled, const ltmmPlay& player)
 {
-    for (StripButton* button : pane_.Cmd2)
-        button->setEnabled(enabled);
+    EnablePlaying(enabled);
     for (const SeekButton button : { AutoRewindButton, LoopButton })
         if (!IsDown(pane_.Cmd3[button]))
             pane_.Cmd3[button]->setEnabled(enabled);
@@ -94,6 +93,18 @@ void Transport::EnableVideoControls(bool enabled, const ltmmPlay& player)
     const bool marksUsable = seeking & (ltmmPlay::MarkStart | ltmmPlay::MarkEnd) && !State().MarksCleared;
     for (const SeekButton button : { MarkStartButton, MarkEndButton })
         pane_.Cmd3[button]->setEnabled(marksUsable);
+}
+
+void Transport::EnablePlaying(bool enabled)
+{
+    for (StripButton* button : pane_.Cmd2)
+        button->setEnabled(enabled);
+}
+
+void Transport::EnablePauseAndSound()
+{
+    pane_.Cmd2[PauseButton]->setEnabled(true);
+    pane_.Cmd3[SoundButton]->setEnabled(true);
 }
 
 void Transport::ForgetMarks()
@@ -136,6 +147,11 @@ void Transport::ReleaseRepeats()
 {
     for (const SeekButton button : { AutoRewindButton, LoopButton })
         pane_.Cmd3[button]->SetValue(0);
+}
+
+void Transport::ObeyLoop()
+{
+    Player().SetPlayCount(IsDown(pane_.Cmd3[LoopButton]) ? 0 : 1);
 }
 
 void Transport::SetSoundOn()

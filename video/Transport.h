@@ -26,6 +26,10 @@ public:
 
     /// Sets the bar to usable or not, as far as the player can seek.
     void EnableVideoControls(bool enabled, const ltmmPlay& player);
+    /// Play, pause and the frame steps.
+    void EnablePlaying(bool enabled);
+    /// What a timed capture leaves to the user.
+    void EnablePauseAndSound();
     /// What every open begins with: no marks, both mark buttons released and waiting for the slider.
     void ForgetMarks();
     /// The slider and the previous/next buttons for a video just loaded.
@@ -37,6 +41,8 @@ public:
     void SetSoundOn();
     /// Releases auto rewind and loop.
     void ReleaseRepeats();
+    /// The player repeats its video again or not, as the button says.
+    void ObeyLoop();
     void ShowPane(bool visible);
 
     /// The slider follows the player.

@@ -10,7 +10,9 @@
 #include "desktop/FileName.h"
 #include "toolkit/HeadButtons.h"
 #include "toolkit/Twips.h"
+#include "video/FrameRun.h"
 #include "video/Opening.h"
+#include "video/TimedRun.h"
 #include "video/Transport.h"
 #include "video/VideoNames.h"
 #include "video/ltmmPlay.h"
@@ -50,6 +52,8 @@ VideoWindow::VideoWindow(Frame& frame, Transport& transport, const PlayerFactory
     frame_.State().ApplyToolTips(*this);
     SetPointer(Pointer::Normal);
 }
+
+VideoWindow::~VideoWindow() = default;
 
 void VideoWindow::Build(const PlayerFactory& makePlayer)
 {
@@ -124,10 +128,10 @@ void VideoWindow::OpenVideo()
 {
     ApplicationState& state = frame_.State();
     frame_.EnableCommand(Command::Cancel, false); // there is no download left to cancel
-    StopCapture();
-    UserCaptures = 0;
     ResetPlayer();
     transport_.ForgetMarks();
+    if (!state.FromList && StartsRun())
+        return;
     if (!state.FromList)
         KeepVideos(state);
     if (!state.OpenVidList && !state.VideoPath.isEmpty() && state.VideoCount >= 2)
@@ -161,8 +165,76 @@ void VideoWindow::SwapCaptureCommands()
     frame_.EnableCommand(Command::Save, noCap);
 }
 
+bool VideoWindow::StartsRun()
+{
+    const ApplicationState& state = frame_.State();
+    if (!state.AutoCapture)
+        return false;
+    frame_.SetEnabled(false);
+    if (state.CaptureTime)
+        CaptureTimeYes();
+    else if (state.AutoFrame)
+        CaptureFrame();
+    return state.CaptureTime || state.AutoFrame;
+}
+
+void VideoWindow::CaptureTimeYes()
+{
+    StartRun<TimedRun>();
+}
+
+void VideoWindow::CaptureFrame()
+{
+    StartRun<FrameRun>();
+}
+
+template <typename Run> void VideoWindow::StartRun()
+{
+    StopCapture();
+    run_ = std::make_unique<Run>(AutoRun::Parts { frame_, transport_, *ltmmPlay1, writer_ });
+    connect(run_.get(), &AutoRun::VideoLoaded, this, [this] {
+        if (ltmmPlay1->VideoWidth() > 0)
+            SizeAround(ltmmPlay1->VideoWidth(), ltmmPlay1->VideoHeight());
+        UpdateVideoTitle();
+    });
+    connect(run_.get(), &AutoRun::TitleChanged, this, &VideoWindow::UpdateVideoTitle);
+    connect(run_.get(), &AutoRun::PictureTaken, this, [this] {
+        if (!FlashTimer.isActive())
+            FlashTimer.start();
+    });
+    connect(run_.get(), &AutoRun::Over, this, &VideoWindow::ShowRunOver);
+    run_->Start();
+}
+
+/// What stands in the player is the user's again.
+void VideoWindow::ShowRunOver()
+{
+    const bool hasVideo = ltmmPlay1->SourceKind() != ltmmPlay::NoSource;
+    FlashTimer.stop();
+    transport_.ObeyLoop();
+    transport_.EnableVideoControls(hasVideo, *ltmmPlay1);
+    frame_.SetEnabled(hasVideo);
+    if (hasVideo)
+        SwapCaptureCommands();
+}
+
+void VideoWindow::StopCapture()
+{
+    FlashTimer.stop();
+    if (run_) {
+        run_.reset();
+        ShowRunOver();
+    }
+}
+
+int VideoWindow::UserCaptures() const
+{
+    return run_ ? run_->Tally().CaptureCount() : 0;
+}
+
 void VideoWindow::ResetPlayer()
 {
+    StopCapture();
     ltmmPlay1->Stop();
     ltmmPlay1->SetDisplaySize(ltmmPlay::Normal);
     ltmmPlay1->ResetSource();
@@ -279,10 +351,12 @@ void VideoWindow::ShowProgress(int position)
         if (EndReached) {
             frame_.ShowStatus(StatusLabel::Flashing, false);
             frame_.ShowStatus(StatusLabel::Watermark, false);
-            StopCapture();
+            FlashTimer.stop();
             Timer3.stop();
         }
     }
+    if (run_ && percent >= 100)
+        run_->VideoEnded();
     frame_.SetStatus(StatusLabel::Position, PositionText(*ltmmPlay1) + QStringLiteral("  Time"));
     frame_.SetStatus(
         StatusLabel::FrameNumber, QStringLiteral("Frame: ") + QString::number(ltmmPlay1->CurrentFrame()));
@@ -305,22 +379,16 @@ void VideoWindow::TellError(int code)
     frame.SetStatus(StatusLabel::Operation, QStringLiteral("Abort"));
 }
 
-void VideoWindow::StopCapture()
-{
-    CapTimer.stop();
-    FlashTimer.stop();
-}
-
 void VideoWindow::CloseClicked()
 {
     ApplicationState& state = frame_.State();
     state.VideoCount = 0;
     Closing = true;
+    StopCapture();
     const QPointer<VideoWindow> alive(this);
     frame_.PumpEvents();
     if (!alive || isGone_)
         return;
-    StopCapture();
     state.FromList = false;
     frame_.ShowStatus(StatusLabel::AutoCapture, false);
     ltmmPlay1->Stop();
@@ -349,6 +417,7 @@ void VideoWindow::closeEvent(QCloseEvent* event)
     ApplicationState& state = frame_.State();
     Timer1.stop();
     Closing = true;
+    StopCapture();
     const QPointer<VideoWindow> alive(this);
     frame_.PumpEvents();
     if (!alive)
@@ -368,7 +437,6 @@ void VideoWindow::closeEvent(QCloseEvent* event)
     Q_EMIT ListUnwanted();
     state.VideoOpen = false;
     transport_.EnableVideoControls(false, *ltmmPlay1);
-    StopCapture();
     state.FromList = false;
     ltmmPlay1->Stop();
     state.CurrentVideo = nullptr;

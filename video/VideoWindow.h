@@ -1,11 +1,14 @@
 #pragma once
 
+#include "capture/PictureWriter.h"
 #include "toolkit/ChildForm.h"
 
 #include <QTimer>
 
 #include <functional>
+#include <memory>
 
+class AutoRun;
 class Frame;
 class Transport;
 class ltmmPlay;
@@ -19,15 +22,23 @@ class VideoWindow : public ChildForm {
 
 public:
     VideoWindow(Frame& frame, Transport& transport, const PlayerFactory& makePlayer);
+    ~VideoWindow() override;
 
     /// Opens the selection in FileNames or, when FromList is set, the video that VideoPath names. Never
-    /// plays. Reports no failure: without a video the transport is disabled.
+    /// plays. Reports no failure: without a video the transport is disabled. With AutoCapture on it hands a
+    /// selection over to one of the two runs below, the one by time before the one by frames.
     void OpenVideo();
     /// Stops the player and takes its video away, in the size that every open begins with.
     void ResetPlayer();
     /// Gives the player, just reset, an address of the web; false when the user did not wait for it. Throws
     /// ControlError when it cannot be opened.
     bool LoadAddress(const QString& address);
+    /// Starts an automatic capture of the selection by time, or by frames. The run goes on in the event loop
+    /// until its list is done, something else is opened or the window closes.
+    void CaptureTimeYes();
+    void CaptureFrame();
+    /// Leaves an automatic capture; the pictures written stay.
+    void StopCapture();
     /// Title, size and transport for the address just loaded.
     void ShowLoadedAddress();
     /// Leaves the transport without a video, after an address was not loaded.
@@ -41,7 +52,8 @@ public:
 
     bool Closing = false; ///< the user closed it; also StopRequested: stops a running automatic capture
     bool EndReached = false; ///< the video stands at exactly 100 percent; also VideoFinished
-    qint16 UserCaptures = 0; ///< captures made, also CaptureCount
+    /// Captures that the automatic run has made, less one after the first; also CaptureCount.
+    int UserCaptures() const;
 
 Q_SIGNALS:
     void ListWanted(); ///< several videos were selected and their list is to be shown
@@ -63,7 +75,9 @@ private:
     void SizeAround(double width, double height);
     void ShowSizePopup();
     void GrowToMinimum();
-    void StopCapture();
+    bool StartsRun();
+    template <typename Run> void StartRun();
+    void ShowRunOver();
 
     void ShowProgress(int position);
     void TellError(int code);
@@ -78,5 +92,6 @@ private:
     QTimer Timer1; ///< grows a window that was sized too small
     QTimer Timer3; ///< hides the flashing label
     QTimer FlashTimer; ///< shows it again
-    QTimer CapTimer; ///< the steps of a timed capture
+    PictureWriter writer_; ///< of automatic captures; its numbers run on from one to the next
+    std::unique_ptr<AutoRun> run_;
 };

@@ -62,6 +62,22 @@ public:
     virtual void SetCurrentFrame(int frame) = 0;
     /// Exact number of frames; waits, bounded, while the index of a large file is still growing.
     virtual int FrameCount() const = 0;
+    /// Whether FrameCount would not wait.
+    virtual bool HasFrameCount() const { return true; }
+    /// Makes ready what a caller asks for that will go to first, first + stride … by SetCurrentFrame and take
+    /// a still of each; said again before every frame, it goes on where it was. A caller that does something
+    /// else ends it.
+    virtual void ExpectFrames(int first, int stride)
+    {
+        Q_UNUSED(first)
+        Q_UNUSED(stride)
+    }
+    /// Whether SetCurrentFrame need not wait for an expected frame; true of one that is not expected.
+    virtual bool IsFrameReady(int frame) const
+    {
+        Q_UNUSED(frame)
+        return true;
+    }
     virtual void NextFrame() = 0;
     virtual void PreviousFrame() = 0;
     virtual void SeekStart() = 0;
@@ -119,6 +135,8 @@ Q_SIGNALS:
     /// Selection bounds on the tracking scale.
     void SelectionChanged(int start, int end);
     void PositionChanged();
+    /// IsFrameReady may answer otherwise than before.
+    void FramesReady();
     void KeyReleased(int key);
     void MousePressed();
     void MouseMoved();

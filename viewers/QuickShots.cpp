@@ -11,7 +11,7 @@
 #include "capture/FormatInForce.h"
 #include "text/PrintUserText.h"
 #include "toolkit/HeadButtons.h"
-#include "viewers/ThumbCell.h"
+#include "viewers/ThumbPanel.h"
 #include "viewers/Viewer.h"
 
 #include <QLabel>
@@ -26,7 +26,6 @@ constexpr QSize StartSize { 560, 330 };
 
 QuickShots::QuickShots(Frame& frame)
     : frame_(frame)
-    , layout_(ThumbCell::Size)
 {
     setObjectName(QStringLiteral("QuickShots"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -36,8 +35,6 @@ QuickShots::QuickShots(Frame& frame)
     frame_.State().QuickShotsOpen = true;
     frame_.State().SelectedBitmap = {};
 }
-
-QuickShots::~QuickShots() = default;
 
 void QuickShots::Build()
 {
@@ -54,10 +51,17 @@ void QuickShots::Build()
     AddHeadButtons(*this, HeadButtons);
     picOuter_ = new QScrollArea(this);
     picOuter_->setObjectName(QStringLiteral("PicOuter"));
-    picOuter_->setAccessibleName(QStringLiteral("Thumbnails"));
+    picOuter_->setFocusPolicy(Qt::NoFocus);
     picOuter_->setFrameShape(QFrame::NoFrame);
-    picInner_ = new QWidget;
+    picInner_ = new ThumbPanel;
     picInner_->setObjectName(QStringLiteral("PicInner"));
+    picInner_->setAccessibleName(QStringLiteral("Thumbnails"));
+    connect(picInner_, &ThumbPanel::Clicked, this, &QuickShots::Select);
+    connect(picInner_, &ThumbPanel::DoubleClicked, this, &QuickShots::View);
+    connect(picInner_, &ThumbPanel::CurrentMoved, this, [this](const QRect& cell) {
+        const QSize room = cell.size() / 2 + QSize(ThumbLayout::Gap, ThumbLayout::Gap);
+        picOuter_->ensureVisible(cell.center().x(), cell.center().y(), room.width(), room.height());
+    });
     hint_ = new QLabel(QStringLiteral("Captures gather here."), picInner_);
     hint_->move(ThumbLayout::Left, ThumbLayout::Top);
     picOuter_->setWidget(picInner_);
@@ -74,25 +78,33 @@ QImage QuickShots::NewCapture() const
     return viewer ? viewer->ClipPic() : QImage();
 }
 
+int QuickShots::Count() const
+{
+    return picInner_->Count();
+}
+
 void QuickShots::mnuControlsAdd2()
 {
     hint_->hide();
-    auto* cell = new ThumbCell(NewCapture(), Count(), picInner_);
-    cell->move(layout_.Next(picOuter_->viewport()->width()));
-    picInner_->setMinimumHeight(layout_.PanelHeight());
-    cell->show();
-    cell->raise();
-    Lead3.push_back(cell);
-    connect(cell, &QAbstractButton::clicked, this, [this, cell] { Select(*cell); });
+    picInner_->Add(NewCapture());
     frame_.State().ApplyToolTips(*this);
 }
 
-void QuickShots::Select(ThumbCell& cell)
+void QuickShots::Select(int index)
 {
-    frame_.State().SelectedBitmap = cell.Bitmap();
-    for (ThumbCell* each : Lead3)
-        each->SetHighlighted(each == &cell);
-    cell.Flash();
+    frame_.State().SelectedBitmap = picInner_->Bitmap(index);
+    picInner_->Select(index);
+    picInner_->Flash(index);
+}
+
+void QuickShots::View(int index)
+{
+    frame_.State().SelectedBitmap = picInner_->Bitmap(index);
+    picInner_->Select(index);
+    const QPointer<QuickShots> alive(this);
+    Q_EMIT FullViewWanted(picInner_->Bitmap(index));
+    if (alive)
+        picInner_->Flash(index);
 }
 
 void QuickShots::OpenHighlighted()
@@ -105,29 +117,55 @@ void QuickShots::OpenHighlighted()
 
 void QuickShots::SaveAll()
 {
-    ApplicationState& state = frame_.State();
+    if (isSaving_)
+        return;
     const Hourglass waiting;
-    const imaging::FormatRow& row = FormatInForce(state);
+    Frame& frame = frame_; // the strip may close while others are handled
+    const QPointer<QuickShots> alive(this);
+    isSaving_ = true;
     try {
-        const AutoName names(
-            state.Beside(QStringLiteral("AutoSave")), state.CurrentExt, QStringLiteral("AutoThumb"));
-        int number = 0;
-        Lead writer;
-        for (const ThumbCell* cell : Lead3) {
-            if (cell->Bitmap().isNull())
-                continue; // its capture never reached the clipboard
-            writer.SetBitmap(cell->Bitmap());
-            if (state.UseWatermark)
-                PrintUserText(writer, state);
-            number = names.Write(
-                [&](const QString& path) { return writer.SaveNew(path, row.format, row.bits, row.quality); },
-                number);
-        }
-        frame_.SetStatus(StatusLabel::Operation, QStringLiteral("All Thumbs Saved"));
+        if (SaveEach())
+            frame.SetStatus(StatusLabel::Operation, QStringLiteral("All Thumbs Saved"));
     } catch (const ControlError&) {
-        frame_.Errors().Show(frame_.FrameWindow(), QStringLiteral("Error!"),
+        frame.Errors().Show(frame.FrameWindow(), QStringLiteral("Error!"),
             QStringLiteral("Error saving captured video frame."));
     }
+    if (alive)
+        isSaving_ = false;
+}
+
+bool QuickShots::SaveEach()
+{
+    ApplicationState& state = frame_.State();
+    const imaging::FormatRow& row = FormatInForce(state);
+    const AutoName names(
+        state.Beside(QStringLiteral("AutoSave")), state.CurrentExt, QStringLiteral("AutoThumb"));
+    const QPointer<QuickShots> alive(this);
+    int number = 0;
+    Lead writer;
+    for (int index = 0; index < Count(); ++index) {
+        if (picInner_->Bitmap(index).isNull())
+            continue; // its capture never reached the clipboard
+        ThumbIndex = index;
+        if (state.UseWatermark)
+            AllThumbWatermark();
+        writer.SetBitmap(picInner_->Bitmap(index));
+        number = names.Write(
+            [&](const QString& path) { return writer.SaveNew(path, row.format, row.bits, row.quality); },
+            number);
+        frame_.PumpEvents(); // a long strip takes its time
+        if (!alive || !state.QuickShotsOpen)
+            return false;
+    }
+    return true;
+}
+
+void QuickShots::AllThumbWatermark()
+{
+    Lead lead;
+    lead.SetBitmap(picInner_->Bitmap(ThumbIndex));
+    PrintUserText(lead, frame_.State());
+    picInner_->SetBitmap(ThumbIndex, lead.Bitmap());
 }
 
 void QuickShots::closeEvent(QCloseEvent* event)

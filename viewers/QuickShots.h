@@ -1,30 +1,33 @@
 #pragma once
 
 #include "toolkit/ChildForm.h"
-#include "viewers/ThumbLayout.h"
 
 #include <QImage>
-
-#include <vector>
 
 class Frame;
 class QLabel;
 class QScrollArea;
-class ThumbCell;
+class ThumbPanel;
 
 /// The strip of thumbnails of all captures since it was opened. Each cell holds its capture at full size,
-/// shared with whoever else holds it, and paints it scaled down.
+/// shared with whoever else holds it, and shows it scaled down.
 class QuickShots : public ChildForm {
     Q_OBJECT
 
 public:
     explicit QuickShots(Frame& frame);
-    ~QuickShots() override;
 
     /// Adds a thumbnail of the capture just made: with OpThumb 0 what ThumbHold holds, else the active
     /// capture window's picture.
     void mnuControlsAdd2();
-    int Count() const { return int(Lead3.size()); }
+    int Count() const;
+
+    /// Draws the user's text into the thumbnail numbered ThumbIndex. Throws ControlError.
+    void AllThumbWatermark();
+    int ThumbIndex = 0;
+
+Q_SIGNALS:
+    void FullViewWanted(const QImage& picture); ///< a thumbnail was clicked twice
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -32,14 +35,16 @@ protected:
 private:
     void Build();
     QImage NewCapture() const;
-    void Select(ThumbCell& cell);
+    void Select(int index);
+    void View(int index);
     void OpenHighlighted();
     void SaveAll();
+    /// False when the strip was closed meanwhile.
+    bool SaveEach();
 
     Frame& frame_;
     QScrollArea* picOuter_ = nullptr;
-    QWidget* picInner_ = nullptr;
+    ThumbPanel* picInner_ = nullptr;
     QLabel* hint_ = nullptr;
-    std::vector<ThumbCell*> Lead3;
-    ThumbLayout layout_;
+    bool isSaving_ = false;
 };

@@ -219,20 +219,29 @@ void Engine::WalkAhead()
     } catch (const media::MediaError&) {
         wires_.shelf.Drop(); // the caller will come to the place itself and be told there
     }
+    TellOfShelf();
 }
 
 void Engine::FillShelf()
 {
-    const std::vector<int> wanted = wires_.shelf.Wanted();
-    if (wanted.empty())
-        return wires_.shelf.Drop();
-    media::Conveyor<Shot> stills([this](Shot& shot) {
-        Draw(shot);
-        shot.still = shot.picture.ToStill();
-        return wires_.shelf.Put(shot);
-    });
-    server_->Walk(wanted, [&](const media::Picture& picture) { return stills.Put(ShotOf(picture)); });
-    stills.Finish();
+    for (std::vector<int> wanted = wires_.shelf.Wanted(); !wanted.empty(); wanted = wires_.shelf.Wanted()) {
+        media::Conveyor<Shot> stills([this](Shot& shot) {
+            Draw(shot);
+            shot.still = shot.picture.ToStill();
+            const bool isTaken = wires_.shelf.Put(shot);
+            TellOfShelf();
+            return isTaken;
+        });
+        server_->Walk(wanted, [&](const media::Picture& picture) { return stills.Put(ShotOf(picture)); });
+        stills.Finish();
+    }
+}
+
+void Engine::TellOfShelf() const
+{
+    Mail mail;
+    mail.shelfChanged = true;
+    wires_.mail->Post(mail);
 }
 
 void Engine::Guard(const std::function<void()>& work)

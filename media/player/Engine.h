@@ -57,6 +57,7 @@ private:
     void Fail(media::Failure failure);
 
     void FillShelf();
+    void TellOfShelf() const;
     void Redraw();
     Time WorkIdle();
     Time WorkPlaying();

@@ -23,6 +23,7 @@ void Mailbox::Post(const Mail& mail)
         waiting_.end = mail.end;
     if (mail.fault)
         waiting_.fault = mail.fault;
+    waiting_.shelfChanged |= mail.shelfChanged;
     if (!std::exchange(isAnnounced_, true))
         QMetaObject::invokeMethod(
             receiver_, [self = shared_from_this()] { self->Deliver(); }, Qt::QueuedConnection);

@@ -28,6 +28,8 @@ struct Mail {
         int turn; ///< as a Shot's
     };
     std::optional<Fault> fault;
+    /// Pictures made ahead have come, or will not come.
+    bool shelfChanged = false;
 };
 
 /// Carries mail from the engine thread to the user-interface thread by queued events; the sender never waits.

@@ -161,6 +161,8 @@ void PlayerControl::Read(const Mail& mail)
         Adopt(*mail.shot);
         progress_.Offer();
     }
+    if (self && mail.shelfChanged)
+        Q_EMIT FramesReady();
     if (self && mail.fault)
         Q_EMIT PlayerError(int(mail.fault->failure));
 }

@@ -40,6 +40,9 @@ public:
     /// A number behind the last frame leads to the last, one below 0 to the first.
     void SetCurrentFrame(int frame) override;
     int FrameCount() const override;
+    bool HasFrameCount() const override { return !session_ || session_->Known().isComplete; }
+    void ExpectFrames(int first, int stride) override;
+    bool IsFrameReady(int frame) const override;
     void NextFrame() override;
     void PreviousFrame() override;
     void SeekStart() override;

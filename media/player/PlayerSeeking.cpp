@@ -55,6 +55,17 @@ void PlayerControl::SetCurrentFrame(int frame)
     Arrive(ready ? *ready : AsPlayerFailure([&] { return session_->Seek(frame, media::Purpose::Jump); }));
 }
 
+void PlayerControl::ExpectFrames(int first, int stride)
+{
+    if (session_ && state_ != Running)
+        session_->WalkAhead(first, stride);
+}
+
+bool PlayerControl::IsFrameReady(int frame) const
+{
+    return !session_ || session_->IsOnShelf(frame);
+}
+
 void PlayerControl::NextFrame()
 {
     Step(1);

@@ -44,6 +44,8 @@ public:
     /// Has the pictures first, first + stride, … made ahead together with their stills, unless they are
     /// already.
     void WalkAhead(int first, int stride);
+    /// Whether FromShelf would not wait. Mail tells when that may have changed.
+    bool IsOnShelf(int number) const { return wires_.shelf.IsSettled(number); }
     /// A picture made ahead, when it was or is about to be.
     std::optional<Shot> FromShelf(int number);
 

@@ -68,6 +68,12 @@ bool StillShelf::Expects(int number) const
     return IsPlanned(number) || std::any_of(shots_.begin(), shots_.end(), isIt);
 }
 
+bool StillShelf::IsSettled(int number) const
+{
+    const std::lock_guard lock(mutex_);
+    return !IsPlanned(number);
+}
+
 bool StillShelf::IsPlanned(int number) const
 {
     return stride_ > 0 && number >= next_ && number <= last_ && (number - next_) % stride_ == 0;

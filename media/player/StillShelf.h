@@ -18,6 +18,8 @@ public:
     void Plan(int first, int stride, int last);
     /// Whether the picture lies there or is planned.
     bool Expects(int number) const;
+    /// Whether the picture lies there, or will not come.
+    bool IsSettled(int number) const;
     /// What the plan still asks for, in order.
     std::vector<int> Wanted() const;
     /// Lays the next wanted picture down, waiting for room; false when the plan was dropped.

@@ -208,6 +208,8 @@ LAYOUT = [
     coded("one_frame.mp4", "0", 5, "a single picture", encode(video(1, 5), "-frames:v 1", X264)),
     coded("two_frames.avi", "0-1", 6, "two pictures", encode(video(1, 6), "-frames:v 2 -c:v mjpeg")),
     coded("slow_halffps.mkv", "0-9", 7, "one picture every 2 s", encode(video(20, 7, rate="1/2"), X264, "-g 5")),
+    coded("long_10fps.mp4", "0-199", 10, "20 s at ten pictures a second",
+          encode(video(20, 10, rate="10"), X264, "-g 50")),
     coded("fast_240fps.mp4", "0-239", 8, "240 a second", encode(video(1, 8, rate="240"), X264, "-g 60 -bf 2")),
     coded("audio_longer.mkv", "0-49", 9, "the sound goes on for 3 s after the last picture",
           encode(video(2, 9), sound(5), X264, "-g 25", AAC)),

@@ -29,10 +29,11 @@ protected:
         frame.own = &spare; // asked for while the window is being made
         transport = std::make_unique<Transport>(pane, frame, [] {});
         window = new VideoWindow(
-            frame, *transport, [this](QWidget* parent) { return frame.own = new FakePlayer(parent); });
+            frame, *transport, [this](QWidget* parent) { return frame.own = MakePlayer(parent); });
     }
     void TearDown() override { delete window; }
 
+    virtual FakePlayer* MakePlayer(QWidget* parent) { return new FakePlayer(parent); }
     FakePlayer& Player() { return *frame.own; }
     QString Status(StatusLabel label) const { return frame.status.value(label); }
 };

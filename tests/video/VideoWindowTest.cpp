@@ -1,40 +1,13 @@
 #include "tests/testing/AccessFaults.h"
-#include "tests/video/VideoFixture.h"
+#include "tests/video/VideoWindowFixture.h"
 #include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
 #include "toolkit/TitleStrip.h"
 
-#include <QDir>
 #include <QSignalSpy>
 #include <QTest>
 
-namespace {
-
-class VideoWindowTest : public VideoFixture {
-protected:
-    void SetUp() override
-    {
-        VideoFixture::SetUp();
-        Player().size = QSize(640, 360);
-        window->show();
-        pane.show();
-        QDir::setCurrent(frame.folder.path());
-    }
-    void TearDown() override
-    {
-        VideoFixture::TearDown();
-        QDir::setCurrent(QDir::rootPath());
-    }
-
-    void Open(const QStringList& names)
-    {
-        state.FileNames = names;
-        state.FileCount = int(names.size());
-        window->OpenVideo();
-    }
-};
-
-} // namespace
+using VideoWindowTest = VideoWindowFixture;
 
 TEST_F(VideoWindowTest, TheWindowTakesTheSizeOfTheVideo)
 {

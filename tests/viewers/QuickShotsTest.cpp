@@ -3,8 +3,12 @@
 #include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
 #include "tests/testing/Files.h"
-#include "viewers/ThumbCell.h"
+#include "viewers/ThumbPanel.h"
 
+#include <QAccessible>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -16,6 +20,7 @@ protected:
     FakeFrame frame;
     ApplicationState& state = frame.state;
     std::unique_ptr<QuickShots> strip;
+    ThumbPanel* panel = nullptr;
 
     void SetUp() override
     {
@@ -23,6 +28,7 @@ protected:
         strip = std::make_unique<QuickShots>(frame);
         strip->setAttribute(Qt::WA_DeleteOnClose, false);
         strip->show();
+        panel = strip->findChild<ThumbPanel*>(QStringLiteral("PicInner"));
     }
     void Add(QColor colour)
     {
@@ -31,6 +37,7 @@ protected:
         frame.hold.SetBitmap(picture);
         strip->mnuControlsAdd2();
     }
+    void Pick(int index) { QTest::mouseClick(panel, Qt::LeftButton, {}, panel->CellRect(index).center()); }
     void Click(const char* name)
     {
         QTest::mouseClick(strip->findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton);
@@ -42,9 +49,7 @@ protected:
 TEST_F(QuickShotsTest, AThumbnailSharesThePixelsOfItsCapture)
 {
     Add(Qt::red);
-    const auto* cell = strip->findChild<ThumbCell*>(QStringLiteral("Lead3(0)"));
-    ASSERT_NE(cell, nullptr);
-    EXPECT_EQ(cell->Bitmap().constBits(), frame.hold.Bitmap().constBits());
+    EXPECT_EQ(panel->Bitmap(0).constBits(), frame.hold.Bitmap().constBits());
 }
 
 TEST_F(QuickShotsTest, WithNothingPickedNothingOpens)
@@ -59,7 +64,7 @@ TEST_F(QuickShotsTest, ThePickedThumbnailOpensInACaptureWindow)
 {
     Add(Qt::red);
     Add(Qt::blue);
-    Click("Lead3(1)");
+    Pick(1);
     Click("Cmds(2)");
     EXPECT_TRUE(frame.log.contains(QStringLiteral("OpenViewer")));
     EXPECT_TRUE(state.UseSelectedBitmap);
@@ -96,7 +101,7 @@ TEST_F(QuickShotsTest, AllAreSavedWithTheUsersTextWhenAsked)
 TEST_F(QuickShotsTest, ClosingDropsAllThumbnails)
 {
     Add(Qt::red);
-    Click("Lead3(0)");
+    Pick(0);
     EXPECT_TRUE(state.QuickShotsOpen);
     strip->close();
     EXPECT_FALSE(state.QuickShotsOpen);
@@ -109,4 +114,133 @@ TEST_F(QuickShotsTest, EveryControlHasANameAndIsReachedByKeys)
     Add(Qt::red);
     Add(Qt::blue);
     EXPECT_EQ(AccessFaults(*strip), "");
+}
+
+TEST_F(QuickShotsTest, ADoubleClickPicksTheThumbnailAndAsksForItsFullView)
+{
+    QSignalSpy wanted(strip.get(), &QuickShots::FullViewWanted);
+    Add(Qt::red);
+    Add(Qt::blue);
+    QTest::mouseDClick(panel, Qt::LeftButton, {}, panel->CellRect(1).center());
+    ASSERT_EQ(wanted.size(), 1);
+    EXPECT_EQ(wanted.at(0).at(0).value<QImage>().pixelColor(0, 0), QColor(Qt::blue));
+    EXPECT_EQ(state.SelectedBitmap.pixelColor(0, 0), QColor(Qt::blue));
+    EXPECT_EQ(panel->Selected(), 1);
+}
+
+TEST_F(QuickShotsTest, APressBetweenTheCellsPicksNothing)
+{
+    Add(Qt::red);
+    Add(Qt::blue);
+    QTest::mouseClick(panel, Qt::LeftButton, {}, panel->CellRect(0).topRight() + QPoint(5, 20));
+    EXPECT_EQ(panel->Selected(), -1);
+    EXPECT_TRUE(state.SelectedBitmap.isNull());
+}
+
+TEST_F(QuickShotsTest, TheKeysWalkFromCellToCell)
+{
+    for (int i = 0; i < 7; ++i)
+        Add(Qt::red);
+    const auto press = [this](Qt::Key key) {
+        QTest::keyClick(panel, key);
+        return panel->Selected();
+    };
+    int perRow = 1;
+    while (panel->CellRect(perRow).top() == panel->CellRect(0).top())
+        ++perRow;
+    EXPECT_EQ(press(Qt::Key_Right), 0) << "the first key picks the first";
+    EXPECT_EQ(press(Qt::Key_Right), 1);
+    EXPECT_EQ(press(Qt::Key_Down), 1 + perRow);
+    EXPECT_EQ(press(Qt::Key_Up), 1);
+    EXPECT_EQ(press(Qt::Key_Up), 1) << "there is nothing above";
+    EXPECT_EQ(press(Qt::Key_End), 6);
+    EXPECT_EQ(press(Qt::Key_Home), 0);
+    EXPECT_EQ(press(Qt::Key_Left), 0);
+    EXPECT_EQ(state.SelectedBitmap.pixelColor(0, 0), QColor(Qt::red));
+}
+
+TEST_F(QuickShotsTest, AWiderWindowTakesMoreCellsIntoARow)
+{
+    for (int i = 0; i < 8; ++i)
+        Add(Qt::red);
+    const int before = panel->CellRect(7).top();
+    strip->resize(strip->width() + 400, strip->height());
+    QCoreApplication::processEvents();
+    EXPECT_LT(panel->CellRect(7).top(), before);
+}
+
+TEST_F(QuickShotsTest, TheBarMovesThePanelUp)
+{
+    for (int i = 0; i < 40; ++i)
+        Add(Qt::red);
+    auto* outer = strip->findChild<QScrollArea*>(QStringLiteral("PicOuter"));
+    QCoreApplication::processEvents();
+    ASSERT_GT(outer->verticalScrollBar()->maximum(), 0);
+    outer->verticalScrollBar()->setValue(50);
+    EXPECT_EQ(panel->y(), -50);
+    QTest::keyClick(panel, Qt::Key_End);
+    EXPECT_TRUE(outer->viewport()->rect().contains(panel->CellRect(39).translated(panel->pos())));
+}
+
+TEST_F(QuickShotsTest, TenThousandThumbnailsCostNoMoreThanThoseInSight)
+{
+    const auto widgets = QApplication::allWidgets().size();
+    QImage picture(320, 240, QImage::Format_BGR888);
+    picture.fill(Qt::red);
+    frame.hold.SetBitmap(picture);
+    for (int i = 0; i < 10'000; ++i)
+        strip->mnuControlsAdd2();
+    EXPECT_EQ(QApplication::allWidgets().size(), widgets);
+    auto* bar = strip->findChild<QScrollArea*>(QStringLiteral("PicOuter"))->verticalScrollBar();
+    for (int i = 0; i <= 100; ++i) {
+        bar->setValue(bar->maximum() * i / 100);
+        strip->grab();
+    }
+    EXPECT_GT(panel->CachedBytes(), 0);
+    EXPECT_LE(panel->CachedBytes(), ThumbPanel::MaxCachedBytes);
+    Pick(9'999);
+    EXPECT_EQ(panel->Selected(), 9'999);
+}
+
+TEST_F(QuickShotsTest, EveryCellHasANameForThoseWhoCannotSeeIt)
+{
+    Add(Qt::red);
+    Add(Qt::blue);
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(panel);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    ASSERT_EQ(list->childCount(), 2);
+    QAccessibleInterface* cell = list->child(1);
+    EXPECT_EQ(cell->text(QAccessible::Name), "Thumbnail 2");
+    EXPECT_EQ(list->indexOfChild(cell), 1);
+    cell->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(panel->Selected(), 1);
+    EXPECT_TRUE(cell->state().selected);
+}
+
+TEST_F(QuickShotsTest, WithTheWatermarkOnTheTextIsDrawnIntoEveryThumbnailSaved)
+{
+    state.UseWatermark = true;
+    QImage picture(400, 100, QImage::Format_BGR888);
+    picture.fill(Qt::white);
+    frame.hold.SetBitmap(picture);
+    strip->mnuControlsAdd2();
+    Click("Cmds(5)");
+    EXPECT_NE(panel->Bitmap(0), picture);
+    EXPECT_EQ(
+        QImage(state.Beside(QStringLiteral("AutoSave/AutoThumb1.bmp"))).convertToFormat(QImage::Format_RGB32),
+        panel->Bitmap(0).convertToFormat(QImage::Format_RGB32));
+}
+
+TEST_F(QuickShotsTest, AStripClosedWhileAllAreSavedEndsTheSaving)
+{
+    for (int i = 0; i < 5; ++i)
+        Add(Qt::red);
+    frame.whenPumped = [this] {
+        frame.whenPumped = nullptr;
+        strip->close();
+    };
+    Click("Cmds(5)");
+    EXPECT_EQ(FilesIn(state.Beside(QStringLiteral("AutoSave"))).size(), 1);
+    EXPECT_NE(frame.status.value(StatusLabel::Operation), QStringLiteral("All Thumbs Saved"));
 }

@@ -1,0 +1,195 @@
+#include "capture/PictureWriter.h"
+
+#include "app/ControlError.h"
+#include "capture/SavePicture.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <optional>
+#include <system_error>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto Patience = 2s; ///< for the picture being written, when the writer goes
+
+struct Job {
+    QImage picture;
+    AutoName names;
+    int turn; ///< pictures that are dropped together
+};
+
+} // namespace
+
+/// What both threads hold in their hands; it outlives the writer where the disk hangs.
+class PictureWriter::Desk {
+public:
+    explicit Desk(PictureWriter& owner)
+        : owner_(&owner)
+    {
+    }
+
+    /// Whether the thread has ended within Patience.
+    bool Close();
+    void Work();
+    void Put(const QImage& picture, const AutoName& names);
+    void Drop();
+    void Restart();
+    int Turn() const { return turn_; }
+
+private:
+    std::optional<Job> Take();
+    void Write(const Job& job);
+    void Tell(const Job& job, const QString& path);
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<Job> jobs_;
+    PictureWriter* owner_; ///< null once it is gone
+    int turn_ = 0;
+    int number_ = 0; ///< of the picture written last
+    bool hasFailed_ = false; ///< and takes nothing more of this turn
+    bool hasEnded_ = false;
+};
+
+void PictureWriter::Desk::Work()
+{
+    while (const std::optional<Job> job = Take())
+        Write(*job);
+    const std::lock_guard lock(mutex_);
+    hasEnded_ = true;
+    changed_.notify_all();
+}
+
+std::optional<Job> PictureWriter::Desk::Take()
+{
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return !owner_ || !jobs_.empty(); });
+    if (!owner_)
+        return std::nullopt;
+    Job job = std::move(jobs_.front());
+    jobs_.pop_front();
+    return job;
+}
+
+void PictureWriter::Desk::Write(const Job& job)
+{
+    std::unique_lock lock(mutex_);
+    int number = number_;
+    lock.unlock();
+    QString path;
+    try {
+        const auto write = [&](const QString& name) { return SaveNewPicture(job.picture, name); };
+        number = job.names.Write(write, number);
+        path = job.names.At(number);
+    } catch (const ControlError&) {
+        // Told by the path that is missing.
+    }
+    lock.lock();
+    if (job.turn == turn_)
+        number_ = number;
+    if (path.isEmpty() && job.turn == turn_) {
+        hasFailed_ = true;
+        jobs_.clear();
+    }
+    Tell(job, path);
+}
+
+void PictureWriter::Desk::Tell(const Job& job, const QString& path)
+{
+    if (owner_)
+        QMetaObject::invokeMethod(
+            owner_, [owner = owner_, turn = job.turn, path] { owner->Tell(turn, path); },
+            Qt::QueuedConnection);
+}
+
+void PictureWriter::Desk::Put(const QImage& picture, const AutoName& names)
+{
+    const std::lock_guard lock(mutex_);
+    if (!hasFailed_)
+        jobs_.push_back({ picture, names, turn_ });
+    changed_.notify_all();
+}
+
+void PictureWriter::Desk::Drop()
+{
+    const std::lock_guard lock(mutex_);
+    ++turn_;
+    hasFailed_ = false;
+    jobs_.clear();
+}
+
+void PictureWriter::Desk::Restart()
+{
+    const std::lock_guard lock(mutex_);
+    number_ = 0;
+}
+
+bool PictureWriter::Desk::Close()
+{
+    std::unique_lock lock(mutex_);
+    owner_ = nullptr;
+    changed_.notify_all();
+    return changed_.wait_for(lock, Patience, [this] { return hasEnded_; });
+}
+
+PictureWriter::PictureWriter()
+    : desk_(std::make_shared<Desk>(*this))
+{
+}
+
+PictureWriter::~PictureWriter()
+{
+    if (!thread_.joinable())
+        return;
+    if (desk_->Close())
+        thread_.join();
+    else
+        thread_.detach();
+}
+
+void PictureWriter::Write(const QImage& picture, const AutoName& names)
+{
+    Start();
+    ++waiting_;
+    desk_->Put(picture, names);
+}
+
+void PictureWriter::Start()
+{
+    if (thread_.joinable())
+        return;
+    try {
+        thread_ = std::thread([desk = desk_] { desk->Work(); });
+    } catch (const std::system_error&) {
+        throw ControlError(QStringLiteral("The program cannot start another thread."));
+    }
+}
+
+void PictureWriter::Drop()
+{
+    desk_->Drop();
+    waiting_ = 0;
+}
+
+void PictureWriter::Restart()
+{
+    Drop();
+    desk_->Restart();
+}
+
+void PictureWriter::Tell(int turn, const QString& path)
+{
+    if (turn != desk_->Turn())
+        return;
+    if (!path.isEmpty()) {
+        --waiting_;
+        Q_EMIT Written(path);
+        return;
+    }
+    Drop();
+    Q_EMIT Failed();
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "capture/AutoName.h"
+
+#include <QImage>
+#include <QObject>
+
+#include <memory>
+#include <thread>
+
+/// Writes pictures as bitmaps under automatic names, in their order, on a thread of its own. All members are
+/// called on the owner's thread, which the signals come to.
+class PictureWriter : public QObject {
+    Q_OBJECT
+
+public:
+    PictureWriter();
+    /// Drops what waits. A picture being written gets whole; a disk that hangs is left behind after a moment.
+    ~PictureWriter() override;
+
+    /// Hands a picture over. It gets the next free number above that of the picture before it. Throws
+    /// ControlError when there is no thread to be had.
+    void Write(const QImage& picture, const AutoName& names);
+    /// Pictures handed over whose result has not been told.
+    int Waiting() const { return waiting_; }
+    /// Drops what waits and tells no more results of it.
+    void Drop();
+    /// The next picture gets the lowest free number.
+    void Restart();
+
+Q_SIGNALS:
+    /// The picture stands on the disk.
+    void Written(const QString& path);
+    /// It does not; what was handed over after it was dropped.
+    void Failed();
+
+private:
+    class Desk;
+    void Start();
+    void Tell(int turn, const QString& path);
+
+    std::shared_ptr<Desk> desk_;
+    std::thread thread_;
+    int waiting_ = 0;
+};

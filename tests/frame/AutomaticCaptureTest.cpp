@@ -1,0 +1,164 @@
+// Automatic captures through the whole program on real media: what stands on the disk is told by the
+// pictures' own bar codes.
+#include "app/ApplicationState.h"
+#include "capture/FrameSteps.h"
+#include "frame/Main.h"
+#include "imaging/PictureFile.h"
+#include "media/player/PlayerControl.h"
+#include "tests/clips/BarCode.h"
+#include "tests/clips/Clips.h"
+#include "tests/testing/FakeClipboard.h"
+#include "tests/testing/FakeDocuments.h"
+#include "tests/testing/Files.h"
+#include "tests/testing/ScriptedTalk.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+class AutomaticCapture : public testing::Test {
+protected:
+    static constexpr int Patience = 60'000;
+
+    QTemporaryDir folder;
+    ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")) };
+    FakeClipboard clipboard;
+    ScriptedDialogs dialogs;
+    ScriptedErrors errors;
+    FakeDocuments documents;
+    std::unique_ptr<Main> main;
+
+    static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
+    void SetUp() override
+    {
+        main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors, documents,
+            [](QWidget* parent) { return new PlayerControl(parent); } });
+        main->show();
+        QDir::setCurrent(folder.path());
+    }
+    void TearDown() override { QDir::setCurrent(QDir::rootPath()); }
+
+    void Store(const char* key, int value)
+    {
+        ASSERT_TRUE(state.Settings.SaveSetting(
+            QStringLiteral("Options"), QLatin1String(key), QString::number(value)));
+    }
+    /// A clip under a name that the run accepts.
+    QString Linked(const QString& clip, int place = 0)
+    {
+        const QString name = QStringLiteral("video%1.avi").arg(place);
+        QFile::remove(folder.filePath(name));
+        EXPECT_TRUE(QFile::link(ClipPath(clip), folder.filePath(name)));
+        return name;
+    }
+    void Open(const QStringList& names)
+    {
+        QString buffer = folder.path();
+        for (const QString& name : names)
+            buffer += QChar(u'\0') + name;
+        dialogs.openNames.push(names.size() == 1 ? folder.filePath(names.first()) : buffer);
+        main->OpenVideos();
+    }
+    void RunByFrames(const QStringList& names, int step)
+    {
+        Store("AutoNumber", step);
+        state.AutoCapture = true;
+        state.AutoFrame = true;
+        Open(names);
+    }
+    bool AwaitOver()
+    {
+        return QTest::qWaitFor([this] { return main->IsCommandEnabled(Command::Capture); }, Patience);
+    }
+    QDir Pictures() const { return QDir(state.Beside(QStringLiteral("AutoFrame"))); }
+    void ClearPictures()
+    {
+        QDir pictures = Pictures();
+        pictures.removeRecursively();
+        QDir().mkpath(pictures.path());
+    }
+    /// The numbers in the pictures, from auto1.bmp to the first name that is missing. degrees turns those
+    /// whose code was drawn before they were rotated as tagged.
+    std::vector<int> NumbersWritten(int degrees = 0) const
+    {
+        std::vector<int> numbers;
+        QString path;
+        for (int place = 1;
+             QFile::exists(path = Pictures().filePath(QStringLiteral("auto%1.bmp").arg(place))); ++place)
+            numbers.push_back(NumberIn(QImage(path).transformed(QTransform().rotate(degrees))));
+        return numbers;
+    }
+};
+
+/// What the rules ask for of a clip; -1 where its pixels tell nothing.
+std::vector<int> Asked(const Clip& clip, int step)
+{
+    FrameSteps steps(clip.Pictures, step, true);
+    std::vector<int> numbers;
+    while (const std::optional<int> frame = steps.Next(0))
+        numbers.push_back(clip.Numbers.empty() ? -1 : clip.Numbers.at(size_t(*frame)));
+    return numbers;
+}
+
+bool Agree(const std::vector<int>& written, const std::vector<int>& asked)
+{
+    return std::ranges::equal(
+        written, asked, [](int found, int expected) { return expected < 0 || found == expected; });
+}
+
+} // namespace
+
+TEST_F(AutomaticCapture, OfEveryClipExactlyTheFramesAskedForAreWritten)
+{
+    for (const Clip& clip : AllClips()) {
+        // What is known by its name only is not to be had under the name that a run accepts.
+        if (clip.Pictures < 2 || clip.Name.endsWith(QLatin1String(".m3u8")))
+            continue;
+        const int degrees = clip.Name == QLatin1String("rotate90.mp4") ? 90 : 0;
+        for (const int step : { 1, 7, 10'000 }) {
+            ClearPictures();
+            RunByFrames({ Linked(clip.Name) }, step);
+            ASSERT_TRUE(AwaitOver()) << clip.Name.toStdString() << " every " << step;
+            const std::vector<int> written = NumbersWritten(degrees);
+            EXPECT_TRUE(Agree(written, Asked(clip, step)))
+                << clip.Name.toStdString() << " every " << step << ": " << testing::PrintToString(written);
+        }
+    }
+}
+
+TEST_F(AutomaticCapture, ATimedRunTakesThePicturesOfTheAskedTimes)
+{
+    Store("UsersCaptureTime", 2);
+    state.AutoCapture = true;
+    state.CaptureTime = true;
+    Open({ Linked(QStringLiteral("long_10fps.mp4")) });
+    ASSERT_TRUE(AwaitOver());
+    const std::vector<int> numbers = NumbersWritten();
+    ASSERT_EQ(numbers.size(), 10U);
+    for (size_t i = 0; i < numbers.size(); ++i)
+        EXPECT_NEAR(numbers[i], int(i) * 2 * 10, 1) << "ten frames a second";
+}
+
+TEST_F(AutomaticCapture, ABrokenVideoAndATextFileAreLeftOutOfTheRun)
+{
+    state.ShowPlayerErrors = false;
+    MakeFile(folder.filePath(QStringLiteral("broken.avi")), QByteArray(100'000, 'x'));
+    MakeFile(folder.filePath(QStringLiteral("notes.txt")), "words");
+    RunByFrames({ Linked(QStringLiteral("mpeg4_bf.avi"), 1), QStringLiteral("broken.avi"),
+                    QStringLiteral("notes.txt"), Linked(QStringLiteral("mpeg4_bf.avi"), 2) },
+        50);
+    ASSERT_TRUE(AwaitOver());
+    EXPECT_EQ(NumbersWritten(), (std::vector<int> { 0, 50, 50 }));
+}
+
+TEST_F(AutomaticCapture, TheFrameClosedInTheMiddleLeavesWholePicturesOnly)
+{
+    RunByFrames({ Linked(QStringLiteral("mpeg4_bf.avi")) }, 1);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Pictures().count() > 10; }, Patience));
+    main.reset();
+    for (const QString& name : FilesIn(Pictures().path()))
+        EXPECT_GE(NumberIn(QImage(Pictures().filePath(name))), 0) << name.toStdString();
+}

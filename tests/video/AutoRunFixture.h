@@ -1,0 +1,111 @@
+#pragma once
+
+#include "imaging/PictureFile.h"
+#include "tests/testing/Files.h"
+#include "tests/video/VideoWindowFixture.h"
+
+#include <QFileInfo>
+#include <QMap>
+#include <QTest>
+
+#include <climits>
+#include <set>
+#include <vector>
+
+/// A player whose videos have lengths of their own and which refuses what a test names.
+class RunPlayer : public FakePlayer {
+public:
+    using FakePlayer::FakePlayer;
+
+    QMap<QString, int> frameCounts; ///< by file name; 30 for any other
+    std::set<int> refusedFrames;
+    QStringList opened; ///< the files' names, in their order
+    std::function<void()> whenStillIsTaken;
+    bool isCounted = true;
+    int readyUpTo = INT_MAX;
+
+    bool HasFrameCount() const override { return isCounted; }
+    bool IsFrameReady(int number) const override { return number <= readyUpTo; }
+    void SetSourceFile(const QString& path) override
+    {
+        FakePlayer::SetSourceFile(path);
+        state = Stopped;
+        frame = 0;
+        frameCount = file.isEmpty() ? 0 : frameCounts.value(QFileInfo(path).fileName(), 30);
+        opened << QFileInfo(path).fileName();
+    }
+    void SetCurrentFrame(int number) override
+    {
+        if (refusedFrames.contains(number))
+            throw ControlError(QStringLiteral("No such picture."));
+        frame = qMin(number, frameCount - 1);
+    }
+    QImage GetStillPicture(int timeoutMs) override
+    {
+        const QImage still = FakePlayer::GetStillPicture(timeoutMs);
+        if (whenStillIsTaken)
+            whenStillIsTaken();
+        return still;
+    }
+};
+
+/// Automatic captures of the video window over a faked player.
+class AutoRunFixture : public VideoWindowFixture {
+protected:
+    static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
+
+    RunPlayer* player = nullptr;
+
+    void SetUp() override
+    {
+        VideoWindowFixture::SetUp();
+        player->size = QSize(64, 36);
+    }
+    FakePlayer* MakePlayer(QWidget* parent) override { return player = new RunPlayer(parent); }
+    void Store(const char* key, const QString& value)
+    {
+        ASSERT_TRUE(state.Settings.SaveSetting(QStringLiteral("Options"), QLatin1String(key), value));
+    }
+    void RunByFrames(const QStringList& names, int step)
+    {
+        Store("AutoNumber", QString::number(step));
+        state.AutoCapture = true;
+        state.AutoFrame = true;
+        Open(names);
+    }
+    void RunByTime(const QStringList& names, int seconds)
+    {
+        Store("UsersCaptureTime", QString::number(seconds));
+        state.AutoCapture = true;
+        state.CaptureTime = true;
+        Open(names);
+    }
+    /// The commands come back when a run is over.
+    bool AwaitOver() const
+    {
+        return Await([this] { return frame.enabled.value(Command::Capture); });
+    }
+    template <typename Condition> static bool Await(Condition condition)
+    {
+        return QTest::qWaitFor(condition, 20'000);
+    }
+    bool AwaitLabel(const QString& text) const
+    {
+        return Await([&] { return Status(StatusLabel::AutoCapture) == text; });
+    }
+    QString PictureFolder() const { return state.Beside(QStringLiteral("AutoFrame")); }
+    QString PicturePath(int number, const char* extension = ".bmp") const
+    {
+        return PictureFolder() + QStringLiteral("/auto%1").arg(number) + QLatin1String(extension);
+    }
+    /// Which frame each picture shows, from auto1.bmp to the first name that is missing.
+    std::vector<int> FramesWritten() const
+    {
+        std::vector<int> frames;
+        for (int number = 1; QFile::exists(PicturePath(number)); ++number)
+            frames.push_back(qRed(QImage(PicturePath(number)).pixel(0, 0)));
+        return frames;
+    }
+    int FilesWritten() const { return int(FilesIn(PictureFolder()).size()); }
+    void Progress(int position) { Q_EMIT player->PlaybackProgress(position); }
+};

@@ -1,0 +1,108 @@
+#include "video/AutoRun.h"
+
+#include "app/ApplicationState.h"
+#include "app/Frame.h"
+#include "app/Hourglass.h"
+#include "capture/ApplyWatermarkToFile.h"
+#include "capture/PictureWriter.h"
+#include "capture/SavePicture.h"
+#include "video/Opening.h"
+#include "video/Transport.h"
+#include "video/VideoNames.h"
+#include "video/ltmmPlay.h"
+
+AutoRun::AutoRun(const Parts& parts)
+    : parts_(parts)
+{
+    // A player that gives up in the middle does not come to the end of its video.
+    connect(
+        &parts_.player, &ltmmPlay::PlayerError, this,
+        [this] {
+            if (parts_.player.State() == ltmmPlay::Stopped)
+                VideoEnded();
+        },
+        Qt::QueuedConnection);
+}
+
+AutoRun::~AutoRun()
+{
+    parts_.writer.Drop();
+    Quieten();
+}
+
+ApplicationState& AutoRun::State() const
+{
+    return parts_.frame.State();
+}
+
+void AutoRun::Start()
+{
+    KeepVideos(State());
+    State().VideoPath.clear();
+    list_ = State().Videos.mid(1, State().VideoCount);
+    tally_ = AutoTally(int(list_.size()));
+    parts_.transport.EnableVideoControls(false, parts_.player);
+    Prepare();
+    GoOn();
+}
+
+void AutoRun::NextVideo()
+{
+    QMetaObject::invokeMethod(this, &AutoRun::GoOn, Qt::QueuedConnection);
+}
+
+void AutoRun::GoOn()
+{
+    if (IsLastVideo())
+        return Finish();
+    StartVideo(list_.at(next_++));
+}
+
+bool AutoRun::LoadVideo(const QString& path)
+{
+    ApplicationState& state = State();
+    state.CurrentFile = path;
+    state.VideoPath = path;
+    state.VideoExt = VideoExtension(path);
+    {
+        const Hourglass waiting;
+        parts_.player.SetSourceFile(path);
+    }
+    parts_.player.SetPlayCount(1); // a video that is repeated for ever would be captured for ever
+    parts_.transport.ReleasePause();
+    parts_.transport.StartVideo();
+    Q_EMIT VideoLoaded();
+    return parts_.player.SourceKind() != ltmmPlay::NoSource;
+}
+
+void AutoRun::TakeStill()
+{
+    parts_.writer.Write(parts_.player.GetStillPicture(StillTimeout), *names_);
+}
+
+void AutoRun::Count(const QString& path)
+{
+    State().CurrentFile = path;
+    ApplyWatermarkToFile(parts_.frame);
+    tally_.Count(interval_);
+    told_ = CountedText();
+    parts_.frame.SetStatusAlert(StatusLabel::AutoCapture, told_);
+}
+
+void AutoRun::ShowVideoNumber()
+{
+    parts_.frame.SetStatus(StatusLabel::Operation, QStringLiteral("Video #:") + QString::number(next_));
+    parts_.frame.ShowStatus(StatusLabel::Operation, true);
+}
+
+void AutoRun::Quieten() const
+{
+    if (!told_.isEmpty())
+        parts_.frame.SetStatus(StatusLabel::AutoCapture, told_);
+}
+
+void AutoRun::Finish()
+{
+    Quieten();
+    Q_EMIT Over();
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "capture/AutoName.h"
+#include "capture/AutoTally.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <optional>
+
+class ApplicationState;
+class Frame;
+class PictureWriter;
+class Transport;
+class ltmmPlay;
+
+/// An automatic capture: walks through every video of the selection and writes pictures into the folder
+/// "AutoFrame" without being asked. It lives on the event loop; deleting it leaves the run, and no file but
+/// whole ones.
+class AutoRun : public QObject {
+    Q_OBJECT
+
+public:
+    /// What a run works on; all outlive it.
+    struct Parts {
+        Frame& frame;
+        Transport& transport;
+        ltmmPlay& player;
+        PictureWriter& writer;
+    };
+
+    ~AutoRun() override;
+
+    /// Takes the list from FileNames and starts its first video. Without a video there is nothing to do, and
+    /// nothing is said.
+    void Start();
+    /// What plays has come to its end.
+    virtual void VideoEnded() = 0;
+    const AutoTally& Tally() const { return tally_; }
+
+Q_SIGNALS:
+    void VideoLoaded(); ///< VideoPath names it
+    void TitleChanged(); ///< VideoPath has changed
+    void PictureTaken(); ///< the flashing of the label may begin
+    void Over(); ///< the run has nothing more to do
+
+protected:
+    /// Pictures that wait to be written at most. A disk that cannot follow holds up the run.
+    static constexpr int MostWaiting = 3;
+
+    explicit AutoRun(const Parts& parts);
+
+    /// Reads what holds for the whole run.
+    virtual void Prepare() = 0;
+    virtual void StartVideo(const QString& path) = 0;
+    /// What is told once picture and text stand on the disk.
+    virtual QString CountedText() const = 0;
+
+    ApplicationState& State() const;
+    /// Goes on with the next video when the events at hand are done.
+    void NextVideo();
+    bool IsLastVideo() const { return next_ == list_.size(); }
+    /// False when the player refuses it; the window follows in either case.
+    bool LoadVideo(const QString& path);
+    /// Takes the still of the frame that is shown and hands it to the writer. Throws ControlError.
+    void TakeStill();
+    /// Burns the user's text into the file just written and counts it. Throws ControlError.
+    void Count(const QString& path);
+    void ShowVideoNumber();
+    void Finish();
+
+    Parts parts_;
+    AutoTally tally_;
+    std::optional<AutoName> names_; ///< of the pictures of the current video
+    int interval_ = 0; ///< seconds, also where the pictures lie so many frames apart
+
+private:
+    void GoOn();
+    /// Takes the eye-catching colour off what was told last: nothing is running any more.
+    void Quieten() const;
+
+    QString told_; ///< of the picture counted last
+    QStringList list_;
+    qsizetype next_ = 0; ///< place of the next video in list_
+};

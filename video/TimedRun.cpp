@@ -1,0 +1,67 @@
+#include "video/TimedRun.h"
+
+#include "app/ApplicationState.h"
+#include "app/ControlError.h"
+#include "app/Frame.h"
+#include "capture/PictureWriter.h"
+#include "capture/TimedSteps.h"
+#include "video/Transport.h"
+#include "video/ltmmPlay.h"
+
+#include <utility>
+
+TimedRun::TimedRun(const Parts& parts)
+    : AutoRun(parts)
+{
+    CapTimer.setTimerType(Qt::PreciseTimer);
+    connect(&CapTimer, &QTimer::timeout, this, &TimedRun::Tick);
+    connect(&parts_.writer, &PictureWriter::Written, this, &TimedRun::Written);
+}
+
+void TimedRun::Prepare()
+{
+    State().Reload(Key::UsersCaptureTime, Reader::AutoRun);
+    interval_ = State().UsersCaptureTime;
+}
+
+void TimedRun::StartVideo(const QString& path)
+{
+    ShowVideoNumber();
+    State().Reload(Key::Ext);
+    names_.emplace(State().Beside(QStringLiteral("AutoFrame")), State().CurrentExt);
+    tally_.StartVideo();
+    if (!LoadVideo(path))
+        return NextVideo();
+    parts_.transport.EnablePauseAndSound();
+    parts_.player.Run();
+    isPlaying_ = true;
+    CapTimer.start(TimedSteps::FirstDelay(interval_));
+}
+
+void TimedRun::VideoEnded()
+{
+    if (!std::exchange(isPlaying_, false))
+        return;
+    CapTimer.stop();
+    NextVideo();
+}
+
+/// A failed picture is passed over without a word, and the next one comes in its time.
+void TimedRun::Tick()
+{
+    parts_.frame.ShowStatus(StatusLabel::AutoCapture, true);
+    const bool isRunning = parts_.player.State() == ltmmPlay::Running;
+    parts_.frame.SetStatus(
+        StatusLabel::Flashing, isRunning ? QStringLiteral("Auto") : QStringLiteral("Paused"));
+    if (!isRunning)
+        return;
+    if (parts_.writer.Waiting() < MostWaiting)
+        IgnoreErrors([this] { TakeStill(); });
+    CapTimer.start(TimedSteps::NextDelay(parts_.player.CurrentPosition(), interval_, parts_.player.Rate()));
+    Q_EMIT PictureTaken();
+}
+
+void TimedRun::Written(const QString& path)
+{
+    IgnoreErrors([&] { Count(path); });
+}

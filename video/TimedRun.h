@@ -1,0 +1,27 @@
+#pragma once
+
+#include "video/AutoRun.h"
+
+#include <QTimer>
+
+/// Plays every video of the list and writes a picture every so many seconds of it.
+class TimedRun final : public AutoRun {
+    Q_OBJECT
+
+public:
+    explicit TimedRun(const Parts& parts);
+
+    void VideoEnded() override;
+
+protected:
+    void Prepare() override;
+    void StartVideo(const QString& path) override;
+    QString CountedText() const override { return tally_.TimeText(); }
+
+private:
+    void Tick();
+    void Written(const QString& path);
+
+    QTimer CapTimer;
+    bool isPlaying_ = false;
+};
