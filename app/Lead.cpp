@@ -111,6 +111,7 @@ Lead::Lead(QWidget* parent)
 
 void Lead::SetBitmap(const QImage& picture)
 {
+    ++replacements_;
     bitmap_ = picture;
     bitmap_.setDevicePixelRatio(1);
     view_.SetPicture(bitmap_.size());
@@ -173,14 +174,6 @@ int Lead::Paste(Clipboard& clipboard, int flags)
         throw ControlError(QStringLiteral("There is no picture on the clipboard."));
     SetBitmap(picture);
     return 1;
-}
-
-void Lead::Size(int width, int height, int flags)
-{
-    if (bitmap_.isNull())
-        throw ControlError(QStringLiteral("There is no picture to resize."));
-    const auto kind = flags == SizeSmooth ? imaging::Resampling::Smooth : imaging::Resampling::Nearest;
-    SetBitmap(AsControl([&] { return imaging::Resample(bitmap_, { width, height }, kind); }));
 }
 
 void Lead::SetScaleMode(int mode)

@@ -61,7 +61,7 @@ cv::Point LitSlope(Direction light)
 QImage Embossed(const QImage& picture, Direction light, int depth, const Progress& progress)
 {
     constexpr int middle = 128;
-    constexpr double unit = 2 * 4; // halves, and what the weights of a Sobel filter add up to
+    constexpr double unit = 8; // what a Sobel filter makes of one level a pixel
     const cv::Point slope = LitSlope(light);
     const double scale = std::clamp(depth, 0, 1000) / unit * (slope.x + slope.y);
     const auto emboss = [&](const cv::Mat& from, cv::Mat& to) {

@@ -10,8 +10,8 @@ namespace imaging {
 
 enum class Direction { East = 0, West = 1, North = 2, South = 3 };
 
-/// A grey relief in which what is lighter stands higher, lit from a direction; even ground is middle grey.
-/// The depth, 0 to 1000, is in halves: at 2 a slope shows as steep as it is, at 0 not at all.
+/// A grey relief in which what is lighter stands higher, lit from a direction; even ground is middle grey, and each unit
+/// of the depth, 0 to 1000, adds the slope, in levels a pixel.
 QImage Embossed(const QImage& picture, Direction light, int depth, const Progress& progress = {});
 
 /// The spatial filters by their codes. Each compares neighbours in its direction, channel by channel; even

@@ -39,6 +39,8 @@ QImage TrueColour(const QImage& picture)
 
 QImage AtDepthOf(const QImage& picture, const QImage& result)
 {
+    if (HasPalette(result))
+        return result;
     if (!HasPalette(picture))
         return Converted(result, picture.format());
     const int colours = 1 << BitsPerPixel(picture);

@@ -15,7 +15,8 @@ QImage WholeBytes(const QImage& picture);
 /// where it has 32 bits (BGR888, RGB32 or ARGB32).
 QImage TrueColour(const QImage& picture);
 /// What an operation made of a picture, at the depth and in the byte order of that picture. One with a
-/// palette gets a palette of the same size that is made for the result: exact when its colours suffice.
+/// palette gets a palette of the same size that is made for the result: exact when its colours suffice;
+/// a result that has a palette keeps it.
 QImage AtDepthOf(const QImage& picture, const QImage& result);
 
 /// The picture in true colour for a mixing of pixels: colours count by how much of them shows, or what is
