@@ -31,7 +31,7 @@ QList<QRgb> PaletteFor(const QImage& picture, int bits, PaletteKind kind, int co
     case PaletteKind::Fixed:
         return FixedPalette(bits);
     case PaletteKind::Optimized:
-        return Padded(OptimizedPalette(picture, colours == 0 ? all : std::clamp(colours, 2, all)), all);
+        return OptimizedPalette(picture, colours == 0 ? all : std::clamp(colours, 2, all));
     case PaletteKind::Identity:
         return IdentityPalette(picture, bits);
     case PaletteKind::OrderRgb:
@@ -46,8 +46,10 @@ QList<QRgb> PaletteFor(const QImage& picture, int bits, PaletteKind kind, int co
 QImage WithColorResolution(const QImage& picture, int bits, PaletteKind palette, Dithering dithering,
     int colours, const Progress& progress)
 {
-    if (bits == 1 || bits == 4 || bits == 8)
-        return Dithered(picture, PaletteFor(picture, bits, palette, colours), dithering, progress);
+    if (bits == 1 || bits == 4 || bits == 8) {
+        const QList<QRgb> shown = PaletteFor(picture, bits, palette, colours);
+        return WithWholePalette(Dithered(picture, shown, dithering, progress), bits);
+    }
     const DirectRow* row = std::ranges::find_if(
         DirectRows, [&](const DirectRow& one) { return one.bits == bits && one.order == palette; });
     if (row == std::end(DirectRows))

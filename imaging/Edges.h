@@ -10,8 +10,8 @@ namespace imaging {
 
 enum class Direction { East = 0, West = 1, North = 2, South = 3 };
 
-/// A grey relief in which what is lighter stands higher, lit from a direction; even ground is middle grey, and each unit
-/// of the depth, 0 to 1000, adds the slope, in levels a pixel.
+/// A grey relief in which what is lighter stands higher, lit from a direction; even ground is middle grey,
+/// and each unit of the depth, 0 to 1000, adds the slope, in levels a pixel.
 QImage Embossed(const QImage& picture, Direction light, int depth, const Progress& progress = {});
 
 /// The spatial filters by their codes. Each compares neighbours in its direction, channel by channel; even

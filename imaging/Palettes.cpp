@@ -30,6 +30,12 @@ QList<QRgb> CubeAndGreys()
     return palette;
 }
 
+QList<QRgb> Padded(QList<QRgb> palette, int size)
+{
+    palette.resize(size, Black);
+    return palette;
+}
+
 } // namespace
 
 QList<QRgb> FixedPalette(int bits)
@@ -51,10 +57,10 @@ QList<QRgb> IdentityPalette(const QImage& picture, int bits)
         + QList<QRgb>(std::begin(HighTen), std::end(HighTen));
 }
 
-QList<QRgb> Padded(QList<QRgb> palette, int size)
+QImage WithWholePalette(QImage picture, int bits)
 {
-    palette.resize(size, Black);
-    return palette;
+    picture.setColorTable(Padded(picture.colorTable(), 1 << bits));
+    return picture;
 }
 
 } // namespace imaging

@@ -16,7 +16,8 @@ QList<QRgb> OptimizedPalette(const QImage& picture, int colours);
 /// fixed palette.
 QList<QRgb> IdentityPalette(const QImage& picture, int bits);
 
-/// The palette with black behind its colours up to a size.
-QList<QRgb> Padded(QList<QRgb> palette, int size);
+/// The picture with as many entries in its palette as its depth is to have, 1, 4 or 8 bits; black stands
+/// behind its colours.
+QImage WithWholePalette(QImage picture, int bits);
 
 } // namespace imaging

@@ -6,6 +6,7 @@
 #include "imaging/PictureLimits.h"
 #include "imaging/TrueColour.h"
 
+#include <algorithm>
 #include <cmath>
 #include <opencv2/imgproc.hpp>
 #include <optional>
@@ -58,18 +59,23 @@ struct Angle {
     }
 };
 
-/// A picture with a palette, as Format_Indexed8, and which of its colours is nearest to the fill, which it
-/// takes in where its depth has room.
+/// A picture as Format_Indexed8, and the number of its fill.
 struct Filled {
     QImage picture;
     int index;
 };
 
+/// The fill stands in the palette if it can: behind its end, or in place of a colour that no pixel has.
 Filled WithFill(QImage picture, const QColor& fill)
 {
     QList<QRgb> colours = picture.colorTable();
-    if (!colours.contains(fill.rgb()) && colours.size() < 1 << BitsPerPixel(picture))
-        picture.setColorTable(colours += fill.rgb());
+    const auto isUsed = UsedColours(picture);
+    const auto unused = std::ranges::find(isUsed, false) - isUsed.begin();
+    if (!colours.contains(fill.rgb()) && unused < 1 << BitsPerPixel(picture)) {
+        colours.resize(std::max<qsizetype>(colours.size(), unused + 1));
+        colours[unused] = fill.rgb();
+        picture.setColorTable(colours);
+    }
     return { picture, NearestColour(colours)(fill.blue(), fill.green(), fill.red()) };
 }
 

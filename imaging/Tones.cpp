@@ -64,10 +64,7 @@ Range RangeOfPixels(const QImage& picture)
 Range RangeOfPalette(const QImage& picture)
 {
     const QImage indexed = Indexed(picture);
-    std::array<bool, 256> isUsed {};
-    for (int y = 0; y < indexed.height(); ++y)
-        for (const uchar *at = indexed.constScanLine(y), *end = at + indexed.width(); at != end; ++at)
-            isUsed[*at] = true;
+    const auto isUsed = UsedColours(indexed);
     Range range;
     for (qsizetype i = 0; i < indexed.colorCount(); ++i) {
         const QRgb colour = indexed.color(int(i));

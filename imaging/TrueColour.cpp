@@ -20,6 +20,15 @@ QImage Indexed(const QImage& picture)
     return Converted(picture, QImage::Format_Indexed8);
 }
 
+std::array<bool, 256> UsedColours(const QImage& indexed)
+{
+    std::array<bool, 256> isUsed {};
+    for (int y = 0; y < indexed.height(); ++y)
+        for (const uchar *at = indexed.constScanLine(y), *end = at + indexed.width(); at != end; ++at)
+            isUsed[*at] = true;
+    return isUsed;
+}
+
 QImage WholeBytes(const QImage& picture)
 {
     return picture.depth() < 8 ? Indexed(picture) : picture;
@@ -43,8 +52,8 @@ QImage AtDepthOf(const QImage& picture, const QImage& result)
         return result;
     if (!HasPalette(picture))
         return Converted(result, picture.format());
-    const int colours = 1 << BitsPerPixel(picture);
-    return Dithered(result, Padded(OptimizedPalette(result, colours), colours), Dithering::None);
+    const int bits = BitsPerPixel(picture);
+    return WithWholePalette(Dithered(result, OptimizedPalette(result, 1 << bits), Dithering::None), bits);
 }
 
 QImage Mixable(const QImage& picture)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <array>
 
 namespace imaging {
 
@@ -8,6 +9,8 @@ namespace imaging {
 bool HasPalette(const QImage& picture);
 /// A picture with a palette as Format_Indexed8.
 QImage Indexed(const QImage& picture);
+/// Which colours of a palette some pixel of a Format_Indexed8 has.
+std::array<bool, 256> UsedColours(const QImage& indexed);
 /// The picture with no more than one pixel in a byte.
 QImage WholeBytes(const QImage& picture);
 

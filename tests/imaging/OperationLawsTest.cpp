@@ -84,8 +84,8 @@ TEST(EveryOperation, OnColoursChangesAPaletteAsItWouldThePixels)
         const QImage picture = AtDepth(Photo(), bits);
         for (const OperationRow& row : Operations()) {
             if (row.kind == Kind::Colours) {
-                EXPECT_EQ(Colours(row.run(picture)),
-                    Colours(row.run(picture.convertToFormat(QImage::Format_BGR888))))
+                EXPECT_LE(
+                    Difference(row.run(picture), row.run(picture.convertToFormat(QImage::Format_BGR888))), 1)
                     << row.name << " " << bits;
             }
         }

@@ -83,10 +83,19 @@ TEST(Rotate, KeepsItsFrameAndFillsTheCornersWhite)
         const QImage kept = Rotated(blue, -4500, RotatedSize::Kept, Qt::white);
         EXPECT_EQ(kept.size(), QSize(100, 50));
         EXPECT_EQ(kept.pixelColor(50, 25), QColor(Qt::blue)) << bits;
-        if (bits != 1) { // blue and black leave one bit no room for white
-            EXPECT_EQ(kept.pixelColor(0, 0), QColor(Qt::white)) << bits;
-        }
+        EXPECT_EQ(kept.pixelColor(0, 0), QColor(Qt::white)) << bits;
     }
+}
+
+TEST(Rotate, FillsWithTheNearestColourOfAPaletteThatIsFull)
+{
+    QImage picture(10, 10, QImage::Format_Indexed8);
+    picture.setColorTable({ qRgb(0, 0, 90), qRgb(200, 210, 190) });
+    picture.fill(0);
+    picture.setPixel(5, 5, 1);
+    const QImage kept = Rotated(picture, 4500, RotatedSize::Kept, Qt::white);
+    EXPECT_EQ(kept.pixelColor(0, 0), QColor(200, 210, 190));
+    EXPECT_EQ(kept.colorTable(), picture.colorTable());
 }
 
 TEST(Rotate, ThereAndBackIsNearlyThePicture)
