@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fcntl.h>
+#include <optional>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
