@@ -2,7 +2,7 @@
 
 #include "media/CaptionBytes.h"
 #include <algorithm>
-#include <cstring>
+#include <bit>
 
 namespace media {
 
@@ -15,6 +15,19 @@ constexpr int EraseShown = 0x2C;
 constexpr int EraseHidden = 0x2E;
 constexpr int CaptionModes[] = { 0x20, 0x25, 0x26, 0x27, 0x29, 0x2F }; // load, roll up 2 to 4, paint on, show
 constexpr int FirstLetter = 0x20;
+
+/// "Flash on", which the library does not know: it does nothing but stand between two codes.
+constexpr char Separator[] = { char(0xFC), char(0x94), char(0xA8) };
+
+bool IsControl(int first)
+{
+    return first >= 0x10 && first <= 0x1F;
+}
+
+bool HasParity(char byte)
+{
+    return std::popcount(uint8_t(byte)) % 2 == 1;
+}
 
 CodecPtr MakeDecoder()
 {
@@ -34,9 +47,9 @@ CodecPtr MakeDecoder()
 QByteArray TextOf(const char* event)
 {
     constexpr int Fields = 8;
-    const char* text = event;
-    for (int field = 0; field < Fields && text; ++field)
-        text = (text = std::strchr(text, ',')) ? text + 1 : nullptr;
+    QByteArray text(event);
+    for (int field = 0; field < Fields; ++field)
+        text = text.mid(text.indexOf(',') + 1);
     return text;
 }
 
@@ -56,7 +69,7 @@ std::optional<QByteArray> LineCaptions::Take(int number, const QByteArray& tripl
 /// library takes those of all for one text.
 bool LineCaptions::IsOurs(int first, int second)
 {
-    const bool isControl = first >= 0x10 && first <= 0x1F;
+    const bool isControl = IsControl(first);
     if (isControl)
         isSecondChannel_ = first & 0x08;
     const bool isMode = first == 0x14 && !isSecondChannel_;
@@ -68,15 +81,32 @@ bool LineCaptions::IsOurs(int first, int second)
     return (isControl || first >= FirstLetter) && !isSecondChannel_ && (!isInText_ || clears);
 }
 
+/// A control code that comes twice in a row counts once; only a third one counts again.
+bool LineCaptions::IsRepeat(int first, int second)
+{
+    const int code = IsControl(first) ? first << 8 | second : 0;
+    const bool isRepeat = code != 0 && code == lastCode_;
+    lastCode_ = isRepeat ? 0 : code;
+    return isRepeat;
+}
+
 QByteArray LineCaptions::OursOf(const QByteArray& triplets)
 {
     constexpr char ValidFirstField = 4; // of the bits 2 (valid), 1 and 0 (kind)
-    constexpr char Letters = 0x7F; // without the parity, which the library looks at
+    constexpr char Letters = 0x7F; // without the parity
     QByteArray ours;
     for (qsizetype at = 0; at + TripletBytes <= triplets.size(); at += TripletBytes) {
         const char* const triplet = triplets.constData() + at;
-        if ((triplet[0] & 7) == ValidFirstField && IsOurs(triplet[1] & Letters, triplet[2] & Letters))
-            ours.append(triplet, TripletBytes);
+        const int first = triplet[1] & Letters;
+        const int second = triplet[2] & Letters;
+        const bool isBroken = IsControl(first) && !(HasParity(triplet[1]) && HasParity(triplet[2]));
+        if ((triplet[0] & 7) != ValidFirstField || isBroken || IsRepeat(first, second)
+            || !IsOurs(first, second))
+            continue;
+        // The library passes over every code that equals the one before it, however often it comes.
+        if (IsControl(first))
+            ours.append(Separator, TripletBytes);
+        ours.append(triplet, TripletBytes);
     }
     return ours;
 }

@@ -15,10 +15,12 @@ public:
 
 private:
     bool IsOurs(int first, int second);
+    bool IsRepeat(int first, int second);
     QByteArray OursOf(const QByteArray& triplets);
     std::optional<QByteArray> Decode(int number, const QByteArray& triplets);
 
     CodecPtr decoder_; ///< from the first triplets on
+    int lastCode_ = 0; ///< the control code that came last and was not a repeat
     bool isSecondChannel_ = false; ///< the letters are for CC2
     bool isInText_ = false; ///< the letters are for a page of text
 };

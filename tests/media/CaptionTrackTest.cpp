@@ -72,6 +72,27 @@ TEST_F(CaptionTrackTest, RollUpGrowsLetterByLetterAndKeepsItsRows)
     EXPECT_EQ(At(3)[1].row, 14);
 }
 
+TEST_F(CaptionTrackTest, ACodeCountsOnceWhenItIsRepeatedAtOnceAndTwiceWhenSomethingWasBetween)
+{
+    const QByteArray nothing("\xFC\x80\x80", 3);
+    Say(0,
+        Codes({ RollUp4, NewLine, LastRow }) + Letters("AA") + Codes({ NewLine }) + nothing
+            + Codes({ NewLine }) + Letters("BB"));
+    ASSERT_EQ(TextAt(0), "AA|BB");
+    EXPECT_EQ(At(0)[0].row, 12);
+    Say(1, Codes({ NewLine, SecondChannel }) + Letters("ES") + Codes({ NewLine }) + Letters("CC"));
+    EXPECT_EQ(TextAt(1), "BB|CC");
+    EXPECT_EQ(At(1)[0].row, 12);
+}
+
+TEST_F(CaptionTrackTest, ACodeOfWhichOneCopyIsBrokenCounts)
+{
+    QByteArray shown = Codes({ Show });
+    shown[2] = char(shown[2] ^ 1);
+    Say(0, Codes({ PopOn, LastRow }) + Letters("AB") + shown);
+    EXPECT_EQ(TextAt(0), "AB");
+}
+
 TEST_F(CaptionTrackTest, RollUpShowsAsManyRowsAsItSays)
 {
     Say(0, Codes({ RollUp4 }));

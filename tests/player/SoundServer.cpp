@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fcntl.h>
+#include <optional>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -62,7 +63,10 @@ SoundServer::SoundServer()
             const std::lock_guard lock(mutex_);
             heard_.insert(heard_.end(), block.begin(), block.begin() + size / ssize_t(sizeof(float)));
             const auto begin = now - std::chrono::duration<double>(double(heard_.size()) / Rate);
-            begin_ = begin_ ? std::min(*begin_, begin) : begin;
+            const std::size_t second = heard_.size() / Rate;
+            if (begins_.size() <= second)
+                begins_.resize(second + 1, begin);
+            begins_[second] = std::min(begins_[second], begin);
         }
         close(line);
     });
@@ -73,7 +77,7 @@ SoundServer::SoundServer()
             QStringLiteral("--raw") });
     const auto records = [this] {
         const std::lock_guard lock(mutex_);
-        return begin_.has_value();
+        return !begins_.empty();
     };
     if (trouble_.isEmpty() && !QTest::qWaitFor(records, Patience))
         trouble_ =
@@ -109,6 +113,17 @@ QString SoundServer::Start(QProcess& process, const QString& program, const QStr
     return process.waitForStarted() ? QString() : program + QStringLiteral(" does not start");
 }
 
+/// What came quickest within some seconds tells it: the rest was late. Over many minutes the clock of the
+/// recording and that of the machine are not the same.
+std::chrono::duration<double> SoundServer::BeginAround(std::size_t second) const
+{
+    constexpr std::size_t reach = 5;
+    const auto at = [this](std::size_t place) {
+        return begins_.begin() + std::ptrdiff_t(std::min(place, begins_.size()));
+    };
+    return *std::min_element(at(second - std::min(second, reach)), at(second + reach + 1));
+}
+
 std::vector<SoundServer::Clock::time_point> SoundServer::Beeps(double pause) const
 {
     const std::lock_guard lock(mutex_);
@@ -122,8 +137,8 @@ std::vector<SoundServer::Clock::time_point> SoundServer::Beeps(double pause) con
             last = i;
         } else if (first && i - last >= longest) {
             const double middle = double(*first + last) / 2 / Rate;
-            beeps.emplace_back(
-                std::chrono::duration_cast<Clock::duration>(*begin_ + std::chrono::duration<double>(middle)));
+            beeps.emplace_back(std::chrono::duration_cast<Clock::duration>(
+                BeginAround(std::size_t(middle)) + std::chrono::duration<double>(middle)));
             first.reset();
         }
     }

@@ -4,7 +4,6 @@
 #include <QTemporaryDir>
 #include <chrono>
 #include <mutex>
-#include <optional>
 #include <thread>
 #include <vector>
 
@@ -32,7 +31,7 @@ public:
 private:
     QString Start(QProcess& process, const QString& program, const QStringList& arguments) const;
     void Listen();
-    std::chrono::duration<double> Begin() const;
+    std::chrono::duration<double> BeginAround(std::size_t second) const;
 
     QTemporaryDir folder_;
     QProcess server_;
@@ -41,6 +40,7 @@ private:
     mutable std::mutex mutex_;
     std::vector<float> heard_; ///< one channel
     std::size_t forgotten_ = 0; ///< of heard_
-    std::optional<std::chrono::duration<double>> begin_; ///< of the recording, on the clock
+    std::vector<std::chrono::duration<double>>
+        begins_; ///< of the recording, on the clock, as each second tells
     std::thread listener_;
 };
