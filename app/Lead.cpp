@@ -115,6 +115,7 @@ Lead::Lead(QWidget* parent)
 
 void Lead::SetBitmap(const QImage& picture)
 {
+    ++replacements_;
     bitmap_ = picture;
     bitmap_.setDevicePixelRatio(1);
     onScreen_ = {};
@@ -180,22 +181,16 @@ int Lead::Paste(Clipboard& clipboard, int flags)
     return 1;
 }
 
-void Lead::Size(int width, int height, int flags)
-{
-    if (bitmap_.isNull())
-        throw ControlError(QStringLiteral("There is no picture to resize."));
-    const auto kind = flags == SizeSmooth ? imaging::Resampling::Smooth : imaging::Resampling::Nearest;
-    SetBitmap(AsControl([&] { return imaging::Resample(bitmap_, { width, height }, kind); }));
-}
-
 void Lead::DrawText(const QString& text, int flags)
 {
     if (flags != 0 || bitmap_.isNull())
         throw ControlError(QStringLiteral("There is no picture to draw on."));
     const double scale = view_.Source().width() / view_.Destination().width() / Unit();
     const QImage drawn = AsControl([&] { return imaging::WithText(bitmap_, text, LookOf(*this, scale)); });
-    if (DrawPersistence)
+    if (DrawPersistence) {
+        ++replacements_;
         bitmap_ = drawn;
+    }
     onScreen_ = DrawPersistence ? QImage() : drawn;
     if (autoRepaint_)
         update();

@@ -22,9 +22,10 @@ class Lead : public QWidget, public TextDrawing {
 public:
     enum PaintSize { ActualSize = 0, ZoomSize = 4 };
     enum Scale { ScaleTwips = 1, ScalePixels = 3 };
-    /// Flags of Paste and Size.
+    /// Flags of Paste, Size and Underlay.
     enum { PasteTake = 0, PasteTest = 16384 };
     enum { SizePlain = 0, SizeSmooth = 1 };
+    enum { UnderlayTile = 0, UnderlayStretch = 1 };
 
     explicit Lead(QWidget* parent = nullptr);
 
@@ -53,11 +54,48 @@ public:
     void Copy(Clipboard& clipboard, bool flag) const;
     /// PasteTest changes nothing and answers above 0 when the clipboard holds a picture; PasteTake takes it.
     int Paste(Clipboard& clipboard, int flags);
-    /// Resamples to a new size in pixels, SizeSmooth or SizePlain.
+    /// Resamples to a new size in pixels, SizeSmooth or SizePlain; the depth stays.
     void Size(int width, int height, int flags);
 
     /// Draws a text as TextDrawing has it; flags is 0. Keeps what of the picture is shown.
     void DrawText(const QString& text, int flags);
+    /// The operations on the picture. All keep its depth but SetColorResolution, and keep what of it is shown
+    /// as long as it keeps its size. Amounts beyond a range count as its nearest bound; a code that there is
+    /// not is a ControlError. What they do to a pixel stands with the functions of imaging/. Those that take
+    /// time tell their Progress; when the picture is replaced meanwhile, what they made is dropped.
+    void Flip();
+    void Reverse();
+    /// Clockwise, in hundredths of a degree; with resize the picture grows to hold the result.
+    void Rotate(int angle, bool resize, const QColor& fill);
+    void Grayscale();
+    void Invert();
+    void StretchIntensity();
+    /// -1000 to 1000, 0 neutral.
+    void Brightness(int amount);
+    void Contrast(int amount);
+    void Saturation(int amount);
+    void Sharpen(int amount);
+    /// -180 to 180 degrees, 0 neutral.
+    void Hue(int angle);
+    /// 1 to 500, 100 neutral.
+    void Gamma(int gamma);
+    /// Sizes in pixels: 2 to 25, 2 to 20, 0 to 1000.
+    void Median(int size);
+    void Oil(int size);
+    void Mosaic(int size);
+    /// 2 to 64 levels.
+    void Posterize(int levels);
+    /// 0 to 255.
+    void Solarize(int threshold);
+    /// Direction 0 east, 1 west, 2 north, 3 south; depth 0 to 1000.
+    void Emboss(int direction, int depth);
+    /// One of the codes of imaging::SpatialCode.
+    void SpatialFilter(int code);
+    /// Lays a picture under this one, UnderlayTile or UnderlayStretch.
+    void Underlay(const QImage& picture, int flag);
+    /// Depth 1, 4, 8, 16, 24 or 32; palette and dither by the numbers of imaging::PaletteKind and
+    /// imaging::Dithering; colours of an optimized palette, 0 for all.
+    void SetColorResolution(int bits, int palette, int dither, int colours);
 
     /// Unit of the display's measures: ScaleTwips or ScalePixels, at first pixels.
     int ScaleMode() const { return scaleMode_; }
@@ -95,6 +133,8 @@ public:
     void SetPaintZoomFactor(int percent);
 
 Q_SIGNALS:
+    /// How far an operation has come, 0 to 1000; its slots may change or delete the control.
+    void Progress(int part);
     void MouseDown(Qt::MouseButton button, const QPoint& position);
     void MouseMove(const QPoint& position);
     void MouseUp(Qt::MouseButton button, const QPoint& position);
@@ -108,6 +148,9 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    /// Replaces the picture by what an operation makes of it with these values.
+    template <typename Operation, typename... Values>
+    void Change(Operation operation, const Values&... values);
     imaging::EncodedFile Encoded(int format, int bits, int quality) const;
     double Unit() const;
     QRectF InPixels(double left, double top, double width, double height) const;
@@ -117,6 +160,7 @@ private:
 
     QImage bitmap_;
     QImage onScreen_; ///< what is shown instead of the picture, null when nothing is
+    int replacements_ = 0; ///< of the picture, so far
     imaging::PictureView view_;
     int scaleMode_ = ScalePixels;
     bool autoRepaint_ = true;

@@ -1,0 +1,124 @@
+#include "imaging/Rotate.h"
+
+#include "imaging/Matrix.h"
+#include "imaging/NearestColour.h"
+#include "imaging/PictureFile.h"
+#include "imaging/PictureLimits.h"
+#include "imaging/TrueColour.h"
+
+#include <algorithm>
+#include <cmath>
+#include <opencv2/imgproc.hpp>
+#include <optional>
+
+namespace imaging {
+namespace {
+
+constexpr int Quarter = 9000;
+constexpr int Turn = 4 * Quarter;
+
+/// The turn that cv::rotate makes for an angle, if it is one of quarters.
+std::optional<cv::RotateFlags> QuarterTurn(int angle)
+{
+    switch (angle) {
+    case Quarter:
+        return cv::ROTATE_90_CLOCKWISE;
+    case 2 * Quarter:
+        return cv::ROTATE_180;
+    case 3 * Quarter:
+        return cv::ROTATE_90_COUNTERCLOCKWISE;
+    default:
+        return {};
+    }
+}
+
+struct Angle {
+    explicit Angle(int hundredths)
+        : cosine(std::cos(hundredths * CV_PI / 18000))
+        , sine(std::sin(hundredths * CV_PI / 18000))
+    {
+    }
+    double cosine;
+    double sine;
+
+    /// The smallest frame that holds a turned picture.
+    QSize Frame(QSize size) const
+    {
+        constexpr double slack = 1e-6; // of the sines
+        const double width = std::abs(size.width() * cosine) + std::abs(size.height() * sine);
+        const double height = std::abs(size.width() * sine) + std::abs(size.height() * cosine);
+        return { int(std::ceil(width - slack)), int(std::ceil(height - slack)) };
+    }
+
+    /// Takes the middle of one frame to that of another; pixels stand at whole numbers.
+    cv::Matx23d Between(QSize from, QSize to) const
+    {
+        const double x = (from.width() - 1) / 2.0, y = (from.height() - 1) / 2.0;
+        return { cosine, -sine, (to.width() - 1) / 2.0 - cosine * x + sine * y, //
+            sine, cosine, (to.height() - 1) / 2.0 - sine * x - cosine * y };
+    }
+};
+
+/// A picture as Format_Indexed8, and the number of its fill.
+struct Filled {
+    QImage picture;
+    int index;
+};
+
+/// The fill stands in the palette if it can: behind its end, or in place of a colour that no pixel has.
+Filled WithFill(QImage picture, const QColor& fill)
+{
+    QList<QRgb> colours = picture.colorTable();
+    const auto isUsed = UsedColours(picture);
+    const auto unused = std::ranges::find(isUsed, false) - isUsed.begin();
+    if (!colours.contains(fill.rgb()) && unused < 1 << BitsPerPixel(picture)) {
+        colours.resize(std::max<qsizetype>(colours.size(), unused + 1));
+        colours[unused] = fill.rgb();
+        picture.setColorTable(colours);
+    }
+    return { picture, NearestColour(colours)(fill.blue(), fill.green(), fill.red()) };
+}
+
+QImage OntoFrame(const QImage& picture, const cv::Matx23d& way, QSize frame, cv::Scalar fill, int curve)
+{
+    QImage result = LikePicture(picture, frame);
+    cv::Mat to = OwnPixelsOf(result);
+    WithMatrices(
+        [&] { cv::warpAffine(PixelsOf(picture), to, way, to.size(), curve, cv::BORDER_CONSTANT, fill); });
+    return result;
+}
+
+QImage QuarterTurned(const QImage& picture, cv::RotateFlags turn)
+{
+    const QImage whole = WholeBytes(picture);
+    const bool isHalf = turn == cv::ROTATE_180;
+    QImage result = LikePicture(whole, isHalf ? whole.size() : whole.size().transposed());
+    cv::Mat to = OwnPixelsOf(result);
+    WithMatrices([&] { cv::rotate(PixelsOf(whole), to, turn); });
+    return result;
+}
+
+} // namespace
+
+QImage Rotated(const QImage& picture, int hundredths, RotatedSize size, const QColor& fill)
+{
+    const int angle = (hundredths % Turn + Turn) % Turn;
+    if (angle == 0)
+        return picture;
+    const std::optional<cv::RotateFlags> quarter = QuarterTurn(angle);
+    const bool keepsFrame = size == RotatedSize::Kept;
+    if (quarter && (!keepsFrame || angle == 2 * Quarter))
+        return QuarterTurned(picture, *quarter);
+    const QSize frame = keepsFrame ? picture.size() : Angle(angle).Frame(picture.size());
+    CheckPictureSize(frame.width(), frame.height());
+    const cv::Matx23d way = Angle(angle).Between(picture.size(), frame);
+    if (HasPalette(picture)) {
+        const Filled filled = WithFill(Indexed(picture), fill);
+        return OntoFrame(filled.picture, way, frame, filled.index, cv::INTER_NEAREST);
+    }
+    const cv::Scalar opaque(fill.blue(), fill.green(), fill.red(), 255);
+    const int curve = quarter ? cv::INTER_NEAREST : cv::INTER_CUBIC;
+    return AtDepthOf(picture, Unmixed(OntoFrame(Mixable(picture), way, frame, opaque, curve)));
+}
+
+} // namespace imaging
