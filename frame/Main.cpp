@@ -12,6 +12,7 @@
 #include "frame/SecondKeys.h"
 #include "toolkit/FrameDrag.h"
 #include "toolkit/StripButton.h"
+#include "toolkit/Style.h"
 #include "toolkit/TAQbutton.h"
 #include "toolkit/TitleStrip.h"
 #include "toolkit/Twips.h"
