@@ -71,6 +71,7 @@ bool AutoRun::LoadVideo(const QString& path)
     parts_.player.SetPlayCount(1); // a video that is repeated for ever would be captured for ever
     parts_.transport.ReleasePause();
     parts_.transport.StartVideo();
+    parts_.frame.ShowStatus(StatusLabel::Position, true);
     Q_EMIT VideoLoaded();
     return parts_.player.SourceKind() != ltmmPlay::NoSource;
 }

@@ -214,8 +214,8 @@ void VideoWindow::ShowRunOver()
     transport_.ObeyLoop();
     transport_.EnableVideoControls(hasVideo, *ltmmPlay1);
     frame_.SetEnabled(hasVideo);
-    if (hasVideo)
-        SwapCaptureCommands();
+    if (frame_.State().NoCap)
+        frame_.EnableCommand(Command::Capture, false);
 }
 
 void VideoWindow::StopCapture()

@@ -53,6 +53,8 @@ void QuickShots::Build()
     picOuter_->setObjectName(QStringLiteral("PicOuter"));
     picOuter_->setFocusPolicy(Qt::NoFocus);
     picOuter_->setFrameShape(QFrame::NoFrame);
+    // One that came and went would change the width that the rows are made for.
+    picOuter_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     picInner_ = new ThumbPanel;
     picInner_->setObjectName(QStringLiteral("PicInner"));
     picInner_->setAccessibleName(QStringLiteral("Thumbnails"));

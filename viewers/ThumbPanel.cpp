@@ -167,7 +167,7 @@ void ThumbPanel::PaintCell(QPainter& painter, int index)
 {
     const QRect cell = CellRect(index);
     painter.fillRect(cell, StyleColor(Token::Panel));
-    const QPixmap& picture = Scaled(index);
+    const QPixmap picture = Scaled(index);
     QRect place(QPoint(), picture.deviceIndependentSize().toSize());
     place.moveCenter(cell.center());
     painter.drawPixmap(place.topLeft(), picture);
@@ -183,16 +183,16 @@ void ThumbPanel::PaintCell(QPainter& painter, int index)
     }
 }
 
-const QPixmap& ThumbPanel::Scaled(int index)
+QPixmap ThumbPanel::Scaled(int index)
 {
     const qreal ratio = devicePixelRatioF();
     if (const QPixmap* kept = scaled_.object(index); kept && kept->devicePixelRatio() == ratio)
         return *kept;
-    auto* picture = new QPixmap;
+    QPixmap picture;
     if (!Bitmap(index).isNull())
-        *picture = QPixmap::fromImage(
+        picture = QPixmap::fromImage(
             Bitmap(index).scaled(CellSize * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation));
-    picture->setDevicePixelRatio(ratio);
-    scaled_.insert(index, picture, qsizetype(picture->width()) * picture->height() * 4 + 1);
-    return *picture;
+    picture.setDevicePixelRatio(ratio);
+    scaled_.insert(index, new QPixmap(picture), qsizetype(picture.width()) * picture.height() * 4 + 1);
+    return picture;
 }

@@ -64,7 +64,7 @@ private:
     /// Where a key leads from the highlighted cell; -1 when it leads nowhere.
     int Neighbour(int key) const;
     void PaintCell(QPainter& painter, int index);
-    const QPixmap& Scaled(int index);
+    QPixmap Scaled(int index);
 
     ThumbLayout layout_ { CellSize };
     std::vector<Cell> cells_; ///< from above to below

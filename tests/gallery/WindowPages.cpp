@@ -8,6 +8,7 @@
 #include "video/URLfrm.h"
 #include "video/VideoList.h"
 #include "viewers/QuickShots.h"
+#include "viewers/ThumbPanel.h"
 #include "viewers/Viewer.h"
 
 #include <QLineEdit>
@@ -87,7 +88,8 @@ void ShowChildren(const std::function<void(const QString&, QWidget&)>& take)
         frame.hold.SetBitmap(Landscape(hour));
         strip.mnuControlsAdd2();
     }
-    QTest::mouseClick(strip.findChild<QWidget*>(QStringLiteral("Lead3(2)")), Qt::LeftButton);
+    auto* panel = strip.findChild<ThumbPanel*>();
+    QTest::mouseClick(panel, Qt::LeftButton, {}, panel->CellRect(2).center());
     take(QStringLiteral("thumbnails"), strip);
 
     frame.state.Videos = { QString(), QStringLiteral("/home/user/Videos/Aurora.avi"),

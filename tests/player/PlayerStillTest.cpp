@@ -108,3 +108,28 @@ TEST_F(PlayerStillTest, AWalkThatLeapsInsideItsPlanIsServed)
         ASSERT_EQ(NumberIn(player_->GetStillPicture(5000)), frame);
     }
 }
+
+TEST_F(PlayerStillTest, FramesThatAreExpectedAreToldOfWhenTheyAreReady)
+{
+    Load(QStringLiteral("h264_longgop.mp4"));
+    ASSERT_TRUE(Wait([this] { return player_->HasFrameCount(); }));
+    const QSignalSpy ready(player_.get(), &ltmmPlay::FramesReady);
+    for (int number = 0; number < player_->FrameCount(); number += 10) {
+        player_->ExpectFrames(number, 10);
+        ASSERT_TRUE(Wait([&] { return player_->IsFrameReady(number); }));
+        player_->SetCurrentFrame(number);
+        ASSERT_EQ(NumberIn(player_->GetStillPicture(5000)), number);
+    }
+    EXPECT_GT(ready.size(), 0);
+}
+
+TEST_F(PlayerStillTest, ASeekOfTheUserEndsTheExpectationAndTheNextFrameIsStillTheOneAskedFor)
+{
+    Load(QStringLiteral("h264_closed.mp4"));
+    player_->ExpectFrames(0, 7);
+    player_->SetCurrentFrame(0);
+    player_->SetTrackingPosition(9000);
+    EXPECT_TRUE(player_->IsFrameReady(7));
+    player_->SetCurrentFrame(7);
+    EXPECT_EQ(NumberIn(player_->GetStillPicture(5000)), 7);
+}

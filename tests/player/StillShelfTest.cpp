@@ -116,3 +116,18 @@ TEST(StillShelfTest, LargePicturesAreHeldInSmallNumbers)
     engine.join();
     EXPECT_TRUE(shelf.Take(1, 60s));
 }
+
+TEST(StillShelfTest, APictureIsSettledWhenItLiesThereOrWillNotCome)
+{
+    StillShelf shelf;
+    EXPECT_TRUE(shelf.IsSettled(0));
+    shelf.Plan(0, 10, 20);
+    EXPECT_FALSE(shelf.IsSettled(0));
+    EXPECT_TRUE(shelf.IsSettled(5)) << "between the strides";
+    EXPECT_TRUE(shelf.IsSettled(30)) << "behind the last";
+    ASSERT_TRUE(shelf.Put(ShotOf(0)));
+    EXPECT_TRUE(shelf.IsSettled(0));
+    EXPECT_FALSE(shelf.IsSettled(10));
+    shelf.Drop();
+    EXPECT_TRUE(shelf.IsSettled(10));
+}

@@ -18,7 +18,9 @@ TEST_F(TimedRunTest, TheVideoPlaysAndItsFirstPictureComesAlmostAtOnce)
     EXPECT_EQ(Status(StatusLabel::Operation), "Video #:1");
     ASSERT_TRUE(AwaitLabel(QStringLiteral("Captured first frame.     Total Captures = 1")));
     EXPECT_EQ(Status(StatusLabel::Flashing), "Auto");
-    EXPECT_TRUE(frame.statusShown.value(StatusLabel::AutoCapture));
+    for (const StatusLabel label :
+        { StatusLabel::AutoCapture, StatusLabel::Operation, StatusLabel::Position })
+        EXPECT_TRUE(frame.statusShown.value(label));
     EXPECT_EQ(FilesWritten(), 1);
     EXPECT_TRUE(pane.Cmd2[PauseButton]->isEnabled());
     EXPECT_FALSE(frame.enabled.value(Command::Capture));
