@@ -115,7 +115,7 @@ void ErrorDiffusion::Walk(Line& errors, uchar* to)
             error[channel] = value;
             wanted[channel] = int(std::clamp(value, 0.0F, 255.0F) + 0.5F);
         }
-        const int index = nearest_(wanted[0], wanted[1], wanted[2]);
+        const int index = remembered_(wanted[0], wanted[1], wanted[2]);
         const QRgb colour = palette_[index];
         error[0] -= float(qBlue(colour));
         error[1] -= float(qGreen(colour));
