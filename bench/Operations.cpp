@@ -42,6 +42,13 @@ QImage TileOf(const QImage& p)
     return tile;
 }
 
+/// Tones that leave room for stretching; the peers do the same work whatever the tones.
+QImage FlatOf(const QImage& p)
+{
+    static const QImage flat = WithContrast(p, -400);
+    return flat;
+}
+
 const Case Cases[] = {
     { "flip", [](const QImage& p) { return Flipped(p); }, "-flip", "-flip" },
     { "reverse", [](const QImage& p) { return Reversed(p); }, "-flop", "-flop" },
@@ -62,7 +69,7 @@ const Case Cases[] = {
         "-modulate 100,100,133" },
     { "gamma", [](const QImage& p) { return WithGamma(p, 150); }, "-gamma 1.5", "-gamma 1.5" },
     { "sharpen", [](const QImage& p) { return Sharpened(p, 200); }, "-unsharp 3x1+1+0", "-unsharp 3x1+1+0" },
-    { "stretch intensity", [](const QImage& p) { return WithStretchedIntensity(p); }, "-auto-level",
+    { "stretch intensity", [](const QImage& p) { return WithStretchedIntensity(FlatOf(p)); }, "-auto-level",
         "-normalize" },
     { "median of 3", [](const QImage& p) { return WithMedian(p, 3); }, "-statistic Median 3x3", "-median 1" },
     { "mosaic of 10", [](const QImage& p) { return Mosaic(p, 10); }, "-scale 10% -scale 1000%",
