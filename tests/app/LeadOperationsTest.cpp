@@ -9,6 +9,7 @@
 #include "imaging/Rotate.h"
 #include "imaging/Tones.h"
 #include "imaging/Underlay.h"
+#include "tests/testing/ReasonOf.h"
 #include "tests/testing/SmallMemory.h"
 
 #include <QSignalSpy>
@@ -91,16 +92,6 @@ protected:
 
     Lead lead;
 };
-
-template <typename Step> QString ReasonOf(Step&& step)
-{
-    try {
-        step();
-    } catch (const ControlError& error) {
-        return error.Reason();
-    }
-    return {};
-}
 
 } // namespace
 

@@ -4,6 +4,7 @@
 #include "imaging/FormatTable.h"
 #include "imaging/PictureFile.h"
 #include "tests/testing/FakeClipboard.h"
+#include "tests/testing/ReasonOf.h"
 #include "tests/testing/SmallMemory.h"
 
 #include <QDir>
@@ -72,16 +73,6 @@ protected:
     FakeClipboard clipboard;
     Lead lead;
 };
-
-template <typename Step> QString ReasonOf(Step&& step)
-{
-    try {
-        step();
-    } catch (const ControlError& error) {
-        return error.Reason();
-    }
-    return {};
-}
 
 } // namespace
 
