@@ -48,13 +48,14 @@ Pattern OrderedPattern(int colours)
 void Match(const NearestColour& nearest, const Pattern& pattern, const cv::Mat& from, cv::Mat& to)
 {
     cv::parallel_for_(cv::Range(0, from.rows), [&](const cv::Range& rows) {
+        RememberedColours remembered(nearest);
         for (int y = rows.start; y < rows.end; ++y) {
             const auto& added = pattern[size_t(y % 8)];
             const uchar* pixel = from.ptr(y);
             uchar* index = to.ptr(y);
             for (int x = 0; x < from.cols; ++x, pixel += from.channels()) {
                 const int more = added[size_t(x % 8)];
-                index[x] = uchar(nearest(cv::saturate_cast<uchar>(pixel[0] + more),
+                index[x] = uchar(remembered(cv::saturate_cast<uchar>(pixel[0] + more),
                     cv::saturate_cast<uchar>(pixel[1] + more), cv::saturate_cast<uchar>(pixel[2] + more)));
             }
         }

@@ -84,12 +84,12 @@ void ErrorDiffusion::Ask(const uchar* from, int channels)
 
 void ErrorDiffusion::AddFrom(const Line& line, const DiffusionKernel::Row& shares)
 {
-    for (int place = -DiffusionKernel::Reach; place <= DiffusionKernel::Reach; ++place) {
-        const int share = shares[size_t(place + DiffusionKernel::Reach)];
-        if (share == 0)
+    for (size_t place = 0; place < shares.size(); ++place) {
+        if (shares[place] == 0)
             continue;
-        const float part = float(share) / float(kernel_.whole);
-        const float* errors = line.values.data() + Margin - 3 * place * line.step;
+        const int distance = (int(place) - DiffusionKernel::Reach) * line.step;
+        const float part = float(shares[place]) / float(kernel_.whole);
+        const float* errors = line.values.data() + (Margin - 3 * distance);
         for (size_t i = 0; i < asked_.size(); ++i)
             asked_[i] += part * errors[i];
     }
@@ -97,6 +97,7 @@ void ErrorDiffusion::AddFrom(const Line& line, const DiffusionKernel::Row& share
 
 void ErrorDiffusion::Walk(Line& errors, uchar* to)
 {
+    constexpr float slack = 128; // colours that no palette has would pile up what is off without an end
     // No kernel reaches further than two within the row.
     const DiffusionKernel::Row& shares = kernel_.shares.front();
     const float toNext = float(shares[DiffusionKernel::Reach + 1]) / float(kernel_.whole);
@@ -104,18 +105,15 @@ void ErrorDiffusion::Walk(Line& errors, uchar* to)
     const int step = errors.step;
     int x = step > 0 ? 0 : width_ - 1;
     for (int done = 0; done < width_; ++done, x += step) {
-        float* error = errors.values.data() + Margin + 3 * x;
-        int wanted[3];
-        for (int channel = 0; channel < 3; ++channel) {
-            // Colours that no palette has would pile up what is off without an end.
-            constexpr float slack = 128;
-            const float value = std::clamp(asked_[size_t(3 * x + channel)]
-                    + toNext * error[channel - 3 * step] + toSecond * error[channel - 6 * step],
+        const float* asked = asked_.data() + qsizetype(3) * x;
+        float* error = errors.values.data() + Margin + qsizetype(3) * x;
+        std::array<int, 3> wanted {};
+        for (int i = 0; i < 3; ++i) {
+            error[i] = std::clamp(asked[i] + toNext * error[i - 3 * step] + toSecond * error[i - 6 * step],
                 -slack, 255 + slack);
-            error[channel] = value;
-            wanted[channel] = int(std::clamp(value, 0.0F, 255.0F) + 0.5F);
+            wanted[size_t(i)] = cvRound(std::clamp(error[i], 0.0F, 255.0F));
         }
-        const int index = nearest_(wanted[0], wanted[1], wanted[2]);
+        const int index = remembered_(wanted[0], wanted[1], wanted[2]);
         const QRgb colour = palette_[index];
         error[0] -= float(qBlue(colour));
         error[1] -= float(qGreen(colour));

@@ -47,6 +47,7 @@ private:
     const DiffusionKernel& kernel_;
     QList<QRgb> palette_;
     NearestColour nearest_;
+    RememberedColours remembered_ { nearest_ };
     int width_;
     std::vector<float> asked_; ///< what the row should show
     std::array<Line, DiffusionKernel::Reach + 1> errors_; ///< of this row and those above it

@@ -5,68 +5,82 @@
 namespace imaging {
 namespace {
 
-struct Bounds {
-    int least;
-    int most;
-};
-
-/// The squares of the distances from a value to the nearest and the furthest of a run of values.
-Bounds SquaredDistances(int value, int first, int last)
+int LeastSquare(int value, int first, int side)
 {
-    const int near = std::max({ first - value, value - last, 0 });
-    const int far = std::max(value - first, last - value);
-    return { near * near, far * far };
+    const int distance = std::max({ first - value, value - (first + side - 1), 0 });
+    return distance * distance;
 }
 
-QList<int> FirstOfEach(const QList<QRgb>& palette)
+int MostSquare(int value, int first, int side)
 {
-    QList<int> indices;
-    for (qsizetype i = 0; i < palette.size(); ++i)
-        if (palette.indexOf(palette[i]) == i)
-            indices += int(i);
-    return indices;
+    const int distance = std::max(value - first, first + side - 1 - value);
+    return distance * distance;
 }
 
 } // namespace
 
-/// How far the colours are at least, and at most, from the cells of one axis.
-class NearestColour::Distances {
-public:
-    template <typename Channel> Distances(const std::vector<Candidate>& colours, Channel channel)
-    {
-        for (int cell = 0; cell < Side; ++cell)
-            for (const Candidate& colour : colours)
-                bounds_[size_t(cell)].push_back(
-                    SquaredDistances(colour.*channel, cell << CellBits, ((cell + 1) << CellBits) - 1));
-    }
-    const std::vector<Bounds>& From(int cell) const { return bounds_[size_t(cell)]; }
+NearestColour::Cube NearestColour::Cube::Eighth(int number) const
+{
+    const int half = side / 2;
+    return { blue + (number >> 2) * half, green + (number >> 1 & 1) * half, red + (number & 1) * half, half };
+}
 
-private:
-    std::array<std::vector<Bounds>, Side> bounds_;
-};
+int NearestColour::Cube::LeastDistance(const Candidate& colour) const
+{
+    return LeastSquare(colour.blue, blue, side) + LeastSquare(colour.green, green, side)
+        + LeastSquare(colour.red, red, side);
+}
+
+int NearestColour::Cube::MostDistance(const Candidate& colour) const
+{
+    return MostSquare(colour.blue, blue, side) + MostSquare(colour.green, green, side)
+        + MostSquare(colour.red, red, side);
+}
+
+/// Those of a pool that may be nearest to a colour of the cube: none that is everywhere further off than
+/// another.
+NearestColour::Candidates NearestColour::Cube::Nearest(const Candidates& pool) const
+{
+    int bound = Far;
+    for (const Candidate& colour : pool)
+        bound = std::min(bound, MostDistance(colour));
+    Candidates nearest;
+    for (Candidate colour : pool) {
+        colour.bound = LeastDistance(colour);
+        if (colour.bound <= bound)
+            nearest.push_back(colour);
+    }
+    return nearest;
+}
 
 NearestColour::NearestColour(const QList<QRgb>& palette)
+    : parts_(1)
 {
-    std::vector<Candidate> colours;
-    for (const int index : FirstOfEach(palette)) {
-        const QRgb colour = palette[index];
-        colours.push_back({ short(qBlue(colour)), short(qGreen(colour)), short(qRed(colour)), short(index) });
+    Candidates all;
+    for (qsizetype i = 0; i < palette.size(); ++i)
+        if (palette.indexOf(palette[i]) == i)
+            all.push_back(
+                { short(qBlue(palette[i])), short(qGreen(palette[i])), short(qRed(palette[i])), short(i) });
+    Divide(0, { 0, 0, 0, 256 }, all);
+}
+
+void NearestColour::Divide(size_t part, Cube cube, const Candidates& pool)
+{
+    constexpr size_t few = 16;
+    constexpr int smallest = 16;
+    Candidates nearest = cube.Nearest(pool);
+    if (nearest.size() <= few || cube.side <= smallest) {
+        std::ranges::stable_sort(nearest, {}, &Candidate::bound);
+        parts_[part].begin = candidates_.size();
+        candidates_.insert(candidates_.end(), nearest.begin(), nearest.end());
+        parts_[part].end = candidates_.size();
+        return;
     }
-    const Distances blues(colours, &Candidate::blue);
-    const Distances greens(colours, &Candidate::green);
-    const Distances reds(colours, &Candidate::red);
-    for (int cell = 0; cell < Side * Side * Side; ++cell) {
-        const auto& blue = blues.From(cell >> 2 * SideBits);
-        const auto& green = greens.From(cell >> SideBits & (Side - 1));
-        const auto& red = reds.From(cell & (Side - 1));
-        int furthest = Far;
-        for (size_t i = 0; i < colours.size(); ++i)
-            furthest = std::min(furthest, blue[i].most + green[i].most + red[i].most);
-        for (size_t i = 0; i < colours.size(); ++i)
-            if (blue[i].least + green[i].least + red[i].least <= furthest)
-                candidates_.push_back(colours[i]);
-        begins_[size_t(cell) + 1] = candidates_.size();
-    }
+    const size_t parts = parts_.size();
+    parts_.resize(parts + 8);
+    parts_[part].parts = parts;
+    for (int number = 0; number < 8; ++number)
+        Divide(parts + size_t(number), cube.Eighth(number), nearest);
 }
 
 } // namespace imaging

@@ -2,14 +2,14 @@
 
 #include <QList>
 #include <QRgb>
-#include <array>
 #include <vector>
 
 namespace imaging {
 
 /// Which colour of a palette is nearest to another: the least sum of the squares of the three differences,
-/// and of several that are equally near the first. Exact, and quick, because each part of the colour space
-/// keeps the few that may be nearest to anything in it. May be asked by several threads at once.
+/// and of several that are equally near the first. Exact, and quick, because the colour space is divided
+/// until each part knows the few that may be nearest to anything in it. May be asked by several threads at
+/// once.
 class NearestColour {
 public:
     /// 1 to 256 colours; alpha does not count.
@@ -18,13 +18,16 @@ public:
     /// Channels from 0 to 255.
     int operator()(int blue, int green, int red) const
     {
-        const size_t cell = CellOf(blue, green, red);
+        const Part* part = parts_.data();
+        for (int bit = 7; part->parts > 0; --bit)
+            part = &parts_[part->parts
+                + size_t((blue >> bit & 1) << 2 | (green >> bit & 1) << 1 | (red >> bit & 1))];
         int nearest = 0, least = Far;
-        for (size_t i = begins_[cell]; i < begins_[cell + 1]; ++i) {
+        for (size_t i = part->begin; i < part->end && candidates_[i].bound <= least; ++i) {
             const Candidate& colour = candidates_[i];
             const int b = colour.blue - blue, g = colour.green - green, r = colour.red - red;
             const int distance = b * b + g * g + r * r;
-            if (distance < least) {
+            if (distance < least || (distance == least && colour.index < nearest)) {
                 least = distance;
                 nearest = colour.index;
             }
@@ -34,22 +37,56 @@ public:
 
 private:
     static constexpr int Far = 4 * 255 * 255;
-    static constexpr int SideBits = 4;
-    static constexpr int Side = 1 << SideBits; ///< cells along an axis
-    static constexpr int CellBits = 8 - SideBits;
 
     struct Candidate {
         short blue, green, red, index;
+        int bound = 0; ///< it is nowhere in its part nearer than this; a part has them in this order
+    };
+    using Candidates = std::vector<Candidate>;
+    /// A cube of the colour space, divided into eight or not.
+    struct Part {
+        size_t parts = 0; ///< where the first of the eight stands; 0 when it is whole
+        size_t begin = 0, end = 0; ///< the candidates of a whole one
+    };
+    struct Cube {
+        int blue, green, red, side;
+
+        Cube Eighth(int number) const;
+        int LeastDistance(const Candidate& colour) const;
+        int MostDistance(const Candidate& colour) const;
+        Candidates Nearest(const Candidates& pool) const;
     };
 
-    static size_t CellOf(int blue, int green, int red)
-    {
-        return size_t((blue >> CellBits) << 2 * SideBits | (green >> CellBits) << SideBits | red >> CellBits);
-    }
-    class Distances;
+    void Divide(size_t part, Cube cube, const Candidates& pool);
 
-    std::vector<Candidate> candidates_; ///< those of all cells, one cell behind the other
-    std::array<size_t, Side * Side * Side + 1> begins_ {};
+    std::vector<Part> parts_;
+    Candidates candidates_;
+};
+
+/// The same for many colours one after the other: remembers what it was asked last. For one thread.
+class RememberedColours {
+public:
+    explicit RememberedColours(const NearestColour& nearest)
+        : nearest_(nearest)
+        , known_(size_t(1) << SlotBits, quint32(nearest(0, 0, 0))) // which is right for black
+    {
+    }
+
+    int operator()(int blue, int green, int red)
+    {
+        const quint32 colour = quint32(red) << 16 | quint32(green) << 8 | quint32(blue);
+        quint32& known = known_[colour * Scatter >> (32 - SlotBits)];
+        if (known >> 8 != colour)
+            known = colour << 8 | quint32(nearest_(blue, green, red));
+        return int(known & 0xff);
+    }
+
+private:
+    static constexpr int SlotBits = 14;
+    static constexpr quint32 Scatter = 0x9e3779b1;
+
+    const NearestColour& nearest_;
+    std::vector<quint32> known_; ///< a colour and, in the low byte, the number of its nearest
 };
 
 } // namespace imaging

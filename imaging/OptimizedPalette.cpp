@@ -41,13 +41,14 @@ Clusters ClustersOf(const cv::Mat& pixels)
         quint32 count = 0;
         std::array<quint32, 3> sums {}; ///< above the cube's corner, so that 32 bits hold them
     };
-    constexpr int sideBits = 2, cubes = 256 >> sideBits;
-    std::vector<Cube> histogram(size_t(cubes) * cubes * cubes);
+    constexpr int sideBits = 2;
+    constexpr size_t cubes = 256 >> sideBits;
+    const auto along = [](uchar value) { return size_t(value) >> sideBits; };
+    std::vector<Cube> histogram(cubes * cubes * cubes);
     for (int y = 0; y < pixels.rows; ++y) {
         const uchar* at = pixels.ptr(y);
         for (int x = 0; x < pixels.cols; ++x, at += pixels.channels()) {
-            Cube& cube = histogram[size_t(
-                ((at[0] >> sideBits) * cubes + (at[1] >> sideBits)) * cubes + (at[2] >> sideBits))];
+            Cube& cube = histogram[(along(at[0]) * cubes + along(at[1])) * cubes + along(at[2])];
             ++cube.count;
             for (size_t i = 0; i < 3; ++i)
                 cube.sums[i] += at[i] & ((1 << sideBits) - 1);
@@ -90,10 +91,11 @@ public:
     Box Cut()
     {
         const auto axis = size_t(std::ranges::max_element(errors_) - errors_.begin());
-        const auto high = std::ranges::partition(
-            clusters_, [&](const Cluster& cluster) { return cluster.colour[axis] <= mean_.colour[axis]; });
-        const Box cutOff { std::span<Cluster>(high) };
-        *this = Box(clusters_.first(clusters_.size() - high.size()));
+        const auto high = std::partition(clusters_.begin(), clusters_.end(),
+            [&](const Cluster& cluster) { return cluster.colour[axis] <= mean_.colour[axis]; });
+        const auto kept = size_t(high - clusters_.begin());
+        Box cutOff(clusters_.subspan(kept));
+        *this = Box(clusters_.first(kept));
         return cutOff;
     }
 
@@ -154,7 +156,7 @@ QList<QRgb> OptimizedPalette(const QImage& picture, int colours)
 {
     const QImage whole = TrueColour(picture);
     const cv::Mat pixels = PixelsOf(whole);
-    if (const QList<QRgb> own = OwnColours(pixels, colours); own.size() <= colours)
+    if (QList<QRgb> own = OwnColours(pixels, colours); own.size() <= colours)
         return own;
     constexpr int rounds = 3; // more moves the colours no further that the eye would see
     Clusters clusters = ClustersOf(pixels);

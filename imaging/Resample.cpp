@@ -9,14 +9,11 @@
 namespace imaging {
 namespace {
 
-QImage Smoothed(const QImage& picture, QSize size)
+QImage Resized(const QImage& picture, QSize size, cv::InterpolationFlags way)
 {
-    const bool shrinks = size.width() <= picture.width() && size.height() <= picture.height();
-    QImage result = NewPicture(size, picture.format());
+    QImage result = LikePicture(picture, size);
     cv::Mat to = OwnPixelsOf(result);
-    WithMatrices([&] {
-        cv::resize(PixelsOf(picture), to, to.size(), 0, 0, shrinks ? cv::INTER_AREA : cv::INTER_CUBIC);
-    });
+    WithMatrices([&] { cv::resize(PixelsOf(picture), to, to.size(), 0, 0, way); });
     return result;
 }
 
@@ -28,8 +25,9 @@ QImage Resample(const QImage& picture, QSize size, Resampling kind)
     if (size == picture.size())
         return picture;
     if (kind == Resampling::Nearest)
-        return picture.scaled(size, Qt::IgnoreAspectRatio, Qt::FastTransformation);
-    return Unmixed(Smoothed(Mixable(picture), size));
+        return Resized(WholeBytes(picture), size, cv::INTER_NEAREST_EXACT);
+    const bool shrinks = size.width() <= picture.width() && size.height() <= picture.height();
+    return Unmixed(Resized(Mixable(picture), size, shrinks ? cv::INTER_AREA : cv::INTER_CUBIC));
 }
 
 } // namespace imaging

@@ -88,13 +88,41 @@ QImage OntoFrame(const QImage& picture, const cv::Matx23d& way, QSize frame, cv:
     return result;
 }
 
+/// Where a block of a picture stands once it has made a quarter turn.
+cv::Rect Turned(cv::Rect block, cv::Size picture, cv::RotateFlags turn)
+{
+    if (turn == cv::ROTATE_90_CLOCKWISE)
+        return { picture.height - block.br().y, block.x, block.height, block.width };
+    return { block.y, picture.width - block.br().x, block.height, block.width };
+}
+
+/// Block by block, for the pixels of a column stand far apart in memory.
+void TurnBlocks(const cv::Mat& from, cv::Mat& to, cv::RotateFlags turn)
+{
+    constexpr int side = 64;
+    const cv::Rect whole({}, from.size());
+    cv::parallel_for_(cv::Range(0, (from.rows + side - 1) / side), [&](const cv::Range& part) {
+        for (int y = part.start * side; y < std::min(part.end * side, from.rows); y += side)
+            for (int x = 0; x < from.cols; x += side) {
+                const cv::Rect block = cv::Rect(x, y, side, side) & whole;
+                cv::Mat target = to(Turned(block, from.size(), turn));
+                cv::rotate(from(block), target, turn);
+            }
+    });
+}
+
 QImage QuarterTurned(const QImage& picture, cv::RotateFlags turn)
 {
     const QImage whole = WholeBytes(picture);
     const bool isHalf = turn == cv::ROTATE_180;
     QImage result = LikePicture(whole, isHalf ? whole.size() : whole.size().transposed());
     cv::Mat to = OwnPixelsOf(result);
-    WithMatrices([&] { cv::rotate(PixelsOf(whole), to, turn); });
+    WithMatrices([&] {
+        if (isHalf)
+            cv::rotate(PixelsOf(whole), to, turn);
+        else
+            TurnBlocks(PixelsOf(whole), to, turn);
+    });
     return result;
 }
 

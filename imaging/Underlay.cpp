@@ -17,7 +17,7 @@ QImage OnWhite(const QImage& picture)
     QImage result = NewPicture(picture.size(), QImage::Format_BGR888);
     for (int y = 0; y < result.height(); ++y) {
         const uchar* from = mixable.constScanLine(y);
-        for (uchar *to = result.scanLine(y), *end = to + 3 * result.width(); to != end; from += 4)
+        for (uchar *to = result.scanLine(y), *end = to + qsizetype(3) * result.width(); to != end; from += 4)
             for (int channel = 0; channel < 3; ++channel)
                 *to++ = uchar(from[channel] + 255 - from[3]);
     }

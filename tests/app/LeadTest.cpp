@@ -5,6 +5,7 @@
 #include "imaging/PictureFile.h"
 #include "tests/testing/FakeClipboard.h"
 #include "tests/testing/PaintCount.h"
+#include "tests/testing/ReasonOf.h"
 #include "tests/testing/SmallMemory.h"
 
 #include <QDir>
@@ -74,16 +75,6 @@ protected:
     FakeClipboard clipboard;
     Lead lead;
 };
-
-template <typename Step> QString ReasonOf(Step&& step)
-{
-    try {
-        step();
-    } catch (const ControlError& error) {
-        return error.Reason();
-    }
-    return {};
-}
 
 } // namespace
 

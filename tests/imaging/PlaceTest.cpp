@@ -127,8 +127,8 @@ TEST(Rotate, OfTransparentPicturesMixesWhatShows)
 
 TEST(Rotate, RefusesAFrameNoPictureMayHave)
 {
-    EXPECT_THROW(Rotated(Pictures::Plain({ 16000, 4000 }, Qt::blue), 4500, RotatedSize::Grown, Qt::white),
-        PictureError);
+    const QImage large(16000, 4000, QImage::Format_Mono);
+    EXPECT_THROW(Rotated(large, 4500, RotatedSize::Grown, Qt::white), PictureError);
 }
 
 TEST(Underlay, WhiteOnEitherSideShowsTheOther)
