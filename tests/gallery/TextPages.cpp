@@ -108,7 +108,7 @@ void ShowDialogs(const Take& take)
     frame.state.sFontColor = 0x3070E0;
     for (const Key key : { Key::sFontShadowColor, Key::sFontBorderColor })
         frame.state.Settings.SaveSetting(
-            frame.state.SettingsSection, QString::fromUtf16(Row(key).name), QStringLiteral("5263440"));
+            frame.state.SettingsSection, QLatin1String(Row(key).name), QStringLiteral("5263440"));
     GetFonts plain(frame, nullptr, {});
     take(QStringLiteral("get-font-plain"), plain);
     frame.state.Settings.SaveSetting(
