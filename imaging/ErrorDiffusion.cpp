@@ -63,7 +63,7 @@ ErrorDiffusion::ErrorDiffusion(const DiffusionKernel& kernel, const QList<QRgb>&
 void ErrorDiffusion::Row(const uchar* from, int channels, uchar* to)
 {
     const int step = -errors_.front().step;
-    std::ranges::rotate(errors_, errors_.end() - 1);
+    std::rotate(errors_.begin(), errors_.end() - 1, errors_.end());
     Line& errors = errors_.front();
     std::ranges::fill(errors.values, 0.0F);
     errors.step = step;

@@ -110,7 +110,7 @@ QList<QRgb> CutApart(Clusters& clusters, int colours)
     std::vector<Box> boxes { Box(clusters) };
     while (int(boxes.size()) < colours) {
         const auto worst = std::ranges::max_element(boxes, {}, &Box::Error);
-        if (worst->Error() <= 0)
+        if (worst->Error() < 1) // not even one pixel is off by a level
             break;
         boxes.push_back(worst->Cut());
     }
