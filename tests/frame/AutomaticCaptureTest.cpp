@@ -60,7 +60,7 @@ protected:
         for (const QString& name : names)
             buffer += QChar(u'\0') + name;
         dialogs.openNames.push(names.size() == 1 ? folder.filePath(names.first()) : buffer);
-        main->OpenVideos();
+        main->OpenVideoNow_Click();
     }
     void RunByFrames(const QStringList& names, int step)
     {
