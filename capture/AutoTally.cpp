@@ -1,6 +1,8 @@
 #include "capture/AutoTally.h"
 
 #include "app/TimeText.h"
+#include <algorithm>
+#include <limits>
 
 void AutoTally::StartVideo()
 {
@@ -13,7 +15,8 @@ void AutoTally::Count(int interval)
     isFirst_ = !firstDone_;
     if (!isFirst_)
         ++captureCount_;
-    elapsedSeconds_ = isFirst_ ? interval : interval * captureCount_;
+    const qint64 elapsed = isFirst_ ? interval : qint64(interval) * captureCount_;
+    elapsedSeconds_ = int(std::min<qint64>(elapsed, std::numeric_limits<int>::max()));
     firstDone_ = true;
 }
 

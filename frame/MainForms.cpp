@@ -82,11 +82,15 @@ void Main::OpenViewer()
 
 void Main::AddThumbnail()
 {
-    if (!quickShots_ || !state_.QuickShotsOpen) // one that is closing takes no more
+    const bool isNew = !quickShots_ || !state_.QuickShotsOpen; // one that is closing takes no more
+    if (isNew)
         quickShots_ = new QuickShots(*this);
     quickShots_->mnuControlsAdd2();
+    if (!isNew)
+        return; // where it lies, or put away: a strip that was active a moment would come up when a capture
+                // closes
     auto* const front = qobject_cast<ChildForm*>(ActiveForm());
-    ShowInFront(*quickShots_); // a strip put away stays so
+    ShowInFront(*quickShots_);
     SendToBack(quickShots_);
     if (front && front != quickShots_)
         ShowInFront(*front);
@@ -106,6 +110,8 @@ void Main::CloseAllWindows()
         SendToBack(quickShots_);
     // Whatever child is active goes, a video in front of the captures too.
     for (int fades = 0; state_.KidCount > 0 && HasCaptures(); ++fades) {
+        if (state_.QuickShotsOpen && ActiveForm() == quickShots_)
+            SendToBack(quickShots_); // it may be the one that was active before
         const QPointer<QWidget> form = ActiveForm();
         // The last capture waits for the end of its fade, and with it for those of the others.
         const bool isLast = state_.KidCount == 1 && qobject_cast<Viewer*>(form);

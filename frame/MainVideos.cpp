@@ -93,7 +93,8 @@ void Main::OpenFromVideoWindow()
 void Main::OpenCommands()
 {
     SetEnabled(true);
-    CurrentVideo().SwapCaptureCommands();
+    if (state_.NoCap)
+        CurrentVideo().SwapCaptureCommands();
 }
 
 void Main::RevealVideoWindow()
@@ -108,6 +109,7 @@ void Main::RevealVideoWindow()
 void Main::Download()
 {
     VideoWindow& window = CurrentVideo();
+    window.StopCapture();
     window.Player().Stop();
     const QPointer<URLfrm> form = new URLfrm(*this, window, this);
     form->move(area_->mapToGlobal(QPoint(AddressMargin.Pixels(), AddressMargin.Pixels())));

@@ -44,6 +44,15 @@ Picture PictureDecoder::Reach(const Goal& goal)
         if (Picture picture = Pursue(goal, goal.isLast); !picture.IsNull())
             return picture;
     }
+    if (Picture picture = StartFor(goal); !picture.IsNull())
+        return picture;
+    return NearestBefore(goal);
+}
+
+/// Starts the decoder at one key after the other, each earlier than the one before, until the goal comes out;
+/// null when it never does.
+Picture PictureDecoder::StartFor(const Goal& goal)
+{
     int limit = Everything;
     for (int attempt = 1; attempt <= MostEntries && limit > 0; ++attempt) {
         RestartAt(index_.EntryFor(goal.number, attempt == MostEntries ? 1 : limit));
@@ -54,16 +63,15 @@ Picture PictureDecoder::Reach(const Goal& goal)
         if (!isTainted_ && out_ > goal.number)
             index_.MarkBadEntry(entry_, out_);
     }
-    return NearestBefore(goal);
+    return {};
 }
 
 /// A picture that the decoder does not give keeps its number and looks like the one before it.
 Picture PictureDecoder::NearestBefore(const Goal& goal)
 {
     for (int number = goal.number - 1; number >= std::max(0, goal.number - MostStandIns); --number) {
-        RestartAt(index_.EntryFor(number, Everything));
         const Goal before { .number = number, .keepFrom = number };
-        if (const Picture picture = Pursue(before, false); !picture.IsNull())
+        if (const Picture picture = StartFor(before); !picture.IsNull())
             return picture.As(goal.number);
     }
     throw MediaError(Failure::Damaged, "the picture cannot be decoded");

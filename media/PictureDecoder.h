@@ -42,6 +42,7 @@ public:
     bool IsRestartedFor(int number, int ordinal) const;
 
 private:
+    Picture StartFor(const Goal& goal);
     Picture NearestBefore(const Goal& goal);
     void RestartAt(int entry);
     Picture Pursue(const Goal& goal, bool mayDrain);

@@ -130,7 +130,7 @@ void TextEffects::AddWells(QGridLayout& grid)
         box->setObjectName(QLatin1String(row.objectName));
         box->setAccessibleName(QLatin1String(row.caption));
         box->setProperty("Tag", QLatin1String(row.tip));
-        QWidget* const caption = AddRow(grid, row.row, QLatin1String(row.caption) + u':');
+        QWidget* const caption = AddRow(grid, row.row, QLatin1String(row.caption));
         grid.addWidget(box, row.row, 1, 1, 2);
         if (row.isEffect)
             effects_ << caption << box;

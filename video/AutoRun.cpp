@@ -105,5 +105,6 @@ void AutoRun::Quieten() const
 void AutoRun::Finish()
 {
     Quieten();
+    isOver_ = true;
     Q_EMIT Over();
 }

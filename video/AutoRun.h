@@ -37,6 +37,7 @@ public:
     /// What plays has come to its end.
     virtual void VideoEnded() = 0;
     const AutoTally& Tally() const { return tally_; }
+    bool IsOver() const { return isOver_; }
 
 Q_SIGNALS:
     void VideoLoaded(); ///< VideoPath names it
@@ -82,4 +83,5 @@ private:
     QString told_; ///< of the picture counted last
     QStringList list_;
     qsizetype next_ = 0; ///< place of the next video in list_
+    bool isOver_ = false;
 };

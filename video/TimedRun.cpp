@@ -16,6 +16,7 @@ TimedRun::TimedRun(const Parts& parts)
     CapTimer.setTimerType(Qt::PreciseTimer);
     connect(&CapTimer, &QTimer::timeout, this, &TimedRun::Tick);
     connect(&parts_.writer, &PictureWriter::Written, this, &TimedRun::Written);
+    connect(&parts_.writer, &PictureWriter::Failed, this, &TimedRun::LeaveWhenWritten);
 }
 
 void TimedRun::Prepare()
@@ -43,6 +44,16 @@ void TimedRun::VideoEnded()
     if (!std::exchange(isPlaying_, false))
         return;
     CapTimer.stop();
+    isEnding_ = true;
+    LeaveWhenWritten();
+}
+
+/// The pictures of a video count as its own, so the next one waits for the last of them.
+void TimedRun::LeaveWhenWritten()
+{
+    if (!isEnding_ || parts_.writer.Waiting() > 0)
+        return;
+    isEnding_ = false;
     NextVideo();
 }
 
@@ -64,4 +75,5 @@ void TimedRun::Tick()
 void TimedRun::Written(const QString& path)
 {
     IgnoreErrors([&] { Count(path); });
+    LeaveWhenWritten();
 }

@@ -21,7 +21,9 @@ protected:
 private:
     void Tick();
     void Written(const QString& path);
+    void LeaveWhenWritten();
 
     QTimer CapTimer;
     bool isPlaying_ = false;
+    bool isEnding_ = false; ///< its video has ended, pictures of it are still being written
 };

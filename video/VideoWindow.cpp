@@ -144,6 +144,7 @@ void VideoWindow::OpenVideo()
     // reach.
     if (!hasPath || ltmmPlay1->VideoWidth() > 0)
         SizeAround(ltmmPlay1->VideoWidth(), ltmmPlay1->VideoHeight());
+    Timer1.start(); // the resize above may be the one that an open lets pass
     transport_.StartVideo();
     transport_.ReleasePause();
     state.MarksSet = false;
@@ -221,10 +222,11 @@ void VideoWindow::ShowRunOver()
 void VideoWindow::StopCapture()
 {
     FlashTimer.stop();
-    if (run_) {
-        run_.reset();
+    const std::unique_ptr<AutoRun> run = std::move(run_);
+    const bool isGoing = run && !run->IsOver();
+    // What it has shown at its end may be out of date by now.
+    if (isGoing)
         ShowRunOver();
-    }
 }
 
 int VideoWindow::UserCaptures() const
@@ -402,6 +404,7 @@ void VideoWindow::OpenClicked()
     Q_EMIT ListUnwanted();
     Timer1.stop();
     StopCapture();
+    writer_.Restart();
     frame_.State().FromList = false;
     frame_.ShowStatus(StatusLabel::AutoCapture, false);
     ltmmPlay1->Stop();

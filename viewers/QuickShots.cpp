@@ -16,6 +16,7 @@
 
 #include <QLabel>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QScrollArea>
 
 namespace {
@@ -149,12 +150,19 @@ bool QuickShots::SaveEach()
         if (picInner_->Bitmap(index).isNull())
             continue; // its capture never reached the clipboard
         ThumbIndex = index;
+        // A text whose picture was not written would be drawn once more at the next saving.
+        auto takeBack =
+            qScopeGuard([this, index, before = picInner_->Bitmap(index)] { SetPicture(index, before); });
         if (state.UseWatermark)
             AllThumbWatermark();
         writer.SetBitmap(picInner_->Bitmap(index));
         number = names.Write(
-            [&](const QString& path) { return writer.SaveNew(path, row.format, row.bits, row.quality); },
+            [&](const QString& path) {
+                state.CurrentFile = path;
+                return writer.SaveNew(path, row.format, row.bits, row.quality);
+            },
             number);
+        takeBack.dismiss();
         frame_.PumpEvents(); // a long strip takes its time
         if (!alive || !state.QuickShotsOpen)
             return false;
@@ -167,7 +175,14 @@ void QuickShots::AllThumbWatermark()
     Lead lead;
     lead.SetBitmap(picInner_->Bitmap(ThumbIndex));
     PrintUserText(lead, frame_.State());
-    picInner_->SetBitmap(ThumbIndex, lead.Bitmap());
+    SetPicture(ThumbIndex, lead.Bitmap());
+}
+
+void QuickShots::SetPicture(int index, const QImage& picture)
+{
+    picInner_->SetBitmap(index, picture);
+    if (picInner_->Selected() == index)
+        frame_.State().SelectedBitmap = picture;
 }
 
 void QuickShots::closeEvent(QCloseEvent* event)

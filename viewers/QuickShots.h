@@ -41,6 +41,7 @@ private:
     void SaveAll();
     /// False when the strip was closed meanwhile.
     bool SaveEach();
+    void SetPicture(int index, const QImage& picture);
 
     Frame& frame_;
     QScrollArea* picOuter_ = nullptr;

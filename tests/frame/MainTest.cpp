@@ -310,6 +310,35 @@ TEST_F(MainTest, CloseAllWindowsClosesWhateverStandsInFrontUntilNoCaptureIsLeft)
     EXPECT_FALSE(state.VideoOpen) << "it stood in front";
 }
 
+TEST_F(MainTest, CloseAllWindowsLeavesTheThumbnailsAlone)
+{
+    Store("OpThumb", "1");
+    OpenOne();
+    Click("Cmds(8)");
+    Click("Cmds(8)");
+    for (const bool isInFront : { false, true }) {
+        if (isInFront)
+            main->AddChild(Find("QuickShots"));
+        Click("Image3");
+        Find<QMenu>("Menus")->actions().at(2)->trigger();
+        EXPECT_EQ(state.KidCount, 0);
+        EXPECT_TRUE(state.QuickShotsOpen) << isInFront;
+        Click("Cmds(8)");
+        Click("Cmds(8)");
+    }
+}
+
+TEST_F(MainTest, WhenACaptureClosesTheOneBeforeComesUpAndNotTheThumbnails)
+{
+    Store("OpThumb", "1");
+    OpenOne();
+    Click("Cmds(8)");
+    QWidget* const first = main->ActiveForm();
+    Click("Cmds(8)");
+    main->ActiveForm()->close();
+    EXPECT_EQ(main->ActiveForm(), first);
+}
+
 TEST_F(MainTest, ASecondSelectionShowsItsOwnList)
 {
     Store("OpenVidList", "False");
@@ -581,6 +610,17 @@ TEST_F(MainTest, ADownloadLeavesCaptureToTheSettingThatClosesIt)
     DownloadHoliday();
     EXPECT_FALSE(IsEnabled(Command::Capture));
     EXPECT_TRUE(IsEnabled(Command::Save));
+}
+
+TEST_F(MainTest, ADownloadLeavesTheSavingOfAnOpenCaptureAlone)
+{
+    Store("OpThumb", "2");
+    OpenOne();
+    Click("Cmds(8)");
+    ASSERT_TRUE(IsEnabled(Command::Save));
+    DownloadHoliday();
+    EXPECT_TRUE(IsEnabled(Command::Save));
+    EXPECT_TRUE(IsEnabled(Command::Capture));
 }
 
 TEST_F(MainTest, CancelRestsOnceADownloadIsCancelledOrAFileIsOpened)

@@ -325,3 +325,17 @@ TEST_F(FrameRunTest, AFrameThatIsNotReadyIsWaitedForWithoutHoldingTheWindow)
     ASSERT_TRUE(AwaitOver());
     EXPECT_EQ(FramesWritten(), (Frames { 0, 10, 20 }));
 }
+
+TEST_F(FrameRunTest, AVideoOpenedAfterARunWhoseLastOneIsBrokenHasItsCommands)
+{
+    player->frameCounts[A] = 11;
+    player->refused = frame.folder.filePath(C);
+    RunByFrames({ A, C }, 10);
+    ASSERT_TRUE(Await([&] { return player->opened.size() == 2 && !pane.Cmd2[PlayButton]->isEnabled(); }));
+    QCoreApplication::processEvents();
+    frame.SetEnabled(true); // as every open begins
+    state.VideoPath = state.Videos.value(1);
+    state.FromList = true;
+    window->OpenVideo();
+    EXPECT_TRUE(frame.enabled.value(Command::Stretch));
+}

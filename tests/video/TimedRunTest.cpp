@@ -178,3 +178,25 @@ TEST_F(TimedRunTest, ClosingTheWindowEndsTheTicks)
     ASSERT_TRUE(Await([&] { return window.isNull(); }));
     EXPECT_EQ(FilesWritten(), 1);
 }
+
+TEST_F(TimedRunTest, ThePictureBeingWrittenAtTheEndOfAVideoCountsAsItsOwn)
+{
+    RunByTime({ A, C }, 1);
+    ASSERT_TRUE(Await([&] { return player->stillsGiven == 1; }));
+    Progress(10'000);
+    ASSERT_TRUE(Await([&] { return FilesWritten() == 2; }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Status(StatusLabel::AutoCapture), "Captured first frame.     Total Captures = 2")
+        << "told of the second video";
+}
+
+TEST_F(TimedRunTest, TheWindowsOpenButtonLetsTheNumbersBeginAnew)
+{
+    RunByTime({ A }, 1);
+    ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
+    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Cmds(3)")), Qt::LeftButton);
+    QFile::remove(PicturePath(1));
+    Open({ A });
+    ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
+    EXPECT_TRUE(QFile::exists(PicturePath(1)));
+}

@@ -6,6 +6,7 @@
 #include "viewers/ThumbPanel.h"
 
 #include <QAccessible>
+#include <QDir>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -230,6 +231,34 @@ TEST_F(QuickShotsTest, WithTheWatermarkOnTheTextIsDrawnIntoEveryThumbnailSaved)
     EXPECT_EQ(
         QImage(state.Beside(QStringLiteral("AutoSave/AutoThumb1.bmp"))).convertToFormat(QImage::Format_RGB32),
         panel->Bitmap(0).convertToFormat(QImage::Format_RGB32));
+}
+
+TEST_F(QuickShotsTest, ThePickedThumbnailOpensWithTheTextThatItWasSavedWith)
+{
+    state.UseWatermark = true;
+    QImage picture(400, 100, QImage::Format_BGR888);
+    picture.fill(Qt::white);
+    frame.hold.SetBitmap(picture);
+    strip->mnuControlsAdd2();
+    Pick(0);
+    Click("Cmds(5)");
+    EXPECT_EQ(state.SelectedBitmap, panel->Bitmap(0));
+    EXPECT_EQ(state.CurrentFile, state.Beside(QStringLiteral("AutoSave/AutoThumb1.bmp")));
+}
+
+TEST_F(QuickShotsTest, AThumbnailThatCouldNotBeSavedKeepsNoText)
+{
+    state.UseWatermark = true;
+    QImage picture(400, 100, QImage::Format_BGR888);
+    picture.fill(Qt::white);
+    frame.hold.SetBitmap(picture);
+    strip->mnuControlsAdd2();
+    QDir(state.Beside(QStringLiteral("AutoSave"))).removeRecursively();
+    MakeFile(state.Beside(QStringLiteral("AutoSave")), "a file where the folder was");
+    frame.errors.Expect(QStringLiteral("Error!"), QStringLiteral("Error saving captured video frame."));
+    Click("Cmds(5)");
+    EXPECT_EQ(panel->Bitmap(0), picture);
+    EXPECT_NE(frame.status.value(StatusLabel::Operation), QStringLiteral("All Thumbs Saved"));
 }
 
 TEST_F(QuickShotsTest, AStripClosedWhileAllAreSavedEndsTheSaving)
