@@ -33,6 +33,7 @@ public:
     void ExtendIndex(int frames) override;
     QSize Size() const override { return size_; }
     double Duration() const override;
+    bool TellsDuration() const override { return index_.Media().Format().duration != AV_NOPTS_VALUE; }
     bool HasSound() const override { return index_.Media().HasSound(); }
     double TimeOf(int number) const override { return index_.Times().TimeOf(number); }
     int NumberAt(double seconds) const override { return index_.Times().NumberAt(seconds); }
@@ -88,10 +89,9 @@ void CachingServer::ExtendIndex(int frames)
 
 double CachingServer::Duration() const
 {
-    const int64_t told = index_.Media().Format().duration;
-    if (index_.IsComplete() || told == AV_NOPTS_VALUE)
+    if (index_.IsComplete() || !TellsDuration())
         return index_.Times().End();
-    return double(told) / AV_TIME_BASE;
+    return double(index_.Media().Format().duration) / AV_TIME_BASE;
 }
 
 Picture CachingServer::Get(int number, Purpose purpose)

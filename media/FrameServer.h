@@ -43,6 +43,8 @@ public:
     virtual QSize Size() const = 0;
     /// Seconds; from the index once it is complete, from the container before.
     virtual double Duration() const = 0;
+    /// Whether the container tells how long the video is; one that goes on without an end does not.
+    virtual bool TellsDuration() const = 0;
     virtual bool HasSound() const = 0;
     /// Seconds from the start of the media to picture number; number in [0, KnownFrames).
     virtual double TimeOf(int number) const = 0;

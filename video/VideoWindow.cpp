@@ -11,6 +11,7 @@
 #include "toolkit/HeadButtons.h"
 #include "toolkit/Twips.h"
 #include "video/FrameRun.h"
+#include "video/MemoryLoad.h"
 #include "video/Opening.h"
 #include "video/TimedRun.h"
 #include "video/Transport.h"
@@ -247,10 +248,8 @@ void VideoWindow::GiveSource()
     const ApplicationState& state = frame_.State();
     const Hourglass waiting;
     ltmmPlay1->SetSourceFile(state.VideoPath);
-    // An MPEG file asked into memory ends with an empty player: no path is ever given to load the memory
-    // from.
     if (state.LoadVid && (state.VideoExt == QLatin1String(".mpg") || state.VideoExt == QLatin1String("mpeg")))
-        ltmmPlay1->ResetSource();
+        LoadIntoMemory(*ltmmPlay1, MemoryLoadPath, frame_, this);
 }
 
 bool VideoWindow::LoadAddress(const QString& address)

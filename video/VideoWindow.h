@@ -50,6 +50,9 @@ public:
 
     ltmmPlay& Player() { return *ltmmPlay1; }
 
+    /// The file that an MPEG video is loaded into memory from. Nothing in the program sets it, so with
+    /// LoadVid on such a video ends with an empty player.
+    QString MemoryLoadPath;
     bool Closing = false; ///< the user closed it; also StopRequested: stops a running automatic capture
     bool EndReached = false; ///< the video stands at exactly 100 percent; also VideoFinished
     /// Captures that the automatic run has made, less one after the first; also CaptureCount.

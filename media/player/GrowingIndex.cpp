@@ -96,7 +96,7 @@ bool GrowingIndex::Extend(int pictures)
 
 void GrowingIndex::Tell()
 {
-    const bool isLive = isAddress_ && !IsWhole() && server_.Duration() <= 0;
+    const bool isLive = isAddress_ && !IsWhole() && !server_.TellsDuration();
     facts_.Write({ server_.KnownFrames(), IsWhole(), server_.Duration(), server_.Size(), isLive });
 }
 

@@ -87,6 +87,15 @@ TEST_F(PlayerAddressTest, ALineThatFallsSilentShowsWhatCame)
     EXPECT_EQ(Seen(), 0);
 }
 
+TEST_F(PlayerAddressTest, AVideoWithoutAToldEndPlaysAtItsOwnRateOnly)
+{
+    ASSERT_TRUE(Opens(plain_ + QStringLiteral("/live/h264_opengop.ts")));
+    EXPECT_TRUE(player_->IsRateSupported(1));
+    EXPECT_FALSE(player_->IsRateSupported(2));
+    ASSERT_TRUE(Opens(plain_ + QStringLiteral("/good/h264_opengop.ts")));
+    EXPECT_TRUE(player_->IsRateSupported(2));
+}
+
 TEST_F(PlayerAddressTest, AServerThatNeverAnswersIsGivenUp)
 {
     EXPECT_EQ(Refusal(plain_ + QStringLiteral("/silent")), NoAnswer);

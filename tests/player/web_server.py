@@ -93,6 +93,13 @@ class Answer(http.server.BaseHTTPRequestHandler):
         self.wfile.write(whole[:len(whole) // 2])
         self.ended.wait(LONGEST_SILENCE)
 
+    def answer_live(self, name, _):
+        self.close_connection = True
+        self.head(Connection="close")
+        self.wfile.write(self.bytes_of(name))
+        self.wfile.flush()
+        self.ended.wait(LONGEST_SILENCE)
+
     def answer_headers(self, *_):
         self.send_response(200)
         self.flush_headers()

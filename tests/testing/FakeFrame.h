@@ -17,6 +17,7 @@ public:
     QPointer<QWidget> activeForm;
     QPointer<Lead> activeCapture;
     QMap<StatusLabel, QString> status;
+    QMap<StatusLabel, QStringList> told; ///< all that a label has said
     QSet<StatusLabel> alerts; ///< labels whose text stands in the alert's colour
     QMap<StatusLabel, bool> statusShown;
     QMap<Command, bool> enabled;
@@ -46,12 +47,12 @@ public:
     void SendToBack(QWidget*) override { log << QStringLiteral("SendToBack"); }
     void SetStatus(StatusLabel label, const QString& text) override
     {
-        status[label] = text;
+        Note(label, text);
         alerts.remove(label);
     }
     void SetStatusAlert(StatusLabel label, const QString& text) override
     {
-        status[label] = text;
+        Note(label, text);
         alerts.insert(label);
     }
     void ShowStatus(StatusLabel label, bool visible) override { statusShown[label] = visible; }
@@ -96,5 +97,12 @@ public:
         log << QStringLiteral("PumpEvents");
         if (whenPumped)
             whenPumped();
+    }
+
+private:
+    void Note(StatusLabel label, const QString& text)
+    {
+        status[label] = text;
+        told[label] << text;
     }
 };

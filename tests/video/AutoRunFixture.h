@@ -89,9 +89,10 @@ protected:
     {
         return QTest::qWaitFor(condition, 20'000);
     }
+    /// Waits until the label of the run has said this; by then it may say something else.
     bool AwaitLabel(const QString& text) const
     {
-        return Await([&] { return Status(StatusLabel::AutoCapture) == text; });
+        return Await([&] { return frame.told.value(StatusLabel::AutoCapture).contains(text); });
     }
     QString PictureFolder() const { return state.Beside(QStringLiteral("AutoFrame")); }
     QString PicturePath(int number, const char* extension = ".bmp") const

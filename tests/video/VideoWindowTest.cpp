@@ -1,4 +1,5 @@
 #include "tests/testing/AccessFaults.h"
+#include "tests/testing/Files.h"
 #include "tests/video/VideoWindowFixture.h"
 #include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
@@ -88,6 +89,40 @@ TEST_F(VideoWindowTest, AnMpegFileAskedIntoMemoryEndsWithAnEmptyPlayer)
     }
     Open({ QStringLiteral("a.avi") });
     EXPECT_EQ(Player().SourceKind(), ltmmPlay::FileSource);
+}
+
+TEST_F(VideoWindowTest, AFileNamedForTheMemoryIsHeldThereAsAWhole)
+{
+    state.LoadVid = true;
+    MakeFile(frame.folder.filePath(QStringLiteral("whole.mpg")), "every byte");
+    window->MemoryLoadPath = frame.folder.filePath(QStringLiteral("whole.mpg"));
+    Open({ QStringLiteral("a.mpg") });
+    EXPECT_EQ(Player().SourceMemory(), "every byte");
+    EXPECT_EQ(Player().SourceFile(), QString());
+}
+
+TEST_F(VideoWindowTest, AFileThatCannotBeReadIntoMemoryIsToldByItsNumber)
+{
+    state.LoadVid = true;
+    window->MemoryLoadPath = QStringLiteral("/proc/self/mem"); // nothing lies at its beginning
+    frame.errors.Expect(QStringLiteral("Error!"), QString::number(QFileDevice::ReadError));
+    Open({ QStringLiteral("a.mpg") });
+    EXPECT_EQ(Player().SourceMemory(), QByteArray());
+}
+
+TEST_F(VideoWindowTest, OneSideBelowTheSmallestMakesBothSmall)
+{
+    Player().size = QSize(640, 4);
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window->height() >= 53 && window->width() < 640; }, 10'000));
+}
+
+TEST_F(VideoWindowTest, ASmallVideoGrowsAlsoWhenItsOpenLetsOneResizePass)
+{
+    state.OpeningNow = true;
+    Player().size = QSize(4, 4);
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window->height() >= 53; }, 10'000));
 }
 
 TEST_F(VideoWindowTest, AWmvSaysThatItStreams)
