@@ -73,6 +73,15 @@ void Decoder::Restart()
     watch_.isPatched = false;
 }
 
+bool Decoder::ExpectDamage()
+{
+    if (watch_.isBlanking.exchange(true))
+        return false;
+    context_->execute = &avcodec_default_execute;
+    context_->execute2 = &avcodec_default_execute2;
+    return true;
+}
+
 void Decoder::Send(const AVPacket& packet, int ordinal)
 {
     PacketPtr tagged(av_packet_clone(&packet));

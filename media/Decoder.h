@@ -25,9 +25,10 @@ public:
     /// Whether damage was patched since the restart or the last asking: in a picture that is out or in one
     /// that an out one refers to, whose own flags say nothing.
     bool TakePatched() { return watch_.isPatched.exchange(false); }
-    /// From now on what damage leaves undecoded is blank: else it is what the memory held before, which
-    /// depends on the way taken. False when that was asked for before.
-    bool StartBlanking() { return !watch_.isBlanking.exchange(true); }
+    /// From now on damaged pictures depend on the file alone. Else what damage leaves undecoded is what the
+    /// memory held before, and of slices that run into one another, decoded side by side, the later one wins.
+    /// False when that was asked for before.
+    bool ExpectDamage();
 
     /// Whether leaving out pictures that no other needs changes no other picture of this codec.
     bool CanDrop() const { return canDrop_; }

@@ -163,7 +163,7 @@ bool PictureDecoder::NoteDamage(int from, int last)
     const bool isBehindEntry = entry_ > 0 && key == entry_;
     if (isBehindEntry)
         index_.MarkBadEntry(entry_, Everything);
-    return isTainted_ = decoder_->StartBlanking() || isBehindEntry || !dropped_.empty();
+    return isTainted_ = decoder_->ExpectDamage() || isBehindEntry || !dropped_.empty();
 }
 
 /// What no other picture needs and nobody wants is not even given to the decoder: a packet that it only looks
