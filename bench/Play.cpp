@@ -46,11 +46,17 @@ bool WaitFor(const std::function<bool()>& condition)
     return condition();
 }
 
+/// What the seek sets going is over when the counting begins.
+void BeginAnew(ltmmPlay& player)
+{
+    player.SeekStart();
+    QTest::qWait(100);
+}
+
 Cost PlayThrough(LiveProgram& program, Rounds& rounds)
 {
     ltmmPlay& player = program.Player();
-    player.SeekStart();
-    QTest::qWait(100);
+    BeginAnew(player);
     const Painted painted(player);
     const Stopwatch watch;
     player.Run();
@@ -119,8 +125,7 @@ void CaptureWhilePlaying(LiveProgram& program)
     constexpr int count = 8;
     constexpr int spacing = 45; // pictures from one capture to the next
     ltmmPlay& player = program.Player();
-    player.SeekStart();
-    QTest::qWait(100);
+    BeginAnew(player);
     const Painted painted(player);
     std::vector<double> holds;
     std::vector<int> captured;

@@ -86,9 +86,9 @@ void Main::AddThumbnail()
     if (isNew)
         quickShots_ = new QuickShots(*this);
     quickShots_->mnuControlsAdd2();
+    // A strip that was active only for a moment would come up when a capture closes.
     if (!isNew)
-        return; // where it lies, or put away: a strip that was active a moment would come up when a capture
-                // closes
+        return;
     auto* const front = qobject_cast<ChildForm*>(ActiveForm());
     ShowInFront(*quickShots_);
     SendToBack(quickShots_);

@@ -38,6 +38,16 @@ protected:
         frame.hold.SetBitmap(picture);
         strip->mnuControlsAdd2();
     }
+    /// A capture wide enough for the user's text, which is to be drawn at the next saving.
+    QImage AddWhiteWithText()
+    {
+        state.UseWatermark = true;
+        QImage picture(400, 100, QImage::Format_BGR888);
+        picture.fill(Qt::white);
+        frame.hold.SetBitmap(picture);
+        strip->mnuControlsAdd2();
+        return picture;
+    }
     void Pick(int index) { QTest::mouseClick(panel, Qt::LeftButton, {}, panel->CellRect(index).center()); }
     void Click(const char* name)
     {
@@ -221,11 +231,7 @@ TEST_F(QuickShotsTest, EveryCellHasANameForThoseWhoCannotSeeIt)
 
 TEST_F(QuickShotsTest, WithTheWatermarkOnTheTextIsDrawnIntoEveryThumbnailSaved)
 {
-    state.UseWatermark = true;
-    QImage picture(400, 100, QImage::Format_BGR888);
-    picture.fill(Qt::white);
-    frame.hold.SetBitmap(picture);
-    strip->mnuControlsAdd2();
+    const QImage picture = AddWhiteWithText();
     Click("Cmds(5)");
     EXPECT_NE(panel->Bitmap(0), picture);
     EXPECT_EQ(
@@ -235,11 +241,7 @@ TEST_F(QuickShotsTest, WithTheWatermarkOnTheTextIsDrawnIntoEveryThumbnailSaved)
 
 TEST_F(QuickShotsTest, ThePickedThumbnailOpensWithTheTextThatItWasSavedWith)
 {
-    state.UseWatermark = true;
-    QImage picture(400, 100, QImage::Format_BGR888);
-    picture.fill(Qt::white);
-    frame.hold.SetBitmap(picture);
-    strip->mnuControlsAdd2();
+    AddWhiteWithText();
     Pick(0);
     Click("Cmds(5)");
     EXPECT_EQ(state.SelectedBitmap, panel->Bitmap(0));
@@ -248,11 +250,7 @@ TEST_F(QuickShotsTest, ThePickedThumbnailOpensWithTheTextThatItWasSavedWith)
 
 TEST_F(QuickShotsTest, AThumbnailThatCouldNotBeSavedKeepsNoText)
 {
-    state.UseWatermark = true;
-    QImage picture(400, 100, QImage::Format_BGR888);
-    picture.fill(Qt::white);
-    frame.hold.SetBitmap(picture);
-    strip->mnuControlsAdd2();
+    const QImage picture = AddWhiteWithText();
     QDir(state.Beside(QStringLiteral("AutoSave"))).removeRecursively();
     MakeFile(state.Beside(QStringLiteral("AutoSave")), "a file where the folder was");
     frame.errors.Expect(QStringLiteral("Error!"), QStringLiteral("Error saving captured video frame."));
