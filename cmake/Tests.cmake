@@ -22,3 +22,10 @@ function(taq_test name)
         set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED clips)
     endif()
 endfunction()
+
+# The reader of foreign pictures stands beside each program that opens them.
+function(taq_with_reader name)
+    add_dependencies(${name} taq_reader)
+    add_custom_command(TARGET ${name} POST_BUILD
+        COMMAND ${CMAKE_COMMAND} -E create_symlink $<TARGET_FILE:taq_reader> $<TARGET_FILE_DIR:${name}>/taq-reader)
+endfunction()

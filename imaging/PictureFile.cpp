@@ -3,7 +3,6 @@
 #include "imaging/BmpFile.h"
 #include "imaging/FormatTable.h"
 #include "imaging/MagickCoders.h"
-#include "imaging/PictureHeader.h"
 #include "imaging/PictureLimits.h"
 #include "imaging/PsdFile.h"
 
@@ -84,12 +83,18 @@ void PictureFile::Initialise()
     MagickCoders::Initialise();
 }
 
-QImage PictureFile::Decode(const QByteArray& file)
+PictureHeader PictureFile::CheckedHeader(const QByteArray& file)
 {
     const PictureHeader header = ReadPictureHeader(file);
     CheckPictureSize(header.width, header.height);
     if (file.size() < FewestBytes(header))
         throw PictureError(QStringLiteral("The picture is damaged or incomplete."));
+    return header;
+}
+
+QImage PictureFile::Decode(const QByteArray& file)
+{
+    const PictureHeader header = CheckedHeader(file);
     return WithinMemory(header.width, header.height, [&] { return DecodeKnown(file, header.format); });
 }
 

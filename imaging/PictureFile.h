@@ -2,6 +2,7 @@
 
 #include "imaging/EncodedFile.h"
 #include "imaging/PictureError.h"
+#include "imaging/PictureHeader.h"
 #include <QByteArray>
 #include <QImage>
 
@@ -19,6 +20,10 @@ inline constexpr qsizetype MaxFileBytes = qsizetype(256) << 20;
 /// Prepares the coders and their limits; called once by main, before threads start and before any other call
 /// here. Throws PictureError when the coders found are not those expected.
 void Initialise();
+
+/// What a file that may be decoded says of itself. Throws PictureError for an unknown kind, a size over the
+/// limits of PictureLimits.h and one that the file's bytes cannot hold.
+PictureHeader CheckedHeader(const QByteArray& file);
 
 /// The first picture of a file of one of the seven kinds, at the file's own depth: palette pictures as
 /// QImage::Format_Indexed8, 24 bits as Format_BGR888, 32 bits as Format_ARGB32. Throws PictureError.

@@ -39,6 +39,7 @@ FOREIGN = (
     (re.compile(r"pulse/"),             "media"),
     (re.compile(r"opencv2/"),           "imaging"),
     (re.compile(r"(?i)magick(\+\+)?[./]"), "imaging"),
+    (re.compile(r"seccomp\.h"),           "imaging"),
     (re.compile(r"cups/"),              "desktop"),
 )
 

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QRgb>
+#include <QtGlobal>
+
+/// What the reading program leaves in the memory it shares with the program that asked: this head, and from
+/// PixelsAt on the rows, each padded to four bytes.
+struct Answer {
+    static constexpr qsizetype PixelsAt = 4096;
+    static constexpr int MaxColours = 256;
+    static constexpr int MaxReason = 512;
+
+    qint32 width;
+    qint32 height;
+    qint32 format; ///< QImage::Format
+    qint32 colours; ///< colours of the palette, 0 without one
+    QRgb palette[MaxColours];
+    char reason[MaxReason]; ///< why there is no picture, UTF-8 and ended by a NUL; empty when there is one
+};
+static_assert(sizeof(Answer) <= Answer::PixelsAt);
+
+/// Bytes from one row to the next.
+constexpr qsizetype RowBytes(qsizetype width, int bitsPerPixel)
+{
+    return (width * bitsPerPixel + 31) / 32 * 4;
+}

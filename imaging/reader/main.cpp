@@ -1,0 +1,71 @@
+// taq-reader IN OUT: decodes the picture file in the open file IN into the shared memory OUT, confined. A
+// hostile picture that gets the better of a decoder finds nothing here: no files, no network, no other
+// picture.
+#include "imaging/PictureFile.h"
+#include "imaging/reader/Answer.h"
+#include "imaging/reader/Confinement.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <sys/mman.h>
+#include <sys/stat.h>
+
+namespace {
+
+struct Mapped {
+    void* bytes;
+    qsizetype size;
+};
+
+Mapped Map(const char* descriptor, int protection)
+{
+    const int number = std::atoi(descriptor);
+    struct stat status;
+    if (fstat(number, &status) != 0)
+        return { nullptr, 0 };
+    void* bytes = mmap(nullptr, size_t(status.st_size), protection, MAP_SHARED, number, 0);
+    return { bytes == MAP_FAILED ? nullptr : bytes, qsizetype(status.st_size) };
+}
+
+void Refuse(Answer& answer, const char* reason)
+{
+    std::strncpy(answer.reason, reason, Answer::MaxReason - 1);
+}
+
+void Give(Mapped out, const QImage& picture)
+{
+    Answer& answer = *static_cast<Answer*>(out.bytes);
+    const qsizetype row = RowBytes(picture.width(), picture.depth());
+    if (row * picture.height() > out.size - Answer::PixelsAt)
+        return Refuse(answer, "The picture is damaged or incomplete."); // larger than its own header says
+    answer.width = picture.width();
+    answer.height = picture.height();
+    answer.format = picture.format();
+    answer.colours = qint32(picture.colorCount());
+    std::ranges::copy(picture.colorTable(), answer.palette);
+    auto* to = static_cast<char*>(out.bytes) + Answer::PixelsAt;
+    for (int y = 0; y < picture.height(); ++y, to += row)
+        std::memcpy(to, picture.constScanLine(y), size_t(std::min(row, picture.bytesPerLine())));
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 3)
+        return EXIT_FAILURE;
+    const Mapped in = Map(argv[1], PROT_READ), out = Map(argv[2], PROT_READ | PROT_WRITE);
+    if (!in.bytes || !out.bytes || out.size < Answer::PixelsAt)
+        return EXIT_FAILURE;
+    try {
+        imaging::PictureFile::Initialise();
+        if (!ConfineThisProcess())
+            return EXIT_FAILURE;
+        Give(out,
+            imaging::PictureFile::Decode(QByteArray::fromRawData(static_cast<char*>(in.bytes), in.size)));
+    } catch (const imaging::PictureError& error) {
+        Refuse(*static_cast<Answer*>(out.bytes), error.what());
+    }
+    std::_Exit(EXIT_SUCCESS); // the libraries' farewells want what was given up
+}
