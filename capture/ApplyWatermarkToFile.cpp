@@ -6,17 +6,6 @@
 #include "capture/FormatInForce.h"
 #include "text/PrintUserText.h"
 
-namespace {
-
-/// A run that names its files by itself may have another extension than "Ext".
-const imaging::FormatRow& FormatOf(const QString& path, ApplicationState& state)
-{
-    const int index = imaging::FormatIndex(path);
-    return index >= 0 ? imaging::FormatTable.at(size_t(index)) : FormatInForce(state);
-}
-
-} // namespace
-
 void ApplyWatermarkToFile(Frame& frame)
 {
     ApplicationState& state = frame.State();
@@ -28,6 +17,7 @@ void ApplyWatermarkToFile(Frame& frame)
     frame.SetStatus(StatusLabel::Watermark, QStringLiteral("Watermark Applied"));
     frame.ShowStatus(StatusLabel::Watermark, true);
     PrintUserText(lead, state);
-    const imaging::FormatRow& row = FormatOf(path, state);
-    lead.Save(path, row.format, row.bits, row.quality, false);
+    const imaging::SaveValues values =
+        FormatOf(path, state); // a run may have named it by another extension than "Ext"
+    lead.Save(path, values.format, values.bits, values.quality, false);
 }

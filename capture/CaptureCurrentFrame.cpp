@@ -13,6 +13,7 @@
 #include <QScopeGuard>
 
 #include <deque>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -90,8 +91,10 @@ void Deliver(Frame& frame, Dib&& still)
 
 void CaptureCurrentFrame(Frame& frame)
 {
-    const Hourglass hourglass;
     std::deque<Dib>& stills = frame.State().StillsTaken;
+    std::optional<Hourglass> hourglass; // one for all captures that wait for each other
+    if (stills.empty())
+        hourglass.emplace();
     try {
         stills.push_back(frame.CurrentPlayer().GetStillDIB(StillTimeout));
     } catch (const ControlError&) {

@@ -124,19 +124,19 @@ void AskForText(Frame& frame)
 /// next try would draw it twice.
 Writer CaptureWriter(Frame& frame)
 {
-    const imaging::FormatRow& row = FormatInForce(frame.State());
+    const imaging::SaveValues values = FormatInForce(frame.State());
     AskForText(frame);
     Lead* capture = frame.ActiveCapture();
     if (!capture)
         throw ControlError(QStringLiteral("The active window holds no capture."));
     const auto before = std::make_shared<CaptureBefore>(*capture);
     PrintUserText(frame);
-    return [capture, row, before](const QString& path, Name name) {
+    return [capture, values, before](const QString& path, Name name) {
         const bool isNew = name == Name::New;
-        if (isNew && !capture->SaveNew(path, row.format, row.bits, row.quality))
+        if (isNew && !capture->SaveNew(path, values.format, values.bits, values.quality))
             return false;
         if (!isNew)
-            capture->Save(path, row.format, row.bits, row.quality, false);
+            capture->Save(path, values.format, values.bits, values.quality, false);
         before->Keep();
         return true;
     };

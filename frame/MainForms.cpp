@@ -86,9 +86,12 @@ void Main::AddThumbnail()
     if (isNew)
         quickShots_ = new QuickShots(*this);
     quickShots_->mnuControlsAdd2();
-    // A strip that was active only for a moment would come up when a capture closes.
-    if (!isNew)
+    if (!isNew) {
+        if (quickShots_->CurrentShape() != ChildForm::Shape::Minimized)
+            SendToBack(quickShots_);
         return;
+    }
+    // A strip that was active only for a moment would come up when a capture closes.
     auto* const front = qobject_cast<ChildForm*>(ActiveForm());
     ShowInFront(*quickShots_);
     SendToBack(quickShots_);

@@ -30,6 +30,13 @@ inline constexpr std::array<FormatRow, 7> FormatTable { {
 /// The row of the format whose three letters a name ends in, in any case; -1 when it fits none.
 int FormatIndex(QStringView name);
 
+/// What a save passes on.
+struct SaveValues {
+    int format = Bmp; ///< FormatCode
+    int quality = 0;
+    int bits = 24;
+};
+
 /// Gives the values of one row; an index outside the table leaves all three as they were.
 void WhatTypeFiles(int index, int& format, int& quality, int& bits);
 

@@ -198,5 +198,7 @@ QString AskFileName(QWidget* owner, FileMode mode, const QString& title, const Q
         return {};
     QString path = UpToNul(QDir::toNativeSeparators(answer.paths.first()));
     chosenFolder = path.left(PathText::LastSeparator(path) + 1);
+    if (mode != FileMode::Open)
+        QDir::setCurrent(chosenFolder); // where the next name is asked for
     return path;
 }

@@ -59,6 +59,7 @@ VideoWindow::~VideoWindow() = default;
 void VideoWindow::Build(const PlayerFactory& makePlayer)
 {
     setObjectName(QStringLiteral("VideoWindow"));
+    Grip().setObjectName(QStringLiteral("Image2"));
     setAttribute(Qt::WA_DeleteOnClose);
     BuildHead();
     auto* body = new QWidget(this);

@@ -6,6 +6,7 @@
 #include "app/Frame.h"
 #include "app/Hourglass.h"
 #include "app/Lead.h"
+#include "app/RaiseUnderMouse.h"
 #include "app/Talk.h"
 #include "capture/AutoName.h"
 #include "capture/FormatInForce.h"
@@ -33,6 +34,7 @@ QuickShots::QuickShots(Frame& frame)
     SetTitle(QStringLiteral("Captured Thumbnails"));
     Build();
     AddShadow(*this, frame_.State());
+    RaiseUnderMouse(*this, frame_.State());
     frame_.State().QuickShotsOpen = true;
     frame_.State().SelectedBitmap = {};
 }
@@ -140,7 +142,7 @@ void QuickShots::SaveAll()
 bool QuickShots::SaveEach()
 {
     ApplicationState& state = frame_.State();
-    const imaging::FormatRow& row = FormatInForce(state);
+    const imaging::SaveValues values = FormatInForce(state);
     const AutoName names(
         state.Beside(QStringLiteral("AutoSave")), state.CurrentExt, QStringLiteral("AutoThumb"));
     const QPointer<QuickShots> alive(this);
@@ -159,7 +161,7 @@ bool QuickShots::SaveEach()
         number = names.Write(
             [&](const QString& path) {
                 state.CurrentFile = path;
-                return writer.SaveNew(path, row.format, row.bits, row.quality);
+                return writer.SaveNew(path, values.format, values.bits, values.quality);
             },
             number);
         takeBack.dismiss();

@@ -6,6 +6,7 @@
 #include "app/Frame.h"
 #include "app/Hourglass.h"
 #include "app/Lead.h"
+#include "app/RaiseUnderMouse.h"
 #include "app/Talk.h"
 #include "capture/SaveCapture.h"
 #include "toolkit/HeadButtons.h"
@@ -37,6 +38,7 @@ Viewer::Viewer(Frame& frame)
     Build();
     Bind();
     AddShadow(*this, state);
+    RaiseUnderMouse(*this, state);
     ++state.CaptureWindowCount;
     frame_.AddKid(quintptr(this));
     SetTitle(QStringLiteral("Capture Window %1").arg(state.CaptureWindowCount));

@@ -567,6 +567,48 @@ TEST_F(MainTest, AThumbnailStripPutAwayStaysSoWhenAPictureIsAdded)
     EXPECT_EQ(Form("QuickShots").CurrentShape(), ChildForm::Shape::Minimized);
 }
 
+TEST_F(MainTest, TheMouseBringsACaptureToTheTopOnlyWithSetFocusYES)
+{
+    Store("OpThumb", "2");
+    OpenOne();
+    Click("Cmds(8)");
+    Click("Cmds(8)");
+    ChildForm& lower = *All<Viewer>().first();
+    ASSERT_FALSE(lower.IsActive());
+    const auto comeOver = [&] {
+        QEnterEvent enter(QPointF(9, 9), QPointF(9, 9), lower.mapToGlobal(QPointF(9, 9)));
+        QCoreApplication::sendEvent(&lower, &enter);
+    };
+    comeOver();
+    EXPECT_FALSE(lower.IsActive());
+    state.SetFocusYES = true;
+    comeOver();
+    EXPECT_TRUE(lower.IsActive());
+}
+
+TEST_F(MainTest, TheOpenCommandAsksAlsoWithVidWinOnly)
+{
+    OpenOne();
+    state.VidWinOnly = true;
+    int asked = 0;
+    dialogs.openNames.push(QString());
+    dialogs.whileShown = [&] { ++asked; };
+    Click("Cmds(0)");
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(MainTest, AThumbnailStripInFrontGoesBehindWhenAPictureIsAdded)
+{
+    OpenOne();
+    for (const int opThumb : { 0, 1 }) {
+        Store("OpThumb", opThumb ? "1" : "0");
+        Click("Cmds(8)");
+        Form("QuickShots").BringToFront();
+        Click("Cmds(8)");
+        EXPECT_FALSE(Form("QuickShots").IsActive()) << opThumb;
+    }
+}
+
 TEST_F(MainTest, TheVideoListComesBackFromItsStripWhereItWas)
 {
     OpenTwo();

@@ -226,6 +226,7 @@ TEST(AskFileName, SaveTakesTheDefaultExtensionForANameWithoutOne)
         AskFileName(nullptr, FileMode::Save, QStringLiteral("Save"), QStringLiteral("first.bmp"),
             QStringLiteral("Bitmap|*.bmp"), folder.Sea(), QStringLiteral("bmp"), chosen);
     EXPECT_EQ(path, folder.Path("new.bmp"));
+    EXPECT_EQ(QDir::currentPath(), folder.Sea()) << "where the next name is asked for";
 }
 
 TEST(AskFileName, SaveAsksBeforeAFileIsReplaced)
