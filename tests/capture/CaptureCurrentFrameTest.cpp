@@ -140,6 +140,7 @@ TEST_F(CaptureCurrentFrameTest, AClipboardHeldByAnotherProgramIsSilent)
     EXPECT_FALSE(frame_.IsCommandEnabled(Command::Save));
     EXPECT_TRUE(frame_.log.isEmpty());
     EXPECT_EQ(frame_.clipboard.log, QStringList(QStringLiteral("Open")));
+    EXPECT_TRUE(frame_.state.StillsTaken.empty()) << "the still is released";
     EXPECT_EQ(CurrentPointer(), Pointer::Normal);
 }
 

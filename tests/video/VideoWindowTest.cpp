@@ -45,6 +45,7 @@ TEST_F(VideoWindowTest, ASelectionOfOnlyTextFilesLeavesTheTransportDisabled)
     EXPECT_EQ(Player().file, QString());
     EXPECT_FALSE(pane.Cmd2[PlayButton]->isEnabled());
     EXPECT_FALSE(pane.CmdList[NextVideoButton]->isEnabled());
+    EXPECT_EQ(window->size().expandedTo(window->minimumSizeHint()), window->size());
     EXPECT_LT(window->height(), 100) << "the window stays at its minimum size";
 }
 
@@ -340,6 +341,7 @@ TEST_F(VideoWindowTest, ATinyVideoGrowsToEightHundredTwipsAfterAResize)
     Player().size = QSize(4, 4);
     Open({ QStringLiteral("a.avi") });
     EXPECT_TRUE(QTest::qWaitFor([this] { return window->width() >= 54 && window->height() >= 53; }, 10000));
+    EXPECT_EQ(Player().width(), window->width() - 10) << "the player keeps the width less 150 twips";
 }
 
 TEST_F(VideoWindowTest, EveryControlHasANameAndIsReachedByKeys)
