@@ -98,7 +98,7 @@ public:
     virtual void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget& button,
         std::function<void(int)> chosen) = 0;
 
-    /// The one place that yields to the window system; whatever can go meanwhile must be looked at again
-    /// afterwards.
+    /// Lets what waits in the window system happen, as fades and boxes do too: whatever can go meanwhile must
+    /// be looked at again afterwards.
     virtual void PumpEvents() = 0;
 };

@@ -79,9 +79,14 @@ void Draw(QPainter& painter, const QImage& picture, const Mapping& mapping)
     }
     const QRect part = mapping.from.toRect();
     const QSize size = (mapping.to.size() * ratio).toSize().expandedTo({ 1, 1 });
-    painter.drawImage(mapping.to,
-        imaging::Resample(
-            part == picture.rect() ? picture : picture.copy(part), size, imaging::Resampling::Smooth));
+    try {
+        painter.drawImage(mapping.to,
+            imaging::Resample(
+                part == picture.rect() ? picture : picture.copy(part), size, imaging::Resampling::Smooth));
+    } catch (
+        const std::exception&) { // no memory: nothing may leave a paint event, and a coarse picture is one
+        painter.drawImage(mapping.to, picture, mapping.from);
+    }
 }
 
 /// The bar follows the view, not the view the bar: it stays where it is while there are no bars.

@@ -65,6 +65,8 @@ QImage Dib::ToImage() const
     if (!ours || block_.size() - qsizetype(sizeof header) < Stride(header.width) * header.height)
         return {};
     QImage image(header.width, header.height, QImage::Format_BGR888);
+    if (image.isNull())
+        return {}; // there is no memory for it
     const char* rows = block_.constData() + sizeof header;
     for (int y = 0; y < header.height; ++y)
         std::memcpy(image.scanLine(y), rows + Stride(header.width) * (header.height - 1 - y),

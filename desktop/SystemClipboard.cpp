@@ -33,7 +33,8 @@ public:
     {
         if (!dib_.IsEmpty()) {
             picture_ = dib_.ToImage();
-            dib_ = Dib();
+            if (!picture_.isNull())
+                dib_ = Dib();
         }
         return picture_;
     }

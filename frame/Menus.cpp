@@ -20,7 +20,11 @@ void CloseOverAWindow(PopupMenu& menu, QPoint pointer)
 void Menus::Open(
     const QStringList& items, int checkedItems, const QWidget& button, std::function<void(int)> chosen)
 {
-    delete menu_;
+    if (menu_) {
+        // What was chosen in it may still be at work, in a fade for one; it goes when that is over.
+        menu_->setObjectName(QString());
+        menu_->close();
+    }
     menu_ = new PopupMenu(&owner_);
     menu_->setObjectName(QStringLiteral("Menus"));
     menu_->setAttribute(Qt::WA_DeleteOnClose);

@@ -1,6 +1,7 @@
 #include "imaging/MagickCoders.h"
 
 #include "imaging/Converted.h"
+#include "imaging/Matrix.h"
 #include "imaging/PictureError.h"
 #include "imaging/PictureLimits.h"
 
@@ -114,7 +115,7 @@ constexpr Limit Limits[] = {
 
 QImage Paletted(const Magick::Image& image)
 {
-    QImage picture(int(image.columns()), int(image.rows()), QImage::Format_Indexed8);
+    QImage picture = NewPicture({ int(image.columns()), int(image.rows()) }, QImage::Format_Indexed8);
     QList<QRgb> colours;
     for (unsigned i = 0; i < image.colorMapSize(); ++i) {
         const Magick::Color colour = image.colorMap(i);
@@ -135,8 +136,8 @@ QImage Paletted(const Magick::Image& image)
 QImage TrueColour(Magick::Image& image)
 {
     const bool hasAlpha = image.matte();
-    QImage picture(
-        int(image.columns()), int(image.rows()), hasAlpha ? QImage::Format_ARGB32 : QImage::Format_BGR888);
+    QImage picture = NewPicture({ int(image.columns()), int(image.rows()) },
+        hasAlpha ? QImage::Format_ARGB32 : QImage::Format_BGR888);
     for (int y = 0; y < picture.height(); ++y)
         image.write(
             0, y, image.columns(), 1, hasAlpha ? "BGRA" : "BGR", MagickLib::CharPixel, picture.scanLine(y));

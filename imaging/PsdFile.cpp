@@ -2,6 +2,7 @@
 
 #include "imaging/ByteReader.h"
 #include "imaging/Converted.h"
+#include "imaging/Matrix.h"
 
 #include <QtEndian>
 
@@ -149,7 +150,7 @@ private:
 
 QImage BlackAndWhite(const Planes& planes, const Head& head)
 {
-    QImage picture(head.width, head.height, QImage::Format_Mono);
+    QImage picture = NewPicture({ head.width, head.height }, QImage::Format_Mono);
     picture.setColorTable({ qRgb(255, 255, 255), qRgb(0, 0, 0) });
     for (int y = 0; y < head.height; ++y)
         std::memcpy(
@@ -172,7 +173,7 @@ QList<QRgb> Colours(const ByteReader& in, const Head& head)
 
 QImage Paletted(const Planes& planes, const Head& head, const QList<QRgb>& colours)
 {
-    QImage picture(head.width, head.height, QImage::Format_Indexed8);
+    QImage picture = NewPicture({ head.width, head.height }, QImage::Format_Indexed8);
     picture.setColorTable(colours);
     const Samples samples(planes, head);
     for (int y = 0; y < head.height; ++y) {
@@ -185,7 +186,7 @@ QImage Paletted(const Planes& planes, const Head& head, const QList<QRgb>& colou
 
 QImage TrueColour(const Planes& planes, const Head& head)
 {
-    QImage picture(head.width, head.height, QImage::Format_BGR888);
+    QImage picture = NewPicture({ head.width, head.height }, QImage::Format_BGR888);
     const Samples samples(planes, head);
     for (int y = 0; y < head.height; ++y) {
         uchar* pixel = picture.scanLine(y);
@@ -221,11 +222,6 @@ QImage Decode(const QByteArray& file)
 
 QByteArray Encode(const QImage& picture)
 {
-    constexpr int maxSide = 30000;
-    if (picture.width() > maxSide || picture.height() > maxSide)
-        throw PictureError(QStringLiteral("The picture is too large for a PSD file: %1x%2.")
-                               .arg(picture.width())
-                               .arg(picture.height()));
     const QImage pixels = Converted(picture, QImage::Format_BGR888);
     QByteArray file;
     file.reserve(40 + qsizetype(pixels.width()) * pixels.height() * 3);

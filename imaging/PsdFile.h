@@ -11,7 +11,8 @@ namespace imaging::PsdFile {
 /// named here.
 QImage Decode(const QByteArray& file);
 
-/// Three planes of 8 bits, not packed. At most 30,000 pixels to a side.
+/// Three planes of 8 bits, not packed. The format would take 30,000 pixels to a side, which no picture here
+/// has.
 QByteArray Encode(const QImage& picture);
 
 } // namespace imaging::PsdFile

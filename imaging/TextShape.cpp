@@ -1,6 +1,7 @@
 #include "imaging/TextShape.h"
 
 #include "imaging/Converted.h"
+#include "imaging/Matrix.h"
 
 #include <QColor>
 #include <QPainter>
@@ -63,8 +64,10 @@ QImage Widened(const QImage& shape, int reach)
     QImage widened = Empty(shape.size(), shape.format());
     cv::Mat covered = MatrixOf(widened);
     const int side = 2 * reach + 1;
-    cv::dilate(MatrixOf(shape), covered, cv::getStructuringElement(cv::MORPH_ELLIPSE, { side, side }),
-        { -1, -1 }, 1, cv::BORDER_CONSTANT, cv::Scalar(0));
+    WithMatrices([&] {
+        cv::dilate(MatrixOf(shape), covered, cv::getStructuringElement(cv::MORPH_ELLIPSE, { side, side }),
+            { -1, -1 }, 1, cv::BORDER_CONSTANT, cv::Scalar(0));
+    });
     return widened;
 }
 

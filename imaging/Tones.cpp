@@ -112,7 +112,8 @@ QImage Posterized(const QImage& picture, int levels, const Progress& progress)
 
 QImage Solarized(const QImage& picture, int threshold, const Progress& progress)
 {
-    return Along(picture, progress, [&](double value) { return value > threshold ? White - value : value; });
+    const double bound = std::clamp(threshold, 0, 255);
+    return Along(picture, progress, [&](double value) { return value > bound ? White - value : value; });
 }
 
 QImage WithStretchedIntensity(const QImage& picture, const Progress& progress)

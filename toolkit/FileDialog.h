@@ -15,7 +15,8 @@ public:
 /// The system's dialog for opening files, with the properties a form sets before and reads afterwards.
 class cFileDialog {
 public:
-    /// Bits of flags.
+    /// Bits of flags. AllowMultiselect and FileMustExist act; Explorer is set by several names; the others
+    /// are kept as they were given, for the desktop's dialog always does as they ask.
     enum Flag {
         OverwritePrompt = 0x2,
         HideReadOnly = 0x4,
@@ -67,9 +68,9 @@ QStringList NameFilters(const QString& filter);
 
 enum class FileMode { Open = 1, Save = 2 };
 
-/// One path, for forms that need no properties; empty on cancel. Save asks again until the folder
-/// of the path is there. chosenFolder takes the path's folder with
-/// its closing separator and stays as it was on cancel.
+/// One path, for forms that need no properties; empty on cancel. Save asks again until the folder of the path
+/// is there, and makes it the current folder. chosenFolder takes the path's folder with its closing separator
+/// and stays as it was on cancel.
 QString AskFileName(QWidget* owner, FileMode mode, const QString& title, const QString& fileName,
     const QString& filter, const QString& startFolder, const QString& defaultExtension,
     QString& chosenFolder);

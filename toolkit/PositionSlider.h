@@ -21,8 +21,7 @@ public:
     /// Where the selected range begins, on the scale.
     int SelStart() const { return selStart_; }
     void SetSelStart(int start);
-    /// 0 shows no range.
-    /// How far it reaches from there.
+    /// How far it reaches from there; 0 shows no range.
     int SelLength() const { return selLength_; }
     void SetSelLength(int length);
 

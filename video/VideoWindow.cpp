@@ -423,7 +423,7 @@ void VideoWindow::closeEvent(QCloseEvent* event)
     StopCapture();
     const QPointer<VideoWindow> alive(this);
     frame_.PumpEvents();
-    if (!alive)
+    if (!alive || isGone_)
         return;
     if (!FadeAtClosing(*this, state)) {
         // Shown again in the meantime, for another video, it stays.
@@ -431,6 +431,8 @@ void VideoWindow::closeEvent(QCloseEvent* event)
             Closing = false;
         return event->ignore();
     }
+    if (isGone_)
+        return;
     isGone_ = true;
     transport_.ReleaseRepeats();
     state.ExitRequested = true;

@@ -315,7 +315,7 @@ TEST_F(CRegSettingsTest, AProgramKilledWhileItSavesLeavesAWholeFile)
             ::_exit(0);
         }
         const QString first = QString::number(round) + QStringLiteral("k0");
-        while (Get(first) == Default)
+        while (Get(first) == Default && ::waitpid(child, nullptr, WNOHANG) == 0)
             std::this_thread::yield();
         ::kill(child, SIGKILL);
         ::waitpid(child, nullptr, 0);

@@ -24,6 +24,15 @@ TEST(Dib, RowsStandBottomUpInBlueGreenRedPaddedToFourBytes)
     EXPECT_EQ(dib.Block().sliced(40), QByteArray("\x06\x05\x04\x00\x03\x02\x01\x00", 8));
 }
 
+TEST(Dib, ABlockThatTheMemoryDoesNotHoldOnceMoreGivesNoPicture)
+{
+    const Dib dib = Dib::FromImage(QImage(8000, 8000, QImage::Format_BGR888));
+    const SmallMemory memory(100);
+    if (!memory.IsThere())
+        GTEST_SKIP() << "this allocator ends the program";
+    EXPECT_TRUE(dib.ToImage().isNull());
+}
+
 TEST(Dib, APictureThatTheMemoryDoesNotHoldIsNoHalfBlock)
 {
     QImage small(8000, 8000, QImage::Format_Mono);

@@ -64,8 +64,7 @@ protected:
     void CloseAll()
     {
         Click("Image3");
-        ASSERT_TRUE(QMetaObject::invokeMethod(
-            main->findChild<QWidget*>(QStringLiteral("Menus")), "Chosen", Q_ARG(int, 2)));
+        main->findChild<QWidget*>(QStringLiteral("Menus"))->actions().at(2)->trigger();
     }
     /// Does something once, when the form has been hidden to fade.
     void InTheFadeOf(QWidget* form, std::function<void()> act)
@@ -252,6 +251,15 @@ TEST_F(ClosingTest, AFormClosedOnceMoreWhileItFadesIsCountedOnce)
     InTheFadeOf(viewer, [viewer] { viewer->close(); });
     viewer->close();
     EXPECT_EQ(state.KidCount, 1);
+}
+
+TEST_F(ClosingTest, APopupOpenedWhileTheChoiceOfAnotherIsCarriedOutOpens)
+{
+    Capture();
+    InTheFadeOf(All<Viewer>().first(), [this] { Click("Image3"); });
+    CloseAll();
+    EXPECT_TRUE(inFade_);
+    EXPECT_EQ(main->findChildren<QWidget*>(QStringLiteral("Menus")).size(), 1);
 }
 
 TEST_F(ClosingTest, AVideoOpenedWhileItsWindowFadesKeepsTheWindow)

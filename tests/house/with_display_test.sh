@@ -24,7 +24,7 @@ expect "the screen's lock is gone" [ ! -e "/tmp/.X$number-lock" ]
 mark="sleep 31$$"
 TMPDIR=$scratch "$with_display" sh -c "touch '$scratch/runs'; $mark & $mark" 2> /dev/null &
 script=$!
-until [ -e "$scratch/runs" ]; do sleep 0.05; done
+until [ -e "$scratch/runs" ] || ! kill -0 "$script" 2> /dev/null; do sleep 0.05; done
 kill -TERM "$script"
 wait "$script"
 expect "an interrupted run says so" [ $? -eq 143 ]

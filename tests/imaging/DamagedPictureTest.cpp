@@ -1,5 +1,6 @@
 // Damaged and hostile files: each either loads or is refused; nothing else may happen.
 #include "imaging/PictureFile.h"
+#include "imaging/PictureLimits.h"
 
 #include "Pictures.h"
 
@@ -12,11 +13,13 @@ namespace PictureFile = imaging::PictureFile;
 
 namespace {
 
-/// The reason why a file is refused, empty when it loads.
+/// The reason why a file is refused, empty when it loads; what loads is a picture as any other.
 QString Refusal(const QByteArray& file)
 {
     try {
-        PictureFile::Decode(file);
+        const QImage picture = PictureFile::Decode(file);
+        EXPECT_NO_THROW(imaging::CheckPictureSize(picture.width(), picture.height()));
+        EXPECT_NE(imaging::BitsPerPixel(picture), 0);
         return {};
     } catch (const PictureError& error) {
         return error.Reason();

@@ -182,4 +182,8 @@ TEST(Amounts, BeyondTheirRangeCountAsItsBound)
     EXPECT_EQ(WithSaturation(photo, 5000), WithSaturation(photo, 1000));
     EXPECT_EQ(WithHue(photo, 500), WithHue(photo, 180));
     EXPECT_EQ(WithGamma(photo, 9999), WithGamma(photo, 500));
+    EXPECT_EQ(Solarized(photo, -1), Solarized(photo, 0));
+    EXPECT_EQ(Solarized(photo, 300), Solarized(photo, 255));
+    EXPECT_EQ(Posterized(photo, 1), Posterized(photo, 2));
+    EXPECT_EQ(Posterized(photo, 99), Posterized(photo, 64));
 }
