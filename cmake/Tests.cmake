@@ -26,6 +26,10 @@ endfunction()
 # The reader of foreign pictures stands beside each program that opens them.
 function(taq_with_reader name)
     add_dependencies(${name} taq_reader)
-    add_custom_command(TARGET ${name} POST_BUILD
-        COMMAND ${CMAKE_COMMAND} -E create_symlink $<TARGET_FILE:taq_reader> $<TARGET_FILE_DIR:${name}>/taq-reader)
+    get_target_property(folder ${name} RUNTIME_OUTPUT_DIRECTORY)
+    if(NOT folder)
+        set(folder ${CMAKE_CURRENT_BINARY_DIR})
+    endif()
+    file(MAKE_DIRECTORY ${folder})
+    file(CREATE_LINK ${CMAKE_BINARY_DIR}/taq-reader ${folder}/taq-reader SYMBOLIC)
 endfunction()

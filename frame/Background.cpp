@@ -1,7 +1,7 @@
 #include "frame/Background.h"
 
 #include "app/ControlError.h"
-#include "app/Lead.h"
+#include "app/OpenUserPicture.h"
 #include "toolkit/Twips.h"
 
 #include <QFileInfo>
@@ -31,10 +31,6 @@ const QImage& BackgroundPicture::Of(const QString& path)
     path_ = path;
     written_ = written;
     picture_ = QImage();
-    IgnoreErrors([&] {
-        Lead picSource;
-        picSource.Load(path, 0, 0, 1);
-        picture_ = picSource.Bitmap();
-    });
+    IgnoreErrors([&] { picture_ = OpenUserPicture(path); });
     return picture_;
 }

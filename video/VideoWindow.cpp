@@ -9,6 +9,7 @@
 #include "app/TimeText.h"
 #include "desktop/FileName.h"
 #include "toolkit/HeadButtons.h"
+#include "toolkit/SizeGrip.h"
 #include "toolkit/Twips.h"
 #include "video/FrameRun.h"
 #include "video/MemoryLoad.h"

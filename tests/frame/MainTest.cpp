@@ -573,7 +573,7 @@ TEST_F(MainTest, TheMouseBringsACaptureToTheTopOnlyWithSetFocusYES)
     OpenOne();
     Click("Cmds(8)");
     Click("Cmds(8)");
-    ChildForm& lower = *All<Viewer>().first();
+    ChildForm& lower = *main->findChildren<Viewer*>().first();
     ASSERT_FALSE(lower.IsActive());
     const auto comeOver = [&] {
         QEnterEvent enter(QPointF(9, 9), QPointF(9, 9), lower.mapToGlobal(QPointF(9, 9)));
