@@ -22,7 +22,8 @@ public:
 class FileDialogs {
 public:
     virtual ~FileDialogs() = default;
-    /// The chosen path, empty on cancel; asks before an existing file is replaced.
+    /// The chosen path, empty on cancel; asks before an existing file is replaced. Leaves the process's
+    /// current folder at the chosen folder.
     virtual QString AskSaveName(
         QWidget* owner, const QString& title, const QString& filter, const QString& folder) = 0;
     /// Whether a file may be replaced that the user has not named himself; asked of a name that was

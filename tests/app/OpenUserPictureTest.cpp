@@ -31,7 +31,8 @@ TEST_F(OpenUserPictureTest, APictureComesAtItsOwnDepthWhateverItsName)
 {
     QImage picture(13, 7, QImage::Format_BGR888);
     picture.fill(QColor(10, 200, 30));
-    ASSERT_TRUE(MakeFile(Path("%s|msl:x.txt"), imaging::PictureFile::Encode(picture, imaging::Png, 24, 0).Joined()));
+    ASSERT_TRUE(
+        MakeFile(Path("%s|msl:x.txt"), imaging::PictureFile::Encode(picture, imaging::Png, 24, 0).Joined()));
     EXPECT_EQ(OpenUserPicture(Path("%s|msl:x.txt")), picture);
 }
 

@@ -75,7 +75,7 @@ TEST_F(SystemDialogsTest, OneNameIsSaved)
         Type(dialog, QStringLiteral("new.bmp"));
     });
     EXPECT_EQ(dialogs_.AskSaveName(&owner_, Title, Filter, Folder()), Path("new.bmp"));
-    EXPECT_EQ(QDir::currentPath(), before_);
+    EXPECT_EQ(QDir::currentPath(), Folder());
 }
 
 TEST_F(SystemDialogsTest, CancelIsAnEmptyAnswer)
