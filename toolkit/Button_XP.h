@@ -122,6 +122,8 @@ private:
     bool Run(const ButtonSteps& steps);
     void Take(ButtonStep step);
     void DownStep();
+    /// A place on the far edges, as many pixels away as the button is wide or high, belongs to it.
+    bool IsInside(QPoint place) const { return rect().adjusted(0, 0, 1, 1).contains(place); }
     void Apply();
     void ApplyPointer();
     void ApplyShape();

@@ -142,6 +142,25 @@ TEST(ButtonPress, LosingTheFocusOrBeingDisabledLetsGoOfAHeldKey)
     }
 }
 
+TEST(ButtonPress, HeldByTheMouseItStaysPressedWhenTheFocusGoesAndIsLetGoWhenDisabled)
+{
+    for (const bool hasOtherKey : { false, true }) {
+        ButtonPress press;
+        press.Focus(true);
+        press.Move(true);
+        press.Down(Qt::LeftButton);
+        if (hasOtherKey)
+            press.KeyDown(false);
+        press.Focus(false);
+        EXPECT_TRUE(press.Flags().pressed && press.Flags().over);
+        EXPECT_TRUE(Count(press.Up(Qt::LeftButton, true), Step::RaiseClick));
+    }
+    ButtonPress press;
+    press.Down(Qt::LeftButton);
+    press.Disable();
+    EXPECT_FALSE(press.Flags().pressed);
+}
+
 TEST(ButtonLayout, NoSideStaysUnderTenPixels)
 {
     EXPECT_EQ(ButtonLayout::Grown({ 5, 40 }), QSize(10, 40));

@@ -207,6 +207,19 @@ TEST_F(ButtonXPTest, AReleaseOutsideIsNoClick)
     EXPECT_FALSE(button->Flags().pressed);
 }
 
+TEST_F(ButtonXPTest, AReleaseOnTheFarEdgesIsInsideAndOnePixelFurtherOutside)
+{
+    const int width = button->width();
+    const int height = button->height();
+    for (const auto& [place, count] :
+        { std::pair(QPoint(width, 5), 1), { QPoint(5, height), 2 }, { QPoint(0, 0), 3 },
+            { QPoint(width + 1, 5), 3 }, { QPoint(5, height + 1), 3 }, { QPoint(-1, 5), 3 } }) {
+        QTest::mousePress(button, Qt::LeftButton);
+        QTest::mouseRelease(button, Qt::LeftButton, {}, place);
+        EXPECT_EQ(clicks.size(), count) << place.x() << "," << place.y();
+    }
+}
+
 TEST_F(ButtonXPTest, ARightPressIsToldAndChangesNothing)
 {
     QSignalSpy downs(button, &Button_XP::MouseDown);
