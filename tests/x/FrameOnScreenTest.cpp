@@ -66,6 +66,11 @@ TEST_F(FrameOnScreen, IsMovedByTheBareGroundOfItsStrips)
     EXPECT_TRUE(MovesFrom(commands.mapToGlobal(QPoint(commands.width() - 3, commands.height() / 2))));
     QWidget& foot = Find("VideoSoftElastic3");
     EXPECT_TRUE(MovesFrom(foot.mapToGlobal(QPoint(foot.width() / 2, foot.height() / 2))));
+    main.ShowStatus(StatusLabel::AutoCapture, true);
+    main.SetStatus(StatusLabel::AutoCapture, QStringLiteral("Captured first frame."));
+    QWidget& label = Find("Label2");
+    ASSERT_TRUE(Eventually([&] { return label.width() > 20; }));
+    EXPECT_TRUE(MovesFrom(label.mapToGlobal(label.rect().center())));
 }
 
 TEST_F(FrameOnScreen, IsSizedByItsGrip)
@@ -86,6 +91,16 @@ TEST_F(FrameOnScreen, FillsTheScreenAndComesBackByItsButtonAndByADoubleClick)
     EXPECT_TRUE(Eventually([&] { return main.size() == QSize(1000, 640); }));
     QTest::mouseDClick(&Find("TopBack"), Qt::LeftButton, {}, QPoint(300, 14));
     EXPECT_TRUE(Eventually(fills));
+}
+
+TEST_F(FrameOnScreen, IsMinimisedByItsButtonAndFetchedBackByTheDesktop)
+{
+    Click("ToolBarPic(2)");
+    ASSERT_TRUE(Eventually([&] { return main.isMinimized(); }));
+    Pointer({ "windowactivate", QString::number(main.winId()) });
+    EXPECT_TRUE(Eventually([&] { return !main.isMinimized() && main.isActiveWindow(); }));
+    EXPECT_EQ(main.size(), QSize(1000, 640));
+    EXPECT_EQ(main.windowTitle(), QStringLiteral("TAQ Pro v2.1"));
 }
 
 TEST_F(FrameOnScreen, MinimisedItTakesTheOpenToolsAlong)
