@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Qt>
+
 #include <vector>
 
 /// What a push button is doing. A button that is held while the pointer slides off stays pressed.

@@ -2,6 +2,7 @@
 
 #include "toolkit/ButtonFacePaint.h"
 #include "toolkit/Form.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -4,9 +4,11 @@
 #include "toolkit/ButtonSteps.h"
 #include "toolkit/LinkOpener.h"
 #include "toolkit/SystemColors.h"
+
 #include <QAbstractButton>
 #include <QIcon>
 #include <QTimer>
+
 #include <type_traits>
 
 /// The faces of a push button. Raised and RaisedWhenOver have an edge of two lines, the latter not at rest;

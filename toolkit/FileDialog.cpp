@@ -1,6 +1,7 @@
 #include "toolkit/FileDialog.h"
 
 #include "toolkit/PathText.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>

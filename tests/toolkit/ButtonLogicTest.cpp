@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QImage>
+
 #include <algorithm>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 #include "toolkit/Button_XP.h"
+
 #include "toolkit/LinkOpener.h"
 #include "toolkit/Style.h"
 
@@ -8,6 +9,7 @@
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {

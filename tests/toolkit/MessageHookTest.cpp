@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
+
 #include <functional>
 #include <gtest/gtest.h>
 

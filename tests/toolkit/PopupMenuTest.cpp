@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QSignalSpy>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {

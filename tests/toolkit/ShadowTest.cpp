@@ -1,5 +1,3 @@
-#include "toolkit/ucShadow.h"
-
 #include "toolkit/ChildForm.h"
 #include "toolkit/FrameDrag.h"
 #include "toolkit/LayeredWindow.h"
@@ -7,12 +5,14 @@
 #include "toolkit/Style.h"
 #include "toolkit/SystemColors.h"
 #include "toolkit/TitleStrip.h"
+#include "toolkit/ucShadow.h"
 
 #include <QMdiArea>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
+
 #include <gtest/gtest.h>
 
 namespace {
