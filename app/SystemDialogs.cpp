@@ -7,6 +7,14 @@
 #include <QMessageBox>
 #include <QPointer>
 
+namespace {
+
+constexpr int OpenFlags = cFileDialog::LongNames | cFileDialog::OverwritePrompt | cFileDialog::HideReadOnly
+    | cFileDialog::AllowMultiselect;
+static_assert(OpenFlags == 0x200206);
+
+} // namespace
+
 QString SystemDialogs::AskSaveName(
     QWidget* owner, const QString& title, const QString& filter, const QString& folder)
 {
@@ -33,8 +41,7 @@ QString SystemDialogs::AskOpenNames(
     dialog.DialogTitle = title;
     dialog.SetFilter(filter);
     dialog.InitDir = folder;
-    dialog.flags = cFileDialog::LongNames | cFileDialog::OverwritePrompt | cFileDialog::HideReadOnly
-        | cFileDialog::AllowMultiselect;
+    dialog.flags = OpenFlags;
     dialog.hWnd = owner;
     dialog.CancelError = false;
     dialog.ShowOpen();

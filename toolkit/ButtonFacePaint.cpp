@@ -2,6 +2,7 @@
 
 #include "toolkit/ButtonPaint.h"
 #include "toolkit/Style.h"
+
 #include <QPainter>
 #include <QPainterPath>
 

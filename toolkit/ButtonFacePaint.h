@@ -1,7 +1,9 @@
 #pragma once
 
 #include "toolkit/Button_XP.h"
+
 #include <QRegion>
+
 #include <optional>
 
 class QPainter;

@@ -1,6 +1,7 @@
 #include "toolkit/ButtonLayout.h"
 
 #include "toolkit/Twips.h"
+
 #include <QColor>
 #include <QImage>
 

@@ -2,7 +2,9 @@
 
 #include "base/Rows.h"
 #include "toolkit/Style.h"
+
 #include <QPainter>
+
 #include <array>
 #include <optional>
 

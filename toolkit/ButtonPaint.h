@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/Face.h"
+
 #include <QColor>
 
 class QPainter;

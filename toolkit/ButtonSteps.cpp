@@ -1,10 +1,13 @@
 #include "toolkit/ButtonSteps.h"
 
+#include <utility>
+
 ButtonSteps ButtonPress::Down(Qt::MouseButton button)
 {
     if (button == Qt::RightButton)
         return {};
     flags_.pressed = true;
+    isHeldByKey_ = false;
     return { ButtonStep::Refresh };
 }
 
@@ -47,6 +50,7 @@ ButtonSteps ButtonPress::KeyDown(bool isSpace)
         return {};
     flags_.pressed = true;
     flags_.over = true;
+    isHeldByKey_ = true;
     return { ButtonStep::Refresh };
 }
 
@@ -55,6 +59,7 @@ ButtonSteps ButtonPress::KeyUp(bool isSpace)
     if (!isSpace)
         return {};
     flags_.over = false;
+    isHeldByKey_ = false;
     // Space opens a link twice: once by itself and once as the release of a mouse. Forms rely on it.
     ButtonSteps steps { ButtonStep::GoToURL, ButtonStep::Refresh };
     const ButtonSteps release = Up(Qt::LeftButton, true);
@@ -67,20 +72,22 @@ ButtonSteps ButtonPress::Focus(bool focused)
 {
     flags_.focused = focused;
     if (!focused)
-        LetGo();
+        LetGoOfKey();
     return { ButtonStep::Refresh };
 }
 
 ButtonSteps ButtonPress::Disable()
 {
-    LetGo();
+    LetGoOfKey();
+    flags_.pressed = false;
     return { ButtonStep::Refresh };
 }
 
-void ButtonPress::LetGo()
+void ButtonPress::LetGoOfKey()
 {
-    if (flags_.pressed && keyMarked_)
-        flags_.over = false; // the key made it so, and no timer would end it
-    flags_.pressed = false;
     keyMarked_ = false;
+    if (!std::exchange(isHeldByKey_, false))
+        return;
+    flags_.pressed = false;
+    flags_.over = false; // the key made it so, and no timer would end it
 }

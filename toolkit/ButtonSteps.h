@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Qt>
+
 #include <vector>
 
 /// What a push button is doing. A button that is held while the pointer slides off stays pressed.
@@ -45,14 +46,15 @@ public:
     ButtonSteps KeyUp(bool isSpace);
     /// The release has been dealt with: the next key may press. Until then none does.
     void ForgetKey() { keyMarked_ = false; }
-    /// The focus came or went.
+    /// The focus came or went. The release of a held key goes elsewhere then; that of the mouse still comes.
     ButtonSteps Focus(bool focused);
     /// The button was disabled: no release will come.
     ButtonSteps Disable();
 
 private:
-    void LetGo();
+    void LetGoOfKey();
 
     ButtonFlags flags_;
     bool keyMarked_ = false; ///< a key is down already
+    bool isHeldByKey_ = false; ///< pressed by Space, not by the mouse
 };

@@ -2,6 +2,7 @@
 
 #include "toolkit/ButtonFacePaint.h"
 #include "toolkit/Form.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -226,7 +227,7 @@ void Button_XP::mouseMoveEvent(QMouseEvent* event)
     const QPoint place = event->position().toPoint();
     const Qt::MouseButtons buttons = event->buttons();
     const Qt::KeyboardModifiers shift = event->modifiers();
-    if (Run(press_.Move(rect().contains(place))))
+    if (Run(press_.Move(IsInside(place))))
         Q_EMIT MouseMove(buttons, shift, place);
 }
 
@@ -235,7 +236,7 @@ void Button_XP::mouseReleaseEvent(QMouseEvent* event)
     const QPoint place = event->position().toPoint();
     const Qt::MouseButton button = event->button();
     const Qt::KeyboardModifiers shift = event->modifiers();
-    if (Run(press_.Up(button, rect().contains(place))))
+    if (Run(press_.Up(button, IsInside(place))))
         Q_EMIT MouseUp(button, shift, place);
 }
 

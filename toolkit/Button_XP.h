@@ -4,9 +4,11 @@
 #include "toolkit/ButtonSteps.h"
 #include "toolkit/LinkOpener.h"
 #include "toolkit/SystemColors.h"
+
 #include <QAbstractButton>
 #include <QIcon>
 #include <QTimer>
+
 #include <type_traits>
 
 /// The faces of a push button. Raised and RaisedWhenOver have an edge of two lines, the latter not at rest;
@@ -122,6 +124,8 @@ private:
     bool Run(const ButtonSteps& steps);
     void Take(ButtonStep step);
     void DownStep();
+    /// A place on the far edges, as many pixels away as the button is wide or high, belongs to it.
+    bool IsInside(QPoint place) const { return rect().adjusted(0, 0, 1, 1).contains(place); }
     void Apply();
     void ApplyPointer();
     void ApplyShape();

@@ -4,6 +4,7 @@
 #include "toolkit/CheckAccess.h"
 #include "toolkit/Strip.h"
 #include "toolkit/Style.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 

@@ -2,6 +2,7 @@
 
 #include "toolkit/Face.h"
 #include "toolkit/StripControl.h"
+
 #include <QAccessible>
 #include <QColor>
 

@@ -1,6 +1,7 @@
 #include "toolkit/CheckAccess.h"
 
 #include "toolkit/CaptionControl.h"
+
 #include <QAccessibleWidget>
 
 namespace {

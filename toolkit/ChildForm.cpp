@@ -5,11 +5,13 @@
 #include "toolkit/StripButton.h"
 #include "toolkit/Style.h"
 #include "toolkit/TitleStrip.h"
+
 #include <QCoreApplication>
 #include <QMdiArea>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QVBoxLayout>
+
 #include <algorithm>
 
 namespace {

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyle>
+
 #include <algorithm>
 
 namespace {

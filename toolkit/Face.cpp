@@ -1,6 +1,7 @@
 #include "toolkit/Face.h"
 
 #include "base/Rows.h"
+
 #include <array>
 
 namespace {

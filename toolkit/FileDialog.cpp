@@ -1,12 +1,14 @@
 #include "toolkit/FileDialog.h"
 
 #include "toolkit/PathText.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPointer>
-#include <QRegularExpression>
+
+#include <algorithm>
 
 namespace {
 
@@ -38,12 +40,23 @@ void Prepare(QFileDialog& dialog, const Question& question, const QStringList& f
 {
     dialog.setAcceptMode(question.accept);
     dialog.setFileMode(question.mode);
+    dialog.setOption(QFileDialog::HideNameFilterDetails); // the names say it themselves
     if (!filters.isEmpty())
         dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(question.filterIndex - 1, filters.value(0)));
     dialog.setDefaultSuffix(question.defaultExtension);
     if (const QString name = UpToNul(question.name); !name.isEmpty())
         dialog.selectFile(name);
+}
+
+/// The number of a filter, from 1 on; Qt's own dialog tells it by the name shown, a desktop's by the whole.
+int NumberOf(const QString& chosen, const QStringList& filters)
+{
+    const auto isChosen = [&chosen](const QString& filter) {
+        return filter == chosen || filter.left(filter.lastIndexOf(QLatin1Char('('))).trimmed() == chosen;
+    };
+    const auto found = std::find_if(filters.begin(), filters.end(), isChosen);
+    return found == filters.end() ? 0 : static_cast<int>(found - filters.begin()) + 1;
 }
 
 // The owner may close while the dialog runs and takes the dialog with it: that is a cancel.
@@ -60,7 +73,7 @@ Answer Ask(const Question& question)
     Answer answer;
     if (result == QDialog::Accepted) {
         answer.paths = dialog->selectedFiles();
-        answer.filterIndex = static_cast<int>(filters.indexOf(dialog->selectedNameFilter())) + 1;
+        answer.filterIndex = NumberOf(dialog->selectedNameFilter().trimmed(), filters);
     }
     delete dialog;
     return answer;
@@ -116,6 +129,22 @@ QString ResultBuffer(const QStringList& paths)
     return buffer + Nul;
 }
 
+/// Cameras write "A.AVI", and some desktops' own dialogs tell capitals from small letters. "*.*" means every
+/// file, with or without a point in its name.
+QStringList InBothCases(const QString& patterns)
+{
+    QStringList both;
+    for (const QString& part : patterns.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        const QString pattern = part.trimmed();
+        if (pattern == QLatin1String("*.*"))
+            both << QStringLiteral("*");
+        else
+            both << pattern.toLower() << pattern.toUpper();
+    }
+    both.removeDuplicates();
+    return both;
+}
+
 QString ToNulSeparated(const QString& filter)
 {
     QString separated = filter;
@@ -144,8 +173,8 @@ void cFileDialog::ShowOpen()
     if (several)
         flags |= Explorer;
     Question question { hWnd, DialogTitle, InitDir, Filename, filter_, FilterIndex, DefaultExt };
-    // The dialog opens files; a name that does not exist is of use to a caller only who did not ask for
-    // existing ones.
+    // Several names are always of files that are there. One that does not exist is of use to a caller only
+    // who takes one name and did not ask for existing ones.
     question.mode = several     ? QFileDialog::ExistingFiles
         : flags & FileMustExist ? QFileDialog::ExistingFile
                                 : QFileDialog::AnyFile;
@@ -166,22 +195,14 @@ void cFileDialog::ShowOpen()
 }
 
 // A NUL-separated filter is read in pairs, a name and its patterns. Since the colon separates as well, no
-// name and no pattern can hold one: with it the pairs would shift. Three things differ from what Qt reads by
-// itself: patterns of one name stand between ";" and not blanks; a name often repeats its patterns in
-// brackets, which Qt would take for the patterns themselves; and "*.*" means every file, with or without a
-// point in its name.
+// name and no pattern can hold one: with it the pairs would shift. Patterns of one name stand between ";",
+// and between blanks for Qt, which takes the last brackets for the patterns.
 QStringList NameFilters(const QString& filter)
 {
-    static const QRegularExpression repeatedPatterns(QStringLiteral("\\s*\\([^()]*\\)\\s*$"));
     QStringList filters;
     const QStringList parts = filter.split(Nul);
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        QStringList patterns = parts[i + 1].split(QLatin1Char(';'), Qt::SkipEmptyParts);
-        for (QString& pattern : patterns)
-            pattern = pattern.trimmed() == QLatin1String("*.*") ? QStringLiteral("*") : pattern.trimmed();
-        const QString name = QString(parts[i]).remove(repeatedPatterns);
-        filters << QStringLiteral("%1 (%2)").arg(name, patterns.join(QLatin1Char(' ')));
-    }
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+        filters << QStringLiteral("%1 (%2)").arg(parts[i], InBothCases(parts[i + 1]).join(QLatin1Char(' ')));
     return filters;
 }
 

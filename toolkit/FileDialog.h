@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+
 #include <stdexcept>
 
 class QWidget;
@@ -22,7 +23,7 @@ public:
         HideReadOnly = 0x4,
         AllowMultiselect = 0x200,
         PathMustExist = 0x800,
-        FileMustExist = 0x1000,
+        FileMustExist = 0x1000, ///< holds with AllowMultiselect in any case
         Explorer = 0x80000,
         LongNames = 0x200000,
     };
@@ -63,7 +64,8 @@ private:
 /// behind its last separator; the folder of several names has no closing separator.
 bool ParseMultiFileName(const QString& buffer, QString& folder, QStringList& files, int& count);
 
-/// The filters of QFileDialog for a NUL-separated filter.
+/// The filters of QFileDialog for a NUL-separated filter: each name as it stands, then its patterns in small
+/// letters and in capitals.
 QStringList NameFilters(const QString& filter);
 
 enum class FileMode { Open = 1, Save = 2 };

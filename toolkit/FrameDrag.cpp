@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QWidget>
 #include <QWindow>
+
 #include <algorithm>
 
 namespace {

@@ -2,8 +2,10 @@
 
 #include "toolkit/ButtonPaint.h"
 #include "toolkit/Style.h"
+
 #include <QKeyEvent>
 #include <QPainter>
+
 #include <algorithm>
 
 namespace {

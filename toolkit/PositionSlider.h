@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/FocusRing.h"
+
 #include <QAbstractSlider>
 
 /// A place on a scale from 0 to Max with a selected range: groove, fill up to the place, range and handle.

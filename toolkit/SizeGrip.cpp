@@ -3,6 +3,7 @@
 #include "toolkit/FrameDrag.h"
 #include "toolkit/Strip.h"
 #include "toolkit/Style.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 

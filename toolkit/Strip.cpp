@@ -1,9 +1,11 @@
 #include "toolkit/Strip.h"
 
 #include "toolkit/Artwork.h"
+
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
+
 #include <cmath>
 
 namespace {

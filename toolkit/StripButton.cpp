@@ -2,6 +2,7 @@
 
 #include "toolkit/ButtonPaint.h"
 #include "toolkit/Strip.h"
+
 #include <QPainter>
 
 namespace {

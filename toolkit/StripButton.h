@@ -2,6 +2,7 @@
 
 #include "toolkit/Face.h"
 #include "toolkit/StripControl.h"
+
 #include <QVector>
 
 /// A small picture button. `Value` picks the face out of the family's own strip, or, with `Toggle`, says

@@ -2,6 +2,7 @@
 
 #include "toolkit/ButtonPaint.h"
 #include "toolkit/FocusRing.h"
+
 #include <QAbstractButton>
 #include <QTimer>
 

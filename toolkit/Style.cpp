@@ -2,12 +2,14 @@
 
 #include "base/Rows.h"
 #include "toolkit/Artwork.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QHash>
 #include <QPalette>
 #include <QRegularExpression>
 #include <QStyleFactory>
+
 #include <array>
 
 namespace {

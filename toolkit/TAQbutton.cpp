@@ -2,6 +2,7 @@
 
 #include "toolkit/Strip.h"
 #include "toolkit/Style.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 

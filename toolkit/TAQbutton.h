@@ -2,6 +2,7 @@
 
 #include "toolkit/Face.h"
 #include "toolkit/StripControl.h"
+
 #include <QColor>
 
 /// A command button: a picture over its caption. `Caption` is the button's text, `Font` the widget's font.

@@ -2,6 +2,7 @@
 
 #include "toolkit/ElidedLabel.h"
 #include "toolkit/Style.h"
+
 #include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QPainter>

@@ -66,10 +66,11 @@ bool ucShadow::IsSysFadeEnabled()
 
 void ucShadow::SetColor(quint32 color)
 {
-    if (color == std::exchange(color_, color))
-        return;
-    look_.color = ColorOf(color).rgb();
-    Redraw();
+    // A system colour may stand for another one than when it was set before.
+    color_ = color;
+    const QRgb resolved = ColorOf(color).rgb();
+    if (resolved != std::exchange(look_.color, resolved))
+        Redraw();
 }
 
 void ucShadow::SetDepth(int depth)

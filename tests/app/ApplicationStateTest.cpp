@@ -102,6 +102,18 @@ TEST_F(ApplicationStateTest, StoredValuesAreRead)
     EXPECT_EQ(state_.CurrentExt, QStringLiteral(".jpg"));
 }
 
+TEST_F(ApplicationStateTest, TheStartReadsNoneOfTheKeysThatAreReadWhereTheyAreNeeded)
+{
+    Save("UsersCaptureTime", "25");
+    for (const char* key : { "PicFolder", "OldDir", "OldFolder2" })
+        Save(key, "/stored");
+    state_.LoadApplicationState(frame_);
+    EXPECT_EQ(state_.UsersCaptureTime, 0);
+    EXPECT_EQ(state_.BackgroundFile, QString());
+    EXPECT_EQ(state_.OldDir, QString());
+    EXPECT_EQ(state_.OldFolder2, QString());
+}
+
 TEST_F(ApplicationStateTest, AValueThatCannotBeConvertedLeavesTheVariableAsItWas)
 {
     Save("FadeOuts", "perhaps");

@@ -34,7 +34,8 @@ protected:
         EXPECT_EQ(dialog.parentWidget(), &owner_);
         EXPECT_EQ(dialog.directory().canonicalPath(), Folder());
         EXPECT_EQ(dialog.nameFilters(),
-            QStringList({ QStringLiteral("AVI Files (*.avi)"), QStringLiteral("All Files (*)") }));
+            QStringList({ QStringLiteral("AVI Files (*.avi) (*.avi *.AVI)"),
+                QStringLiteral("All Files (*.*) (*)") }));
     }
     /// The answer when the user does this with the question, which says what it is about.
     bool Confirmed(const std::function<void(QMessageBox&)>& act)

@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {

@@ -49,7 +49,7 @@ protected:
         Click("Cmds(8)");
         EXPECT_TRUE(QTest::qWaitFor([this] { return !IsFading(); }, 10'000));
     }
-    void ClickOn(QWidget* form, const char* name)
+    static void ClickButton(QWidget* form, const char* name)
     {
         QTest::mouseClick(form->findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton);
     }
@@ -81,7 +81,6 @@ protected:
             });
         timer->start(0);
     }
-    static void DeleteClosed() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     bool inFade_ = false;
 };
@@ -106,7 +105,7 @@ TEST_F(ClosingTest, AFormFadesForItsCloseAndIsThenGone)
         EXPECT_FALSE(viewer->isVisible());
         EXPECT_EQ(state.KidCount, 0);
     });
-    ClickOn(viewer, "Cmds(0)");
+    ClickButton(viewer, "Cmds(0)");
     EXPECT_TRUE(inFade_);
     EXPECT_FALSE(IsFading());
     DeleteClosed();

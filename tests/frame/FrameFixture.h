@@ -3,9 +3,11 @@
 #include "imaging/PictureFile.h"
 #include "tests/frame/PartsOf.h"
 #include "tests/testing/FakePlayer.h"
+#include "toolkit/ChildForm.h"
 
 #include <QDir>
 #include <QLabel>
+#include <QMenu>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -38,6 +40,17 @@ protected:
         return main->findChild<Widget*>(QLatin1String(name));
     }
     void Click(const char* name) { QTest::mouseClick(Find(name), Qt::LeftButton); }
+    void ClickOn(const char* form, const char* button)
+    {
+        QTest::mouseClick(Find(form)->findChild<QWidget*>(QLatin1String(button)), Qt::LeftButton);
+    }
+    ChildForm& Form(const char* name) { return *Find<ChildForm>(name); }
+    void ChooseInPopup(int item)
+    {
+        Click("Image3");
+        Find<QMenu>("Menus")->actions().at(item)->trigger();
+    }
+    static void DeleteClosed() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
     QString Label(const char* name) { return Find<QLabel>(name)->text(); }
     bool IsEnabled(Command command) { return main->IsCommandEnabled(command); }
 

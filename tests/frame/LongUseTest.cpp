@@ -67,6 +67,9 @@ TEST(LongUse, AThousandCapturesOpenedAndClosedLeaveMemoryAndHandlesWhereTheyWere
     const Holdings before = Held();
     captures(1000);
     const Holdings after = Held();
+    RecordProperty("BytesMoreAfterAThousandCaptures", std::to_string(after.bytes - before.bytes));
+    RecordProperty("Handles", std::to_string(after.handles));
+    RecordProperty("Widgets", std::to_string(after.widgets));
     EXPECT_EQ(after.widgets, before.widgets);
     EXPECT_EQ(after.handles, before.handles);
     if (HasOwnAllocator) {

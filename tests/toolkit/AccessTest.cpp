@@ -8,6 +8,7 @@
 #include "toolkit/xpradiobutton.h"
 
 #include <QVBoxLayout>
+
 #include <gtest/gtest.h>
 
 namespace {

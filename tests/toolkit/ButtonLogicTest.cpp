@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QImage>
+
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -140,6 +141,25 @@ TEST(ButtonPress, LosingTheFocusOrBeingDisabledLetsGoOfAHeldKey)
         EXPECT_FALSE(press.Flags().over);
         EXPECT_FALSE(press.KeyDown(true).empty());
     }
+}
+
+TEST(ButtonPress, HeldByTheMouseItStaysPressedWhenTheFocusGoesAndIsLetGoWhenDisabled)
+{
+    for (const bool hasOtherKey : { false, true }) {
+        ButtonPress press;
+        press.Focus(true);
+        press.Move(true);
+        press.Down(Qt::LeftButton);
+        if (hasOtherKey)
+            press.KeyDown(false);
+        press.Focus(false);
+        EXPECT_TRUE(press.Flags().pressed && press.Flags().over);
+        EXPECT_TRUE(Count(press.Up(Qt::LeftButton, true), Step::RaiseClick));
+    }
+    ButtonPress press;
+    press.Down(Qt::LeftButton);
+    press.Disable();
+    EXPECT_FALSE(press.Flags().pressed);
 }
 
 TEST(ButtonLayout, NoSideStaysUnderTenPixels)

@@ -1,4 +1,5 @@
 #include "toolkit/Button_XP.h"
+
 #include "toolkit/LinkOpener.h"
 #include "toolkit/Style.h"
 
@@ -8,6 +9,7 @@
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -205,6 +207,19 @@ TEST_F(ButtonXPTest, AReleaseOutsideIsNoClick)
     EXPECT_EQ(clicks.size(), 0);
     EXPECT_TRUE(links.opened.isEmpty());
     EXPECT_FALSE(button->Flags().pressed);
+}
+
+TEST_F(ButtonXPTest, AReleaseOnTheFarEdgesIsInsideAndOnePixelFurtherOutside)
+{
+    const int width = button->width();
+    const int height = button->height();
+    for (const auto& [place, count] :
+        { std::pair(QPoint(width, 5), 1), { QPoint(5, height), 2 }, { QPoint(0, 0), 3 },
+            { QPoint(width + 1, 5), 3 }, { QPoint(5, height + 1), 3 }, { QPoint(-1, 5), 3 } }) {
+        QTest::mousePress(button, Qt::LeftButton);
+        QTest::mouseRelease(button, Qt::LeftButton, {}, place);
+        EXPECT_EQ(clicks.size(), count) << place.x() << "," << place.y();
+    }
 }
 
 TEST_F(ButtonXPTest, ARightPressIsToldAndChangesNothing)

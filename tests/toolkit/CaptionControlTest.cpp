@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 TEST(xpcheckbox, AClickTurnsOneIntoZeroZeroIntoTwoAndTwoIntoZero)

@@ -4,9 +4,11 @@
 #include "toolkit/SizeGrip.h"
 #include "toolkit/StripButton.h"
 #include "toolkit/TitleStrip.h"
+
 #include <QMdiArea>
 #include <QSignalSpy>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {

@@ -1,7 +1,9 @@
 #include "toolkit/DigitLabel.h"
 
 #include "toolkit/ElidedLabel.h"
+
 #include <QFontDatabase>
+
 #include <gtest/gtest.h>
 
 TEST(DigitLabel, TextsThatDifferInDigitsOnlyAreOfOneWidth)

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QPainter>
+
 #include <gtest/gtest.h>
 
 namespace {

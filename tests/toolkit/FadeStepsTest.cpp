@@ -1,4 +1,5 @@
 #include "toolkit/FadeSteps.h"
+
 #include <gtest/gtest.h>
 
 TEST(FadeSteps, AFadeStartsOpaque)

@@ -2,12 +2,14 @@
 
 #include "tests/testing/RunningDialog.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -50,8 +52,13 @@ QString Nul()
 
 TEST(cFileDialog, TheBitsAreThoseThatCallersKnow)
 {
+    EXPECT_EQ(cFileDialog::OverwritePrompt, 0x2);
+    EXPECT_EQ(cFileDialog::HideReadOnly, 0x4);
     EXPECT_EQ(cFileDialog::AllowMultiselect, 0x200);
+    EXPECT_EQ(cFileDialog::PathMustExist, 0x800);
+    EXPECT_EQ(cFileDialog::FileMustExist, 0x1000);
     EXPECT_EQ(cFileDialog::Explorer, 0x80000);
+    EXPECT_EQ(cFileDialog::LongNames, 0x200000);
 }
 
 TEST(cFileDialog, SeveralFilesGiveFolderAndNamesWithANulAfterEach)
@@ -166,13 +173,44 @@ TEST(cFileDialog, TheFiltersAreOfferedAndTheOneInUseIsTold)
     cFileDialog dialog = VideoDialog(folder);
     dialog.FilterIndex = 2;
     WhenOpen([](QFileDialog& open) {
-        EXPECT_EQ(open.nameFilters(), QStringList({ "AVI Files (*.avi)", "All Files (*)" }));
-        EXPECT_EQ(open.selectedNameFilter(), QStringLiteral("All Files (*)"));
-        open.selectNameFilter(QStringLiteral("AVI Files (*.avi)"));
+        const QStringList filters = open.nameFilters();
+        EXPECT_EQ(filters, QStringList({ "AVI Files (*.avi) (*.avi *.AVI)", "All Files (*.*) (*)" }));
+        EXPECT_TRUE(filters.value(1).startsWith(open.selectedNameFilter()));
+        open.selectNameFilter(filters.value(0));
         Type(open, QStringLiteral("a.avi"));
     });
     dialog.ShowOpen();
     EXPECT_EQ(dialog.FilterIndex, 1);
+}
+
+TEST(cFileDialog, TheUserReadsTheFiltersAsTheFormNamesThem)
+{
+    const Folder folder;
+    cFileDialog dialog = VideoDialog(folder);
+    WhenOpen([](QFileDialog& open) {
+        const auto* kinds = open.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        EXPECT_EQ(kinds->itemText(0).trimmed(), QStringLiteral("AVI Files (*.avi)"));
+        EXPECT_EQ(kinds->itemText(1).trimmed(), QStringLiteral("All Files (*.*)"));
+        open.reject();
+    });
+    dialog.ShowOpen();
+}
+
+TEST(cFileDialog, TheDialogAsksForExistingFilesByTheBitOrWhenSeveralMayBeChosen)
+{
+    const Folder folder;
+    for (const auto& [flags, mode] :
+        { std::pair(0, QFileDialog::AnyFile), { cFileDialog::FileMustExist, QFileDialog::ExistingFile },
+            { cFileDialog::AllowMultiselect, QFileDialog::ExistingFiles },
+            { cFileDialog::AllowMultiselect | cFileDialog::FileMustExist, QFileDialog::ExistingFiles } }) {
+        cFileDialog dialog = VideoDialog(folder);
+        dialog.flags = flags;
+        WhenOpen([mode](QFileDialog& open) {
+            EXPECT_EQ(open.fileMode(), mode);
+            open.reject();
+        });
+        dialog.ShowOpen();
+    }
 }
 
 TEST(cFileDialog, AnInitDirThatIsGoneOpensTheCurrentFolder)

@@ -4,6 +4,7 @@
 #include <QScrollBar>
 #include <QStyle>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {

@@ -3,10 +3,12 @@
 #include "toolkit/cSubclass.h"
 #include "toolkit/cWindow.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
+
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -400,6 +402,58 @@ TEST_F(SubclassTest, AnotherParentAndAnotherThemeAreTold)
     EXPECT_TRUE(TakeLog().contains(QStringLiteral("before 126")));
     window->setPalette(QPalette(Qt::red));
     EXPECT_EQ(TakeLog(), QStringList { "before 794" });
+}
+
+TEST_F(SubclassTest, AScreenThatChangesComesOrGoesIsToldAsAChangedDisplay)
+{
+    hook.AddMsg(Message::DisplayChange, cSubclass::Before);
+    QScreen* const screen = QGuiApplication::primaryScreen();
+    const auto expectTold = [this](const char* what) {
+        EXPECT_EQ(TakeLog(), QStringList { "before 126" }) << what;
+    };
+    Q_EMIT screen->geometryChanged(screen->geometry());
+    expectTold("another size");
+    Q_EMIT screen->physicalDotsPerInchChanged(screen->physicalDotsPerInch());
+    expectTold("another density");
+    Q_EMIT qGuiApp->screenRemoved(screen);
+    expectTold("one that went");
+    Q_EMIT qGuiApp->screenAdded(screen);
+    expectTold("one that came");
+    hook.UnSubclass();
+    Q_EMIT screen->geometryChanged(screen->geometry());
+    EXPECT_EQ(TakeLog(), QStringList());
+}
+
+TEST_F(SubclassTest, OfTwoHooksOnOneWindowTheLaterStandsAroundTheEarlier)
+{
+    Owner outer(window->log);
+    owner.act = [this](bool, Owner::Call) { window->log << QStringLiteral("inner"); };
+    cSubclass later;
+    ASSERT_TRUE(later.Subclass(*window, outer));
+    hook.AddMsg(534, cSubclass::BeforeAndAfter);
+    later.AddMsg(534, cSubclass::BeforeAndAfter);
+    EXPECT_EQ(Send(534, 3, 4), 7);
+    EXPECT_EQ(TakeLog(),
+        (QStringList { "before 534", "before 534", "inner", "534 3 4", "after 534", "inner", "after 534" }));
+    outer.act = [](bool, Owner::Call call) { call.bHandled = true; };
+    Send(534);
+    EXPECT_EQ(TakeLog(), QStringList { "before 534" }) << "the earlier one hears nothing of it";
+    later.UnSubclass();
+    Send(534);
+    EXPECT_EQ(TakeLog(), (QStringList { "before 534", "inner", "534 0 0", "after 534", "inner" }));
+}
+
+TEST_F(SubclassTest, TheEarlierOfTwoHooksMayBeTakenOutFirst)
+{
+    Owner outer(window->log);
+    cSubclass later;
+    ASSERT_TRUE(later.Subclass(*window, outer));
+    for (cSubclass* each : { &hook, &later })
+        each->AddMsg(534, cSubclass::BeforeAndAfter);
+    owner.act = [](bool, Owner::Call) { ADD_FAILURE() << "its hook is out"; };
+    hook.UnSubclass();
+    Send(534);
+    EXPECT_EQ(TakeLog(), (QStringList { "before 534", "534 0 0", "after 534" }));
 }
 
 TEST_F(WindowClassTest, AWindowIsMadeOnceItsClassHasAName)

@@ -1,4 +1,5 @@
 #include "toolkit/MessageTable.h"
+
 #include <gtest/gtest.h>
 
 namespace {

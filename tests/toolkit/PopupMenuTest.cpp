@@ -1,7 +1,9 @@
 #include "toolkit/PopupMenu.h"
 
+#include <QAccessible>
 #include <QSignalSpy>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -114,4 +116,16 @@ TEST(PopupMenu, NewItemsReplaceTheOld)
     Opened opened;
     opened.menu.SetItems({ QStringLiteral("  Save") });
     EXPECT_EQ(opened.menu.actions().size(), 1);
+}
+
+TEST(PopupMenu, AssistiveTechnologyReadsItsItems)
+{
+    Opened opened;
+    QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(&opened.menu);
+    ASSERT_EQ(seen->childCount(), 3);
+    const char* const names[] { "Video List", "Search && find", "About" };
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(seen->child(i)->role(), QAccessible::MenuItem);
+        EXPECT_EQ(seen->child(i)->text(QAccessible::Name).trimmed(), QLatin1String(names[i]));
+    }
 }

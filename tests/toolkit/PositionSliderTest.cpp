@@ -1,9 +1,11 @@
 #include "toolkit/PositionSlider.h"
 
 #include "toolkit/Style.h"
+
 #include <QAccessible>
 #include <QSignalSpy>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {

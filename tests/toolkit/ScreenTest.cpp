@@ -13,6 +13,7 @@
 #include <QMdiArea>
 #include <QSignalSpy>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 using namespace RealPointer;

@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
+
 #include <gtest/gtest.h>
 
 namespace {

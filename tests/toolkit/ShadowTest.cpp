@@ -1,17 +1,18 @@
-#include "toolkit/ucShadow.h"
-
 #include "toolkit/ChildForm.h"
 #include "toolkit/FrameDrag.h"
 #include "toolkit/LayeredWindow.h"
 #include "toolkit/SizeGrip.h"
 #include "toolkit/Style.h"
+#include "toolkit/SystemColors.h"
 #include "toolkit/TitleStrip.h"
+#include "toolkit/ucShadow.h"
 
 #include <QMdiArea>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -384,6 +385,27 @@ TEST_F(ShadowTest, ASystemColourIsTheStylesWhenItIsSet)
     EXPECT_EQ(shadow->Color(), 0x8000000Fu);
     form->show();
     EXPECT_EQ(host->grab().toImage().pixelColor(115, 60), StyleColor(Token::Control));
+}
+
+TEST_F(ShadowTest, AColourIsDrawnAgainOnlyWhenItStandsForAnotherOneThanBefore)
+{
+    shadow->SetColor(0x8000000F);
+    form->show();
+    const qint64 drawn = Right()->Picture().cacheKey();
+    shadow->SetColor(NumberOf(StyleColor(Token::Control)));
+    shadow->SetColor(0x8000000F);
+    EXPECT_EQ(Right()->Picture().cacheKey(), drawn);
+    shadow->SetColor(0x000000FF);
+    EXPECT_NE(Right()->Picture().cacheKey(), drawn);
+}
+
+TEST_F(ShadowTest, TheDesktopsWordOnFadingMenusIsTold)
+{
+    for (const bool isEnabled : { true, false }) {
+        for (const Qt::UIEffect effect : { Qt::UI_General, Qt::UI_AnimateMenu })
+            QApplication::setEffectEnabled(effect, isEnabled);
+        EXPECT_EQ(ucShadow::IsSysFadeEnabled(), isEnabled);
+    }
 }
 
 TEST_F(ShadowTest, AFormThatComesIntoAnotherParentTakesItsShadowAlong)

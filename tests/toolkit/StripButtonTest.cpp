@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>

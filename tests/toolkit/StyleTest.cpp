@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
+
 #include <cmath>
 #include <gtest/gtest.h>
 

@@ -1,9 +1,11 @@
 #include "toolkit/TAQbutton.h"
 
 #include "toolkit/Style.h"
+
 #include <QFontMetrics>
 #include <QSignalSpy>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 TEST(TAQbutton, StateIsZeroAtFirstAndLatchesTheButton)

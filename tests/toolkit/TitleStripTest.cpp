@@ -2,8 +2,10 @@
 
 #include "toolkit/ElidedLabel.h"
 #include "toolkit/StripButton.h"
+
 #include <QSignalSpy>
 #include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {

@@ -200,3 +200,14 @@ TEST_F(TimedRunTest, TheWindowsOpenButtonLetsTheNumbersBeginAnew)
     ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
     EXPECT_TRUE(QFile::exists(PicturePath(1)));
 }
+
+TEST_F(TimedRunTest, FromTheFirstPictureOnTheLabelFlashesAndTheWordsOfTheWatermarkGo)
+{
+    frame.ShowStatus(StatusLabel::Watermark, true);
+    RunByTime({ A }, 1);
+    const auto isFlashing = [this] { return frame.statusShown.value(StatusLabel::Flashing); };
+    ASSERT_TRUE(Await(isFlashing));
+    EXPECT_GE(FilesWritten(), 1);
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::Watermark));
+    EXPECT_TRUE(Await([&] { return !isFlashing(); }));
+}

@@ -1,6 +1,6 @@
 #include "video/Transport.h"
 
-#include "tests/testing/FakeFrame.h"
+#include "tests/video/VideoFixture.h"
 #include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
 #include "video/TransportPane.h"
@@ -10,6 +10,25 @@
 #include <gtest/gtest.h>
 
 namespace {
+
+/// A player that cannot go to any place.
+class FailingPlayer : public FakePlayer {
+public:
+    int refusals = 0;
+
+    void NextFrame() override { Refuse(); }
+    void PreviousFrame() override { Refuse(); }
+    void SeekStart() override { Refuse(); }
+    void SeekEnd() override { Refuse(); }
+    void SetTrackingPosition(int) override { Refuse(); }
+
+private:
+    void Refuse()
+    {
+        ++refusals;
+        throw ControlError(QStringLiteral("No such place."));
+    }
+};
 
 class TransportTest : public testing::Test {
 protected:
@@ -34,6 +53,28 @@ protected:
 };
 
 } // namespace
+
+TEST(TransportOfAPlayerThatFails, StepsAndSeeksArePassedOver)
+{
+    OneVideoFrame frame;
+    FailingPlayer player;
+    frame.own = &player;
+    TransportPane pane;
+    Transport transport(pane, frame, [] {});
+    pane.show();
+    for (const char* extension : { ".avi", ".wmv" }) {
+        frame.state.VideoExt = QLatin1String(extension);
+        transport.EnableVideoControls(true, player);
+        for (StripButton* button : { pane.Cmd2[FrameBackButton], pane.Cmd2[FrameForwardButton],
+                 pane.Cmd3[SeekStartButton], pane.Cmd3[SeekEndButton] }) {
+            ASSERT_TRUE(button->isEnabled());
+            QTest::mouseClick(button, Qt::LeftButton);
+        }
+    }
+    EXPECT_EQ(player.refusals, 8);
+    transport.Scroll(5000);
+    EXPECT_EQ(frame.status.value(StatusLabel::Operation), QStringLiteral("50%"));
+}
 
 TEST_F(TransportTest, PlayResetsTheSelectionStartWithoutAMark)
 {
@@ -138,6 +179,28 @@ TEST_F(TransportTest, AMarkIsSetAndClearedByItsButton)
     EXPECT_EQ(pane.Cmd3[MarkStartButton]->toolTip(), QStringLiteral(" Cleared Marked Selection "));
 }
 
+TEST_F(TransportTest, EitherMarkButtonClearsBothMarks)
+{
+    for (const auto& [clicked, other] :
+        { std::pair(MarkStartButton, MarkEndButton), { MarkEndButton, MarkStartButton } }) {
+        player.frame = 50;
+        transport.Scroll(5000);
+        Click(pane.Cmd3[clicked]);
+        Click(pane.Cmd3[other]);
+        ASSERT_TRUE(pane.Cmd3[clicked]->Value() == 1 && pane.Cmd3[other]->Value() == 1);
+        Click(pane.Cmd3[clicked]);
+        EXPECT_EQ(player.selectionStart, 0.0);
+        EXPECT_EQ(player.selectionEnd, player.Duration());
+        EXPECT_FALSE(state.MarksSet);
+        EXPECT_TRUE(state.MarksCleared);
+        for (const SeekButton button : { clicked, other }) {
+            EXPECT_EQ(pane.Cmd3[button]->Value(), 0);
+            EXPECT_EQ(pane.Cmd3[button]->toolTip(), QStringLiteral(" Cleared Marked Selection "));
+            EXPECT_FALSE(pane.Cmd3[button]->isEnabled());
+        }
+    }
+}
+
 TEST_F(TransportTest, AMarkButtonWithoutAVideoDoesNothingAndKeepsItsValue)
 {
     state.VideoPath.clear();
@@ -231,8 +294,7 @@ TEST_F(TransportTest, ARefusedRateIsToldInTheTipAndBecomesOne)
     player.rate = 0.05;
     Click(pane.speedbtn[DecreaseRateButton]);
     EXPECT_EQ(player.rate, 1.0);
-    EXPECT_TRUE(
-        pane.speedbtn[DecreaseRateButton]->toolTip().endsWith(QStringLiteral(" Rate not supported  -")));
+    EXPECT_EQ(pane.speedbtn[DecreaseRateButton]->toolTip(), QStringLiteral("-0.05 Rate not supported  -"));
 }
 
 TEST_F(TransportTest, TheSliderSeeksAndShowsItsOwnPercent)
@@ -244,6 +306,29 @@ TEST_F(TransportTest, TheSliderSeeksAndShowsItsOwnPercent)
     EXPECT_EQ(Status(StatusLabel::Position), QStringLiteral("00:06:40  -  00:06:40"));
     transport.Scroll(99);
     EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("0%"));
+}
+
+TEST_F(TransportTest, AMoveOfTheSlidersHandleMovesTheVideo)
+{
+    transport.StartVideo();
+    QTest::keyClick(pane.trkPosition, Qt::Key_End);
+    EXPECT_EQ(player.frame, player.frameCount - 1);
+    EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("100%"));
+    QTest::keyClick(pane.trkPosition, Qt::Key_Home);
+    EXPECT_EQ(player.frame, 0);
+}
+
+TEST_F(TransportTest, TheTipTellsTheRateAsTheLocaleWritesItAlsoWhenItGoesBackToOne)
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German));
+    QStringList tips;
+    for (int i = 0; i < 11; ++i) {
+        Click(pane.speedbtn[DecreaseRateButton]);
+        tips << pane.speedbtn[DecreaseRateButton]->toolTip();
+    }
+    QLocale::setDefault(before);
+    EXPECT_EQ(tips, QStringList({ "1", "0,9", "0,8", "0,7", "0,6", "0,5", "0,4", "0,3", "0,2", "1", "0,9" }));
 }
 
 TEST_F(TransportTest, ASelectionWithAnEndBelowItsStartShowsNoLength)

@@ -1,6 +1,7 @@
 #include "video/URLfrm.h"
 
 #include "app/Hourglass.h"
+#include "tests/testing/AccessFaults.h"
 #include "tests/testing/PaintCount.h"
 #include "tests/video/VideoFixture.h"
 #include "toolkit/FrameDrag.h"
@@ -143,6 +144,36 @@ TEST_F(URLfrmTest, EnterDownloads)
     Type(Holiday);
     QTest::keyClick(form->findChild<QLineEdit*>(), Qt::Key_Return);
     EXPECT_EQ(frame.own->file, Holiday);
+}
+
+TEST_F(URLfrmTest, EnterDoesNothingWhileTheAddressIsTooShort)
+{
+    Type(QStringLiteral("0123456789"));
+    QTest::keyClick(form->findChild<QLineEdit*>(), Qt::Key_Return);
+    EXPECT_EQ(frame.own->file, QString());
+    EXPECT_TRUE(form->isVisible());
+}
+
+TEST_F(URLfrmTest, ElevenBlanksAreEnoughAndAreNoAddress)
+{
+    ExpectFailure();
+    Download(QString(11, u' '));
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(state.LastAddress, QString());
+}
+
+TEST_F(URLfrmTest, ANulEndsTheNameInAnAddress)
+{
+    Download(QStringLiteral("http://example.org/films\\snow.mpg") + QChar(0) + QStringLiteral("rest"));
+    EXPECT_EQ(state.VideoName, QStringLiteral("snow.mpg"));
+    EXPECT_EQ(state.VideoFolder, QStringLiteral("http://example.org/films"));
+}
+
+TEST_F(URLfrmTest, EveryControlHasANameAndIsReachedByKeys)
+{
+    EXPECT_EQ(AccessFaults(*form), "");
+    Type(Holiday);
+    EXPECT_EQ(AccessFaults(*form), "");
 }
 
 TEST_F(URLfrmTest, AfterASuccessTheNextDownloadPlaysThePreviousAddressAgain)

@@ -215,6 +215,17 @@ TEST_F(VideoWindowTest, ATimedCaptureThatWasAtItsEndIsNotAnyMoreAtAnyOtherPercen
     EXPECT_FALSE(window->EndReached);
 }
 
+TEST_F(VideoWindowTest, WhatIsRoundedToHundredPercentIsTheEndOfATimedCapture)
+{
+    Open({ QStringLiteral("a.avi") });
+    state.CaptureTime = true;
+    frame.EnableCommand(Command::Cancel, true);
+    Q_EMIT Player().PlaybackProgress(9950);
+    EXPECT_EQ(Status(StatusLabel::Percent), QStringLiteral("100%"));
+    EXPECT_TRUE(window->EndReached);
+    EXPECT_FALSE(frame.enabled.value(Command::Cancel));
+}
+
 TEST_F(VideoWindowTest, WithoutATimedCaptureTheEndIsLeftAsItIsUntilNoVideoStandsAtTheStart)
 {
     Open({ QStringLiteral("a.avi") });
@@ -334,6 +345,27 @@ TEST_F(VideoWindowTest, TheCloseButtonStopsThePlayerAndLeavesNoVideo)
     EXPECT_EQ(pane.Cmd3[LoopButton]->Value(), 0);
     EXPECT_FALSE(frame.enabled.value(Command::Capture));
     EXPECT_FALSE(frame.statusShown.value(StatusLabel::AutoCapture));
+}
+
+TEST_F(VideoWindowTest, TheOpenButtonStopsThePlayerAndTheListGoesBeforeVideosAreAskedFor)
+{
+    Open({ QStringLiteral("a.avi") });
+    Player().state = ltmmPlay::Running;
+    window->Closing = true;
+    state.FromList = true;
+    frame.ShowStatus(StatusLabel::AutoCapture, true);
+    QStringList told;
+    QObject::connect(window, &VideoWindow::ListUnwanted, window, [&] { told << QStringLiteral("no list"); });
+    QObject::connect(window, &VideoWindow::OpenWanted, window, [&] {
+        told << QStringLiteral("open");
+        EXPECT_EQ(Player().state, ltmmPlay::Stopped);
+        EXPECT_FALSE(window->Closing);
+        EXPECT_TRUE(state.OpeningNow);
+        EXPECT_FALSE(state.FromList);
+        EXPECT_FALSE(frame.statusShown.value(StatusLabel::AutoCapture));
+    });
+    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Cmds(3)")), Qt::LeftButton);
+    EXPECT_EQ(told, QStringList({ "no list", "open" }));
 }
 
 TEST_F(VideoWindowTest, ATinyVideoGrowsToEightHundredTwipsAfterAResize)

@@ -42,6 +42,15 @@ TEST_F(ViewerTest, WindowsAreNumberedOneApartAndNumbersAreNeverGivenAgain)
     EXPECT_EQ(Open()->Head().Title(), QStringLiteral("Capture Window 3"));
 }
 
+TEST_F(ViewerTest, OnceActiveItsWindowTextIsCaptureWindowAndItsTitleKeepsTheNumber)
+{
+    const auto viewer = Open();
+    viewer->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(viewer.get()));
+    EXPECT_EQ(viewer->windowTitle(), QStringLiteral("Capture Window"));
+    EXPECT_EQ(viewer->Head().Title(), QStringLiteral("Capture Window 1"));
+}
+
 TEST_F(ViewerTest, TheWindowIsThePictureAndItsRoom)
 {
     const auto viewer = Open();

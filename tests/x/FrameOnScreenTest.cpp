@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QMenu>
 #include <QTemporaryDir>
+#include <QWindow>
 
 using namespace RealPointer;
 
@@ -68,6 +69,15 @@ TEST_F(FrameOnScreen, IsMovedByTheBareGroundOfItsStrips)
     EXPECT_TRUE(MovesFrom(foot.mapToGlobal(QPoint(foot.width() / 2, foot.height() / 2))));
 }
 
+TEST_F(FrameOnScreen, IsMovedByItsStatusLabels)
+{
+    main.ShowStatus(StatusLabel::AutoCapture, true);
+    main.SetStatus(StatusLabel::AutoCapture, QStringLiteral("Captured first frame."));
+    QWidget& label = Find("Label2");
+    ASSERT_TRUE(Eventually([&] { return label.width() > 20; }));
+    EXPECT_TRUE(MovesFrom(label.mapToGlobal(label.rect().center())));
+}
+
 TEST_F(FrameOnScreen, IsSizedByItsGrip)
 {
     const auto* grip = main.findChild<SizeGrip*>(QString(), Qt::FindDirectChildrenOnly);
@@ -86,6 +96,16 @@ TEST_F(FrameOnScreen, FillsTheScreenAndComesBackByItsButtonAndByADoubleClick)
     EXPECT_TRUE(Eventually([&] { return main.size() == QSize(1000, 640); }));
     QTest::mouseDClick(&Find("TopBack"), Qt::LeftButton, {}, QPoint(300, 14));
     EXPECT_TRUE(Eventually(fills));
+}
+
+TEST_F(FrameOnScreen, IsMinimisedByItsButtonAndFetchedBackByTheDesktop)
+{
+    Click("ToolBarPic(2)");
+    ASSERT_TRUE(Eventually([&] { return main.isMinimized() && !main.windowHandle()->isExposed(); }));
+    Pointer({ "windowactivate", QString::number(main.winId()) });
+    EXPECT_TRUE(Eventually([&] { return !main.isMinimized() && main.isActiveWindow(); }));
+    EXPECT_EQ(main.size(), QSize(1000, 640));
+    EXPECT_EQ(main.windowTitle(), QStringLiteral("TAQ Pro v2.1"));
 }
 
 TEST_F(FrameOnScreen, MinimisedItTakesTheOpenToolsAlong)

@@ -1,0 +1,442 @@
+// How videos come into the frame: by the dialog, the list, an address or a drop.
+#include "desktop/FileName.h"
+#include "tests/frame/FrameFixture.h"
+#include "tests/testing/RunningDialog.h"
+#include "toolkit/ChildForm.h"
+#include "video/URLfrm.h"
+
+#include <QAbstractButton>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMdiArea>
+#include <QMimeData>
+#include <QUrl>
+
+#include <algorithm>
+
+namespace {
+
+class MainVideosTest : public FrameFixture {
+protected:
+    /// Drags it over the frame and lets go; whether the frame took the drag.
+    bool Drop(const QMimeData& data)
+    {
+        QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(main.get(), &enter);
+        QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(main.get(), &drop);
+        return enter.isAccepted();
+    }
+    void OpenThese(const QStringList& names)
+    {
+        dialogs.openNames.push(folder.path() + QChar(0) + names.join(QChar(0)) + QChar(0) + QChar(0));
+        Click("Cmds(0)");
+    }
+    void OpenTwo() { OpenThese({ QStringLiteral("a.avi"), QStringLiteral("b.avi") }); }
+    void ShowListByThePopup() { ChooseInPopup(0); }
+    void DownloadHoliday()
+    {
+        WhenOpen<URLfrm>([](URLfrm& form) {
+            form.findChild<QLineEdit*>(QStringLiteral("edtURL"))
+                ->setText(QStringLiteral("http://example.org/holiday.mpg"));
+            form.findChild<QAbstractButton*>(QStringLiteral("CmdOK"))->click();
+        });
+        Click("Cmds(4)");
+    }
+};
+
+} // namespace
+
+TEST_F(MainVideosTest, AnOpenedVideoBringsTheTransportAndItsButtons)
+{
+    EXPECT_FALSE(IsEnabled(Command::Capture));
+    OpenOne();
+    EXPECT_TRUE(Find("BottomPane")->isVisible());
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+    EXPECT_TRUE(IsEnabled(Command::Stretch));
+    EXPECT_TRUE(state.VideoOpen);
+    EXPECT_FALSE(state.OpeningNow);
+    EXPECT_EQ(player->file, folder.filePath(QStringLiteral("a.avi")));
+}
+
+TEST_F(MainVideosTest, ACancelledDialogOpensNothing)
+{
+    dialogs.openNames.push(QString());
+    Click("Cmds(0)");
+    EXPECT_FALSE(state.OpenCancelled);
+    EXPECT_FALSE(state.VideoOpen);
+    EXPECT_FALSE(Find("BottomPane")->isVisible());
+}
+
+TEST_F(MainVideosTest, OpensRevealsTheVideoWindowWithoutADialogWhenAsked)
+{
+    state.VidWinOnly = true;
+    Click("Opens");
+    EXPECT_TRUE(Find("BottomPane")->isVisible());
+    EXPECT_TRUE(Find("VideoWindow")->isVisible());
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+}
+
+TEST_F(MainVideosTest, OpensLeavesCaptureToTheSettingThatClosesIt)
+{
+    state.VidWinOnly = true;
+    state.NoCap = true;
+    Click("Opens");
+    EXPECT_FALSE(IsEnabled(Command::Capture));
+    EXPECT_TRUE(IsEnabled(Command::Save));
+    EXPECT_TRUE(IsEnabled(Command::Stretch));
+}
+
+TEST_F(MainVideosTest, OpensLetsEventsThroughAtItsEndAndTheOpenCommandDoesNot)
+{
+    for (const auto& [button, lets] : { std::pair("Opens", true), { "Cmds(0)", false } }) {
+        bool isHandled = false;
+        dialogs.openNames.push(QString());
+        dialogs.whileShown = [&] {
+            QMetaObject::invokeMethod(
+                main.get(), [&] { isHandled = true; }, Qt::QueuedConnection);
+        };
+        Click(button);
+        EXPECT_EQ(isHandled, lets) << button;
+        QCoreApplication::processEvents();
+    }
+}
+
+TEST_F(MainVideosTest, TheSizeButtonsSetTheDisplaySize)
+{
+    OpenOne();
+    Click("Cmds(1)");
+    EXPECT_EQ(player->displaySize, ltmmPlay::StretchToWindow);
+    Click("Cmds(2)");
+    EXPECT_EQ(player->displaySize, ltmmPlay::FitToWindow);
+    Click("Cmds(3)");
+    EXPECT_EQ(player->displaySize, ltmmPlay::Normal);
+}
+
+TEST_F(MainVideosTest, TheVideoWindowsOwnOpenButtonReadsTheAutomaticCaptureAnew)
+{
+    OpenOne();
+    for (const auto& [key, value] : { std::pair("AutoFrame", "True"), { "CaptureTime", "True" },
+             { "AutoCapture", "True" }, { "AutoNumber", "77" }, { "Ext", ".png" } })
+        Store(key, value);
+    dialogs.openNames.push(QString());
+    QTest::mouseClick(Find("VideoWindow")->findChild<QWidget*>(QStringLiteral("Cmds(3)")), Qt::LeftButton);
+    EXPECT_TRUE(state.AutoFrame && state.CaptureTime && state.AutoCapture);
+    EXPECT_EQ(state.AutoNumber, 77);
+    EXPECT_EQ(state.CurrentExt, QStringLiteral(".png"));
+    EXPECT_FALSE(state.OpenCancelled);
+}
+
+TEST_F(MainVideosTest, ASecondSelectionShowsItsOwnList)
+{
+    Store("OpenVidList", "False");
+    state.Reload(Key::OpenVidList);
+    for (const QString& pair : { QStringLiteral("a.avi b.avi"), QStringLiteral("c.avi d.avi") }) {
+        const QStringList names = pair.split(u' ');
+        OpenThese(names);
+        const auto lists = main->findChildren<QListWidget*>(QStringLiteral("VidList"));
+        const auto shown =
+            std::find_if(lists.begin(), lists.end(), [](QListWidget* list) { return list->isVisible(); });
+        ASSERT_NE(shown, lists.end());
+        EXPECT_EQ((*shown)->item(1)->text(), folder.filePath(names[1]));
+    }
+}
+
+TEST_F(MainVideosTest, AFileDroppedOnTheFrameGoesToThePlayerAndChangesNothingElse)
+{
+    QMimeData data;
+    data.setUrls({ QUrl(QStringLiteral("file:///films/caf%E9.avi")) });
+    EXPECT_TRUE(Drop(data));
+    ASSERT_NE(player, nullptr);
+    EXPECT_EQ(FileName::ToBytes(player->file), QByteArray("/films/caf\xE9.avi"));
+    EXPECT_TRUE(Find("VideoWindow")->isVisible());
+    EXPECT_EQ(state.VideoPath, QString());
+}
+
+TEST_F(MainVideosTest, WhateverIsDroppedStopsTheVideoAndOnlyAFileOfThisMachineThatComesFirstIsTaken)
+{
+    OpenOne();
+    for (const char* first : { "http://example.org/a.avi", "file://elsewhere/films/a.avi" }) {
+        player->state = ltmmPlay::Running;
+        QMimeData data;
+        data.setUrls({ QUrl(QLatin1String(first)), QUrl(QStringLiteral("file:///films/b.avi")) });
+        EXPECT_TRUE(Drop(data)) << first;
+        EXPECT_EQ(player->state, ltmmPlay::Stopped) << first;
+        EXPECT_EQ(player->file, folder.filePath(QStringLiteral("a.avi"))) << first;
+    }
+    QMimeData here;
+    here.setUrls({ QUrl(QStringLiteral("file://localhost/films/b.avi")) });
+    Drop(here);
+    EXPECT_EQ(player->file, QStringLiteral("/films/b.avi"));
+}
+
+TEST_F(MainVideosTest, AFileDroppedIntoTheEmptyFrameCanBePlayedAndCaptured)
+{
+    QMimeData data;
+    data.setUrls({ QUrl(QStringLiteral("file:///films/a.avi")) });
+    Drop(data);
+    EXPECT_TRUE(Find("BottomPane")->isVisible());
+    EXPECT_TRUE(Find("Cmd2(0)")->isEnabled());
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+    EXPECT_FALSE(Find("CmdList(0)")->isEnabled());
+}
+
+TEST_F(MainVideosTest, ADownloadWithoutAVideoBeforeShowsTheVideoAndItsTransport)
+{
+    WhenOpen<URLfrm>([&](URLfrm& form) {
+        EXPECT_TRUE(main->geometry().contains(form.pos()));
+        form.findChild<QLineEdit*>(QStringLiteral("edtURL"))
+            ->setText(QStringLiteral("http://example.org/a.mpg"));
+        form.findChild<QAbstractButton*>(QStringLiteral("CmdOK"))->click();
+    });
+    Click("Cmds(4)");
+    EXPECT_EQ(player->file, QStringLiteral("http://example.org/a.mpg"));
+    EXPECT_TRUE(Find("VideoWindow")->isVisible());
+    EXPECT_TRUE(Find("BottomPane")->isVisible());
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+    EXPECT_TRUE(IsEnabled(Command::Cancel));
+}
+
+TEST_F(MainVideosTest, ADownloadThatIsClosedUnusedChangesNothing)
+{
+    WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
+    Click("Cmds(4)");
+    EXPECT_FALSE(Find("BottomPane")->isVisible());
+    EXPECT_FALSE(IsEnabled(Command::Capture));
+}
+
+TEST_F(MainVideosTest, CancelDropsTheSourceAndClearsTheMessage)
+{
+    OpenOne();
+    main->SetStatus(StatusLabel::Operation, QStringLiteral("Downloading Video"));
+    main->EnableCommand(Command::Cancel, true);
+    Click("Cmds(5)");
+    EXPECT_EQ(player->file, QString());
+    EXPECT_EQ(Label("LblMsg1(0)"), QString());
+}
+
+TEST_F(MainVideosTest, AMinimizedVideoWindowComesBackWhenAVideoIsOpened)
+{
+    OpenOne();
+    Form("VideoWindow").ToggleMinimize();
+    OpenOne();
+    EXPECT_EQ(Form("VideoWindow").CurrentShape(), ChildForm::Shape::Normal);
+}
+
+TEST_F(MainVideosTest, TheVideoListComesBackFromItsStripWhereItWas)
+{
+    OpenTwo();
+    ShowListByThePopup();
+    const QRect place(40, 30, 280, 200);
+    Form("VideoList").setGeometry(place);
+    Form("VideoList").ToggleMinimize();
+    ShowListByThePopup();
+    EXPECT_EQ(Form("VideoList").CurrentShape(), ChildForm::Shape::Normal);
+    EXPECT_EQ(Form("VideoList").geometry(), place);
+}
+
+TEST_F(MainVideosTest, WalkingTheListLeavesItInFrontAndInItsPlace)
+{
+    Store("OpenVidList", "False");
+    state.Reload(Key::OpenVidList);
+    OpenTwo();
+    const QRect place(40, 30, 280, 200);
+    Form("VideoList").setGeometry(place);
+    auto* entries = Find<QListWidget>("VidList");
+    QTest::mouseClick(
+        entries->viewport(), Qt::LeftButton, {}, entries->visualItemRect(entries->item(1)).center());
+    ASSERT_EQ(player->file, folder.filePath(QStringLiteral("b.avi")));
+    EXPECT_EQ(main->ActiveForm(), &Form("VideoList"));
+    main->AddChild(&Form("VideoWindow"));
+    Click("CmdList(1)");
+    ASSERT_EQ(player->file, folder.filePath(QStringLiteral("a.avi")));
+    EXPECT_EQ(main->ActiveForm(), &Form("VideoWindow"));
+    EXPECT_EQ(Form("VideoList").geometry(), place);
+}
+
+TEST_F(MainVideosTest, ThePopupShowsNoListWithoutAVideo)
+{
+    ShowListByThePopup();
+    EXPECT_EQ(Find("VideoList"), nullptr);
+}
+
+TEST_F(MainVideosTest, ADownloadLeavesCaptureToTheSettingThatClosesIt)
+{
+    state.NoCap = true;
+    DownloadHoliday();
+    EXPECT_FALSE(IsEnabled(Command::Capture));
+    EXPECT_TRUE(IsEnabled(Command::Save));
+}
+
+TEST_F(MainVideosTest, ADownloadLeavesTheSavingOfAnOpenCaptureAlone)
+{
+    Store("OpThumb", "2");
+    OpenOne();
+    Click("Cmds(8)");
+    ASSERT_TRUE(IsEnabled(Command::Save));
+    DownloadHoliday();
+    EXPECT_TRUE(IsEnabled(Command::Save));
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+}
+
+TEST_F(MainVideosTest, CancelRestsOnceADownloadIsCancelledOrAFileIsOpened)
+{
+    DownloadHoliday();
+    ASSERT_TRUE(IsEnabled(Command::Cancel));
+    Click("Cmds(5)");
+    EXPECT_FALSE(IsEnabled(Command::Cancel));
+    DownloadHoliday();
+    ASSERT_TRUE(IsEnabled(Command::Cancel));
+    OpenOne();
+    EXPECT_FALSE(IsEnabled(Command::Cancel));
+}
+
+TEST_F(MainVideosTest, ACancelledDialogLeavesNoListToWalkAndTheOpenInProgress)
+{
+    OpenTwo();
+    ASSERT_TRUE(Find("CmdList(1)")->isEnabled());
+    dialogs.openNames.push(QString());
+    Click("Cmds(0)");
+    EXPECT_FALSE(Find("CmdList(0)")->isEnabled());
+    EXPECT_FALSE(Find("CmdList(1)")->isEnabled());
+    EXPECT_TRUE(state.OpeningNow);
+}
+
+TEST_F(MainVideosTest, ADownloadThatIsClosedUnusedLeavesTheVideoStopped)
+{
+    OpenOne();
+    player->state = ltmmPlay::Running;
+    WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
+    Click("Cmds(4)");
+    EXPECT_EQ(player->state, ltmmPlay::Stopped);
+    EXPECT_EQ(player->file, folder.filePath(QStringLiteral("a.avi")));
+}
+
+TEST_F(MainVideosTest, TheVideoListGoesWhenAVideoWindowIsMade)
+{
+    OpenTwo();
+    Find("VideoWindow")->close();
+    DeleteClosed();
+    ShowListByThePopup();
+    const QPointer<QWidget> list = Find("VideoList");
+    ASSERT_TRUE(list && list->isVisible());
+    main->ShowFront(true);
+    Click("front1");
+    DeleteClosed();
+    EXPECT_TRUE(list.isNull());
+}
+
+TEST_F(MainVideosTest, TheVideoListGoesWithANewDialogAndWithTheVideoWindow)
+{
+    for (const bool byDialog : { true, false }) {
+        OpenTwo();
+        ShowListByThePopup();
+        const QPointer<QWidget> list = Find("VideoList");
+        ASSERT_TRUE(list && list->isVisible());
+        if (byDialog) {
+            dialogs.openNames.push(QString());
+            Click("Cmds(0)");
+        } else {
+            Find("VideoWindow")->close();
+        }
+        DeleteClosed();
+        EXPECT_TRUE(list.isNull()) << byDialog;
+    }
+}
+
+TEST_F(MainVideosTest, TheVideoListFirstStandsAtTheLeftAsHighAsTheWindowsArea)
+{
+    OpenTwo();
+    ShowListByThePopup();
+    const QWidget* const area = main->findChild<QMdiArea*>()->viewport();
+    EXPECT_EQ(Form("VideoList").pos(), QPoint(0, 0));
+    EXPECT_EQ(Form("VideoList").height(), area->height());
+    EXPECT_LT(Form("VideoList").width(), area->width() / 2) << "the video beside it stays in sight";
+}
+
+TEST_F(MainVideosTest, TheListsButtonsMinimizeCloseAndOpenOtherVideos)
+{
+    OpenTwo();
+    ShowListByThePopup();
+    ClickOn("VideoList", "Cmds(1)");
+    EXPECT_EQ(Form("VideoList").CurrentShape(), ChildForm::Shape::Minimized);
+    ShowListByThePopup();
+    ClickOn("VideoList", "Cmds(0)");
+    DeleteClosed();
+    EXPECT_EQ(Find("VideoList"), nullptr);
+    ShowListByThePopup();
+    dialogs.openNames.push(folder.filePath(QStringLiteral("c.avi")));
+    ClickOn("VideoList", "Cmds(2)");
+    EXPECT_EQ(player->file, folder.filePath(QStringLiteral("c.avi")));
+    DeleteClosed();
+    EXPECT_EQ(Find("VideoList"), nullptr) << "it was of the selection before";
+}
+
+TEST_F(MainVideosTest, TheListGoesWithTheVideoWindowsOwnOpenButtonAlsoWhenNothingIsChosen)
+{
+    OpenTwo();
+    ShowListByThePopup();
+    dialogs.openNames.push(QString());
+    ClickOn("VideoWindow", "Cmds(3)");
+    DeleteClosed();
+    EXPECT_EQ(Find("VideoList"), nullptr);
+}
+
+TEST_F(MainVideosTest, OneFileIsOneEntryOfTheListAndCannotBeWalked)
+{
+    OpenOne();
+    ShowListByThePopup();
+    EXPECT_EQ(Find<QListWidget>("VidList")->count(), 1);
+    EXPECT_FALSE(Find("CmdList(0)")->isEnabled());
+    EXPECT_FALSE(Find("CmdList(1)")->isEnabled());
+}
+
+TEST_F(MainVideosTest, TheFirstNextPlaysTheFirstVideoAndTheSecondTheThird)
+{
+    OpenThese({ QStringLiteral("a.avi"), QStringLiteral("b.avi"), QStringLiteral("c.avi") });
+    for (const char* name : { "a.avi", "c.avi", "a.avi", "b.avi" }) {
+        Click("CmdList(1)");
+        EXPECT_EQ(player->file, folder.filePath(QLatin1String(name)));
+    }
+}
+
+TEST_F(MainVideosTest, AFileChosenByTheVideoWindowsOwnOpenButtonIsOpened)
+{
+    OpenOne();
+    main->SetEnabled(false);
+    Find("BottomPane")->hide();
+    dialogs.openNames.push(folder.filePath(QStringLiteral("b.avi")));
+    ClickOn("VideoWindow", "Cmds(3)");
+    EXPECT_EQ(player->file, folder.filePath(QStringLiteral("b.avi")));
+    EXPECT_TRUE(Find("BottomPane")->isVisible());
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+    EXPECT_TRUE(Form("VideoWindow").isVisible());
+}
+
+TEST_F(MainVideosTest, ADownloadEndsAnAutomaticCaptureEvenUnused)
+{
+    Store("UsersCaptureTime", "1000");
+    state.AutoCapture = state.CaptureTime = true;
+    OpenOne();
+    ASSERT_EQ(player->state, ltmmPlay::Running);
+    ASSERT_FALSE(IsEnabled(Command::Capture));
+    WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
+    Click("Cmds(4)");
+    EXPECT_EQ(player->state, ltmmPlay::Stopped);
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+}
+
+TEST_F(MainVideosTest, ADropOfNoFileOnTheEmptyFrameShowsNothing)
+{
+    QMimeData text;
+    text.setText(QStringLiteral("no file"));
+    EXPECT_TRUE(Drop(text));
+    EXPECT_TRUE(Find("Opens")->isVisible());
+    EXPECT_FALSE(Find("BottomPane")->isVisible());
+    EXPECT_FALSE(IsEnabled(Command::Capture));
+    EXPECT_FALSE(state.VideoOpen);
+    OpenOne();
+    EXPECT_TRUE(Find("VideoWindow")->isVisible());
+    EXPECT_EQ(main->findChildren<VideoWindow*>().size(), 1);
+}
