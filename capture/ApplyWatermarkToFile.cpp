@@ -1,33 +1,28 @@
 #include "capture/ApplyWatermarkToFile.h"
 
 #include "app/ApplicationState.h"
-#include "app/Frame.h"
-#include "app/Lead.h"
+#include "app/AsControl.h"
 #include "capture/FormatInForce.h"
+#include "imaging/PictureFile.h"
 #include "text/PrintUserText.h"
 
-namespace {
+using imaging::PictureFile::Decode;
+using imaging::PictureFile::Encode;
 
-/// A run that names its files by itself may have another extension than "Ext".
-const imaging::FormatRow& FormatOf(const QString& path, ApplicationState& state)
+std::optional<FileText> TextForFiles(ApplicationState& state, const QString& name)
 {
-    const int index = imaging::FormatIndex(path);
-    return index >= 0 ? imaging::FormatTable.at(size_t(index)) : FormatInForce(state);
+    if (!state.UseWatermark)
+        return std::nullopt;
+    // A run that names its files by itself may have another extension than "Ext".
+    const int index = imaging::FormatIndex(name);
+    return FileText { state, index >= 0 ? imaging::FormatTable.at(size_t(index)) : FormatInForce(state) };
 }
 
-} // namespace
-
-void ApplyWatermarkToFile(Frame& frame)
+void ApplyWatermarkToFile(const QString& path, const FileText& text)
 {
-    ApplicationState& state = frame.State();
-    if (!state.UseWatermark)
-        return;
-    const QString path = state.CurrentFile;
-    Lead lead;
-    lead.Load(path, 0, 0, 1);
-    frame.SetStatus(StatusLabel::Watermark, QStringLiteral("Watermark Applied"));
-    frame.ShowStatus(StatusLabel::Watermark, true);
-    PrintUserText(lead, state);
-    const imaging::FormatRow& row = FormatOf(path, state);
-    lead.Save(path, row.format, row.bits, row.quality, false);
+    AsControl([&] {
+        const QImage plain = Decode(WholeFile::Read(path, imaging::PictureFile::MaxFileBytes));
+        const auto& [extension, format, bits, quality] = text.row;
+        WholeFile::Replace(path, Encode(WithUserText(plain, text.text), format, bits, quality).Parts());
+    });
 }

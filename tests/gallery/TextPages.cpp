@@ -2,6 +2,7 @@
 
 #include "imaging/PictureText.h"
 #include "tests/testing/FakeFrame.h"
+#include "tests/text/TextSamples.h"
 #include "text/GetFonts.h"
 #include "text/frmWatermark.h"
 #include "toolkit/xpcheckbox.h"
@@ -128,5 +129,6 @@ void ShowTexts(const Take& take)
 {
     ShowPicture(take, QStringLiteral("text-styles"), StylesSheet());
     ShowPicture(take, QStringLiteral("text-settings"), SettingsSheet());
+    ShowPicture(take, QStringLiteral("text-samples"), TextSampleSheet());
     ShowDialogs(take);
 }
