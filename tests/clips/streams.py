@@ -73,7 +73,7 @@ def with_captions(data):
 # nothing: the container's writer gives its last sample no length, and who reads it leaves that out.
 CAPTION_TRACK = """Scenarist_SCC V1.0
 
-00:00:00:20\t9420 9420 94ae 94ae 9470 9470 c845 4c4c 4f20 5343 43a1 942c 942c 942f 942f
+00:00:00:20\t9420 9420 94ae 94ae 9470 9470 c845 4c4c 4f20 d343 43a1 942c 942c 942f 942f
 
 00:00:02:15\t942c 942c
 

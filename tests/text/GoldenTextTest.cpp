@@ -58,7 +58,10 @@ TEST(GoldenText, EveryStyleAndEverySettingIsDrawnAsInItsPicture)
 
 TEST(GoldenText, EverySampleIsFurtherFromTheOthersThanAnyFontEngineMayBe)
 {
-    const std::vector<TextSample> samples = TextSamples();
+    std::vector<TextSample> samples = TextSamples();
+    // Without the effects a text is a normal one.
+    std::erase_if(
+        samples, [](const TextSample& sample) { return sample.name == QLatin1String("no-shadows"); });
     for (size_t i = 0; i < samples.size(); ++i)
         for (size_t other = 0; other < i; ++other)
             EXPECT_GT(Distance(samples[i].picture, samples[other].picture), 2 * MostOthers)

@@ -89,7 +89,7 @@ TEST_F(QuickShotsTest, WithACaptureWindowTheCellHoldsThePictureOfTheActiveOne)
     Viewer viewer(frame);
     viewer.setAttribute(Qt::WA_DeleteOnClose, false);
     frame.activeForm = &viewer;
-    for (const qint16 opThumb : { 1, 2 }) {
+    for (const qint16 opThumb : { qint16(1), qint16(2) }) {
         state.OpThumb = opThumb;
         Add(Qt::red); // what the frame holds for the thumbnail alone is not looked at
         EXPECT_EQ(panel->Bitmap(panel->Count() - 1), viewer.ClipPic()) << opThumb;
