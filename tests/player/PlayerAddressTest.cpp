@@ -114,7 +114,7 @@ TEST_F(PlayerAddressTest, WhatCheckSeekingPromisesIsKept)
         player_->SeekStart();
         EXPECT_EQ(Seen(), 0);
         player_->MarkSelectionEnd();
-        EXPECT_EQ(selections_.last(), (QList<QVariant> { 0, 0 }));
+        EXPECT_LT(selections_.last().at(1).toInt(), player_->TrackingMax());
     }
 }
 
