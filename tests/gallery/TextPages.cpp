@@ -92,6 +92,7 @@ void ShowPicture(const Take& take, const QString& name, const QImage& picture)
 {
     QLabel label;
     label.setPixmap(QPixmap::fromImage(picture));
+    label.setFixedSize(picture.size()); // by itself it would be no larger than the screen likes
     take(name, label);
 }
 

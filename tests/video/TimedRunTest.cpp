@@ -172,7 +172,7 @@ TEST_F(TimedRunTest, ASecondOpenLeavesTheRunAndBeginsItsOwn)
 TEST_F(TimedRunTest, AVideoChosenFromTheListLeavesTheRunAndOpensAsUsual)
 {
     RunQuickly({ A, C });
-    ASSERT_TRUE(AwaitCaptures(2));
+    ASSERT_TRUE(AwaitCaptures(3));
     state.VideoPath = state.Videos.value(2);
     state.FromList = true;
     window->OpenVideo();
