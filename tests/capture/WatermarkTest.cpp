@@ -201,10 +201,7 @@ protected:
         lead.SetBitmap(Plain());
         lead.Save(path, imaging::Bmp, 24, 0, false);
     }
-    void Apply(const QString& path)
-    {
-        ApplyWatermarkToFile(path, TextForFiles(frame_.state, path).value());
-    }
+    void Apply(const QString& path) { ApplyWatermarkToFile(path, TextForFiles(frame_.state, path).value()); }
 };
 
 TEST_F(FileWatermarkTest, TheFileIsRewrittenInTheTrueFormatOfItsExtension)
