@@ -190,8 +190,9 @@ void Lead::DrawText(const QString& text, int flags)
 {
     if (flags != 0 || bitmap_.isNull())
         throw ControlError(QStringLiteral("There is no picture to draw on."));
-    const double scale = view_.Source().width() / view_.Destination().width() / Unit();
-    const QImage drawn = AsControl([&] { return imaging::WithText(bitmap_, text, LookOf(*this, scale)); });
+    imaging::TextLook look = LookOf(*this);
+    look.place.setSize(TextSize());
+    const QImage drawn = AsControl([&] { return imaging::WithText(bitmap_, text, look); });
     if (DrawPersistence) {
         ++replacements_;
         bitmap_ = drawn;
@@ -199,6 +200,17 @@ void Lead::DrawText(const QString& text, int flags)
     onScreen_ = DrawPersistence ? QImage() : drawn;
     if (autoRepaint_)
         update();
+}
+
+/// In pixels of the picture, in which the display's rectangle is the part of it that is mapped.
+QSizeF Lead::TextSize() const
+{
+    const auto inPicture = [this](double length, double shown, double mapped) {
+        const double within = std::min(length, shown);
+        return within * mapped / shown + (length - within) / Unit();
+    };
+    return { inPicture(TextWidth, DstWidth(), view_.Source().width()),
+        inPicture(TextHeight, DstHeight(), view_.Source().height()) };
 }
 
 void Lead::SetScaleMode(int mode)

@@ -153,6 +153,7 @@ private:
     void Change(Operation operation, const Values&... values);
     imaging::EncodedFile Encoded(int format, int bits, int quality) const;
     double Unit() const;
+    QSizeF TextSize() const;
     QRectF InPixels(double left, double top, double width, double height) const;
     void Changed();
     void ArrangeBars();

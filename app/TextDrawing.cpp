@@ -4,7 +4,7 @@
 
 using imaging::TextStyle;
 
-imaging::TextLook LookOf(const TextDrawing& drawing, double scale)
+imaging::TextLook LookOf(const TextDrawing& drawing)
 {
     const bool isStyle = drawing.TextStyle >= 0 && drawing.TextStyle < int(TextStyle::Count);
     return {
@@ -17,7 +17,7 @@ imaging::TextLook LookOf(const TextDrawing& drawing, double scale)
         .hilite = ColorOf(drawing.TextHiliteColor),
         .shadow = ColorOf(drawing.ShadowColor),
         .shadowDepth = { drawing.ShadowXDepth, drawing.ShadowYDepth },
-        .place = { drawing.TextLeft, drawing.TextTop, drawing.TextWidth * scale, drawing.TextHeight * scale },
+        .place = { drawing.TextLeft, drawing.TextTop, drawing.TextWidth, drawing.TextHeight },
         .angle = drawing.TextAngle,
         .wraps = drawing.TextWordWrap,
     };

@@ -24,7 +24,8 @@ struct TextDrawing {
     int ShadowYDepth = 0;
     double TextLeft = 0; ///< pixels of the picture
     double TextTop = 0;
-    /// As DstWidth and DstHeight tell sizes; so the display's zoom does not show in what is drawn.
+    /// As DstWidth and DstHeight tell sizes; what goes beyond them is in pixels of the picture. So the
+    /// display's zoom does not show in what is drawn.
     double TextWidth = 0;
     double TextHeight = 0;
     int TextAngle = 0; ///< tenths of a degree
@@ -33,5 +34,5 @@ struct TextDrawing {
     bool DrawPersistence = false;
 };
 
-/// The look of a text drawn so; scale is how many pixels of the picture a unit of the display stands for.
-imaging::TextLook LookOf(const TextDrawing& drawing, double scale);
+/// The look of a text drawn so on a picture that is shown pixel by pixel.
+imaging::TextLook LookOf(const TextDrawing& drawing);

@@ -1,23 +1,27 @@
 #include "capture/ApplyWatermarkToFile.h"
 
 #include "app/ApplicationState.h"
-#include "app/Frame.h"
-#include "app/Lead.h"
+#include "app/AsControl.h"
 #include "capture/FormatInForce.h"
+#include "imaging/PictureFile.h"
 #include "text/PrintUserText.h"
 
-void ApplyWatermarkToFile(Frame& frame)
+using imaging::PictureFile::Decode;
+using imaging::PictureFile::Encode;
+
+std::optional<FileText> TextForFiles(ApplicationState& state, const QString& name)
 {
-    ApplicationState& state = frame.State();
     if (!state.UseWatermark)
-        return;
-    const QString path = state.CurrentFile;
-    Lead lead;
-    lead.Load(path, 0, 0, 1);
-    frame.SetStatus(StatusLabel::Watermark, QStringLiteral("Watermark Applied"));
-    frame.ShowStatus(StatusLabel::Watermark, true);
-    PrintUserText(lead, state);
-    const imaging::SaveValues values =
-        FormatOf(path, state); // a run may have named it by another extension than "Ext"
-    lead.Save(path, values.format, values.bits, values.quality, false);
+        return std::nullopt;
+    // A run that names its files by itself may have another extension than "Ext".
+    return FileText { state, FormatOf(name, state) };
+}
+
+void ApplyWatermarkToFile(const QString& path, const FileText& text)
+{
+    AsControl([&] {
+        const QImage plain = Decode(WholeFile::Read(path, imaging::PictureFile::MaxFileBytes));
+        const auto [format, quality, bits] = text.format;
+        WholeFile::Replace(path, Encode(WithUserText(plain, text.text), format, bits, quality).Parts());
+    });
 }

@@ -17,10 +17,28 @@ using namespace std::chrono_literals;
 constexpr auto Patience = 2s; ///< for the picture being written, when the writer goes
 
 struct Job {
-    QImage picture;
+    QImage picture; ///< null for one that is not to be had
     AutoName names;
+    PictureWriter::Finish finish;
     int turn; ///< pictures that are dropped together
 };
+
+/// Answers whether the picture stands and is finished; number becomes the one tried last.
+bool IsWritten(const Job& job, int& number)
+{
+    number = job.names.NextFree(number);
+    if (job.picture.isNull())
+        return false;
+    try {
+        while (!SaveNewPicture(job.picture, job.names.At(number)))
+            number = job.names.NextFree(number);
+        if (job.finish)
+            job.finish(job.names.At(number));
+        return true;
+    } catch (const ControlError&) {
+        return false;
+    }
+}
 
 } // namespace
 
@@ -35,7 +53,7 @@ public:
     /// Whether the thread has ended within Patience.
     bool Close();
     void Work();
-    void Put(const QImage& picture, const AutoName& names);
+    void Put(const QImage& picture, const AutoName& names, const Finish& finish);
     void Drop();
     void Restart();
     int Turn() const { return turn_; }
@@ -50,7 +68,7 @@ private:
     std::deque<Job> jobs_;
     PictureWriter* owner_; ///< null once it is gone
     int turn_ = 0;
-    int number_ = 0; ///< of the picture written last
+    int number_ = 0; ///< tried last
     bool hasFailed_ = false; ///< and takes nothing more of this turn
     bool hasEnded_ = false;
 };
@@ -80,22 +98,17 @@ void PictureWriter::Desk::Write(const Job& job)
     std::unique_lock lock(mutex_);
     int number = number_;
     lock.unlock();
-    QString path;
-    try {
-        const auto write = [&](const QString& name) { return SaveNewPicture(job.picture, name); };
-        number = job.names.Write(write, number);
-        path = job.names.At(number);
-    } catch (const ControlError&) {
-        // Told by the path that is missing.
-    }
+    const bool isWritten = IsWritten(job, number);
     lock.lock();
     if (job.turn == turn_)
         number_ = number;
-    if (path.isEmpty() && job.turn == turn_) {
+    if (job.picture.isNull())
+        return;
+    if (!isWritten && job.turn == turn_) {
         hasFailed_ = true;
         jobs_.clear();
     }
-    Tell(job, path);
+    Tell(job, isWritten ? job.names.At(number) : QString());
 }
 
 void PictureWriter::Desk::Tell(const Job& job, const QString& path)
@@ -106,11 +119,11 @@ void PictureWriter::Desk::Tell(const Job& job, const QString& path)
             Qt::QueuedConnection);
 }
 
-void PictureWriter::Desk::Put(const QImage& picture, const AutoName& names)
+void PictureWriter::Desk::Put(const QImage& picture, const AutoName& names, const Finish& finish)
 {
     const std::lock_guard lock(mutex_);
     if (!hasFailed_)
-        jobs_.push_back({ picture, names, turn_ });
+        jobs_.push_back({ picture, names, finish, turn_ });
     changed_.notify_all();
 }
 
@@ -151,11 +164,16 @@ PictureWriter::~PictureWriter()
         thread_.detach();
 }
 
-void PictureWriter::Write(const QImage& picture, const AutoName& names)
+void PictureWriter::Write(const QImage& picture, const AutoName& names, const Finish& finish)
 {
     Start();
     ++waiting_;
-    desk_->Put(picture, names);
+    desk_->Put(picture, names, finish);
+}
+
+void PictureWriter::Skip(const AutoName& names)
+{
+    desk_->Put({}, names, {});
 }
 
 void PictureWriter::Start()

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QObject>
 
+#include <functional>
 #include <memory>
 #include <thread>
 
@@ -18,9 +19,13 @@ public:
     /// Drops what waits. A picture being written gets whole; a disk that hangs is left behind after a moment.
     ~PictureWriter() override;
 
-    /// Hands a picture over. It gets the next free number above that of the picture before it. Throws
-    /// ControlError when there is no thread to be had.
-    void Write(const QImage& picture, const AutoName& names);
+    /// Hands a picture over. It gets the next free number above the one tried last. What has to be done with
+    /// its file before it is told, finish does on the thread; when that throws ControlError the picture
+    /// counts as failed and its file stands. Throws ControlError when there is no thread to be had.
+    using Finish = std::function<void(const QString& path)>;
+    void Write(const QImage& picture, const AutoName& names, const Finish& finish = {});
+    /// The next free number was for a picture that is not to be had: it is passed over.
+    void Skip(const AutoName& names);
     /// Pictures handed over whose result has not been told.
     int Waiting() const { return waiting_; }
     /// Drops what waits and tells no more results of it.

@@ -29,9 +29,17 @@ void CaptionTrack::Add(int number, const QByteArray& triplets)
     digitalSays_.Add(number, said, BytesOf(said));
 }
 
+void CaptionTrack::AddOfTrack(int number, const QByteArray& triplets)
+{
+    if (const auto text = ofTrack_.Take(number, triplets))
+        trackSays_.Add(number, *text, text->size());
+}
+
 Caption CaptionTrack::At(int number) const
 {
-    return lineSays_.IsEmpty() ? digitalSays_.At(number) : CaptionFromAss(lineSays_.At(number));
+    if (lineSays_.IsEmpty() && !digitalSays_.IsEmpty())
+        return digitalSays_.At(number);
+    return CaptionFromAss((lineSays_.IsEmpty() ? trackSays_ : lineSays_).At(number));
 }
 
 } // namespace media

@@ -38,19 +38,27 @@ private:
 };
 
 /// What closed captions say at each picture. It is told of all pictures in display order, so what a picture
-/// says is the same from wherever one comes to it. Where a video has captions of both kinds, those of line 21
-/// count: broadcasters must send them with the same text, and the place of each row is certain.
+/// says is the same from wherever one comes to it. Where a video has captions of several kinds, those of line
+/// 21 count: broadcasters must send them with the same text, and the place of each row is certain. Those of a
+/// track of their own count where the pictures have none.
 class CaptionTrack {
 public:
     /// Takes the triplets of the next picture; numbers never fall.
     void Add(int number, const QByteArray& triplets);
+    /// Takes those that a track of their own says from a picture on; numbers never fall.
+    void AddOfTrack(int number, const QByteArray& triplets);
     /// What is said at a picture.
     Caption At(int number) const;
 
 private:
+    /// As the library writes it: half as large as a Caption.
+    using LineChanges = CaptionChanges<QByteArray>;
+
     LineCaptions line_;
+    LineCaptions ofTrack_;
     DigitalCaptions digital_;
-    CaptionChanges<QByteArray> lineSays_; ///< as the library writes it: half as large as a Caption
+    LineChanges lineSays_;
+    LineChanges trackSays_;
     CaptionChanges<Caption> digitalSays_;
 };
 

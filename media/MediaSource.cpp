@@ -21,10 +21,20 @@ bool IsVideo(const AVStream& stream)
         && avcodec_find_decoder(stream.codecpar->codec_id);
 }
 
+bool IsAudio(const AVStream& stream)
+{
+    return stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO;
+}
+
 bool IsSound(const AVStream& stream)
 {
-    return stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO
-        && avcodec_find_decoder(stream.codecpar->codec_id);
+    return IsAudio(stream) && avcodec_find_decoder(stream.codecpar->codec_id);
+}
+
+bool IsCaptions(const AVStream& stream)
+{
+    return stream.codecpar->codec_type == AVMEDIA_TYPE_SUBTITLE
+        && stream.codecpar->codec_id == AV_CODEC_ID_EIA_608;
 }
 
 /// The options that keep the size of what a stranger's file may ask for within bounds, one set per stream.
@@ -136,7 +146,15 @@ void MediaSource::FindStreams()
 
 bool MediaSource::IsOurs(const AVStream& stream) const
 {
-    return track_ == Track::Video ? IsVideo(stream) : IsSound(stream);
+    switch (track_) {
+    case Track::Video:
+        return IsVideo(stream);
+    case Track::Sound:
+        return IsSound(stream);
+    case Track::Captions:
+        return IsCaptions(stream);
+    }
+    return false;
 }
 
 void MediaSource::ChooseStream()
@@ -253,10 +271,20 @@ PacketPtr MediaSource::ReadBytes(int64_t position, int count)
     return packet;
 }
 
-bool MediaSource::HasSound() const
+bool MediaSource::HasStream(bool (*fits)(const AVStream&)) const
 {
     return std::any_of(format_->streams, format_->streams + format_->nb_streams,
-        [](const AVStream* stream) { return stream->codecpar->codec_type == AVMEDIA_TYPE_AUDIO; });
+        [fits](const AVStream* stream) { return fits(*stream); });
+}
+
+bool MediaSource::HasSound() const
+{
+    return HasStream(IsAudio);
+}
+
+bool MediaSource::HasCaptions() const
+{
+    return HasStream(IsCaptions);
 }
 
 bool MediaSource::IsBareStream() const

@@ -11,8 +11,8 @@ namespace media {
 /// when the interrupt is due.
 class MediaSource {
 public:
-    /// Which stream is read: the first of its kind that can be decoded.
-    enum class Track { Video, Sound };
+    /// Which stream is read: the first of its kind that can be decoded. Captions are those of line 21.
+    enum class Track { Video, Sound, Captions };
 
     /// Opens the source and finds its stream. Throws MediaError.
     MediaSource(const Source& source, Interrupt& interrupt, Track track = Track::Video);
@@ -42,6 +42,8 @@ public:
     const AVCodecParameters& Parameters() const { return filter_ ? *filter_->par_out : *Stream().codecpar; }
     const AVFormatContext& Format() const { return *format_; }
     bool HasSound() const;
+    /// Whether captions stand in a track of their own.
+    bool HasCaptions() const;
     /// Stamp of the media's first moment, in microseconds.
     int64_t Start() const { return format_->start_time == AV_NOPTS_VALUE ? 0 : format_->start_time; }
     /// A bare stream without container and time stamps, whose packets lie one after the other.
@@ -56,6 +58,7 @@ private:
     void OpenMemory(AVFormatContext& format);
     void FindStreams();
     void ChooseStream();
+    bool HasStream(bool (*fits)(const AVStream&)) const;
     bool IsOurs(const AVStream& stream) const;
     int Guide() const;
     void MakeFilter();

@@ -32,6 +32,7 @@ PacketIndex::PacketIndex(const Source& source, Interrupt& interrupt, int64_t pac
     , reader_(source, interrupt, store_, facts_)
     , order_(parser_.Order())
     , times_(av_q2d(media_.Stream().time_base), StartOf(media_), StepOf(media_))
+    , captionFeed_(CaptionFeed::Of(source, media_))
 {
 }
 
@@ -187,6 +188,8 @@ void PacketIndex::Number(int ordinal)
     fact.number = Frames();
     ordinals_.push_back(ordinal);
     times_.Add(StampFor(fact), fact.duration);
+    if (captionFeed_)
+        captions_.AddOfTrack(fact.number, captionFeed_->UpTo(times_.TimeOf(fact.number)));
 }
 
 /// Those of a packet that shows nothing, as a second field, belong to the picture before it.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/CaptionFeed.h"
 #include "media/CaptionTrack.h"
 #include "media/Decoder.h"
 #include "media/DisplayOrder.h"
@@ -77,6 +78,7 @@ private:
     PacketReader reader_;
     DisplayOrder order_;
     FrameTimes times_;
+    std::unique_ptr<CaptionFeed> captionFeed_;
     CaptionTrack captions_;
     std::unordered_map<int, QByteArray> captionBytes_; ///< by ordinal, of packets not yet published
     std::vector<int> ordinals_; ///< by number

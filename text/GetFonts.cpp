@@ -4,6 +4,7 @@
 #include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "app/Lead.h"
+#include "app/Talk.h"
 #include "text/FontLists.h"
 #include "text/PrintUserText.h"
 #include "text/TextEffects.h"
@@ -11,8 +12,11 @@
 #include "toolkit/TAQbutton.h"
 
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QPushButton>
 
+#include <algorithm>
+#include <span>
 #include <utility>
 
 namespace {
@@ -27,6 +31,13 @@ constexpr Key Effects[] = { Key::UseShadows, Key::TextShadowPosX, Key::TextShado
     Key::WatermarkTextStyle, Key::sFontWatermarkTextAngle, Key::sFontShadowColor, Key::sFontBorderColor };
 constexpr Key FontKeys[] = { Key::SFontName, Key::SFontSize, Key::SFontBold, Key::SFontItalic,
     Key::sFontColor, Key::sFontText };
+
+/// Stores them in their order; true when all stand on the disk.
+bool StoreAll(ApplicationState& state, std::span<const Key> keys)
+{
+    const auto failures = std::ranges::count_if(keys, [&](Key key) { return !state.Store(key); });
+    return failures == 0;
+}
 
 } // namespace
 
@@ -148,13 +159,15 @@ void GetFonts::ShowSample()
 
 void GetFonts::Save()
 {
-    ApplicationState& state = frame_.State();
-    static_cast<TextSettings&>(state) = chosen_;
-    for (const Key key : Effects)
-        state.Store(key);
-    for (const Key key : FontKeys)
-        state.Store(key);
-    accept();
+    static_cast<TextSettings&>(frame_.State()) = chosen_;
+    const bool areEffectsStored = StoreAll(frame_.State(), Effects);
+    const bool isFontStored = StoreAll(frame_.State(), FontKeys);
+    const QPointer<GetFonts> alive(this);
+    if (!areEffectsStored || !isFontStored)
+        frame_.Errors().Show(this, QStringLiteral("Error!"),
+            QStringLiteral("The font could not be stored. It is used until the program ends."));
+    if (alive)
+        accept();
 }
 
 void GetFonts::done(int result)

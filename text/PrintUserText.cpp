@@ -3,6 +3,7 @@
 #include "app/ApplicationState.h"
 #include "app/Frame.h"
 #include "app/Lead.h"
+#include "imaging/PictureText.h"
 
 #include <QScopeGuard>
 
@@ -12,33 +13,44 @@ constexpr int TenthsPerDegree = 10;
 /// Room below the picture's height for text that is turned or wrapped.
 constexpr double ExtraHeight = 220;
 
-void TakeFont(Lead& lead, const TextSettings& text)
+void TakeFont(TextDrawing& drawing, const TextSettings& text)
 {
-    lead.Font.Name = text.SFontName;
-    lead.Font.size = double(text.SFontSize);
-    lead.Font.Italic = text.SFontItalic;
-    lead.DrawFontColor = ColorNumber(text.sFontColor);
-    lead.TextStyle = 0;
-    lead.TextHiliteColor = 0;
-    lead.TextAngle = 0;
+    drawing.Font.Name = text.SFontName;
+    drawing.Font.size = double(text.SFontSize);
+    drawing.Font.Italic = text.SFontItalic;
+    drawing.DrawFontColor = ColorNumber(text.sFontColor);
+    drawing.TextStyle = 0;
+    drawing.TextHiliteColor = 0;
+    drawing.TextAngle = 0;
 }
 
-void TakePlace(Lead& lead, const TextSettings& text)
+void TakePlace(TextDrawing& drawing, const TextSettings& text, QSizeF shown)
 {
-    lead.TextTop = double(text.PositionY);
-    lead.TextLeft = double(text.PositionX);
-    lead.TextWidth = lead.DstWidth();
-    lead.TextHeight = lead.DstHeight() + ExtraHeight;
+    drawing.TextTop = double(text.PositionY);
+    drawing.TextLeft = double(text.PositionX);
+    drawing.TextWidth = shown.width();
+    drawing.TextHeight = shown.height() + ExtraHeight;
 }
 
-void TakeEffects(Lead& lead, const TextSettings& text)
+void TakeEffects(TextDrawing& drawing, const TextSettings& text)
 {
-    lead.TextAngle = text.sFontWatermarkTextAngle * TenthsPerDegree;
-    lead.TextHiliteColor = ColorNumber(text.sFontBorderColor);
-    lead.TextStyle = text.WatermarkTextStyle;
-    lead.ShadowColor = ColorNumber(text.sFontShadowColor);
-    lead.ShadowXDepth = text.TextShadowPosX;
-    lead.ShadowYDepth = text.TextShadowPosY;
+    drawing.TextAngle = text.sFontWatermarkTextAngle * TenthsPerDegree;
+    drawing.TextHiliteColor = ColorNumber(text.sFontBorderColor);
+    drawing.TextStyle = text.WatermarkTextStyle;
+    drawing.ShadowColor = ColorNumber(text.sFontShadowColor);
+    drawing.ShadowXDepth = text.TextShadowPosX;
+    drawing.ShadowYDepth = text.TextShadowPosY;
+}
+
+/// shown: DstWidth and DstHeight of the picture.
+void Take(TextDrawing& drawing, const TextSettings& text, QSizeF shown)
+{
+    TakeFont(drawing, text);
+    TakePlace(drawing, text, shown);
+    if (text.UseShadows)
+        TakeEffects(drawing, text);
+    drawing.DrawPersistence = true;
+    drawing.TextWordWrap = text.WordWrap;
 }
 
 } // namespace
@@ -53,14 +65,16 @@ void PrintUserText(Lead& lead, const TextSettings& text)
     lead.SetAutoRepaint(true);
     lead.SetAutoScroll(false);
     lead.SetBackErase(false);
-    TakeFont(lead, text);
-    TakePlace(lead, text);
-    if (text.UseShadows)
-        TakeEffects(lead, text);
-    lead.DrawPersistence = true;
-    lead.TextWordWrap = text.WordWrap;
+    Take(lead, text, { lead.DstWidth(), lead.DstHeight() });
     lead.DrawText(text.sFontText, 0);
     lead.ForceRepaint();
+}
+
+QImage WithUserText(const QImage& picture, const TextSettings& text)
+{
+    TextDrawing drawing;
+    Take(drawing, text, picture.size());
+    return imaging::WithText(picture, text.sFontText, LookOf(drawing));
 }
 
 void PrintUserText(Frame& frame)

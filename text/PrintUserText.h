@@ -1,6 +1,7 @@
 #pragma once
 
 class Frame;
+class QImage;
 class Lead;
 struct TextSettings;
 
@@ -8,6 +9,9 @@ struct TextSettings;
 /// text in whatever weight the control's font has. Throws ControlError, and the picture is as it was.
 void PrintUserText(Lead& lead, const TextSettings& text);
 
-/// The same on the active capture when UseWatermark is on; drawn again when called again. Throws
+/// The picture with the text that PrintUserText draws; to be called on any thread. Throws std::bad_alloc.
+QImage WithUserText(const QImage& picture, const TextSettings& text);
+
+/// PrintUserText on the active capture when UseWatermark is on; drawn again when called again. Throws
 /// ControlError, also when there is no capture to draw on.
 void PrintUserText(Frame& frame);

@@ -78,13 +78,21 @@ bool AutoRun::LoadVideo(const QString& path)
 
 void AutoRun::TakeStill()
 {
-    parts_.writer.Write(parts_.player.GetStillPicture(StillTimeout), *names_);
+    const QImage still = parts_.player.GetStillPicture(StillTimeout);
+    const std::optional<FileText> text = TextForFiles(State(), names_->At(1));
+    if (!text)
+        return parts_.writer.Write(still, *names_);
+    parts_.writer.Write(
+        still, *names_, [text = *text](const QString& path) { ApplyWatermarkToFile(path, text); });
 }
 
 void AutoRun::Count(const QString& path)
 {
     State().CurrentFile = path;
-    ApplyWatermarkToFile(parts_.frame);
+    if (State().UseWatermark) {
+        parts_.frame.SetStatus(StatusLabel::Watermark, QStringLiteral("Watermark Applied"));
+        parts_.frame.ShowStatus(StatusLabel::Watermark, true);
+    }
     tally_.Count(interval_);
     told_ = CountedText();
     parts_.frame.SetStatusAlert(StatusLabel::AutoCapture, told_);

@@ -63,9 +63,10 @@ protected:
     bool IsLastVideo() const { return next_ == list_.size(); }
     /// False when the player refuses it; the window follows in either case.
     bool LoadVideo(const QString& path);
-    /// Takes the still of the frame that is shown and hands it to the writer. Throws ControlError.
+    /// Takes the still of the frame that is shown and hands it to the writer, which burns the user's text
+    /// into its file. Throws ControlError.
     void TakeStill();
-    /// Burns the user's text into the file just written and counts it. Throws ControlError.
+    /// Counts and tells the picture that stands on the disk.
     void Count(const QString& path);
     void ShowVideoNumber();
     void Finish();

@@ -88,7 +88,7 @@ void FrameRun::Continue()
 void FrameRun::Step()
 {
     isContinuing_ = false;
-    if (stage_ != Stage::Stepping || parts_.writer.Waiting() >= (State().UseWatermark ? 1 : MostWaiting))
+    if (stage_ != Stage::Stepping || parts_.writer.Waiting() >= MostWaiting)
         return;
     if (!frame_) {
         frame_ = steps_->Next(parts_.player.CurrentFrame());
@@ -108,6 +108,7 @@ void FrameRun::TakeNext()
         parts_.player.SetCurrentFrame(*std::exchange(frame_, std::nullopt));
         TakeStill();
     } catch (const ControlError&) {
+        parts_.writer.Skip(*names_);
         return Drain();
     }
     Continue();
@@ -115,12 +116,7 @@ void FrameRun::TakeNext()
 
 void FrameRun::Written(const QString& path)
 {
-    try {
-        Count(path);
-    } catch (const ControlError&) {
-        parts_.writer.Drop();
-        return Drain();
-    }
+    Count(path);
     if (stage_ == Stage::Draining)
         Drain();
     else
@@ -162,6 +158,7 @@ void FrameRun::Refuse(const QString& path)
     if (IsLastVideo())
         return Finish();
     stage_ = Stage::Playing;
+    parts_.frame.EnableCommand(Command::Capture, !State().NoCap); // as the user was just advised
 }
 
 void FrameRun::VideoEnded()
@@ -169,6 +166,7 @@ void FrameRun::VideoEnded()
     if (stage_ != Stage::Playing)
         return;
     stage_ = Stage::Idle;
+    parts_.frame.EnableCommand(Command::Capture, false);
     NextVideo();
 }
 

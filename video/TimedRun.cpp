@@ -67,13 +67,22 @@ void TimedRun::Tick()
     if (!isRunning)
         return;
     if (parts_.writer.Waiting() < MostWaiting)
-        IgnoreErrors([this] { TakeStill(); });
+        TakeNext();
     CapTimer.start(TimedSteps::NextDelay(parts_.player.CurrentPosition(), interval_, parts_.player.Rate()));
     Q_EMIT PictureTaken();
 }
 
+void TimedRun::TakeNext()
+{
+    try {
+        TakeStill();
+    } catch (const ControlError&) {
+        parts_.writer.Skip(*names_);
+    }
+}
+
 void TimedRun::Written(const QString& path)
 {
-    IgnoreErrors([&] { Count(path); });
+    Count(path);
     LeaveWhenWritten();
 }

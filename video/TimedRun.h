@@ -20,6 +20,7 @@ protected:
 
 private:
     void Tick();
+    void TakeNext();
     void Written(const QString& path);
     void LeaveWhenWritten();
 

@@ -257,7 +257,8 @@ int PlayerControl::TrackingMax() const
 
 int PlayerControl::CheckSeeking(int mask) const
 {
-    return session_ ? mask & (MarkStart | MarkEnd | ToStart | ToEnd) : 0;
+    // What is sent as it happens has no end, and nobody sends its start again.
+    return session_ && !session_->Known().isLive ? mask & EveryCapability : 0;
 }
 
 QImage PlayerControl::GetStillPicture(int)

@@ -18,7 +18,8 @@ void PlayerControl::SeekStart()
 void PlayerControl::SeekEnd()
 {
     const bool arrived = Go([&] { return session_->SeekEnd(); });
-    if (!arrived)
+    // Of a slow source it may be the last picture that came in time.
+    if (!arrived || !session_->Known().isComplete)
         return;
     trackingPut_ = TrackingScale::Max;
     progress_.Force();

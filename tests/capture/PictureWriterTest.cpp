@@ -1,8 +1,10 @@
 #include "capture/PictureWriter.h"
 
+#include "app/ControlError.h"
 #include "imaging/PictureFile.h"
 #include "tests/testing/Files.h"
 
+#include <QDir>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -84,8 +86,41 @@ TEST_F(PictureWriterTest, AfterAFailureNothingThatWasHandedOverBeforeItWasToldIs
     EXPECT_EQ(writer.Waiting(), 0);
     Put(4);
     ASSERT_TRUE(Await(written, 1));
+    EXPECT_EQ(FilesIn(folder.path()), QStringList { QStringLiteral("auto2.bmp") });
+    EXPECT_EQ(ShadeOf(2), 4);
+}
+
+TEST_F(PictureWriterTest, ANumberThatWasTriedIsNotTriedAgain)
+{
+    writer.Skip(names);
+    Put(1);
+    ASSERT_TRUE(Await(written, 1));
+    EXPECT_EQ(written.last().at(0).toString(), names.At(2)) << "the first was for a picture not to be had";
+    QDir(folder.path()).rename(folder.path(), folder.path() + QStringLiteral(".away"));
+    Put(2);
+    ASSERT_TRUE(Await(failed, 1));
+    QDir(folder.path()).rename(folder.path() + QStringLiteral(".away"), folder.path());
+    Put(3);
+    ASSERT_TRUE(Await(written, 2));
+    EXPECT_EQ(written.last().at(0).toString(), names.At(4));
+}
+
+TEST_F(PictureWriterTest, APictureIsFinishedBeforeItIsTold)
+{
+    const auto finish = [](const QString& path) { QFile::rename(path, path + QStringLiteral(".done")); };
+    writer.Write(Grey(1), names, finish);
+    ASSERT_TRUE(Await(written, 1));
+    EXPECT_TRUE(QFile::exists(names.At(1) + QStringLiteral(".done")));
+}
+
+TEST_F(PictureWriterTest, APictureThatCannotBeFinishedHasFailedAndItsFileStands)
+{
+    const auto refuse = [](const QString&) { throw ControlError(QStringLiteral("It cannot be finished.")); };
+    writer.Write(Grey(1), names, refuse);
+    Put(2);
+    ASSERT_TRUE(Await(failed, 1));
+    EXPECT_EQ(written.size(), 0);
     EXPECT_EQ(FilesIn(folder.path()), QStringList { QStringLiteral("auto1.bmp") });
-    EXPECT_EQ(ShadeOf(1), 4);
 }
 
 TEST_F(PictureWriterTest, WhatIsDroppedIsNotToldOf)

@@ -11,6 +11,8 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include <thread>
+
 namespace {
 
 QImage Plain()
@@ -182,16 +184,24 @@ TEST_F(WatermarkTest, ACaptureThatClosesWhileTheWordsAreAskedForIsAFailure)
     EXPECT_TRUE(FilesIn(current_.path()).isEmpty());
 }
 
+TEST_F(WatermarkTest, ATextBesideThePictureIsNotSeenAndTheSaveGoesOn)
+{
+    frame_.state.PositionX = 1000;
+    SaveCapture(frame_);
+    ExpectSaved(Current("auto1.bmp"));
+    EXPECT_EQ(Written(Current("auto1.bmp")), Plain());
+}
+
 class FileWatermarkTest : public WatermarkTest {
 protected:
     /// A file as an automatic capture leaves it: a bitmap under whatever extension.
-    void MakeCapture(const char* name)
+    static void MakeCapture(const QString& path)
     {
-        frame_.state.CurrentFile = Current(name);
         Lead lead;
         lead.SetBitmap(Plain());
-        lead.Save(Current(name), imaging::Bmp, 24, 0, false);
+        lead.Save(path, imaging::Bmp, 24, 0, false);
     }
+    void Apply(const QString& path) { ApplyWatermarkToFile(path, TextForFiles(frame_.state, path).value()); }
 };
 
 TEST_F(FileWatermarkTest, TheFileIsRewrittenInTheTrueFormatOfItsExtension)
@@ -203,20 +213,38 @@ TEST_F(FileWatermarkTest, TheFileIsRewrittenInTheTrueFormatOfItsExtension)
         { ".png", "\x89PNG" }, { ".psd", "8BPS" }, { ".tga", QByteArray(2, '\0') + '\2' } };
     for (const auto& format : formats) {
         StoreExt(format.ext);
-        const QByteArray name = QByteArray("auto1") + format.ext;
-        MakeCapture(name.constData());
-        ApplyWatermarkToFile(frame_);
-        EXPECT_TRUE(FileBytes(Current(name.constData())).startsWith(format.mark)) << format.ext;
-        EXPECT_GT(TextPixels(Written(Current(name.constData()))), 300) << format.ext;
+        const QString path = Current((QByteArray("auto1") + format.ext).constData());
+        MakeCapture(path);
+        Apply(path);
+        EXPECT_TRUE(FileBytes(path).startsWith(format.mark)) << format.ext;
+        EXPECT_GT(TextPixels(Written(path)), 300) << format.ext;
     }
+}
+
+TEST_F(FileWatermarkTest, TheFileGetsTheTextThatACaptureWouldGet)
+{
+    MakeCapture(Current("auto1.bmp"));
+    Apply(Current("auto1.bmp"));
+    SaveCapture(frame_);
+    EXPECT_EQ(Written(Current("auto1.bmp")), Written(Current("auto2.bmp")));
+}
+
+TEST_F(FileWatermarkTest, AnotherThreadDrawsTheSameText)
+{
+    MakeCapture(Current("auto1.bmp"));
+    MakeCapture(Current("auto2.bmp"));
+    Apply(Current("auto1.bmp"));
+    const FileText text = TextForFiles(frame_.state, QStringLiteral(".bmp")).value();
+    std::thread([&] { ApplyWatermarkToFile(Current("auto2.bmp"), text); }).join();
+    EXPECT_EQ(FileBytes(Current("auto2.bmp")), FileBytes(Current("auto1.bmp")));
 }
 
 TEST_F(FileWatermarkTest, ARunThatNamesItsFilesItselfKeepsTheirFormat)
 {
     StoreExt(".jpg");
     frame_.state.CurrentExt = QStringLiteral(".bmp");
-    MakeCapture("auto1.bmp");
-    ApplyWatermarkToFile(frame_);
+    MakeCapture(Current("auto1.bmp"));
+    Apply(Current("auto1.bmp"));
     EXPECT_TRUE(FileBytes(Current("auto1.bmp")).startsWith("BM"));
     EXPECT_EQ(frame_.state.CurrentExt, QStringLiteral(".bmp"));
 }
@@ -224,34 +252,22 @@ TEST_F(FileWatermarkTest, ARunThatNamesItsFilesItselfKeepsTheirFormat)
 TEST_F(FileWatermarkTest, AnExtensionOfNoFormatIsWrittenInTheOneInForce)
 {
     StoreExt(".png");
-    MakeCapture("auto1.xyz");
-    ApplyWatermarkToFile(frame_);
+    MakeCapture(Current("auto1.xyz"));
+    Apply(Current("auto1.xyz"));
     EXPECT_TRUE(FileBytes(Current("auto1.xyz")).startsWith("\x89PNG"));
 }
 
-TEST_F(FileWatermarkTest, ItIsToldInItsLabel)
-{
-    MakeCapture("auto1.bmp");
-    ApplyWatermarkToFile(frame_);
-    EXPECT_EQ(frame_.status.value(StatusLabel::Watermark), QStringLiteral("Watermark Applied"));
-    EXPECT_TRUE(frame_.statusShown.value(StatusLabel::Watermark));
-}
-
-TEST_F(FileWatermarkTest, WithoutTheMasterSwitchTheFileStaysAndNothingIsTold)
+TEST_F(FileWatermarkTest, WithoutTheMasterSwitchThereIsNoTextForFiles)
 {
     frame_.state.UseWatermark = false;
-    MakeCapture("auto1.jpg");
-    const QByteArray before = FileBytes(Current("auto1.jpg"));
-    ApplyWatermarkToFile(frame_);
-    EXPECT_EQ(FileBytes(Current("auto1.jpg")), before);
-    EXPECT_FALSE(frame_.status.contains(StatusLabel::Watermark));
+    EXPECT_FALSE(TextForFiles(frame_.state, QStringLiteral(".bmp")).has_value());
 }
 
 TEST_F(FileWatermarkTest, NobodyIsAskedForWords)
 {
     frame_.state.WatermarkBATCH = false;
-    MakeCapture("auto1.bmp");
-    ApplyWatermarkToFile(frame_);
+    MakeCapture(Current("auto1.bmp"));
+    Apply(Current("auto1.bmp"));
     EXPECT_GT(TextPixels(Written(Current("auto1.bmp"))), 300);
 }
 
@@ -259,13 +275,10 @@ TEST_F(FileWatermarkTest, AFileThatCannotBeReadIsAFailureAndStaysAsItWas)
 {
     for (const QByteArray& content : { QByteArray("no picture"), QByteArray() }) {
         ASSERT_TRUE(MakeFile(Current("auto1.bmp"), content));
-        frame_.state.CurrentFile = Current("auto1.bmp");
-        EXPECT_THROW(ApplyWatermarkToFile(frame_), ControlError);
+        EXPECT_THROW(Apply(Current("auto1.bmp")), ControlError);
         EXPECT_EQ(FileBytes(Current("auto1.bmp")), content);
     }
-    frame_.state.CurrentFile = Current("gone.bmp");
-    EXPECT_THROW(ApplyWatermarkToFile(frame_), ControlError);
-    EXPECT_FALSE(frame_.status.contains(StatusLabel::Watermark));
+    EXPECT_THROW(Apply(Current("gone.bmp")), ControlError);
     EXPECT_FALSE(QFileInfo::exists(Current("gone.bmp")));
 }
 
@@ -275,12 +288,9 @@ TEST_F(FileWatermarkTest, AFullDiskLeavesTheFileAsItWasAndNothingBesideIt)
     if (!disk.IsThere())
         GTEST_SKIP() << "no disk of its own may be mounted here";
     const QString path = disk.Path() + QStringLiteral("/auto1.bmp");
-    frame_.state.CurrentFile = path;
-    Lead lead;
-    lead.SetBitmap(Plain());
-    lead.Save(path, imaging::Bmp, 24, 0, false);
+    MakeCapture(path);
     const QByteArray before = FileBytes(path);
-    EXPECT_THROW(ApplyWatermarkToFile(frame_), ControlError);
+    EXPECT_THROW(Apply(path), ControlError);
     EXPECT_EQ(FileBytes(path), before);
     EXPECT_EQ(FilesIn(disk.Path()).size(), 1);
 }

@@ -298,7 +298,7 @@ CAPTIONS = [
     coded("cc608.mp4", "0-119", 2, "the same captions as H.264 side data, with B-frames",
           rewritten(CAPTION_SOURCE, streams.with_captions, NTSC,
                     "-c:v libx264 -preset veryfast -crf 24 -bf 3 -g 30 -a53cc 1 -pix_fmt yuv420p")),
-    coded("cc_track.mov", "0-119", 2, "captions as a track of their own, none in the pictures",
+    coded("cc_track.mov", "0-119", 2, "captions as a track of their own, none in the pictures: shown at picture 20, erased at 75",
           Recipe(add_caption_track, ("cc608.mp4",))),
     coded("soft_telecine.mpg", "0-95", 3, "repeated fields 2:3: 96 coded pictures, 120 display times, 4 s",
           rewritten(FILM_SOURCE, streams.with_pull_down, FILM, "-c copy -f vob")),

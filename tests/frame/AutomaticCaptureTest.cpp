@@ -1,7 +1,6 @@
 // Automatic captures through the whole program on real media: what stands on the disk is told by the
 // pictures' own bar codes.
 #include "app/ApplicationState.h"
-#include "capture/FrameSteps.h"
 #include "frame/Main.h"
 #include "imaging/PictureFile.h"
 #include "media/player/PlayerControl.h"
@@ -48,9 +47,9 @@ protected:
             QStringLiteral("Options"), QLatin1String(key), QString::number(value)));
     }
     /// A clip under a name that the run accepts.
-    QString Linked(const QString& clip, int place = 0)
+    QString Linked(const QString& clip, int place = 0, const char* extension = ".avi")
     {
-        const QString name = QStringLiteral("video%1.avi").arg(place);
+        const QString name = QStringLiteral("video%1").arg(place) + QLatin1String(extension);
         QFile::remove(folder.filePath(name));
         EXPECT_TRUE(QFile::link(ClipPath(clip), folder.filePath(name)));
         return name;
@@ -69,6 +68,17 @@ protected:
         state.AutoCapture = true;
         state.AutoFrame = true;
         Open(names);
+    }
+    void RunByTime(const QStringList& names, int seconds)
+    {
+        Store("UsersCaptureTime", seconds);
+        state.AutoCapture = true;
+        state.CaptureTime = true;
+        Open(names);
+    }
+    bool AwaitPictures(int count) const
+    {
+        return QTest::qWaitFor([&] { return int(NumbersWritten().size()) >= count; }, Patience);
     }
     bool AwaitOver()
     {
@@ -94,13 +104,24 @@ protected:
     }
 };
 
-/// What the rules ask for of a clip; -1 where its pixels tell nothing.
+/// The frames that a run takes of its first video: number 0 and every step-th behind it, but at most one less
+/// than the video has; of a video shorter than the step its first and its last.
+std::vector<int> FramesAsked(int frames, int step)
+{
+    if (frames < step)
+        return { 0, frames - 1 };
+    std::vector<int> asked;
+    for (int frame = 0; frame < frames && int(asked.size()) < frames - 1; frame += step)
+        asked.push_back(frame);
+    return asked;
+}
+
+/// The numbers that their pictures show; -1 where the pixels of a clip tell nothing.
 std::vector<int> Asked(const Clip& clip, int step)
 {
-    FrameSteps steps(clip.Pictures, step, true);
     std::vector<int> numbers;
-    while (const std::optional<int> frame = steps.Next(0))
-        numbers.push_back(clip.Numbers.empty() ? -1 : clip.Numbers.at(size_t(*frame)));
+    for (const int frame : FramesAsked(clip.Pictures, step))
+        numbers.push_back(clip.Numbers.empty() ? -1 : clip.Numbers.at(size_t(frame)));
     return numbers;
 }
 
@@ -132,15 +153,63 @@ TEST_F(AutomaticCapture, OfEveryClipExactlyTheFramesAskedForAreWritten)
 
 TEST_F(AutomaticCapture, ATimedRunTakesThePicturesOfTheAskedTimes)
 {
-    Store("UsersCaptureTime", 2);
-    state.AutoCapture = true;
-    state.CaptureTime = true;
-    Open({ Linked(QStringLiteral("long_10fps.mp4")) });
+    RunByTime({ Linked(QStringLiteral("long_10fps.mp4")) }, 2);
     ASSERT_TRUE(AwaitOver());
     const std::vector<int> numbers = NumbersWritten();
     ASSERT_EQ(numbers.size(), 10U);
     for (size_t i = 0; i < numbers.size(); ++i)
         EXPECT_NEAR(numbers[i], int(i) * 2 * 10, 1) << "ten frames a second";
+}
+
+TEST_F(AutomaticCapture, AWmvInTheListIsRefusedAndPlaysToItsEndAndTheRunGoesOn)
+{
+    errors.Expect(QStringLiteral("Auto Frame Capture"),
+        QStringLiteral(
+            "The frame command is not supported by this video format.\nMulti capture not enabled.\n"
+            "Turn off this feature for this video, reload it, and use the capture button."));
+    RunByFrames({ Linked(QStringLiteral("mpeg4_bf.avi"), 1), Linked(QStringLiteral("wmv2.wmv"), 2, ".wmv"),
+                    Linked(QStringLiteral("mpeg4_bf.avi"), 3) },
+        50);
+    ASSERT_TRUE(QTest::qWaitFor(
+        [this] {
+            return state.VideoExt == QLatin1String(".wmv") && main->IsCommandEnabled(Command::Capture);
+        },
+        Patience));
+    EXPECT_EQ(NumbersWritten(), (std::vector<int> { 0, 50 })) << "nothing of the one that plays";
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !main->IsCommandEnabled(Command::Capture); }, Patience));
+    ASSERT_TRUE(AwaitOver());
+    EXPECT_EQ(NumbersWritten(), (std::vector<int> { 0, 50, 50 }));
+}
+
+TEST_F(AutomaticCapture, ACancelledOpenInTheMiddleLetsTheRunGoOn)
+{
+    RunByTime({ Linked(QStringLiteral("long_10fps.mp4")) }, 1);
+    ASSERT_TRUE(AwaitPictures(2));
+    dialogs.openNames.push(QString());
+    main->OpenVideoNow_Click();
+    ASSERT_TRUE(AwaitPictures(4));
+    EXPECT_FALSE(main->IsCommandEnabled(Command::Capture));
+}
+
+TEST_F(AutomaticCapture, ASecondOpenInTheMiddleOfATimedRunBeginsItsOwn)
+{
+    RunByTime({ Linked(QStringLiteral("long_10fps.mp4")) }, 1);
+    ASSERT_TRUE(AwaitPictures(2));
+    state.CaptureTime = false;
+    RunByFrames({ Linked(QStringLiteral("mpeg4_bf.avi"), 2) }, 50);
+    ASSERT_TRUE(AwaitOver());
+    const std::vector<int> numbers = NumbersWritten();
+    EXPECT_EQ(std::vector<int>(numbers.end() - 2, numbers.end()), (std::vector<int> { 0, 50 }));
+}
+
+TEST_F(AutomaticCapture, TheFrameClosedInTheMiddleOfATimedRunLeavesWholePicturesOnly)
+{
+    RunByTime({ Linked(QStringLiteral("long_10fps.mp4")) }, 1);
+    ASSERT_TRUE(AwaitPictures(3));
+    main->close();
+    main.reset();
+    for (const QString& name : FilesIn(Pictures().path()))
+        EXPECT_GE(NumberIn(QImage(Pictures().filePath(name))), 0) << name.toStdString();
 }
 
 TEST_F(AutomaticCapture, ABrokenVideoAndATextFileAreLeftOutOfTheRun)

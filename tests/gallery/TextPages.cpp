@@ -2,6 +2,7 @@
 
 #include "imaging/PictureText.h"
 #include "tests/testing/FakeFrame.h"
+#include "tests/text/TextSamples.h"
 #include "text/GetFonts.h"
 #include "text/frmWatermark.h"
 #include "toolkit/xpcheckbox.h"
@@ -91,6 +92,7 @@ void ShowPicture(const Take& take, const QString& name, const QImage& picture)
 {
     QLabel label;
     label.setPixmap(QPixmap::fromImage(picture));
+    label.setFixedSize(picture.size()); // by itself it would be no larger than the screen likes
     take(name, label);
 }
 
@@ -128,5 +130,6 @@ void ShowTexts(const Take& take)
 {
     ShowPicture(take, QStringLiteral("text-styles"), StylesSheet());
     ShowPicture(take, QStringLiteral("text-settings"), SettingsSheet());
+    ShowPicture(take, QStringLiteral("text-samples"), TextSampleSheet());
     ShowDialogs(take);
 }

@@ -1,5 +1,6 @@
 #include "tests/media/Opened.h"
 
+#include <QFile>
 #include <gtest/gtest.h>
 
 namespace media {
@@ -30,6 +31,25 @@ TEST(CaptionClip, TheTextChangesAtTheVeryPicture)
         EXPECT_EQ(textAt(79), "ROLL UP TWO/");
         EXPECT_EQ(textAt(119), "ROLL UP TWO/SECOND LINE/");
     }
+}
+
+TEST(CaptionClip, ATrackOfItsOwnSpeaksFromTheFirstPictureThatBeginsWithItsText)
+{
+    const Opened opened("cc_track.mov");
+    ASSERT_EQ(opened->KnownFrames(), 120);
+    for (int number = 0; number < 120; ++number)
+        EXPECT_EQ(TextOf(opened->CaptionAt(number)), number >= 20 && number < 75 ? "HELLO SCC!/" : "")
+            << number << " at " << opened->TimeOf(number);
+}
+
+TEST(CaptionClip, ATrackOfItsOwnSpeaksFromMemoryToo)
+{
+    QFile file(ClipPath("cc_track.mov"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    Interrupt interrupt;
+    const auto server = FrameServer::Open({ Source::Kind::Memory, file.readAll() }, interrupt);
+    server->ExtendIndex(21);
+    EXPECT_EQ(TextOf(server->CaptionAt(20)), "HELLO SCC!/");
 }
 
 TEST(CaptionClip, AVideoWithoutCaptionsSaysNothing)

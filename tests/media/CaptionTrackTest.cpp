@@ -50,6 +50,16 @@ TEST_F(CaptionTrackTest, APopOnTextAppearsWhenItIsShownAndGoesWhenItIsErased)
     EXPECT_EQ(TextAt(50), "");
 }
 
+TEST_F(CaptionTrackTest, ThoseOfATrackOfItsOwnCountWhereThePicturesHaveNone)
+{
+    track_.AddOfTrack(3, Codes({ PopOn, LastRow }) + Letters("ASIDE ") + Codes({ Show }));
+    EXPECT_EQ(TextAt(2), "");
+    EXPECT_EQ(TextAt(3), "ASIDE ");
+    Say(5, Codes({ PopOn, LastRow }) + Letters("WITHIN") + Codes({ Show }));
+    EXPECT_EQ(TextAt(3), "");
+    EXPECT_EQ(TextAt(5), "WITHIN");
+}
+
 TEST_F(CaptionTrackTest, ASecondPopOnTextReplacesTheFirst)
 {
     Say(0, Codes({ PopOn, LastRow }) + Letters("ONE ") + Codes({ Show }));

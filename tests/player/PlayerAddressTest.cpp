@@ -96,9 +96,44 @@ TEST_F(PlayerAddressTest, AVideoWithoutAToldEndPlaysAtItsOwnRateOnly)
     EXPECT_TRUE(player_->IsRateSupported(2));
 }
 
+TEST_F(PlayerAddressTest, WhatIsSentAsItHappensHasNeitherStartNorEndToSeek)
+{
+    ASSERT_TRUE(Opens(plain_ + QStringLiteral("/live/h264_opengop.ts")));
+    EXPECT_EQ(player_->CheckSeeking(ltmmPlay::EveryCapability), 0);
+}
+
+TEST_F(PlayerAddressTest, WhatCheckSeekingPromisesIsKept)
+{
+    for (const char* way : { "/good/frag.mp4", "/whole/frag.mp4" }) {
+        SCOPED_TRACE(way);
+        ASSERT_TRUE(Opens(plain_ + QLatin1String(way)));
+        EXPECT_EQ(player_->CheckSeeking(ltmmPlay::EveryCapability), ltmmPlay::EveryCapability);
+        player_->SeekEnd();
+        EXPECT_EQ(Seen(), ClipNamed(QStringLiteral("frag.mp4")).Numbers.back());
+        EXPECT_EQ(player_->TrackingPosition(), player_->TrackingMax());
+        player_->SeekStart();
+        EXPECT_EQ(Seen(), 0);
+        player_->MarkSelectionEnd();
+        EXPECT_LT(selections_.last().at(1).toInt(), player_->TrackingMax());
+    }
+}
+
+TEST_F(PlayerAddressTest, AnEndThatDoesNotComeInTimeIsNotShownAsTheEnd)
+{
+    ASSERT_TRUE(Opens(plain_ + QStringLiteral("/stalled/frag.mp4")));
+    player_->SeekEnd();
+    EXPECT_LT(Seen(), ClipNamed(QStringLiteral("frag.mp4")).Numbers.back());
+    EXPECT_LT(player_->TrackingPosition(), player_->TrackingMax());
+}
+
 TEST_F(PlayerAddressTest, AServerThatNeverAnswersIsGivenUp)
 {
     EXPECT_EQ(Refusal(plain_ + QStringLiteral("/silent")), NoAnswer);
+}
+
+TEST_F(PlayerAddressTest, AServerThatFallsSilentBehindItsHeaderIsGivenUp)
+{
+    EXPECT_EQ(Refusal(plain_ + QStringLiteral("/mute")), NoAnswer);
 }
 
 TEST_F(PlayerAddressTest, TheUserCanCancelTheWaitAndIsToldNothing)

@@ -38,6 +38,15 @@ TEST_F(PlayerCaptionTest, TheTextStandsOverExactlyItsPictures)
         EXPECT_TRUE(HasText(frame)) << frame;
 }
 
+TEST_F(PlayerCaptionTest, TheTextOfATrackOfItsOwnStandsOverExactlyItsPictures)
+{
+    Load(QStringLiteral("cc_track.mov"));
+    for (const int frame : { 0, 19, 75, 119 })
+        EXPECT_FALSE(HasText(frame)) << frame;
+    for (const int frame : { 20, 74 })
+        EXPECT_TRUE(HasText(frame)) << frame;
+}
+
 TEST_F(PlayerCaptionTest, SwitchingThemShowsAndHidesTheTextAtOnce)
 {
     const QImage plain = ScreenAt(30);

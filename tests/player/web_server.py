@@ -7,6 +7,7 @@ plain and TLS (with a certificate that nobody has signed), and serves until its 
     /slow/NAME      a file at 10 kB/s
     /cut/NAME       promises a file and closes the line in its middle
     /stalled/NAME   sends half a file and then nothing
+    /mute           answers with its header lines and then nothing
     /headers        answers with header lines that never end
     /silent         never answers
     /gone           404
@@ -98,6 +99,10 @@ class Answer(http.server.BaseHTTPRequestHandler):
         self.head(Connection="close")
         self.wfile.write(self.bytes_of(name))
         self.wfile.flush()
+        self.ended.wait(LONGEST_SILENCE)
+
+    def answer_mute(self, *_):
+        self.head(Content_Length=100_000, Content_Type="video/mp4")
         self.ended.wait(LONGEST_SILENCE)
 
     def answer_headers(self, *_):

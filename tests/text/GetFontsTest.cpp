@@ -8,6 +8,7 @@
 #include "toolkit/xpcheckbox.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -228,6 +229,19 @@ TEST_F(GetFontsTest, SaveStoresTheKeysInTheirOrder)
     EXPECT_EQ(keys.mid(0, 7).join(u' '),
         QStringLiteral("UseShadows TextShadowPosX TextShadowPosY WatermarkTextStyle "
                        "sFontWatermarkTextAngle sFontShadowColor sFontBorderColor"));
+}
+
+TEST_F(GetFontsTest, AFontThatCannotBeStoredIsToldAndHoldsUntilTheProgramEnds)
+{
+    QFile::remove(state.Settings.FilePath());
+    ASSERT_TRUE(QDir().mkpath(state.Settings.FilePath())) << "a folder where the file was";
+    Choose("List3", "36");
+    frame.errors.Expect(QStringLiteral("Error!"),
+        QStringLiteral("The font could not be stored. It is used until the program ends."));
+    Click("CmdOK");
+    EXPECT_EQ(frame.errors.lastOwner, form.get());
+    EXPECT_EQ(state.SFontSize, 36);
+    EXPECT_EQ(form->result(), QDialog::Accepted);
 }
 
 TEST_F(GetFontsTest, CancelStoresNothing)

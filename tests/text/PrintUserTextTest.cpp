@@ -197,6 +197,19 @@ TEST_F(PrintUserTextTest, TheZoomOfTheWindowDoesNotShowInThePicture)
     }
 }
 
+TEST_F(PrintUserTextTest, TheZoomDoesNotShowInHowManyLinesAreDrawnEither)
+{
+    state.sFontText = QStringLiteral("line\n").repeated(40);
+    state.sFontWatermarkTextAngle = 90; // the lines stand side by side, so all that are drawn are seen
+    state.SFontSize = 6;
+    const QImage expected = Printed();
+    lead.SetPaintSizeMode(Lead::ZoomSize);
+    for (const int percent : { 20, 500 }) {
+        lead.SetPaintZoomFactor(percent);
+        EXPECT_EQ(Printed(), expected) << percent;
+    }
+}
+
 TEST_F(PrintUserTextTest, TheWindowShowsWhatItShowedBefore)
 {
     lead.show();

@@ -8,6 +8,7 @@
 #include <QMap>
 #include <QTest>
 
+#include <algorithm>
 #include <climits>
 #include <set>
 #include <vector>
@@ -104,8 +105,18 @@ protected:
     {
         std::vector<int> frames;
         for (int number = 1; QFile::exists(PicturePath(number)); ++number)
-            frames.push_back(qRed(QImage(PicturePath(number)).pixel(0, 0)));
+            frames.push_back(FrameIn(number));
         return frames;
+    }
+    int FrameIn(int number) const { return qRed(QImage(PicturePath(number)).pixel(0, 0)); }
+    bool AreAllWhole() const
+    {
+        return std::ranges::none_of(FilesIn(PictureFolder()),
+            [this](const QString& file) { return QImage(PictureFolder() + u'/' + file).isNull(); });
+    }
+    void Press(const char* button)
+    {
+        QTest::mouseClick(window->findChild<QWidget*>(QLatin1String(button)), Qt::LeftButton);
     }
     int FilesWritten() const { return int(FilesIn(PictureFolder()).size()); }
     void Progress(int position) { Q_EMIT player->PlaybackProgress(position); }

@@ -110,6 +110,28 @@ TEST_F(FrameRunTest, AWmvIsRefusedAndPlaysAndTheRunWaitsForIt)
     EXPECT_EQ(FramesWritten(), (Frames { 0, 10, 20, 10, 20 }));
 }
 
+TEST_F(FrameRunTest, TheCaptureButtonThatTheRefusalAdvisesWorksWhileTheWmvPlays)
+{
+    frame.errors.Expect(QLatin1String(RefusalTitle), QLatin1String(RefusalText));
+    player->frameCounts[C] = 30'000;
+    RunByFrames({ Wmv, C }, 10);
+    ASSERT_TRUE(Await([&] { return player->state == ltmmPlay::Running; }));
+    EXPECT_TRUE(frame.enabled.value(Command::Capture));
+    Progress(10000);
+    EXPECT_FALSE(frame.enabled.value(Command::Capture));
+    ASSERT_TRUE(Await([&] { return FilesWritten() > 2; }));
+    EXPECT_FALSE(frame.enabled.value(Command::Capture));
+}
+
+TEST_F(FrameRunTest, ItStaysDisabledWhereCapturesAreSavedAtOnce)
+{
+    frame.errors.Expect(QLatin1String(RefusalTitle), QLatin1String(RefusalText));
+    state.NoCap = true;
+    RunByFrames({ Wmv, C }, 10);
+    ASSERT_TRUE(Await([&] { return player->state == ltmmPlay::Running; }));
+    EXPECT_FALSE(frame.enabled.value(Command::Capture));
+}
+
 TEST_F(FrameRunTest, AWmvAtTheEndIsLeftPlaying)
 {
     frame.errors.Expect(QLatin1String(RefusalTitle), QLatin1String(RefusalText));
@@ -167,7 +189,11 @@ TEST_F(FrameRunTest, AFrameThatIsRefusedEndsItsVideoAndTheRunGoesOn)
     player->refusedFrames = { 50 };
     RunByFrames({ A, B }, 10);
     ASSERT_TRUE(AwaitOver());
-    EXPECT_EQ(FramesWritten(), (Frames { 0, 10, 20, 30, 40, 10, 20 }));
+    EXPECT_EQ(FramesWritten(), (Frames { 0, 10, 20, 30, 40 }));
+    EXPECT_FALSE(QFile::exists(PicturePath(6))) << "its number was tried for the frame that was refused";
+    EXPECT_EQ(FrameIn(7), 10);
+    EXPECT_EQ(FrameIn(8), 20);
+    EXPECT_EQ(FilesWritten(), 7);
 }
 
 TEST_F(FrameRunTest, AFolderRemovedInTheMiddleEndsTheVideoAndTheNextGoesOnWhereItIsBack)
@@ -198,13 +224,11 @@ TEST_F(FrameRunTest, AFullDiskLeavesWholeFilesOnlyAndTheRightCount)
     player->frameCounts[A] = 200;
     RunByFrames({ A }, 10);
     ASSERT_TRUE(AwaitOver());
-    const QStringList files = FilesIn(PictureFolder());
-    EXPECT_GT(files.size(), 0);
-    EXPECT_LT(files.size(), 20);
-    for (const QString& file : files)
-        EXPECT_FALSE(QImage(PictureFolder() + u'/' + file).isNull()) << file.toStdString();
+    EXPECT_GT(FilesWritten(), 0);
+    EXPECT_LT(FilesWritten(), 20);
+    EXPECT_TRUE(AreAllWhole());
     EXPECT_TRUE(
-        Status(StatusLabel::AutoCapture).endsWith(QStringLiteral("Total Captures = %1").arg(files.size())));
+        Status(StatusLabel::AutoCapture).endsWith(QStringLiteral("Total Captures = %1").arg(FilesWritten())));
     QFile::remove(PictureFolder());
 }
 
@@ -213,14 +237,13 @@ TEST_F(FrameRunTest, TheWindowsCloseButtonLeavesTheRun)
     player->frameCounts[A] = 30'000;
     RunByFrames({ A, B }, 10);
     ASSERT_TRUE(Await([&] { return FilesWritten() > 5; }));
-    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Cmds(0)")), Qt::LeftButton);
+    Press("Cmds(0)");
     EXPECT_EQ(state.VideoCount, 0);
     EXPECT_FALSE(frame.statusShown.value(StatusLabel::AutoCapture));
     EXPECT_FALSE(frame.enabled.value(Command::Capture)) << "there is no video";
     frame.own = &spare;
     ASSERT_TRUE(Await([&] { return window.isNull(); }));
-    for (const QString& file : FilesIn(PictureFolder()))
-        EXPECT_FALSE(QImage(PictureFolder() + u'/' + file).isNull()) << file.toStdString();
+    EXPECT_TRUE(AreAllWhole());
 }
 
 TEST_F(FrameRunTest, TheWindowsOpenButtonLeavesTheRunAndGivesTheVideoToTheUser)
@@ -228,7 +251,7 @@ TEST_F(FrameRunTest, TheWindowsOpenButtonLeavesTheRunAndGivesTheVideoToTheUser)
     player->frameCounts[A] = 30'000;
     RunByFrames({ A }, 10);
     ASSERT_TRUE(Await([&] { return FilesWritten() > 5; }));
-    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Cmds(3)")), Qt::LeftButton);
+    Press("Cmds(3)");
     const int given = player->stillsGiven;
     EXPECT_FALSE(frame.statusShown.value(StatusLabel::AutoCapture));
     EXPECT_TRUE(frame.enabled.value(Command::Capture));
@@ -305,9 +328,45 @@ TEST_F(FrameRunTest, TheUsersTextIsBurntIntoEveryPicture)
     ASSERT_TRUE(AwaitOver());
     ASSERT_EQ(FramesWritten(), (Frames { 0, 10, 20 }));
     EXPECT_EQ(Status(StatusLabel::Watermark), "Watermark Applied");
+    EXPECT_TRUE(frame.statusShown.value(StatusLabel::Watermark));
     for (int number = 1; number <= 3; ++number)
         EXPECT_NE(QImage(PicturePath(number)).convertToFormat(QImage::Format_RGB32),
             player->StillNumber((number - 1) * 10).convertToFormat(QImage::Format_RGB32));
+}
+
+TEST_F(FrameRunTest, ATextThatCannotBeBurntEndsItsVideoAndTheFileStaysAsWritten)
+{
+    SmallDisk disk(64);
+    if (!disk.IsThere())
+        GTEST_SKIP() << "no file system can be mounted here";
+    QDir(PictureFolder()).removeRecursively();
+    ASSERT_TRUE(QFile::link(disk.Path(), PictureFolder()));
+    player->size = QSize(120, 100); // room for one file, and not for the other that is to take its place
+    Store("UseWatermark", QStringLiteral("True"));
+    state.Reload(Key::UseWatermark);
+    RunByFrames({ A }, 10);
+    ASSERT_TRUE(AwaitOver());
+    EXPECT_EQ(FilesWritten(), 1);
+    EXPECT_EQ(QImage(PicturePath(1)).convertToFormat(QImage::Format_RGB32),
+        player->StillNumber(0).convertToFormat(QImage::Format_RGB32));
+    EXPECT_EQ(Status(StatusLabel::AutoCapture), QString());
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::Watermark));
+    QFile::remove(PictureFolder());
+}
+
+TEST_F(FrameRunTest, TheTextIsBurntWithoutHoldingTheWindow)
+{
+    Store("UseWatermark", QStringLiteral("True"));
+    state.Reload(Key::UseWatermark);
+    player->size = QSize(400, 300);
+    player->frameCounts[A] = 30'000;
+    RunByFrames({ A }, 10);
+    ASSERT_TRUE(Await([&] { return FilesWritten() > 3; }));
+    Press("Cmds(3)");
+    const int given = player->stillsGiven;
+    QCoreApplication::processEvents();
+    EXPECT_EQ(player->stillsGiven, given);
+    EXPECT_TRUE(AreAllWhole());
 }
 
 TEST_F(FrameRunTest, AFrameThatIsNotReadyIsWaitedForWithoutHoldingTheWindow)

@@ -1,9 +1,29 @@
+#include "tests/testing/SmallDisk.h"
 #include "tests/video/AutoRunFixture.h"
 #include "toolkit/StripButton.h"
 
 namespace {
 
-using TimedRunTest = AutoRunFixture;
+class TimedRunTest : public AutoRunFixture {
+protected:
+    /// A run whose pictures come in quick succession: the video plays fast.
+    void RunQuickly(const QStringList& names)
+    {
+        player->rate = 50;
+        RunByTime(names, 1);
+    }
+    bool AwaitStills(int more) const
+    {
+        return Await([this, wanted = player->stillsGiven + more] { return player->stillsGiven >= wanted; });
+    }
+    /// Waits until so many captures of one video were told, 2 to 9.
+    bool AwaitCaptures(int count) const
+    {
+        return AwaitLabel(QStringLiteral("Captured frame at 00:00:0%1        Total Captures = %2")
+                              .arg(count - 1)
+                              .arg(count));
+    }
+};
 
 const QString A = QStringLiteral("a.avi");
 const QString B = QStringLiteral("b.wmv");
@@ -73,6 +93,104 @@ TEST_F(TimedRunTest, AFileThatCannotBeWrittenIsPassedOverAndTheNextOneComes)
     QDir().mkpath(PictureFolder());
     ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
     ASSERT_TRUE(AwaitLabel(QStringLiteral("Captured first frame.     Total Captures = 1")));
+}
+
+TEST_F(TimedRunTest, AFullDiskLeavesWholeFilesOnlyAndTheRightCount)
+{
+    SmallDisk disk(24);
+    if (!disk.IsThere())
+        GTEST_SKIP() << "no file system can be mounted here";
+    QDir(PictureFolder()).removeRecursively();
+    ASSERT_TRUE(QFile::link(disk.Path(), PictureFolder()));
+    player->size = QSize(40, 30);
+    RunQuickly({ A });
+    ASSERT_TRUE(AwaitStills(20));
+    EXPECT_EQ(player->state, ltmmPlay::Running);
+    Progress(10'000);
+    ASSERT_TRUE(AwaitOver());
+    EXPECT_GT(FilesWritten(), 0);
+    EXPECT_LT(FilesWritten(), 20);
+    EXPECT_TRUE(AreAllWhole());
+    EXPECT_TRUE(Status(StatusLabel::AutoCapture).endsWith(QStringLiteral(" %1").arg(FilesWritten())));
+    QFile::remove(PictureFolder());
+}
+
+TEST_F(TimedRunTest, AFolderRemovedInTheMiddleIsWrittenToAgainOnceItIsBack)
+{
+    RunQuickly({ A });
+    ASSERT_TRUE(AwaitCaptures(3));
+    QDir(PictureFolder()).removeRecursively();
+    ASSERT_TRUE(AwaitStills(5));
+    QDir().mkpath(PictureFolder());
+    ASSERT_TRUE(Await([&] { return FilesWritten() > 0; }));
+    EXPECT_EQ(player->state, ltmmPlay::Running);
+    EXPECT_FALSE(QFile::exists(PicturePath(4))) << "a number that was tried is not tried again";
+}
+
+TEST_F(TimedRunTest, TheUsersTextIsBurntIntoEveryPicture)
+{
+    Store("UseWatermark", QStringLiteral("True"));
+    Store("Ext", QStringLiteral(".png"));
+    state.Reload(Key::UseWatermark);
+    player->size = QSize(400, 100);
+    RunQuickly({ A });
+    ASSERT_TRUE(AwaitCaptures(2));
+    EXPECT_EQ(Status(StatusLabel::Watermark), "Watermark Applied");
+    EXPECT_TRUE(FileBytes(PicturePath(1, ".png")).startsWith("\x89PNG"));
+    const QImage written(PicturePath(1, ".png"));
+    QImage plain = written;
+    plain.fill(written.pixel(399, 99));
+    EXPECT_NE(written, plain);
+}
+
+TEST_F(TimedRunTest, TheWindowsCloseButtonLeavesTheRun)
+{
+    RunQuickly({ A, C });
+    ASSERT_TRUE(AwaitCaptures(3));
+    Press("Cmds(0)");
+    EXPECT_EQ(state.VideoCount, 0);
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::AutoCapture));
+    EXPECT_FALSE(frame.enabled.value(Command::Capture)) << "there is no video";
+    frame.own = &spare;
+    ASSERT_TRUE(Await([&] { return window.isNull(); }));
+    EXPECT_TRUE(AreAllWhole());
+}
+
+TEST_F(TimedRunTest, ASecondOpenLeavesTheRunAndBeginsItsOwn)
+{
+    RunQuickly({ A, C });
+    ASSERT_TRUE(AwaitCaptures(4));
+    frame.told.clear();
+    RunQuickly({ B });
+    ASSERT_TRUE(AwaitLabel(QStringLiteral("Captured first frame.     Total Captures = 1")));
+    EXPECT_EQ(player->opened, (QStringList { A, B }));
+    Progress(10'000);
+    ASSERT_TRUE(AwaitOver());
+    EXPECT_EQ(player->opened, (QStringList { A, B })) << "the videos of the first run are left";
+}
+
+TEST_F(TimedRunTest, AVideoChosenFromTheListLeavesTheRunAndOpensAsUsual)
+{
+    RunQuickly({ A, C });
+    ASSERT_TRUE(AwaitCaptures(3));
+    state.VideoPath = state.Videos.value(2);
+    state.FromList = true;
+    window->OpenVideo();
+    EXPECT_EQ(player->state, ltmmPlay::Stopped);
+    const int given = player->stillsGiven;
+    QCoreApplication::processEvents();
+    EXPECT_EQ(player->stillsGiven, given);
+}
+
+TEST_F(TimedRunTest, TheWindowsOtherButtonsLetItGoOn)
+{
+    RunQuickly({ A });
+    ASSERT_TRUE(AwaitCaptures(2));
+    for (const char* button : { "Cmds(1)", "Cmds(1)", "Cmds(2)", "Cmds(2)" }) {
+        Press(button);
+        ASSERT_TRUE(AwaitStills(2)) << button;
+    }
+    EXPECT_TRUE(AreAllWhole());
 }
 
 TEST_F(TimedRunTest, AtHundredPercentTheNextVideoFollowsAndItsFirstPictureDoesNotMoveTheCount)
@@ -194,7 +312,7 @@ TEST_F(TimedRunTest, TheWindowsOpenButtonLetsTheNumbersBeginAnew)
 {
     RunByTime({ A }, 1);
     ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
-    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Cmds(3)")), Qt::LeftButton);
+    Press("Cmds(3)");
     QFile::remove(PicturePath(1));
     Open({ A });
     ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));

@@ -1,9 +1,12 @@
 #include "viewers/QuickShots.h"
 
+#include "imaging/PictureFile.h"
 #include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
 #include "tests/testing/Files.h"
+#include "toolkit/TitleStrip.h"
 #include "viewers/ThumbPanel.h"
+#include "viewers/Viewer.h"
 
 #include <QAccessible>
 #include <QDir>
@@ -23,6 +26,7 @@ protected:
     std::unique_ptr<QuickShots> strip;
     ThumbPanel* panel = nullptr;
 
+    static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
     void SetUp() override
     {
         state.OpThumb = 0;
@@ -49,10 +53,8 @@ protected:
         return picture;
     }
     void Pick(int index) { QTest::mouseClick(panel, Qt::LeftButton, {}, panel->CellRect(index).center()); }
-    void Click(const char* name)
-    {
-        QTest::mouseClick(strip->findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton);
-    }
+    QWidget* Find(const char* name) { return strip->findChild<QWidget*>(QLatin1String(name)); }
+    void Click(const char* name) { QTest::mouseClick(Find(name), Qt::LeftButton); }
 };
 
 } // namespace
@@ -61,6 +63,69 @@ TEST_F(QuickShotsTest, AThumbnailSharesThePixelsOfItsCapture)
 {
     Add(Qt::red);
     EXPECT_EQ(panel->Bitmap(0).constBits(), frame.hold.Bitmap().constBits());
+}
+
+TEST_F(QuickShotsTest, ItsTitleAndTheTipsOfItsButtons)
+{
+    EXPECT_EQ(strip->Head().Title(), QStringLiteral("Captured Thumbnails"));
+    Add(Qt::red);
+    const struct {
+        const char* button;
+        const char* tip;
+    } expected[] = { { "Cmds(0)", " Close Thumbnail Window " }, { "Cmds(1)", " Minimize Window " },
+        { "Cmds(2)", " Open Highlighted Capture " }, { "Cmds(5)", "Save ALL pictures to the AutoFolder" } };
+    for (const auto& row : expected)
+        EXPECT_EQ(Find(row.button)->toolTip(), QLatin1String(row.tip)) << row.button;
+    state.ToolTip = false;
+    Add(Qt::blue);
+    for (const auto& row : expected)
+        EXPECT_EQ(Find(row.button)->toolTip(), QString()) << row.button;
+}
+
+TEST_F(QuickShotsTest, WithACaptureWindowTheCellHoldsThePictureOfTheActiveOne)
+{
+    frame.clipboard.picture = QImage(60, 40, QImage::Format_BGR888);
+    frame.clipboard.picture.fill(Qt::darkGreen);
+    Viewer viewer(frame);
+    viewer.setAttribute(Qt::WA_DeleteOnClose, false);
+    frame.activeForm = &viewer;
+    for (const qint16 opThumb : { qint16(1), qint16(2) }) {
+        state.OpThumb = opThumb;
+        Add(Qt::red); // what the frame holds for the thumbnail alone is not looked at
+        EXPECT_EQ(panel->Bitmap(panel->Count() - 1), viewer.ClipPic()) << opThumb;
+        EXPECT_EQ(panel->Bitmap(panel->Count() - 1).pixelColor(0, 0), QColor(Qt::darkGreen)) << opThumb;
+    }
+}
+
+TEST_F(QuickShotsTest, AThumbnailThatIsPickedFlashes)
+{
+    Add(Qt::red);
+    Add(Qt::blue);
+    const auto middleOf = [this](int index) {
+        return panel->grab(QRect(panel->CellRect(index).center(), QSize(1, 1))).toImage().pixelColor(0, 0);
+    };
+    ASSERT_EQ(middleOf(1), QColor(Qt::blue));
+    Pick(1);
+    EXPECT_NE(middleOf(1), QColor(Qt::blue));
+    EXPECT_EQ(middleOf(0), QColor(Qt::red));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return middleOf(1) == QColor(Qt::blue); }, 10'000));
+}
+
+TEST_F(QuickShotsTest, AllAreSavedInTheFormatOfCaptures)
+{
+    const struct {
+        const char* ext;
+        QByteArray mark;
+    } formats[] = { { ".jpg", "\xFF\xD8\xFF" }, { ".tga", QByteArray(2, '\0') + '\2' }, { ".gif", "GIF8" },
+        { ".tif", "II*" }, { ".png", "\x89PNG" }, { ".psd", "8BPS" } };
+    Add(Qt::red);
+    for (const auto& format : formats) {
+        state.Settings.SaveSetting(
+            QStringLiteral("Options"), QStringLiteral("Ext"), QLatin1String(format.ext));
+        Click("Cmds(5)");
+        const QString path = state.Beside(QStringLiteral("AutoSave/AutoThumb1")) + QLatin1String(format.ext);
+        EXPECT_TRUE(FileBytes(path).startsWith(format.mark)) << format.ext;
+    }
 }
 
 TEST_F(QuickShotsTest, WithNothingPickedNothingOpens)

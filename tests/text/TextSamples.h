@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+#include <vector>
+
+/// A picture with the user's text, drawn as every setting but one has it in all of them.
+struct TextSample {
+    QString name; ///< of the style, or of the setting that differs
+    QImage picture;
+};
+
+/// One of each style, and one of each setting that changes what is drawn.
+std::vector<TextSample> TextSamples();
+
+/// The samples on one sheet with their names, for the eye.
+QImage TextSampleSheet();
