@@ -46,6 +46,8 @@ TEST(GoldenText, TheFontsOfThePicturesAreHere)
 {
     for (const char* family : { "DejaVu Sans", "DejaVu Serif" })
         EXPECT_TRUE(QFontDatabase::families().contains(QLatin1String(family))) << family;
+    EXPECT_TRUE(QFontDatabase::styles(QStringLiteral("DejaVu Sans")).contains(QStringLiteral("Oblique")))
+        << "a leaning font of its own, where another would be made to lean";
 }
 
 TEST(GoldenText, EveryStyleAndEverySettingIsDrawnAsInItsPicture)

@@ -354,7 +354,7 @@ TEST_F(FrameRunTest, ATextThatCannotBeBurntEndsItsVideoAndTheFileStaysAsWritten)
     QFile::remove(PictureFolder());
 }
 
-TEST_F(FrameRunTest, TheTextIsBurntWithoutHoldingTheWindow)
+TEST_F(FrameRunTest, TheWindowsOpenButtonLeavesARunThatBurnsText)
 {
     Store("UseWatermark", QStringLiteral("True"));
     state.Reload(Key::UseWatermark);
