@@ -1,0 +1,121 @@
+#include "edit/SliderRow.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSlider>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int Gap = 4; // the grid
+constexpr int LeastBarWidth = 120;
+constexpr int ButtonPadding = 8 * Gap;
+constexpr auto WidestNumber = "-10000";
+
+int WidestLabel(const QFontMetrics& metrics)
+{
+    int widest = 0;
+    for (const EffectRow& row : EffectRows())
+        widest = std::max(widest, metrics.horizontalAdvance(QLatin1String(row.label)));
+    return widest;
+}
+
+} // namespace
+
+SliderRow::SliderRow(int index, QWidget* parent)
+    : QWidget(parent)
+    , row_(EffectRows()[size_t(index)])
+    , button_(new QPushButton(QLatin1String(row_.label), this))
+    , TScrolls(new QSlider(Qt::Horizontal, this))
+    , Answer(new QLineEdit(this))
+{
+    Build(index);
+    TScrolls->setRange(row_.min, row_.max);
+    TScrolls->setPageStep(row_.largeStep);
+    TScrolls->setValue(row_.start);
+    Bind();
+    ShowAnswer();
+}
+
+void SliderRow::Build(int index)
+{
+    const bool isImage = row_.group == EffectGroup::Image;
+    button_->setObjectName(
+        isImage ? QStringLiteral("ImageBut(%1)").arg(index) : QStringLiteral("EffectBut(%1)").arg(index - 6));
+    button_->setProperty("Tag", QStringLiteral("Click to Apply"));
+    button_->setFixedWidth(WidestLabel(button_->fontMetrics()) + ButtonPadding);
+    const QString label = QLatin1String(row_.label);
+    TScrolls->setObjectName(QStringLiteral("TScrolls(%1)").arg(index));
+    TScrolls->setAccessibleName(label + QStringLiteral(" slider"));
+    TScrolls->setMinimumWidth(LeastBarWidth);
+    Answer->setObjectName(QStringLiteral("Answer(%1)").arg(index));
+    Answer->setAccessibleName(label + QStringLiteral(" amount"));
+    Answer->setAlignment(Qt::AlignRight);
+    Answer->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1String(WidestNumber)) + 4 * Gap);
+    auto* line = new QHBoxLayout(this);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(2 * Gap);
+    line->addWidget(button_);
+    line->addWidget(TScrolls, 1);
+    line->addWidget(Answer);
+}
+
+void SliderRow::Bind()
+{
+    connect(button_, &QPushButton::clicked, this, &SliderRow::Apply);
+    connect(Answer, &QLineEdit::returnPressed, this, &SliderRow::Apply);
+    connect(Answer, &QLineEdit::textChanged, this, &SliderRow::TakeText);
+    connect(Answer, &QLineEdit::editingFinished, this,
+        [this] { Answer->setText(AnswerText::Held(Answer->text(), row_)); });
+    connect(TScrolls, &QSlider::valueChanged, this, [this](int value) {
+        if (AnswerText::Number(Answer->text()) != value)
+            Answer->setText(QString::number(value));
+    });
+}
+
+void SliderRow::TakeText(const QString& text)
+{
+    if (Answer->isModified() && AnswerText::IsBeginning(text, row_)) {
+        const QSignalBlocker silence(TScrolls); // its number would replace what is being typed
+        TScrolls->setValue(row_.min);
+        return;
+    }
+    if (const QString held = AnswerText::Held(text, row_); held != text)
+        return Answer->setText(held); // which comes back here
+    TScrolls->setValue(AnswerText::Number(text));
+}
+
+int SliderRow::Value() const
+{
+    return TScrolls->value();
+}
+
+void SliderRow::SetValue(int value)
+{
+    TScrolls->setValue(value);
+}
+
+void SliderRow::SetText(const QString& text)
+{
+    Answer->setText(text);
+}
+
+void SliderRow::SelectText()
+{
+    Answer->selectAll();
+}
+
+void SliderRow::ShowAnswer()
+{
+    Answer->setText(QString::number(Value()));
+    default_ = AnswerText::Number(Answer->text());
+}
+
+void SliderRow::ReAnswer()
+{
+    Answer->setText(QString::number(default_));
+    TScrolls->setValue(default_);
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "edit/EffectRows.h"
+
+#include <QWidget>
+
+class QLineEdit;
+class QPushButton;
+class QSlider;
+
+/// The line of one effect: the button that applies it, its slider, and a box with the slider's number, which
+/// can be typed as well.
+class SliderRow : public QWidget {
+    Q_OBJECT
+
+public:
+    /// index is that of EffectRows.
+    SliderRow(int index, QWidget* parent);
+
+    int Value() const;
+    /// Held to the range.
+    void SetValue(int value);
+    /// The box keeps a text whose number is in the range as it stands.
+    void SetText(const QString& text);
+    void SelectText();
+
+    /// The box shows the slider's place, which the row goes back to from now on.
+    void ShowAnswer();
+    /// Back to that place.
+    void ReAnswer();
+
+Q_SIGNALS:
+    void Apply();
+
+private:
+    void Build(int index);
+    void Bind();
+    void TakeText(const QString& text);
+
+    const EffectRow& row_;
+    int default_ = 0;
+    QPushButton* button_;
+    QSlider* TScrolls;
+    QLineEdit* Answer;
+};
