@@ -52,8 +52,11 @@ OptionGroup* AddGroup(QBoxLayout& layout, const char* heading, const char* name,
 {
     auto* box = new QGroupBox(QLatin1String(heading), parent);
     auto* column = new QVBoxLayout(box);
+    column->setContentsMargins(Gap, Gap, Gap, Gap);
     column->setSpacing(2 * Gap);
-    auto* group = new OptionGroup(QLatin1String(name), options, *column, box);
+    auto* group = new OptionGroup(QLatin1String(name), options, box);
+    for (QAbstractButton* const button : group->buttons())
+        column->addWidget(button);
     column->addStretch();
     layout.addWidget(box);
     return group;

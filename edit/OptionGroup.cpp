@@ -1,25 +1,27 @@
 #include "edit/OptionGroup.h"
 
-#include <QBoxLayout>
 #include <QRadioButton>
 
-OptionGroup::OptionGroup(
-    const QString& name, std::span<const Option> options, QBoxLayout& layout, QWidget* parent)
+OptionGroup::OptionGroup(const QString& name, std::span<const Option> options, QWidget* parent)
     : QButtonGroup(parent)
 {
     for (const Option& option : options) {
         auto* button = new QRadioButton(QLatin1String(option.caption), parent);
         button->setObjectName(QStringLiteral("%1(%2)").arg(name).arg(option.index));
         addButton(button, option.index);
-        layout.addWidget(button);
     }
     Choose(options.front().index);
 }
 
 void OptionGroup::Choose(int index)
 {
-    if (QAbstractButton* const one = button(index))
-        one->setChecked(true);
+    QAbstractButton* const chosen = button(index);
+    if (!chosen)
+        return;
+    chosen->setChecked(true);
+    // The key Tab comes to the chosen one; of itself it follows the user's choices only.
+    for (QAbstractButton* const one : buttons())
+        one->setFocusPolicy(one == chosen ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 void OptionGroup::SetEnabled(bool enabled)

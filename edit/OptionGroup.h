@@ -4,8 +4,6 @@
 
 #include <span>
 
-class QBoxLayout;
-
 /// A button of a group, and the number that stands for it.
 struct Option {
     int index;
@@ -17,8 +15,8 @@ class OptionGroup : public QButtonGroup {
     Q_OBJECT
 
 public:
-    /// Adds the buttons to a layout of parent, the first of them chosen.
-    OptionGroup(const QString& name, std::span<const Option> options, QBoxLayout& layout, QWidget* parent);
+    /// Makes the buttons, the first of them chosen; parent places them.
+    OptionGroup(const QString& name, std::span<const Option> options, QWidget* parent);
 
     /// The index of the one chosen.
     int Chosen() const { return checkedId(); }

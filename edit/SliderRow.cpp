@@ -12,7 +12,7 @@ namespace {
 
 constexpr int Gap = 4; // the grid
 constexpr int LeastBarWidth = 120;
-constexpr int ButtonPadding = 8 * Gap;
+constexpr int ButtonPadding = 9 * Gap;
 constexpr auto WidestNumber = "-10000";
 
 int WidestLabel(const QFontMetrics& metrics)
@@ -46,6 +46,7 @@ void SliderRow::Build(int index)
     button_->setObjectName(
         isImage ? QStringLiteral("ImageBut(%1)").arg(index) : QStringLiteral("EffectBut(%1)").arg(index - 6));
     button_->setProperty("Tag", QStringLiteral("Click to Apply"));
+    button_->ensurePolished(); // the style sets a width of its own before
     button_->setFixedWidth(WidestLabel(button_->fontMetrics()) + ButtonPadding);
     const QString label = QLatin1String(row_.label);
     TScrolls->setObjectName(QStringLiteral("TScrolls(%1)").arg(index));
@@ -101,11 +102,6 @@ void SliderRow::SetValue(int value)
 void SliderRow::SetText(const QString& text)
 {
     Answer->setText(text);
-}
-
-void SliderRow::SelectText()
-{
-    Answer->selectAll();
 }
 
 void SliderRow::ShowAnswer()

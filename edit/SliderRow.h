@@ -22,7 +22,6 @@ public:
     void SetValue(int value);
     /// The box keeps a text whose number is in the range as it stands.
     void SetText(const QString& text);
-    void SelectText();
 
     /// The box shows the slider's place, which the row goes back to from now on.
     void ShowAnswer();

@@ -41,6 +41,7 @@ Visual::Visual(Frame& frame)
     setWindowTitle(QStringLiteral("Visual Editor"));
     Build();
     AddShadow(*this, frame_.State());
+    ClipTimer.setObjectName(QStringLiteral("ClipTimer"));
     ClipTimer.setInterval(4s);
     ClipTimer.setSingleShot(true);
     connect(&ClipTimer, &QTimer::timeout, this, [this] { ShowEffect(Back1); });
@@ -65,8 +66,6 @@ void Visual::Load()
                            "see it."));
     }
     LoadClipboard();
-    for (SliderRow* const row : rows_)
-        row->SelectText();
     state.Reload(Key::OldFolder2, Reader::Visual);
     ShowFolder();
     state.ApplyToolTips(*this);

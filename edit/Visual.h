@@ -15,7 +15,6 @@ class Lead;
 class OptionGroup;
 class PicturePane;
 class QAbstractButton;
-class QBoxLayout;
 class QCheckBox;
 class QGridLayout;
 class QLabel;
@@ -65,7 +64,7 @@ private:
     QWidget* BuildRotation();
     QWidget* BuildFoot();
     QAbstractButton* MakeButton(const Command& command, QWidget* parent);
-    void PlacePreview(QGridLayout& grid, PicturePane& pane, const QString& caption, int column);
+    Lead* AddPreview(QGridLayout& grid, PicturePane*& pane, const char* name, const char* title);
 
     // Visual.cpp: the session
     void Load();
@@ -126,7 +125,7 @@ private:
     QAbstractButton* ViewClip_Button = nullptr;
     QProgressBar* StatGauge = nullptr;
     ElidedLabel* LblFolder = nullptr;
-    QTimer ClipTimer; ///< runs while the clipboard's picture is on show
+    QTimer ClipTimer { this }; ///< runs while the clipboard's picture is on show
     QString file_; ///< last chosen to be edited instead
     int FilterType = 0;
     int FilterDirection = 0;

@@ -9,6 +9,7 @@
 #include "toolkit/DigitLabel.h"
 #include "toolkit/ElidedLabel.h"
 #include "toolkit/HeadButtons.h"
+#include "toolkit/SizeGrip.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -25,8 +26,6 @@ namespace {
 constexpr int Gap = 4; // the grid
 constexpr QSize PreviewSize { 112, 76 };
 constexpr QSize LeastPictureSize { 320, 240 };
-constexpr int LeftWidth = 252;
-constexpr int RightWidth = 348;
 constexpr int AngleEnd = 3600; // tenths of a degree
 constexpr int AngleStep = 50;
 constexpr int GaugeEnd = 1000;
@@ -42,14 +41,27 @@ void Space(QLayout& layout, int gap = 2 * Gap)
     layout.setSpacing(gap);
 }
 
-OptionGroup* AddOptions(
-    QBoxLayout& column, const char* name, std::span<const Option> options, QWidget* parent)
+/// A heading with a grid of two equal columns below.
+QGridLayout* MakeGrid(QGroupBox* box)
 {
-    auto* line = new QHBoxLayout;
-    Space(*line);
-    auto* group = new OptionGroup(QLatin1String(name), options, *line, parent);
-    line->addStretch();
-    column.addLayout(line);
+    auto* grid = new QGridLayout(box);
+    grid->setContentsMargins(Gap, Gap, Gap, Gap);
+    grid->setSpacing(2 * Gap);
+    for (const int column : { 0, 1 })
+        grid->setColumnStretch(column, 1);
+    return grid;
+}
+
+/// In two columns below what stands there already.
+OptionGroup* AddOptions(QGridLayout& grid, const char* name, std::span<const Option> options)
+{
+    auto* group = new OptionGroup(QLatin1String(name), options, grid.parentWidget());
+    const int top = grid.rowCount();
+    int place = 0;
+    for (QAbstractButton* const button : group->buttons()) {
+        grid.addWidget(button, top + place / 2, place % 2);
+        ++place;
+    }
     return group;
 }
 
@@ -72,10 +84,10 @@ template <typename Row> QAbstractButton* MakeOperationButton(const Row& row, QWi
 } // namespace
 
 const Visual::Command Visual::HistoryCommands[] = {
-    { "Command18", "Back", "Go back to the last change.", &Visual::GoBack },
-    { "Command9", "Undo To", "Go back to this after undesired effect.", &Visual::UndoTo },
     { "Command11", "Original", "You can always go back to this original as the 'Undo To'.",
         &Visual::BookmarkOriginal },
+    { "Command9", "Undo To", "Go back to this after undesired effect.", &Visual::UndoTo },
+    { "Command18", "Back", "Go back to the last change.", &Visual::GoBack },
     { "Command10", "Set", "Set this change as the  'Undo To'. ", &Visual::SetBookmark },
 };
 
@@ -150,7 +162,6 @@ QAbstractButton* Visual::MakeButton(const Command& command, QWidget* parent)
 QWidget* Visual::BuildLeft()
 {
     auto* left = new QWidget(this);
-    left->setFixedWidth(LeftWidth);
     auto* column = new QVBoxLayout(left);
     Space(*column);
     column->addWidget(BuildHistory());
@@ -160,30 +171,26 @@ QWidget* Visual::BuildLeft()
     return left;
 }
 
-void Visual::PlacePreview(QGridLayout& grid, PicturePane& pane, const QString& caption, int column)
+Lead* Visual::AddPreview(QGridLayout& grid, PicturePane*& pane, const char* name, const char* title)
 {
-    pane.setFixedSize(PreviewSize);
-    auto* label = new QLabel(caption, grid.parentWidget());
-    label->setAlignment(Qt::AlignHCenter);
-    grid.addWidget(&pane, 0, column, Qt::AlignHCenter);
-    grid.addWidget(label, 1, column);
+    pane = new PicturePane(PicturePane::Small::Filling, QLatin1String(name), QLatin1String(title),
+        grid.parentWidget());
+    pane->setFixedSize(PreviewSize);
+    return &pane->Picture();
 }
 
+/// Each picture stands over the button that goes with it.
 QWidget* Visual::BuildHistory()
 {
     auto* box = new QGroupBox(QStringLiteral("History"), this);
-    auto* grid = new QGridLayout(box);
-    grid->setSpacing(2 * Gap);
-    using enum PicturePane::Small;
-    originalPane_ = new PicturePane(Filling, QStringLiteral("Original"), QStringLiteral("Original"), box);
-    undosPane_ = new PicturePane(Filling, QStringLiteral("Undos"), QStringLiteral("Undo to"), box);
-    Original = &originalPane_->Picture();
-    Undos = &undosPane_->Picture();
-    PlacePreview(*grid, *originalPane_, QStringLiteral("Original"), 0);
-    PlacePreview(*grid, *undosPane_, QStringLiteral("Undo To"), 1);
-    int place = 0;
+    QGridLayout* const grid = MakeGrid(box);
+    Original = AddPreview(*grid, originalPane_, "Original", "Original");
+    Undos = AddPreview(*grid, undosPane_, "Undos", "Undo to");
+    grid->addWidget(originalPane_, 0, 0, Qt::AlignHCenter);
+    grid->addWidget(undosPane_, 0, 1, Qt::AlignHCenter);
+    int place = 2;
     for (const Command& command : HistoryCommands) {
-        grid->addWidget(MakeButton(command, box), 2 + place / 2, place % 2);
+        grid->addWidget(MakeButton(command, box), place / 2, place % 2);
         ++place;
     }
     return box;
@@ -192,51 +199,39 @@ QWidget* Visual::BuildHistory()
 QWidget* Visual::BuildClipboard()
 {
     auto* box = new QGroupBox(QStringLiteral("Clipboard"), this);
-    auto* row = new QHBoxLayout(box);
-    row->setSpacing(2 * Gap);
-    clipPane_ = new PicturePane(PicturePane::Small::Filling, QStringLiteral("Lead1"),
-        QStringLiteral("Clipboard picture"), box);
-    clipPane_->setFixedSize(PreviewSize);
-    Lead1 = &clipPane_->Picture();
-    row->addWidget(clipPane_, 0, Qt::AlignTop);
-    auto* column = new QVBoxLayout;
-    Space(*column, Gap);
-    row->addLayout(column, 1);
-    QAbstractButton* buttons[std::size(ClipboardCommands)] {};
-    for (size_t place = 0; place < std::size(ClipboardCommands); ++place) {
-        buttons[place] = MakeButton(ClipboardCommands[place], box);
-        column->addWidget(buttons[place]);
-    }
-    Command3 = buttons[1];
-    ViewClip_Button = buttons[2];
-    Option3 = AddOptions(*column, "Option3", Fits, box);
+    QGridLayout* const grid = MakeGrid(box);
+    Lead1 = AddPreview(*grid, clipPane_, "Lead1", "Clipboard picture");
+    QAbstractButton* const copy = MakeButton(ClipboardCommands[0], box);
+    Command3 = MakeButton(ClipboardCommands[1], box);
+    grid->addWidget(clipPane_, 0, 0, 2, 1, Qt::AlignHCenter);
+    grid->addWidget(copy, 0, 1);
+    grid->addWidget(Command3, 1, 1);
+    Option3 = AddOptions(*grid, "Option3", Fits);
+    ViewClip_Button = MakeButton(ClipboardCommands[2], box);
+    grid->addWidget(ViewClip_Button, grid->rowCount(), 0, 1, 2);
     return box;
 }
 
 QWidget* Visual::BuildFilters()
 {
     auto* box = new QGroupBox(QStringLiteral("Filters"), this);
-    auto* column = new QVBoxLayout(box);
-    column->setSpacing(2 * Gap);
-    Option1 = AddOptions(*column, "Option1", Types, box);
-    Option2 = AddOptions(*column, "Option2", Directions, box);
-    auto* grid = new QGridLayout;
-    Space(*grid);
+    QGridLayout* const grid = MakeGrid(box);
+    Option1 = AddOptions(*grid, "Option1", Types);
+    Option2 = AddOptions(*grid, "Option2", Directions);
+    const int top = grid->rowCount();
     for (const EdgeFilterRow& row : EdgeFilterRows) {
         auto* button = new QPushButton(QLatin1String(row.label), box);
         button->setObjectName(QLatin1String(row.objectName));
         button->setProperty("Tag", QStringLiteral("Click to Apply - Pick direction first."));
         connect(button, &QPushButton::clicked, this, [this, &row] { ApplyEdgeFilter(row); });
-        grid->addWidget(button, int(row.filter) / 2, int(row.filter) % 2);
+        grid->addWidget(button, top + int(row.filter) / 2, int(row.filter) % 2);
     }
-    column->addLayout(grid);
     return box;
 }
 
 QWidget* Visual::BuildRight()
 {
     auto* right = new QWidget(this);
-    right->setFixedWidth(RightWidth);
     auto* column = new QVBoxLayout(right);
     Space(*column);
     column->addWidget(BuildRows(EffectGroup::Image, QStringLiteral("Image")));
@@ -250,6 +245,7 @@ QWidget* Visual::BuildRows(EffectGroup group, const QString& heading)
 {
     auto* box = new QGroupBox(heading, this);
     auto* column = new QVBoxLayout(box);
+    column->setContentsMargins(Gap, Gap, Gap, Gap);
     column->setSpacing(Gap);
     for (int index = 0; index < EffectRowCount; ++index) {
         if (EffectRows()[size_t(index)].group != group)
@@ -283,7 +279,8 @@ QWidget* Visual::BuildRotation()
 {
     auto* box = new QGroupBox(QStringLiteral("Rotate"), this);
     auto* column = new QVBoxLayout(box);
-    column->setSpacing(Gap);
+    column->setContentsMargins(Gap, Gap, Gap, Gap);
+    column->setSpacing(2 * Gap);
     auto* line = new QHBoxLayout;
     Space(*line);
     auto* apply = new QPushButton(QStringLiteral("Angle"), box);
@@ -308,11 +305,11 @@ QWidget* Visual::BuildRotation()
     line->addWidget(Angle, 1);
     line->addWidget(readOut);
     column->addLayout(line);
-    auto* foot = new QHBoxLayout;
-    Space(*foot, Gap);
     Check1 = new QCheckBox(QStringLiteral("Resize to fit?"), box);
     Check1->setObjectName(QStringLiteral("Check1"));
-    foot->addWidget(Check1, 1);
+    column->addWidget(Check1);
+    auto* turns = new QHBoxLayout;
+    Space(*turns);
     for (const Turn& turn : Turns) {
         auto* button = new QPushButton(QString::fromUtf8(turn.caption), box);
         button->setObjectName(QStringLiteral("Rotate(%1)").arg(turn.index));
@@ -322,9 +319,9 @@ QWidget* Visual::BuildRotation()
             Change(Back::LeftAsItIs,
                 [&turn](Lead& effect) { effect.Rotate(turn.angle, true, Qt::white); });
         });
-        foot->addWidget(button);
+        turns->addWidget(button);
     }
-    column->addLayout(foot);
+    column->addLayout(turns);
     return box;
 }
 
@@ -333,6 +330,7 @@ QWidget* Visual::BuildFoot()
     auto* foot = new QWidget(this);
     auto* row = new QHBoxLayout(foot);
     Space(*row);
+    row->setContentsMargins(0, 0, SizeGrip::Side, 0);
     constexpr Command open { "VideoSoftElastic6", "Open Different &Graphic File To Edit",
         "Load new graphic to edit.", &Visual::OpenDifferent };
     row->addWidget(MakeButton(open, foot));

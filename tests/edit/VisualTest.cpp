@@ -79,22 +79,15 @@ protected:
     QSlider& Slider(int index) { return Find<QSlider>(QStringLiteral("TScrolls(%1)").arg(index)); }
     QLineEdit& Answer(int index) { return Find<QLineEdit>(QStringLiteral("Answer(%1)").arg(index)); }
     QPushButton& ViewClip() { return Find<QPushButton>(QStringLiteral("ViewClip_Button")); }
-    QTimer& ClipTimer()
-    {
-        for (QTimer* timer : visual->findChildren<QTimer*>())
-            if (timer->interval() == 4000)
-                return *timer;
-        ADD_FAILURE() << "no timer of four seconds";
-        std::abort();
-    }
+    QTimer& ClipTimer() { return *visual->findChild<QTimer*>(QStringLiteral("ClipTimer")); }
     /// The four seconds are over.
     void EndClipTimer()
     {
-        ASSERT_TRUE(ClipTimer().isActive());
         QTimer& timer = ClipTimer();
+        ASSERT_TRUE(timer.isActive());
+        ASSERT_EQ(timer.interval(), 4000);
         timer.setInterval(0);
         ASSERT_TRUE(QTest::qWaitFor([&] { return !timer.isActive(); }));
-        timer.setInterval(4000);
     }
     QString SettingsFile() { return frame.state.Beside(QStringLiteral("Settings.Ini")); }
     QString SavedPicture(const QImage& picture)
