@@ -67,6 +67,17 @@ struct Mapping {
     }
 };
 
+/// The mean of the pixels that fall together. Much smaller ones come by way of the half, which takes half the
+/// time and shows the same.
+QImage Shrunk(const QImage& picture, QSize size)
+{
+    using enum imaging::Resampling;
+    const bool halves = picture.width() % 2 == 0 && picture.height() % 2 == 0
+        && size.width() * 4 <= picture.width() && size.height() * 4 <= picture.height();
+    return imaging::Resample(
+        halves ? imaging::Resample(picture, picture.size() / 2, Smooth) : picture, size, Smooth);
+}
+
 /// Every pixel of the picture as a sharp rectangle where they are drawn apart, and their mean where they fall
 /// together.
 void Draw(QPainter& painter, const QImage& picture, const Mapping& mapping)
@@ -79,9 +90,7 @@ void Draw(QPainter& painter, const QImage& picture, const Mapping& mapping)
     }
     const QRect part = mapping.from.toRect();
     const QSize size = (mapping.to.size() * ratio).toSize().expandedTo({ 1, 1 });
-    painter.drawImage(mapping.to,
-        imaging::Resample(
-            part == picture.rect() ? picture : picture.copy(part), size, imaging::Resampling::Smooth));
+    painter.drawImage(mapping.to, Shrunk(part == picture.rect() ? picture : picture.copy(part), size));
 }
 
 /// The bar follows the view, not the view the bar: it stays where it is while there are no bars.

@@ -11,6 +11,7 @@ PicturePane::PicturePane(
     lead_->setObjectName(objectName);
     lead_->setAccessibleName(accessibleName);
     lead_->SetAutoScroll(false);
+    lead_->SetAutoRepaint(false); // once for all rectangles
 }
 
 void PicturePane::Arrange()
@@ -23,13 +24,14 @@ void PicturePane::Arrange()
         lead_->SetSrcClipRect(0, 0, picture.width(), picture.height());
         lead_->SetDstRect(0, 0, picture.width(), picture.height());
         lead_->SetDstClipRect(0, 0, picture.width(), picture.height());
-        return;
+        return lead_->update();
     }
     QRect place(QPoint(), picture.scaled(size(), Qt::KeepAspectRatio).expandedTo({ 1, 1 }));
     place.moveCenter(rect().center());
     lead_->setGeometry(place);
-    lead_->SetDstRect(0, 0, lead_->ClientWidth(), lead_->ClientHeight());
-    lead_->SetDstClipRect(0, 0, lead_->ClientWidth(), lead_->ClientHeight());
+    lead_->SetDstRect(0, 0, place.width(), place.height());
+    lead_->SetDstClipRect(0, 0, place.width(), place.height());
+    lead_->update();
 }
 
 void PicturePane::resizeEvent(QResizeEvent*)

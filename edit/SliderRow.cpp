@@ -1,6 +1,6 @@
 #include "edit/SliderRow.h"
 
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -46,8 +46,6 @@ void SliderRow::Build(int index)
     button_->setObjectName(
         isImage ? QStringLiteral("ImageBut(%1)").arg(index) : QStringLiteral("EffectBut(%1)").arg(index - 6));
     button_->setProperty("Tag", QStringLiteral("Click to Apply"));
-    button_->ensurePolished(); // the style sets a width of its own before
-    button_->setFixedWidth(WidestLabel(button_->fontMetrics()) + ButtonPadding);
     const QString label = QLatin1String(row_.label);
     TScrolls->setObjectName(QStringLiteral("TScrolls(%1)").arg(index));
     TScrolls->setAccessibleName(label + QStringLiteral(" slider"));
@@ -56,12 +54,14 @@ void SliderRow::Build(int index)
     Answer->setAccessibleName(label + QStringLiteral(" amount"));
     Answer->setAlignment(Qt::AlignRight);
     Answer->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1String(WidestNumber)) + 4 * Gap);
-    auto* line = new QHBoxLayout(this);
+    auto* line = new QGridLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(2 * Gap);
-    line->addWidget(button_);
-    line->addWidget(TScrolls, 1);
-    line->addWidget(Answer);
+    line->setHorizontalSpacing(2 * Gap);
+    line->setColumnMinimumWidth(0, WidestLabel(button_->fontMetrics()) + ButtonPadding);
+    line->setColumnStretch(1, 1);
+    line->addWidget(button_, 0, 0);
+    line->addWidget(TScrolls, 0, 1);
+    line->addWidget(Answer, 0, 2);
 }
 
 void SliderRow::Bind()

@@ -155,8 +155,8 @@ void Visual::ShowProgress(int part)
 
 void Visual::EffectMe()
 {
+    EndBusy(); // first: the gauge repaints at once, and with it all that waits to be
     effectPane_->Arrange();
-    EndBusy();
 }
 
 void Visual::ShowEffect(const QImage& picture)
