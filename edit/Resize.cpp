@@ -142,7 +142,8 @@ void Resize::Bind()
         });
     }
     connect(AspectRatioBox, &xpcheckbox::Click, this, [this] {
-        size_.SetKeepsAspect(AspectRatioBox->Value() != xpcheckbox::Set); // the box turns over after its click
+        size_.SetKeepsAspect(
+            AspectRatioBox->Value() != xpcheckbox::Set); // the box turns over after its click
         size_.Recouple();
         ShowSize();
     });

@@ -15,15 +15,15 @@ constexpr int LeastBarWidth = 120;
 constexpr int ButtonPadding = 9 * Gap;
 constexpr auto WidestNumber = "-10000";
 
-int WidestLabel(const QFontMetrics& metrics)
+} // namespace
+
+int SliderRow::ButtonWidth(const QFontMetrics& metrics)
 {
     int widest = 0;
     for (const EffectRow& row : EffectRows())
         widest = std::max(widest, metrics.horizontalAdvance(QLatin1String(row.label)));
-    return widest;
+    return widest + ButtonPadding;
 }
-
-} // namespace
 
 SliderRow::SliderRow(int index, QWidget* parent)
     : QWidget(parent)
@@ -57,7 +57,7 @@ void SliderRow::Build(int index)
     auto* line = new QGridLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
     line->setHorizontalSpacing(2 * Gap);
-    line->setColumnMinimumWidth(0, WidestLabel(button_->fontMetrics()) + ButtonPadding);
+    line->setColumnMinimumWidth(0, ButtonWidth(button_->fontMetrics()));
     line->setColumnStretch(1, 1);
     line->addWidget(button_, 0, 0);
     line->addWidget(TScrolls, 0, 1);

@@ -17,6 +17,9 @@ public:
     /// index is that of EffectRows.
     SliderRow(int index, QWidget* parent);
 
+    /// The width of the buttons at the left, the same for all rows.
+    static int ButtonWidth(const QFontMetrics& metrics);
+
     int Value() const;
     /// Held to the range.
     void SetValue(int value);

@@ -34,6 +34,16 @@ void QuarterTurned(Lead& picture)
     picture.Rotate(QuarterTurn, true, Qt::white);
 }
 
+/// Where the tools may come up, on the screen: over the windows' area.
+QRect RoomOf(const QWidget& owner)
+{
+    const QRect onScreen = owner.screen()->availableGeometry();
+    const QWidget* const parent = owner.isWindow() ? nullptr : owner.parentWidget();
+    if (!parent)
+        return onScreen;
+    return onScreen & QRect(parent->mapToGlobal(QPoint(0, 0)), parent->size());
+}
+
 } // namespace
 
 /// Cmd2(index): a plain edit, or an act of its own.
@@ -167,11 +177,11 @@ void Tools::PlaceBelow(const QWidget* owner)
 {
     adjustSize();
     const QRect above(owner->mapToGlobal(QPoint(0, 0)), owner->size());
-    const QRect area = owner->screen()->availableGeometry();
+    const QRect area = RoomOf(*owner);
     QRect place(QPoint(above.left() + above.width() / 2 - width() / 2,
                     above.top() + above.height() + BelowCapture.Pixels()),
         size());
-    // A large capture reaches to the bottom of the screen; the tools stay in sight.
+    // A large capture reaches to the end of its area; the tools stay in sight and off the transport.
     place.moveLeft(std::max(area.left(), std::min(place.left(), area.right() + 1 - width())));
     place.moveTop(std::max(area.top(), std::min(place.top(), area.bottom() + 1 - height())));
     move(place.topLeft());

@@ -89,9 +89,9 @@ void Visual::ComeBack()
 void Visual::ShowFolder()
 {
     const QString folder = frame_.State().OldFolder2.trimmed();
-    LblFolder->setText(FileName::Shown(
-        folder.isEmpty() ? frame_.State().Beside(QStringLiteral("AutoSave")) + PathText::Separator()
-                         : folder));
+    LblFolder->setText(FileName::Shown(folder.isEmpty()
+            ? frame_.State().Beside(QStringLiteral("AutoSave")) + PathText::Separator()
+            : folder));
 }
 
 /// Everything begins anew from Original; false when that is empty.

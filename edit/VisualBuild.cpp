@@ -1,4 +1,5 @@
-// How the visual editor is made up: history, clipboard and filters at the left, the picture, amounts at the right.
+// How the visual editor is made up: history, clipboard and filters at the left, the picture, amounts at the
+// right.
 #include "edit/VisualTables.h"
 
 #include "app/Lead.h"
@@ -39,6 +40,12 @@ void Space(QLayout& layout, int gap = 2 * Gap)
 {
     layout.setContentsMargins(0, 0, 0, 0);
     layout.setSpacing(gap);
+}
+
+/// The style lets a button become narrower than its caption; a row with those keeps their room.
+void KeepWhole(QWidget& row)
+{
+    row.setMinimumWidth(row.sizeHint().width());
 }
 
 /// A heading with a grid of two equal columns below.
@@ -173,8 +180,8 @@ QWidget* Visual::BuildLeft()
 
 Lead* Visual::AddPreview(QGridLayout& grid, PicturePane*& pane, const char* name, const char* title)
 {
-    pane = new PicturePane(PicturePane::Small::Filling, QLatin1String(name), QLatin1String(title),
-        grid.parentWidget());
+    pane = new PicturePane(
+        PicturePane::Small::Filling, QLatin1String(name), QLatin1String(title), grid.parentWidget());
     pane->setFixedSize(PreviewSize);
     return &pane->Picture();
 }
@@ -267,11 +274,11 @@ QWidget* Visual::BuildPlainOperations()
     Space(*row, Gap);
     for (const PlainOperation& plain : PlainOperations) {
         QAbstractButton* const button = MakeOperationButton(plain, line);
-        connect(button, &QAbstractButton::clicked, this, [this, &plain] {
-            Change(Back::Kept, [&plain](Lead& effect) { (effect.*plain.operation)(); });
-        });
+        connect(button, &QAbstractButton::clicked, this,
+            [this, &plain] { Change(Back::Kept, [&plain](Lead& effect) { (effect.*plain.operation)(); }); });
         row->addWidget(button, plain.face == Face::None ? 1 : 0);
     }
+    KeepWhole(*line);
     return line;
 }
 
@@ -281,8 +288,10 @@ QWidget* Visual::BuildRotation()
     auto* column = new QVBoxLayout(box);
     column->setContentsMargins(Gap, Gap, Gap, Gap);
     column->setSpacing(2 * Gap);
-    auto* line = new QHBoxLayout;
+    auto* line = new QGridLayout;
     Space(*line);
+    line->setColumnMinimumWidth(0, SliderRow::ButtonWidth(fontMetrics()));
+    line->setColumnStretch(1, 1);
     auto* apply = new QPushButton(QStringLiteral("Angle"), box);
     apply->setObjectName(QStringLiteral("AngleBut"));
     apply->setProperty("Tag", QStringLiteral("Click to Apply"));
@@ -301,9 +310,9 @@ QWidget* Visual::BuildRotation()
     AnswerAngle = readOut;
     connect(Angle, &QSlider::valueChanged, readOut,
         [readOut](int value) { readOut->setText(QString::number(value)); });
-    line->addWidget(apply);
-    line->addWidget(Angle, 1);
-    line->addWidget(readOut);
+    line->addWidget(apply, 0, 0);
+    line->addWidget(Angle, 0, 1);
+    line->addWidget(readOut, 0, 2);
     column->addLayout(line);
     Check1 = new QCheckBox(QStringLiteral("Resize to fit?"), box);
     Check1->setObjectName(QStringLiteral("Check1"));
@@ -316,8 +325,7 @@ QWidget* Visual::BuildRotation()
         button->setAccessibleName(QLatin1String(turn.title));
         button->setProperty("Tag", QLatin1String(turn.title));
         connect(button, &QPushButton::clicked, this, [this, &turn] {
-            Change(Back::LeftAsItIs,
-                [&turn](Lead& effect) { effect.Rotate(turn.angle, true, Qt::white); });
+            Change(Back::LeftAsItIs, [&turn](Lead& effect) { effect.Rotate(turn.angle, true, Qt::white); });
         });
         turns->addWidget(button);
     }
@@ -349,5 +357,6 @@ QWidget* Visual::BuildFoot()
         button->setEnabled(command.act != nullptr);
         row->addWidget(button);
     }
+    KeepWhole(*foot); // the folder gives way, the captions do not
     return foot;
 }

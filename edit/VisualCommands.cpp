@@ -186,9 +186,8 @@ void Visual::ChangeResolution()
     if (form->UserResult()) {
         const int bits = form->GetBits();
         const int colours = bits <= MostPaletteBits ? 1 << bits : 0;
-        IgnoreErrors([&] {
-            Effect->SetColorResolution(bits, form->GetPalette(), form->GetDither(), colours);
-        });
+        IgnoreErrors(
+            [&] { Effect->SetColorResolution(bits, form->GetPalette(), form->GetDither(), colours); });
         if (!alive || isClosed_)
             return;
     }

@@ -34,8 +34,7 @@ protected:
 TEST_F(SliderFileTest, TheFileHasOneNumberALineAndNothingElse)
 {
     SliderFile::Save(path, Values);
-    EXPECT_EQ(Written(),
-        "-1000\r\n12\r\n-180\r\n0\r\n100\r\n5\r\n2\r\n3\r\n4\r\n64\r\n25\r\n255\r\n");
+    EXPECT_EQ(Written(), "-1000\r\n12\r\n-180\r\n0\r\n100\r\n5\r\n2\r\n3\r\n4\r\n64\r\n25\r\n255\r\n");
 }
 
 TEST_F(SliderFileTest, WhatIsSavedIsLoaded)

@@ -44,10 +44,7 @@ protected:
         return tools->findChild<Widget*>(QLatin1String(name));
     }
     void Click(const char* name) { QTest::mouseClick(Find(name), Qt::LeftButton); }
-    QSlider& Slider(int index)
-    {
-        return *Find<QSlider>(index == 0 ? "HSlider1(0)" : "HSlider1(1)");
-    }
+    QSlider& Slider(int index) { return *Find<QSlider>(index == 0 ? "HSlider1(0)" : "HSlider1(1)"); }
     QString ReadOut(const char* name) { return Find<QLabel>(name)->text(); }
     static QImage Done(QImage picture, void (*operation)(Lead&))
     {
@@ -103,6 +100,21 @@ TEST_F(ToolsTest, BelowALargeCaptureItStaysOnTheScreen)
     tools = new Tools(frame);
     tools->LTools(&capture.form);
     EXPECT_TRUE(tools->screen()->availableGeometry().contains(tools->geometry()));
+}
+
+TEST_F(ToolsTest, ItComesUpWithinTheWindowsArea)
+{
+    QWidget area;
+    area.setGeometry(50, 60, 500, 300);
+    area.show();
+    QWidget form(&area);
+    form.setGeometry(100, 100, 800, 600);
+    form.show();
+    delete tools;
+    frame.state.ToolsOpen = false;
+    tools = new Tools(frame);
+    tools->LTools(&form);
+    EXPECT_TRUE(area.geometry().contains(tools->geometry()));
 }
 
 TEST_F(ToolsTest, EachEditChangesTheCaptureAndBecomesItsClipPic)
@@ -231,8 +243,7 @@ TEST_F(ToolsTest, ResizingOpensANewCaptureAndLeavesTheOldOne)
     FakeCapture opened { QImage() };
     frame.whenViewerOpens = [&] { opened.MakeActive(frame); };
     ResizeTo("6", true);
-    EXPECT_EQ(opened.lead.Bitmap(),
-        Done(Ramp(), [](Lead& lead) { lead.Size(6, 4, Lead::SizeSmooth); }));
+    EXPECT_EQ(opened.lead.Bitmap(), Done(Ramp(), [](Lead& lead) { lead.Size(6, 4, Lead::SizeSmooth); }));
     EXPECT_EQ(opened.clip, opened.lead.Bitmap());
     EXPECT_EQ(capture.lead.Bitmap(), Ramp());
     EXPECT_TRUE(frame.enabled.value(Command::Save));
@@ -245,8 +256,7 @@ TEST_F(ToolsTest, WithoutResamplingPixelsArePicked)
     FakeCapture opened { QImage() };
     frame.whenViewerOpens = [&] { opened.MakeActive(frame); };
     ResizeTo("6");
-    EXPECT_EQ(
-        opened.lead.Bitmap(), Done(Ramp(), [](Lead& lead) { lead.Size(6, 4, Lead::SizePlain); }));
+    EXPECT_EQ(opened.lead.Bitmap(), Done(Ramp(), [](Lead& lead) { lead.Size(6, 4, Lead::SizePlain); }));
 }
 
 TEST_F(ToolsTest, ACancelledResizeOpensNothing)

@@ -131,7 +131,8 @@ TEST_F(VisualTest, WithAVideoWindowOnTopItSaysSoAndDoesNotOpen)
 {
     frame.activeWindow = nullptr;
     frame.errors.Expect(QStringLiteral("Error Opening Graphic"),
-        QStringLiteral(" Is the video window on top?  If so, click on a capture so the visual editor can see it."));
+        QStringLiteral(
+            " Is the video window on top?  If so, click on a capture so the visual editor can see it."));
     Open();
     EXPECT_FALSE(frame.state.VisualReady);
     EXPECT_FALSE(visual->isVisible());
@@ -375,12 +376,11 @@ TEST_F(VisualTest, CopyPutsThePictureOnTheClipboardAndIntoItsView)
 TEST_F(VisualTest, PasteLaysTheClipboardUnderThePicture)
 {
     Open();
-    for (const auto& [option, flag] :
-        { std::pair("Option3(0)", int(Lead::UnderlayTile)), std::pair("Option3(1)", int(Lead::UnderlayStretch)) }) {
+    for (const auto& [option, flag] : { std::pair("Option3(0)", int(Lead::UnderlayTile)),
+             std::pair("Option3(1)", int(Lead::UnderlayStretch)) }) {
         Choose(option);
         Click("Command3");
-        EXPECT_EQ(Effect(),
-            Done(Ramp(), [f = flag](Lead& lead) { lead.Underlay(Filled(Qt::red), f); }))
+        EXPECT_EQ(Effect(), Done(Ramp(), [f = flag](Lead& lead) { lead.Underlay(Filled(Qt::red), f); }))
             << option;
         Click("Command18");
         EXPECT_EQ(Effect(), Ramp());
