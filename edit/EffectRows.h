@@ -9,8 +9,8 @@ class Lead;
 /// The heading that a row stands under.
 enum class EffectGroup { Image, Effects };
 
-/// One operation with an amount: its slider, and what it does to a picture. Values beside the range reach the
-/// operation never: the slider holds them.
+/// One operation with an amount: its slider, which holds the amount to a range, and what it does to a
+/// picture.
 struct EffectRow {
     const char* label;
     EffectGroup group;

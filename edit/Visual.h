@@ -17,7 +17,6 @@ class PicturePane;
 class QAbstractButton;
 class QCheckBox;
 class QGridLayout;
-class QLabel;
 class QProgressBar;
 class QPushButton;
 class QSlider;
@@ -116,7 +115,6 @@ private:
     PicturePane* clipPane_ = nullptr;
     std::array<SliderRow*, EffectRowCount> rows_ {};
     QSlider* Angle = nullptr;
-    QLabel* AnswerAngle = nullptr;
     QCheckBox* Check1 = nullptr;
     OptionGroup* Option1 = nullptr;
     OptionGroup* Option2 = nullptr;

@@ -1,6 +1,6 @@
 // How the visual editor is made up: history, clipboard and filters at the left, the picture, amounts at the
 // right.
-#include "edit/VisualTables.h"
+#include "edit/Visual.h"
 
 #include "app/Lead.h"
 #include "edit/EdgeFilters.h"
@@ -89,6 +89,32 @@ template <typename Row> QAbstractButton* MakeOperationButton(const Row& row, QWi
 }
 
 } // namespace
+
+/// A button of the editor: a caption, or a picture for those without one, and what it does.
+struct Visual::Command {
+    const char* name;
+    const char* caption; ///< or, with a picture, the name for those who cannot see it
+    const char* tip;
+    void (Visual::*act)(); ///< null for what is not there yet
+    Face face = Face::None;
+};
+
+/// An operation without an amount.
+struct Visual::PlainOperation {
+    const char* name;
+    const char* caption;
+    const char* tip;
+    void (Lead::*operation)();
+    Face face = Face::None;
+};
+
+/// A turn that needs no slider.
+struct Visual::Turn {
+    int index;
+    const char* caption;
+    const char* title; ///< for those who cannot see it
+    int angle; ///< hundredths of a degree
+};
 
 const Visual::Command Visual::HistoryCommands[] = {
     { "Command11", "Original", "You can always go back to this original as the 'Undo To'.",
@@ -307,7 +333,6 @@ QWidget* Visual::BuildRotation()
     readOut->SetSample(QStringLiteral("-3600"));
     readOut->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     readOut->setText(QString::number(Angle->value()));
-    AnswerAngle = readOut;
     connect(Angle, &QSlider::valueChanged, readOut,
         [readOut](int value) { readOut->setText(QString::number(value)); });
     line->addWidget(apply, 0, 0);

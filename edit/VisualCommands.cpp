@@ -1,5 +1,5 @@
 // What the buttons of the visual editor do.
-#include "edit/VisualTables.h"
+#include "edit/Visual.h"
 
 #include "app/ApplicationState.h"
 #include "app/ControlError.h"
@@ -7,7 +7,6 @@
 #include "app/Hourglass.h"
 #include "app/Lead.h"
 #include "app/Talk.h"
-#include "desktop/Clipboard.h"
 #include "edit/ColorRes.h"
 #include "edit/EdgeFilters.h"
 #include "edit/EditedPicture.h"
