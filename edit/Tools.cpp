@@ -169,6 +169,8 @@ void Tools::LTools(QWidget* owner)
         PlaceBelow(owner);
     state.Tools = this;
     state.ToolsOpen = true;
+    setWindowState(
+        windowState() & ~Qt::WindowMinimized); // a maximized frame leaves them so when it comes back
     show();
     raise();
 }

@@ -31,8 +31,7 @@ void Main::ShowWindowState()
     if (isMinimized()) {
         state_.Tools->hide();
         state_.Tools->setWindowState(Qt::WindowMinimized);
-    } else if (!isMaximized()
-        || state_.Tools->isMinimized()) { // or they would stay away with a maximized frame
+    } else if (!isMaximized()) {
         state_.Tools->setWindowState(Qt::WindowNoState);
         state_.Tools->show();
     }

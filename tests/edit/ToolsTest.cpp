@@ -102,6 +102,15 @@ TEST_F(ToolsTest, BelowALargeCaptureItStaysOnTheScreen)
     EXPECT_TRUE(tools->screen()->availableGeometry().contains(tools->geometry()));
 }
 
+TEST_F(ToolsTest, AMinimisedWindowComesBack)
+{
+    tools->hide();
+    tools->setWindowState(Qt::WindowMinimized);
+    tools->LTools(&capture.form);
+    EXPECT_TRUE(tools->isVisible());
+    EXPECT_FALSE(tools->isMinimized());
+}
+
 TEST_F(ToolsTest, ItComesUpWithinTheWindowsArea)
 {
     QWidget area;
