@@ -6,7 +6,6 @@
 #include "imaging/Converted.h"
 #include "imaging/PictureFile.h"
 #include "imaging/PictureText.h"
-#include "imaging/Resample.h"
 #include "toolkit/Twips.h"
 
 #include <QMouseEvent>
@@ -67,20 +66,9 @@ struct Mapping {
     }
 };
 
-/// The mean of the pixels that fall together. Much smaller ones come by way of the half, which takes half the
-/// time and shows the same.
-QImage Shrunk(const QImage& picture, QSize size)
-{
-    using enum imaging::Resampling;
-    const bool halves = picture.width() % 2 == 0 && picture.height() % 2 == 0
-        && size.width() * 4 <= picture.width() && size.height() * 4 <= picture.height();
-    return imaging::Resample(
-        halves ? imaging::Resample(picture, picture.size() / 2, Smooth) : picture, size, Smooth);
-}
-
 /// Every pixel of the picture as a sharp rectangle where they are drawn apart, and their mean where they fall
 /// together.
-void Draw(QPainter& painter, const QImage& picture, const Mapping& mapping)
+void Draw(QPainter& painter, const QImage& picture, const Mapping& mapping, ShrunkPicture& shrunk)
 {
     const double ratio =
         painter.deviceTransform().m11(); // dots per pixel, also where another device stands in
@@ -90,7 +78,7 @@ void Draw(QPainter& painter, const QImage& picture, const Mapping& mapping)
     }
     const QRect part = mapping.from.toRect();
     const QSize size = (mapping.to.size() * ratio).toSize().expandedTo({ 1, 1 });
-    painter.drawImage(mapping.to, Shrunk(part == picture.rect() ? picture : picture.copy(part), size));
+    painter.drawImage(mapping.to, shrunk.Of(picture, part, size));
 }
 
 /// The bar follows the view, not the view the bar: it stays where it is while there are no bars.
@@ -334,7 +322,7 @@ void Lead::paintEvent(QPaintEvent* event)
     painter.setClipRect(clip);
     const Mapping shown = whole.Within(clip, bitmap_.rect());
     if (!shown.from.isEmpty())
-        Draw(painter, onScreen_.isNull() ? bitmap_ : onScreen_, shown);
+        Draw(painter, onScreen_.isNull() ? bitmap_ : onScreen_, shown, shrunk_);
 }
 
 void Lead::resizeEvent(QResizeEvent*)
