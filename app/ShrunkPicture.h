@@ -2,8 +2,8 @@
 
 #include <QImage>
 
-/// The picture last shown smaller than it is. Making it takes longer than all else in painting, and a window is
-/// painted often: for a change of the focus, for what moves away before it.
+/// The picture last shown smaller than it is. Making it takes longer than all else in painting, and a window
+/// is painted often: for a change of the focus, for what moves away before it.
 class ShrunkPicture {
 public:
     /// A part of a picture at a smaller size, each pixel the mean of those that fall together.

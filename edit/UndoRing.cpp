@@ -15,7 +15,7 @@ QImage UndoRing::Undo()
     if (slots_.front().isNull())
         return {};
     undoCount_ = std::clamp(undoCount_, 1, Slots);
-    const QImage picture = slots_[size_t(undoCount_ - 1)];
+    QImage picture = slots_[size_t(undoCount_ - 1)];
     if (--undoCount_ == 0)
         undoSlot_ = 0;
     return picture;
