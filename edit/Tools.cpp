@@ -151,6 +151,7 @@ QWidget* Tools::BuildSliders()
         auto* readOut = new DigitLabel(sliders);
         readOut->setObjectName(QLatin1String(row.readOut));
         readOut->SetSample(QStringLiteral("100%"));
+        readOut->setText(QStringLiteral("0%"));
         readOut->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         grid->addWidget(new QLabel(QLatin1String(row.tip), sliders), slider, 0);
         grid->addWidget(bar, slider, 1);
