@@ -75,6 +75,8 @@ public:
     bool ShowPlayerErrors = true; ///< the message form may tell errors of the player
     bool ToolsOpen = false;
     QPointer<QWidget> Tools; ///< the one window of edit tools
+    bool VisualReady = false; ///< the visual editor found a picture when it was last opened
+    bool VisualBusy = false; ///< an operation of the visual editor is running
     bool QuickShotsOpen = false;
     bool TileBackground = false; ///< the frame's background picture is tiled
     QString BackgroundFile; ///< picture file of the frame's background: "PicFolder"

@@ -6,6 +6,7 @@
 #include <functional>
 
 class ApplicationState;
+class CaptureWindow;
 class Clipboard;
 class ErrorBox;
 class FileDialogs;
@@ -59,6 +60,8 @@ public:
     virtual QWidget* ActiveForm() = 0;
     /// The picture of the active capture window, null when the active window holds none.
     virtual Lead* ActiveCapture() = 0;
+    /// The active window as one of a capture, null when it is none.
+    virtual CaptureWindow* ActiveCaptureWindow() = 0;
     /// Puts a window among the frame's children, shows it and makes it the active one.
     virtual void AddChild(QWidget* form) = 0;
     virtual void SendToBack(QWidget* form) = 0;
@@ -86,11 +89,17 @@ public:
     /// Adds a thumbnail of the picture on the clipboard to the strip, opening it when needed, and puts it
     /// behind.
     virtual void AddThumbnail() = 0;
+    /// Brings the strip of thumbnails to the front, if there is one.
+    virtual void ShowThumbnails() = 0;
     /// The hidden control that holds a frame which no capture window takes from the clipboard.
     virtual Lead& ThumbHold() = 0;
     /// Shows front1, the button that brings the video window to the front.
     virtual void ShowFront(bool visible) = 0;
 
+    /// Shows the one window of edit tools, which work on the active capture.
+    virtual void OpenTools() = 0;
+    /// Opens the one visual editor on the active capture, or shows the one that is open.
+    virtual void OpenVisual() = 0;
     /// Opens the user's guide, or tells that it is missing.
     virtual void OpenHelp() = 0;
     /// Opens the one popup below a button; chosen gets the number of the item.

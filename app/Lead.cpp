@@ -6,7 +6,6 @@
 #include "imaging/Converted.h"
 #include "imaging/PictureFile.h"
 #include "imaging/PictureText.h"
-#include "imaging/Resample.h"
 #include "toolkit/Twips.h"
 
 #include <QMouseEvent>
@@ -69,7 +68,7 @@ struct Mapping {
 
 /// Every pixel of the picture as a sharp rectangle where they are drawn apart, and their mean where they fall
 /// together.
-void Draw(QPainter& painter, const QImage& picture, const Mapping& mapping)
+void Draw(QPainter& painter, const QImage& picture, const Mapping& mapping, ShrunkPicture& shrunk)
 {
     const double ratio =
         painter.deviceTransform().m11(); // dots per pixel, also where another device stands in
@@ -80,11 +79,9 @@ void Draw(QPainter& painter, const QImage& picture, const Mapping& mapping)
     const QRect part = mapping.from.toRect();
     const QSize size = (mapping.to.size() * ratio).toSize().expandedTo({ 1, 1 });
     try {
-        painter.drawImage(mapping.to,
-            imaging::Resample(
-                part == picture.rect() ? picture : picture.copy(part), size, imaging::Resampling::Smooth));
-    } catch (
-        const std::exception&) { // no memory: nothing may leave a paint event, and a coarse picture is one
+        painter.drawImage(mapping.to, shrunk.Of(picture, part, size));
+    } catch (const std::exception&) {
+        // No memory: nothing may leave a paint event, and a coarse picture is one too.
         painter.drawImage(mapping.to, picture, mapping.from);
     }
 }
@@ -342,7 +339,7 @@ void Lead::paintEvent(QPaintEvent* event)
     painter.setClipRect(clip);
     const Mapping shown = whole.Within(clip, bitmap_.rect());
     if (!shown.from.isEmpty())
-        Draw(painter, onScreen_.isNull() ? bitmap_ : onScreen_, shown);
+        Draw(painter, onScreen_.isNull() ? bitmap_ : onScreen_, shown, shrunk_);
 }
 
 void Lead::resizeEvent(QResizeEvent*)

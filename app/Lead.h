@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ControlError.h"
+#include "app/ShrunkPicture.h"
 #include "app/TextDrawing.h"
 #include "imaging/PictureView.h"
 
@@ -161,6 +162,7 @@ private:
 
     QImage bitmap_;
     QImage onScreen_; ///< what is shown instead of the picture, null when nothing is
+    ShrunkPicture shrunk_;
     int replacements_ = 0; ///< of the picture, so far
     imaging::PictureView view_;
     int scaleMode_ = ScalePixels;

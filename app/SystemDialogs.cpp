@@ -22,6 +22,13 @@ QString SystemDialogs::AskSaveName(
     return AskFileName(owner, FileMode::Save, title, QString(), filter, folder, QString(), chosenFolder);
 }
 
+QString SystemDialogs::AskOpenName(QWidget* owner, const QString& title, const QString& filter,
+    const QString& folder, const QString& extension)
+{
+    QString chosenFolder;
+    return AskFileName(owner, FileMode::Open, title, QString(), filter, folder, extension, chosenFolder);
+}
+
 bool SystemDialogs::ConfirmReplace(QWidget* owner, const QString& path)
 {
     // The owner may close while the question stands, and takes it along: that is a no.

@@ -7,6 +7,8 @@ class SystemDialogs : public FileDialogs {
 public:
     QString AskSaveName(
         QWidget* owner, const QString& title, const QString& filter, const QString& folder) override;
+    QString AskOpenName(QWidget* owner, const QString& title, const QString& filter, const QString& folder,
+        const QString& extension) override;
     bool ConfirmReplace(QWidget* owner, const QString& path) override;
     QString AskOpenNames(
         QWidget* owner, const QString& title, const QString& filter, const QString& folder) override;

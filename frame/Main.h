@@ -29,6 +29,7 @@ class TitleStrip;
 class Transport;
 class TransportPane;
 class VideoList;
+class Visual;
 enum class KeyAction;
 
 /// What the frame stands on, made by main and outliving it.
@@ -57,6 +58,7 @@ public:
     QWidget* FrameWindow() override { return this; }
     QWidget* ActiveForm() override;
     Lead* ActiveCapture() override;
+    CaptureWindow* ActiveCaptureWindow() override;
     void AddChild(QWidget* form) override;
     void SendToBack(QWidget* form) override;
     void SetStatus(StatusLabel label, const QString& text) override;
@@ -71,8 +73,11 @@ public:
     void RemoveKid(quintptr handle) override;
     void OpenViewer() override;
     void AddThumbnail() override;
+    void ShowThumbnails() override;
     Lead& ThumbHold() override { return *thumbHold_; }
     void ShowFront(bool visible) override;
+    void OpenTools() override;
+    void OpenVisual() override;
     void OpenHelp() override;
     void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget& button,
         std::function<void(int)> chosen) override;
@@ -134,6 +139,7 @@ private:
     void Ask(Command command);
     void CopyActiveCapture();
     void CloseActiveForm();
+    void ShowTools();
     void CloseAllWindows();
     /// Unloads every form whose name differs.
     void CloseAllFormsExcept(const QString& name);
@@ -171,6 +177,8 @@ private:
     Lead* thumbHold_ = nullptr;
     QPointer<VideoList> videoList_;
     QPointer<QuickShots> quickShots_;
+    QPointer<Visual> visual_;
+    bool areToolsUnwanted_ = false; ///< they come up with a capture no more
     QTimer Timer1; ///< the print button follows the capture windows
     QTimer Timer3; ///< the prompt while no video is open
 };

@@ -2,6 +2,8 @@
 #include "app/ApplicationState.h"
 #include "app/FormShadow.h"
 #include "app/Hourglass.h"
+#include "edit/Tools.h"
+#include "edit/Visual.h"
 #include "frame/HelpWindow.h"
 #include "frame/Main.h"
 #include "video/VideoList.h"
@@ -29,8 +31,13 @@ QWidget* Main::ActiveForm()
 
 Lead* Main::ActiveCapture()
 {
-    auto* viewer = qobject_cast<Viewer*>(ActiveForm());
-    return viewer ? &viewer->Picture() : nullptr;
+    CaptureWindow* const window = ActiveCaptureWindow();
+    return window ? &window->Picture() : nullptr;
+}
+
+CaptureWindow* Main::ActiveCaptureWindow()
+{
+    return qobject_cast<Viewer*>(ActiveForm());
 }
 
 void Main::AddChild(QWidget* form)
@@ -78,6 +85,8 @@ void Main::MakeKidActive(int index)
 void Main::OpenViewer()
 {
     AddChild(new Viewer(*this));
+    if (!state_.ToolsOpen && !areToolsUnwanted_)
+        ShowTools();
 }
 
 void Main::AddThumbnail()
@@ -97,6 +106,42 @@ void Main::AddThumbnail()
     SendToBack(quickShots_);
     if (front && front != quickShots_)
         ShowInFront(*front);
+}
+
+void Main::ShowThumbnails()
+{
+    if (quickShots_)
+        ShowInFront(*quickShots_);
+}
+
+void Main::OpenTools()
+{
+    areToolsUnwanted_ = false;
+    ShowTools();
+}
+
+/// The keyboard stays with the frame.
+void Main::ShowTools()
+{
+    auto* tools = qobject_cast<Tools*>(state_.Tools.data());
+    if (!tools) {
+        tools = new Tools(*this);
+        // Whoever closes them while there is something to edit does not want them with the next capture.
+        connect(tools, &QDialog::finished, this, [this] { areToolsUnwanted_ = state_.KidCount > 0; });
+    }
+    const bool wasActive = isActiveWindow();
+    tools->LTools(ActiveForm());
+    if (wasActive)
+        activateWindow();
+}
+
+void Main::OpenVisual()
+{
+    if (visual_ && visual_->isVisible()) // one that is closing takes nothing more
+        return visual_->ComeBack();
+    visual_ = new Visual(*this);
+    if (!state_.VisualReady)
+        delete visual_;
 }
 
 void Main::CloseActiveForm()
@@ -147,6 +192,7 @@ void Main::UnloadForms()
     // A form can open or raise another while it closes; the second round takes what the first passed over.
     CloseAllFormsExcept(objectName());
     delete help_;
+    delete visual_;
     // One that was made on demand and never shown; one that is still fading goes by itself.
     if (state_.CurrentVideo && state_.CurrentVideo->parentWidget() == this)
         delete state_.CurrentVideo;

@@ -85,7 +85,10 @@ void Viewer::BuildTools(QWidget* column)
     stack->setSpacing(Gap);
     static constexpr FormButton<Viewer> SaveButton { 6, Face::SaveCapture, " Save Capture ", "Save capture",
         [](Viewer& viewer) { viewer.Save(); } };
-    stack->addWidget(MakeFormButton<VideoEditButtons>(SaveButton, *this, column), 0, Qt::AlignHCenter);
+    static constexpr FormButton<Viewer> ToolsButton { 3, Face::EditTools, " Open Graphic Tools ",
+        "Open graphic tools", [](Viewer& viewer) { viewer.frame_.OpenTools(); } };
+    for (const auto& row : { ToolsButton, SaveButton })
+        stack->addWidget(MakeFormButton<VideoEditButtons>(row, *this, column), 0, Qt::AlignHCenter);
     stack->addStretch();
 }
 
@@ -137,6 +140,19 @@ void Viewer::SizeToPicture()
     resize(qCeil(picture.width()) + RoomBeside.Pixels(), qCeil(picture.height()) + RoomAbove.Pixels());
 }
 
+void Viewer::KeepEdit()
+{
+    ClipPic_ = Lead1->GetPicture();
+    update();
+}
+
+void Viewer::ShowPicture(const QImage& picture)
+{
+    Lead1->SetBitmap(picture);
+    KeepEdit();
+    SizeToPicture();
+}
+
 void Viewer::Zoom(Qt::MouseButton button)
 {
     const int step = button == Qt::LeftButton ? ZoomStep : button == Qt::RightButton ? -ZoomStep : 0;
@@ -151,11 +167,12 @@ void Viewer::Zoom(Qt::MouseButton button)
 
 void Viewer::ShowPopup()
 {
-    const QStringList items { QStringLiteral("  Save"), QStringLiteral("  Help"),
-        QStringLiteral("  Exit Viewer") };
+    const QStringList items { QStringLiteral("  Save"), QStringLiteral("  Edit Tools"),
+        QStringLiteral("  Help"), QStringLiteral("  Exit Viewer") };
     const QPointer<Viewer> alive(this);
     frame_.OpenMenus(PopupOwner::Viewer, items, 0, *menu_, [alive](int item) {
         constexpr std::array Actions { +[](Viewer& viewer) { viewer.Save(); },
+            +[](Viewer& viewer) { viewer.frame_.OpenTools(); },
             +[](Viewer& viewer) { viewer.frame_.OpenHelp(); }, +[](Viewer& viewer) { viewer.close(); } };
         if (alive)
             Actions[size_t(item)](*alive);
@@ -172,8 +189,11 @@ void Viewer::Save()
 void Viewer::closeEvent(QCloseEvent* event)
 {
     // A closed window lives on until the event loop deletes it, and may be closed once more meanwhile.
-    if (!std::exchange(isGone_, true))
+    if (!std::exchange(isGone_, true)) {
         frame_.RemoveKid(quintptr(this));
+        if (ApplicationState& state = frame_.State(); state.KidCount == 0 && state.Tools)
+            state.Tools->close(); // they have nothing left to work on
+    }
     const QPointer<Viewer> alive(this);
     FadeAtClosing(*this, frame_.State());
     if (alive)

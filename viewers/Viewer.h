@@ -1,15 +1,13 @@
 #pragma once
 
+#include "app/CaptureWindow.h"
 #include "toolkit/ChildForm.h"
 
-#include <QImage>
-
 class Frame;
-class Lead;
 
 /// The window of one capture. It holds the picture in Lead1 until it closes; saving, printing and editing act
 /// on the active one.
-class Viewer : public ChildForm {
+class Viewer : public ChildForm, public CaptureWindow {
     Q_OBJECT
 
 public:
@@ -17,10 +15,11 @@ public:
     /// thumbnails.
     explicit Viewer(Frame& frame);
 
-    Lead& Picture() { return *Lead1; }
-    /// The picture as it was captured, for the printer and the thumbnails; shares its pixels with Lead1 until
-    /// that changes.
-    QImage ClipPic() const { return ClipPic_; }
+    Lead& Picture() override { return *Lead1; }
+    /// Shares its pixels with Lead1 until that changes.
+    QImage ClipPic() const override { return ClipPic_; }
+    void KeepEdit() override;
+    void ShowPicture(const QImage& picture) override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -3,6 +3,7 @@
 #include "desktop/FileName.h"
 #include "imaging/FormatTable.h"
 #include "imaging/PictureFile.h"
+#include "imaging/Resample.h"
 #include "tests/testing/FakeClipboard.h"
 #include "tests/testing/PaintCount.h"
 #include "tests/testing/ReasonOf.h"
@@ -423,6 +424,22 @@ TEST_F(LeadTest, FlagsAndModesHaveTheirNumbers)
 {
     EXPECT_EQ(Lead::PasteTest, 16384);
     EXPECT_EQ(Lead::ScalePixels, 3);
+}
+
+TEST_F(LeadTest, MuchSmallerAPictureShowsTheMeanOfThePixelsThatFallTogether)
+{
+    const QImage picture = Sample({ 480, 400 });
+    lead.SetAutoScroll(false);
+    lead.SetBitmap(picture);
+    lead.SetDstRect(0, 0, 60, 50);
+    const QImage mean = imaging::Resample(picture, { 60, 50 }, imaging::Resampling::Smooth);
+    const QImage shown = Shown();
+    for (int y = 0; y < 50; ++y) {
+        for (int x = 0; x < 60; ++x) {
+            EXPECT_NEAR(shown.pixelColor(x, y).red(), mean.pixelColor(x, y).red(), 1);
+            EXPECT_NEAR(shown.pixelColor(x, y).blue(), mean.pixelColor(x, y).blue(), 1);
+        }
+    }
 }
 
 TEST_F(LeadTest, AChangeIsPaintedByItselfOnlyWithAutoRepaint)

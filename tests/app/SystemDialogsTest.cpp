@@ -68,6 +68,20 @@ TEST_F(SystemDialogsTest, SeveralNamesMayBeOpened)
     EXPECT_EQ(QDir::currentPath(), Folder());
 }
 
+TEST_F(SystemDialogsTest, OneNameIsOpened)
+{
+    WhenOpen([this](QFileDialog& dialog) {
+        ExpectAsked(dialog);
+        EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
+        EXPECT_NE(dialog.fileMode(), QFileDialog::ExistingFiles);
+        EXPECT_EQ(dialog.defaultSuffix(), QStringLiteral("jpg"));
+        Type(dialog, QStringLiteral("a.avi"));
+    });
+    EXPECT_EQ(dialogs_.AskOpenName(&owner_, Title, Filter, Folder(), QStringLiteral("jpg")), Path("a.avi"));
+    WhenOpen(Cancel);
+    EXPECT_EQ(dialogs_.AskOpenName(&owner_, Title, Filter, Folder(), QStringLiteral("jpg")), QString());
+}
+
 TEST_F(SystemDialogsTest, OneNameIsSaved)
 {
     WhenOpen([this](QFileDialog& dialog) {

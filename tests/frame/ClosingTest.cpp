@@ -90,8 +90,9 @@ protected:
 TEST_F(ClosingTest, EveryFormCastsAShadowInsideTheArea)
 {
     Capture();
-    EXPECT_EQ(main->findChild<QMdiArea*>()->viewport()->findChildren<ucShadow*>().size(), 2);
-    for (const ucShadow* shadow : main->findChildren<ucShadow*>()) {
+    const auto shadows = main->findChild<QMdiArea*>()->viewport()->findChildren<ucShadow*>();
+    EXPECT_EQ(shadows.size(), 2);
+    for (const ucShadow* shadow : shadows) {
         EXPECT_TRUE(shadow->IsLayered());
         EXPECT_TRUE(shadow->SoftShadow());
     }

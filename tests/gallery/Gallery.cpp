@@ -1,5 +1,6 @@
 // Writes a picture of every control in every state and of every window, for the eye.
 #include "ControlsPage.h"
+#include "EditPages.h"
 #include "TextPages.h"
 #include "WindowPages.h"
 #include "toolkit/Style.h"
@@ -31,5 +32,6 @@ int main(int argc, char** argv)
     take(QStringLiteral("controls"), *ControlsPage());
     ShowTexts(take);
     ShowWindows(take);
+    ShowEditing(take);
     return areWritten ? 0 : 1;
 }

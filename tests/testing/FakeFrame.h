@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/CaptureWindow.h"
 #include "app/Frame.h"
 #include "app/Lead.h"
 #include "tests/testing/FakePlayer.h"
@@ -16,6 +17,7 @@ public:
     Lead hold;
     QPointer<QWidget> activeForm;
     QPointer<Lead> activeCapture;
+    CaptureWindow* activeWindow = nullptr;
     QMap<StatusLabel, QString> status;
     QMap<StatusLabel, QStringList> told; ///< all that a label has said
     QSet<StatusLabel> alerts; ///< labels whose text stands in the alert's colour
@@ -37,6 +39,7 @@ public:
     QWidget* FrameWindow() override { return &window; }
     QWidget* ActiveForm() override { return activeForm; }
     Lead* ActiveCapture() override { return activeCapture; }
+    CaptureWindow* ActiveCaptureWindow() override { return activeWindow; }
     void AddChild(QWidget* form) override
     {
         log << QStringLiteral("AddChild");
@@ -78,11 +81,14 @@ public:
             whenViewerOpens();
     }
     void AddThumbnail() override { log << QStringLiteral("AddThumbnail"); }
+    void ShowThumbnails() override { log << QStringLiteral("ShowThumbnails"); }
     Lead& ThumbHold() override { return hold; }
     void ShowFront(bool visible) override
     {
         log << (visible ? QStringLiteral("ShowFront") : QStringLiteral("HideFront"));
     }
+    void OpenTools() override { log << QStringLiteral("OpenTools"); }
+    void OpenVisual() override { log << QStringLiteral("OpenVisual"); }
     void OpenHelp() override { log << QStringLiteral("OpenHelp"); }
     void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget&,
         std::function<void(int)> chosen) override

@@ -69,6 +69,12 @@ public:
         Asked(window, heading, kinds, start);
         return Next(saveNames);
     }
+    QString AskOpenName(QWidget* window, const QString& heading, const QString& kinds, const QString& start,
+        const QString&) override
+    {
+        Asked(window, heading, kinds, start);
+        return Next(openNames);
+    }
     QString AskOpenNames(
         QWidget* window, const QString& heading, const QString& kinds, const QString& start) override
     {

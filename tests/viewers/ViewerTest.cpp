@@ -127,13 +127,16 @@ TEST_F(ViewerTest, ThePopupOffersWhatCanBeDoneWithACapture)
     };
     openPopup();
     EXPECT_EQ(state.PopupKind, 2);
-    EXPECT_EQ(frame.log.last(3),
-        QStringList({ QStringLiteral("  Save"), QStringLiteral("  Help"), QStringLiteral("  Exit Viewer") }));
+    EXPECT_EQ(frame.log.last(4),
+        QStringList({ QStringLiteral("  Save"), QStringLiteral("  Edit Tools"), QStringLiteral("  Help"),
+            QStringLiteral("  Exit Viewer") }));
     frame.chosenInMenus(0);
     EXPECT_TRUE(QFile::exists(frame.folder.filePath(QStringLiteral("AutoSave/auto1.bmp"))));
     frame.chosenInMenus(1);
-    EXPECT_EQ(frame.log.last(), QStringLiteral("OpenHelp"));
+    EXPECT_EQ(frame.log.last(), QStringLiteral("OpenTools"));
     frame.chosenInMenus(2);
+    EXPECT_EQ(frame.log.last(), QStringLiteral("OpenHelp"));
+    frame.chosenInMenus(3);
     EXPECT_FALSE(viewer->isVisible());
     EXPECT_EQ(frame.log.count(QStringLiteral("RemoveKid")), 1);
 }
@@ -144,7 +147,7 @@ TEST_F(ViewerTest, AChoiceInThePopupOfAWindowThatIsGoneDoesNothing)
     QTest::mouseClick(viewer->findChild<QWidget*>(QStringLiteral("Image1")), Qt::LeftButton);
     viewer.reset();
     const QStringList before = frame.log;
-    for (const int item : { 0, 1, 2 })
+    for (const int item : { 0, 1, 2, 3 })
         frame.chosenInMenus(item);
     EXPECT_EQ(frame.log, before);
 }
@@ -153,7 +156,7 @@ TEST_F(ViewerTest, TheButtonsBearTheirTipsUnlessTipsAreOff)
 {
     const std::pair<const char*, const char*> tips[] { { "Cmds(0)", " Close Capture Window " },
         { "Cmds(1)", " Restore/Maximize Window " }, { "Cmds(2)", " Minimize Window " },
-        { "Cmds(6)", " Save Capture " } };
+        { "Cmds(3)", " Open Graphic Tools " }, { "Cmds(6)", " Save Capture " } };
     for (const bool isOn : { true, false }) {
         state.ToolTip = isOn;
         const auto viewer = Open();
@@ -162,6 +165,49 @@ TEST_F(ViewerTest, TheButtonsBearTheirTipsUnlessTipsAreOff)
                 isOn ? QLatin1String(tip) : QString())
                 << name;
     }
+}
+
+TEST_F(ViewerTest, TheToolsButtonOpensTheEditTools)
+{
+    const auto viewer = Open();
+    QTest::mouseClick(viewer->findChild<QWidget*>(QStringLiteral("Cmds(3)")), Qt::LeftButton);
+    EXPECT_EQ(frame.log.last(), QStringLiteral("OpenTools"));
+}
+
+TEST_F(ViewerTest, TheLastCaptureTakesTheEditToolsAlong)
+{
+    QWidget tools;
+    tools.show();
+    state.Tools = &tools;
+    const auto first = Open();
+    const auto second = Open();
+    state.KidCount = 1; // the frame counts
+    second->close();
+    EXPECT_TRUE(tools.isVisible());
+    state.KidCount = 0;
+    first->close();
+    EXPECT_FALSE(tools.isVisible());
+}
+
+TEST_F(ViewerTest, AnEditIsKeptWithoutSizingTheWindow)
+{
+    const auto viewer = Open();
+    const QSize before = viewer->size();
+    viewer->Picture().Rotate(9000, true, Qt::white);
+    viewer->KeepEdit();
+    EXPECT_EQ(viewer->ClipPic().size(), QSize(90, 120));
+    EXPECT_EQ(viewer->size(), before);
+}
+
+TEST_F(ViewerTest, AnotherPictureSizesTheWindow)
+{
+    const auto viewer = Open();
+    QImage larger(240, 180, QImage::Format_BGR888);
+    larger.fill(Qt::green);
+    viewer->ShowPicture(larger);
+    EXPECT_EQ(viewer->Picture().Bitmap(), larger);
+    EXPECT_EQ(viewer->ClipPic(), larger);
+    EXPECT_EQ(viewer->size(), QSize(240 + 63, 180 + 34));
 }
 
 TEST_F(ViewerTest, TheSaveButtonSaysFrameSaved)

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "toolkit/DialogForm.h"
+
+class Frame;
+class OptionGroup;
+class QBoxLayout;
+
+/// Asks for a depth, a palette and a way of dithering; it changes nothing itself. Modal.
+class ColorRes : public DialogForm {
+    Q_OBJECT
+
+public:
+    /// Begins with the depth of the picture asked about, one of Lead::BitmapBits.
+    ColorRes(Frame& frame, QWidget* owner, int bitmapBits);
+
+    bool UserResult() const { return result() == Accepted; }
+    /// What Lead::SetColorResolution takes.
+    int GetBits() const;
+    int GetPalette() const;
+    int GetDither() const;
+
+    void done(int result) override;
+
+private:
+    void Build();
+    void BuildChoices(QBoxLayout& row);
+    QWidget* BuildFoot();
+    void Load(int bitmapBits);
+    void EnableFor(int bits);
+
+    Frame& frame_;
+    OptionGroup* bits_ = nullptr;
+    OptionGroup* dithering_ = nullptr;
+    OptionGroup* palettes_ = nullptr; ///< Palettes(1), (2), (8): for pictures with a palette
+    OptionGroup* highColor_ = nullptr; ///< Palettes(0), (4): for the others
+};

@@ -1,0 +1,202 @@
+#include "edit/Resize.h"
+
+#include "app/ApplicationState.h"
+#include "app/FormShadow.h"
+#include "app/Frame.h"
+#include "app/Lead.h"
+#include "toolkit/HeadButtons.h"
+#include "toolkit/xpcheckbox.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSlider>
+
+namespace {
+
+constexpr int Gap = 4; // the grid
+constexpr int BoxColumns = 7; // of a number's box, in average characters
+constexpr int BarWidth = 260;
+constexpr int LargeStep = 100;
+
+struct SideRow {
+    const char* boxName;
+    const char* barName;
+    const char* caption;
+    const char* barTitle; ///< for those who cannot see it
+};
+constexpr SideRow SideRows[] = {
+    { "Value1Box", "Value1Bar", "Width", "Width slider" },
+    { "Value2Box", "Value2Bar", "Height", "Height slider" },
+};
+constexpr NewSize::Side Sides[] { NewSize::Width, NewSize::Height };
+
+QPushButton* MakeButton(const char* objectName, const char* caption, QWidget* parent)
+{
+    auto* button = new QPushButton(QLatin1String(caption), parent);
+    button->setObjectName(QLatin1String(objectName));
+    return button;
+}
+
+} // namespace
+
+Resize::Resize(Frame& frame, QWidget* owner, const Lead& picture)
+    : DialogForm(owner)
+    , frame_(frame)
+    , picture_(picture)
+    , AspectRatioBox(new xpcheckbox(this))
+    , ResampleBox(new xpcheckbox(this))
+{
+    setObjectName(QStringLiteral("Resize"));
+    SetTitle(QStringLiteral("Resize"));
+    Build();
+    Bind();
+    AddShadow(*this, frame_.State());
+    frame_.State().ApplyToolTips(*this);
+}
+
+void Resize::Build()
+{
+    static constexpr FormButton<Resize> CloseButton { 0, Face::Close, "Cancel and Close. ",
+        "Cancel and close", [](Resize& form) { form.reject(); } };
+    Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
+    AspectRatioBox->setObjectName(QStringLiteral("AspectRatioBox"));
+    AspectRatioBox->SetCaption(QStringLiteral("Maintain Aspect-Ratio"));
+    ResampleBox->setObjectName(QStringLiteral("ResampleBox"));
+    ResampleBox->SetCaption(QStringLiteral("Resample"));
+    ResampleBox->setProperty("Tag", QStringLiteral("Smooth the picture instead of picking single pixels."));
+
+    auto* body = new QWidget(this);
+    auto* column = new QVBoxLayout(body);
+    column->setContentsMargins(4 * Gap, 4 * Gap, 4 * Gap, 4 * Gap);
+    column->setSpacing(4 * Gap);
+    column->addWidget(BuildSides());
+    auto* checks = new QHBoxLayout;
+    checks->setSpacing(6 * Gap);
+    checks->addWidget(AspectRatioBox);
+    checks->addWidget(ResampleBox);
+    checks->addStretch();
+    column->addLayout(checks);
+    column->addWidget(BuildFoot());
+    AddBody(body);
+    KeepFitting();
+}
+
+QWidget* Resize::BuildSides()
+{
+    auto* sides = new QWidget(this);
+    auto* grid = new QGridLayout(sides);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(3 * Gap);
+    grid->setVerticalSpacing(2 * Gap);
+    for (const NewSize::Side side : Sides) {
+        const SideRow& row = SideRows[side];
+        auto* box = new QLineEdit(sides);
+        box->setObjectName(QLatin1String(row.boxName));
+        box->setAccessibleName(QLatin1String(row.caption));
+        box->setFixedWidth(fontMetrics().averageCharWidth() * BoxColumns + 4 * Gap);
+        auto* bar = new QSlider(Qt::Horizontal, sides);
+        bar->setObjectName(QLatin1String(row.barName));
+        bar->setAccessibleName(QLatin1String(row.barTitle));
+        bar->setPageStep(LargeStep);
+        bar->setMinimumWidth(BarWidth);
+        grid->addWidget(new QLabel(QLatin1String(row.caption), sides), side, 0);
+        grid->addWidget(box, side, 1);
+        grid->addWidget(bar, side, 2);
+        sides_[side] = { box, bar };
+    }
+    return sides;
+}
+
+QWidget* Resize::BuildFoot()
+{
+    auto* foot = new QWidget(this);
+    auto* row = new QHBoxLayout(foot);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(2 * Gap);
+    QPushButton* const ok = MakeButton("Ok", "Accept", foot);
+    QPushButton* const cancel = MakeButton("cancel", "Cancel", foot);
+    ok->setDefault(true);
+    cancel->setAutoDefault(false);
+    row->addStretch();
+    row->addWidget(ok);
+    row->addWidget(cancel);
+    connect(ok, &QPushButton::clicked, this, &Resize::Accept);
+    connect(cancel, &QPushButton::clicked, this, &Resize::reject);
+    return foot;
+}
+
+void Resize::Bind()
+{
+    for (const NewSize::Side side : Sides) {
+        connect(sides_[side].bar, &QSlider::valueChanged, this, [this, side](int value) {
+            size_.MoveBar(side, value);
+            ShowSize();
+        });
+        connect(sides_[side].box, &QLineEdit::textChanged, this, [this, side](const QString& text) {
+            size_.Type(side, text);
+            ShowSize();
+        });
+    }
+    connect(AspectRatioBox, &xpcheckbox::Click, this, [this] {
+        size_.SetKeepsAspect(
+            AspectRatioBox->Value() != xpcheckbox::Set); // the box turns over after its click
+        size_.Recouple();
+        ShowSize();
+    });
+    connect(ResampleBox, &xpcheckbox::Click, this, [this] {
+        if (ResampleBox->Value() == xpcheckbox::Grey)
+            ResampleBox->SetValue(xpcheckbox::Set);
+    });
+}
+
+void Resize::InitTheForm(Mode mode)
+{
+    const QSize source = mode == OfRegion ? QSize(picture_.RgnWidth(), picture_.RgnHeight())
+                                          : QSize(picture_.BitmapWidth(), picture_.BitmapHeight());
+    size_ = NewSize(source);
+    ShowSize();
+    ResampleBox->SetValue(xpcheckbox::Clear);
+    AspectRatioBox->SetValue(xpcheckbox::Set);
+    for (const SideControls& side : sides_)
+        side.box->selectAll();
+    sides_[NewSize::Width].box->setFocus();
+}
+
+void Resize::ShowSize()
+{
+    for (const NewSize::Side side : Sides) {
+        const auto& [box, bar] = sides_[side];
+        const QSignalBlocker boxSilence(box);
+        const QSignalBlocker barSilence(bar);
+        const NewSize::Bar& held = size_.BarOf(side);
+        bar->setRange(held.minimum, held.maximum);
+        bar->setValue(held.value);
+        if (box->text() != size_.BoxOf(side)) // setting it would move the cursor of whoever types
+            box->setText(size_.BoxOf(side));
+    }
+}
+
+Resize::Results Resize::GetResults() const
+{
+    return { result() == Accepted, size_.BarOf(NewSize::Width).value, size_.BarOf(NewSize::Height).value,
+        ResampleBox->Value() == xpcheckbox::Set };
+}
+
+void Resize::Accept()
+{
+    if (size_.HoldBoxes())
+        QApplication::beep();
+    ShowSize();
+    if (size_.IsAcceptable())
+        accept();
+}
+
+void Resize::done(int result)
+{
+    if (FadeAtClosing(*this, frame_.State()))
+        DialogForm::done(result);
+}

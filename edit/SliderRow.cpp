@@ -1,0 +1,117 @@
+#include "edit/SliderRow.h"
+
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSlider>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int Gap = 4; // the grid
+constexpr int LeastBarWidth = 120;
+constexpr int ButtonPadding = 9 * Gap;
+constexpr auto WidestNumber = "-10000";
+
+} // namespace
+
+int SliderRow::ButtonWidth(const QFontMetrics& metrics)
+{
+    int widest = 0;
+    for (const EffectRow& row : EffectRows())
+        widest = std::max(widest, metrics.horizontalAdvance(QLatin1String(row.label)));
+    return widest + ButtonPadding;
+}
+
+SliderRow::SliderRow(int index, QWidget* parent)
+    : QWidget(parent)
+    , row_(EffectRows()[size_t(index)])
+    , button_(new QPushButton(QLatin1String(row_.label), this))
+    , TScrolls(new QSlider(Qt::Horizontal, this))
+    , Answer(new QLineEdit(this))
+{
+    Build(index);
+    TScrolls->setRange(row_.min, row_.max);
+    TScrolls->setPageStep(row_.largeStep);
+    TScrolls->setValue(row_.start);
+    Bind();
+    ShowAnswer();
+}
+
+void SliderRow::Build(int index)
+{
+    const bool isImage = row_.group == EffectGroup::Image;
+    button_->setObjectName(
+        isImage ? QStringLiteral("ImageBut(%1)").arg(index) : QStringLiteral("EffectBut(%1)").arg(index - 6));
+    button_->setProperty("Tag", QStringLiteral("Click to Apply"));
+    const QString label = QLatin1String(row_.label);
+    TScrolls->setObjectName(QStringLiteral("TScrolls(%1)").arg(index));
+    TScrolls->setAccessibleName(label + QStringLiteral(" slider"));
+    TScrolls->setMinimumWidth(LeastBarWidth);
+    Answer->setObjectName(QStringLiteral("Answer(%1)").arg(index));
+    Answer->setAccessibleName(label + QStringLiteral(" amount"));
+    Answer->setAlignment(Qt::AlignRight);
+    Answer->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1String(WidestNumber)) + 4 * Gap);
+    auto* line = new QGridLayout(this);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setHorizontalSpacing(2 * Gap);
+    line->setColumnMinimumWidth(0, ButtonWidth(button_->fontMetrics()));
+    line->setColumnStretch(1, 1);
+    line->addWidget(button_, 0, 0);
+    line->addWidget(TScrolls, 0, 1);
+    line->addWidget(Answer, 0, 2);
+}
+
+void SliderRow::Bind()
+{
+    connect(button_, &QPushButton::clicked, this, &SliderRow::Apply);
+    connect(Answer, &QLineEdit::returnPressed, this, &SliderRow::Apply);
+    connect(Answer, &QLineEdit::textChanged, this, &SliderRow::TakeText);
+    connect(Answer, &QLineEdit::editingFinished, this,
+        [this] { Answer->setText(AnswerText::Held(Answer->text(), row_)); });
+    connect(TScrolls, &QSlider::valueChanged, this, [this](int value) {
+        if (AnswerText::Number(Answer->text()) != value)
+            Answer->setText(QString::number(value));
+    });
+}
+
+void SliderRow::TakeText(const QString& text)
+{
+    if (Answer->isModified() && AnswerText::IsBeginning(text, row_)) {
+        const QSignalBlocker silence(TScrolls); // its number would replace what is being typed
+        TScrolls->setValue(row_.min);
+        return;
+    }
+    if (const QString held = AnswerText::Held(text, row_); held != text)
+        return Answer->setText(held); // which comes back here
+    TScrolls->setValue(AnswerText::Number(text));
+}
+
+int SliderRow::Value() const
+{
+    return TScrolls->value();
+}
+
+void SliderRow::SetValue(int value)
+{
+    TScrolls->setValue(value);
+}
+
+void SliderRow::SetText(const QString& text)
+{
+    Answer->setText(text);
+}
+
+void SliderRow::ShowAnswer()
+{
+    Answer->setText(QString::number(Value()));
+    default_ = AnswerText::Number(Answer->text());
+}
+
+void SliderRow::ReAnswer()
+{
+    Answer->setText(QString::number(default_));
+    TScrolls->setValue(default_);
+}

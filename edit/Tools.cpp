@@ -1,0 +1,310 @@
+#include "edit/Tools.h"
+
+#include "app/ApplicationState.h"
+#include "app/CaptureWindow.h"
+#include "app/ControlError.h"
+#include "app/FormShadow.h"
+#include "app/Frame.h"
+#include "app/Hourglass.h"
+#include "app/Lead.h"
+#include "app/Talk.h"
+#include "edit/EditedPicture.h"
+#include "edit/Resize.h"
+#include "toolkit/DigitLabel.h"
+#include "toolkit/HeadButtons.h"
+#include "toolkit/Twips.h"
+
+#include <QGridLayout>
+#include <QPointer>
+#include <QScreen>
+#include <QSlider>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int Gap = 4; // the grid
+constexpr Twips BelowCapture = 10_twips;
+constexpr int QuarterTurn = 9000; // hundredths of a degree
+constexpr int SliderEnd = 100;
+constexpr int SliderWidth = 200;
+
+void QuarterTurned(Lead& picture)
+{
+    picture.Rotate(QuarterTurn, true, Qt::white);
+}
+
+/// Where the tools may come up, on the screen: over the windows' area.
+QRect RoomOf(const QWidget& owner)
+{
+    const QRect onScreen = owner.screen()->availableGeometry();
+    const QWidget* const parent = owner.isWindow() ? nullptr : owner.parentWidget();
+    if (!parent)
+        return onScreen;
+    return onScreen & QRect(parent->mapToGlobal(QPoint(0, 0)), parent->size());
+}
+
+} // namespace
+
+/// Cmd2(index): a plain edit, or an act of its own.
+struct Tools::Button {
+    int index;
+    Face face;
+    const char* caption;
+    const char* tip;
+    void (*operation)(Lead&);
+    void (Tools::*act)();
+};
+
+const Tools::Button Tools::Buttons[] = {
+    { 0, Face::Resize, "Resize Capture", " Resize ", nullptr, &Tools::ImageResize_Click },
+    { 1, Face::Flip, "Flip", " Flip ", [](Lead& picture) { picture.Flip(); }, nullptr },
+    { 2, Face::Rotate, "Rotate", " Rotate ", QuarterTurned, nullptr },
+    { 3, Face::Reverse, "Reverse", " Reverse ", [](Lead& picture) { picture.Reverse(); }, nullptr },
+    { 4, Face::Grayscale, "B&W", " Grayscale ", [](Lead& picture) { picture.Grayscale(); }, nullptr },
+    { 5, Face::Undo, "Undo", " Undo ", nullptr, &Tools::Undo },
+};
+
+struct Tools::SliderRow {
+    const char* tip;
+    const char* readOut;
+    void (*preview)(Lead& work, int value);
+};
+
+const Tools::SliderRow Tools::SliderRows[] = {
+    // Brightness drives gamma, whose neutral point is the slider's end: from there it only darkens. Kept so.
+    { "Brightness", "LblBright", [](Lead& work, int value) { work.Gamma(value); } },
+    { "Contrast", "Label2", [](Lead& work, int value) { work.Contrast(value * 10); } },
+};
+
+Tools::Tools(Frame& frame)
+    : DialogForm(frame.FrameWindow())
+    , frame_(frame)
+{
+    setObjectName(QStringLiteral("Tools"));
+    setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    SetTitle(QStringLiteral("Graphic Edit Tools"));
+    Build();
+    AddShadow(*this, frame_.State());
+    frame_.State().ApplyToolTips(*this);
+}
+
+void Tools::Build()
+{
+    static constexpr FormButton<Tools> CloseButton { 0, Face::Close, " Close Graphic Tools ",
+        "Close graphic tools", [](Tools& tools) { tools.UnloadLTools(); } };
+    Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
+    auto* body = new QWidget(this);
+    auto* column = new QVBoxLayout(body);
+    column->setContentsMargins(3 * Gap, 2 * Gap, 3 * Gap, 3 * Gap);
+    column->setSpacing(2 * Gap);
+    column->addWidget(BuildButtons());
+    column->addWidget(BuildSliders());
+    AddBody(body);
+    KeepFitting();
+}
+
+QWidget* Tools::BuildButtons()
+{
+    auto* strip = new QWidget(this);
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(Gap);
+    for (const Button& button : Buttons) {
+        auto* control = new ToolButtons(strip);
+        control->setObjectName(QStringLiteral("Cmd2(%1)").arg(button.index));
+        control->SetFace(button.face);
+        control->setAccessibleName(QLatin1String(button.caption));
+        control->setProperty("Tag", QLatin1String(button.tip));
+        connect(control, &StripButton::Click, this,
+            [this, &button] { button.operation ? Edit(button.operation) : (this->*button.act)(); });
+        row->addWidget(control);
+    }
+    row->addStretch();
+    auto* visual = new ToolButtons(strip);
+    visual->setObjectName(QStringLiteral("ToolButtons1"));
+    visual->SetFace(Face::VisualEditor);
+    visual->setAccessibleName(QStringLiteral("Visual editor"));
+    visual->setProperty("Tag", QStringLiteral(" Visual Editor "));
+    connect(visual, &StripButton::Click, this, [this] { frame_.OpenVisual(); });
+    row->addWidget(visual);
+    return strip;
+}
+
+QWidget* Tools::BuildSliders()
+{
+    auto* sliders = new QWidget(this);
+    auto* grid = new QGridLayout(sliders);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(2 * Gap);
+    grid->setVerticalSpacing(Gap);
+    for (const Slider slider : { Brightness, Contrast }) {
+        const SliderRow& row = SliderRows[slider];
+        auto* bar = new QSlider(Qt::Horizontal, sliders);
+        bar->setObjectName(QStringLiteral("HSlider1(%1)").arg(int(slider)));
+        bar->setAccessibleName(QLatin1String(row.tip));
+        bar->setProperty("Tag", QLatin1String(row.tip));
+        bar->setRange(0, SliderEnd);
+        bar->setMinimumWidth(SliderWidth);
+        auto* readOut = new DigitLabel(sliders);
+        readOut->setObjectName(QLatin1String(row.readOut));
+        readOut->SetSample(QStringLiteral("100%"));
+        readOut->setText(QStringLiteral("0%"));
+        readOut->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        grid->addWidget(new QLabel(QLatin1String(row.tip), sliders), slider, 0);
+        grid->addWidget(bar, slider, 1);
+        grid->addWidget(readOut, slider, 2);
+        connect(bar, &QSlider::valueChanged, this, [this, slider](int value) { Preview(slider, value); });
+        HSlider1[slider] = bar;
+        readOuts_[slider] = readOut;
+    }
+    return sliders;
+}
+
+void Tools::LTools(QWidget* owner)
+{
+    ApplicationState& state = frame_.State();
+    if (!state.ToolsOpen && owner)
+        PlaceBelow(owner);
+    state.Tools = this;
+    state.ToolsOpen = true;
+    setWindowState(
+        windowState() & ~Qt::WindowMinimized); // a maximized frame leaves them so when it comes back
+    show();
+    raise();
+}
+
+void Tools::PlaceBelow(const QWidget* owner)
+{
+    adjustSize();
+    const QRect above(owner->mapToGlobal(QPoint(0, 0)), owner->size());
+    const QRect area = RoomOf(*owner);
+    QRect place(QPoint(above.left() + above.width() / 2 - width() / 2,
+                    above.top() + above.height() + BelowCapture.Pixels()),
+        size());
+    // A large capture reaches to the end of its area; the tools stay in sight and off the transport.
+    place.moveLeft(std::max(area.left(), std::min(place.left(), area.right() + 1 - width())));
+    place.moveTop(std::max(area.top(), std::min(place.top(), area.bottom() + 1 - height())));
+    move(place.topLeft());
+}
+
+CaptureWindow* Tools::Capture()
+{
+    CaptureWindow* const capture = frame_.ActiveCaptureWindow();
+    if (!capture || capture->Picture().Bitmap().isNull()) {
+        frame_.SetStatusAlert(StatusLabel::Operation, QStringLiteral("Click on a capture first"));
+        return nullptr;
+    }
+    return capture;
+}
+
+void Tools::CopyLast()
+{
+    if (CaptureWindow* const capture = frame_.ActiveCaptureWindow())
+        undo_.CopyLast(capture->Picture().Bitmap());
+}
+
+void Tools::Edit(void (*operation)(Lead&))
+{
+    CaptureWindow* const capture = Capture();
+    if (!capture)
+        return;
+    CopyLast();
+    try {
+        operation(capture->Picture());
+    } catch (const ControlError& error) {
+        return frame_.Errors().Show(this, QStringLiteral("Error!"), error.Reason());
+    }
+    Refresh(*capture);
+}
+
+void Tools::Undo()
+{
+    CaptureWindow* const capture = Capture();
+    if (!capture)
+        return;
+    const QImage before = undo_.Undo();
+    if (before.isNull())
+        return;
+    capture->Picture().SetBitmap(before);
+    Refresh(*capture);
+}
+
+/// Lets other events through, so the capture and these tools may be gone afterwards.
+void Tools::Refresh(CaptureWindow& capture)
+{
+    capture.Picture().ForceRepaint();
+    capture.KeepEdit();
+    frame_.PumpEvents();
+}
+
+/// Begins from ClipPic each time: what the other slider had shown is gone, and nothing is kept.
+void Tools::Preview(Slider slider, int value)
+{
+    readOuts_[slider]->setText(QString::number(value) + QLatin1Char('%'));
+    CaptureWindow* const capture = Capture();
+    if (!capture)
+        return;
+    Lead work;
+    work.SetPicture(capture->ClipPic());
+    IgnoreErrors([&] { SliderRows[slider].preview(work, value); });
+    // Within the frame alone: the slider keeps the keyboard.
+    frame_.ActiveForm()->setFocus();
+    capture->Picture().SetBitmap(work.Bitmap());
+    frame_.PumpEvents();
+}
+
+void Tools::ImageResize_Click()
+{
+    CaptureWindow* const capture = Capture();
+    if (!capture)
+        return;
+    const QPointer<Resize> form = new Resize(frame_, this, capture->Picture());
+    form->InitTheForm(Resize::OfBitmap);
+    form->exec();
+    if (!form)
+        return;
+    const Resize::Results results = form->GetResults();
+    delete form;
+    if (results.accepted)
+        OpenResized(results.width, results.height, results.resample ? Lead::SizeSmooth : Lead::SizePlain);
+}
+
+void Tools::OpenResized(int width, int height, int flags)
+{
+    CaptureWindow* const capture = Capture();
+    if (!capture)
+        return;
+    const QPointer<Tools> alive(this);
+    const Hourglass waiting;
+    Lead Lead4;
+    Lead4.SetBitmap(capture->Picture().Bitmap());
+    try {
+        Lead4.Size(width, height, flags);
+    } catch (const ControlError&) {
+        return TellTooLarge();
+    }
+    IgnoreErrors([&] { OpenEdited(frame_, Reader::Tools, Lead4.Bitmap()); });
+    if (alive)
+        readOuts_[Contrast]->clear();
+}
+
+void Tools::TellTooLarge()
+{
+    const QPointer<Tools> alive(this);
+    frame_.Errors().Show(
+        this, QStringLiteral("Error"), QStringLiteral("Not enough memory available.  Try a smaller size."));
+    if (!alive)
+        return;
+    frame_.EnableCommand(Command::Save, false);
+    readOuts_[Contrast]->clear();
+}
+
+void Tools::done(int result)
+{
+    frame_.State().ToolsOpen = false;
+    if (FadeAtClosing(*this, frame_.State()))
+        DialogForm::done(result);
+}

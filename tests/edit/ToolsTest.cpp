@@ -1,0 +1,305 @@
+#include "edit/Tools.h"
+
+#include "edit/Resize.h"
+#include "tests/testing/AccessFaults.h"
+#include "tests/testing/FakeCapture.h"
+#include "tests/testing/RunningDialog.h"
+#include "toolkit/xpcheckbox.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QScreen>
+#include <QSlider>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QImage Ramp(QSize size = { 12, 8 })
+{
+    QImage picture(size, QImage::Format_BGR888);
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            picture.setPixelColor(x, y, QColor((x * 19) % 256, (y * 29) % 256, 77));
+    return picture;
+}
+
+class ToolsTest : public testing::Test {
+protected:
+    FakeFrame frame;
+    FakeCapture capture { Ramp() };
+    QPointer<Tools> tools;
+
+    void SetUp() override
+    {
+        frame.state.FadeOuts = false;
+        capture.MakeActive(frame);
+        tools = new Tools(frame);
+        tools->LTools(&capture.form);
+    }
+    void TearDown() override { delete tools; }
+
+    template <typename Widget = QWidget> Widget* Find(const char* name)
+    {
+        return tools->findChild<Widget*>(QLatin1String(name));
+    }
+    void Click(const char* name) { QTest::mouseClick(Find(name), Qt::LeftButton); }
+    QSlider& Slider(int index) { return *Find<QSlider>(index == 0 ? "HSlider1(0)" : "HSlider1(1)"); }
+    QString ReadOut(const char* name) { return Find<QLabel>(name)->text(); }
+    static QImage Done(QImage picture, void (*operation)(Lead&))
+    {
+        Lead lead;
+        lead.SetBitmap(picture);
+        operation(lead);
+        return lead.Bitmap();
+    }
+    void ResizeTo(const char* width, bool resample = false)
+    {
+        WhenOpen<Resize>([=](Resize& form) {
+            form.findChild<QLineEdit*>(QStringLiteral("Value1Box"))->setText(QLatin1String(width));
+            if (resample)
+                form.findChild<xpcheckbox*>(QStringLiteral("ResampleBox"))->SetValue(xpcheckbox::Set);
+            QTest::mouseClick(form.findChild<QWidget*>(QStringLiteral("Ok")), Qt::LeftButton);
+        });
+        Click("Cmd2(0)");
+    }
+    void StoreOpThumb(const char* value)
+    {
+        ASSERT_TRUE(frame.state.Settings.SaveSetting(
+            QStringLiteral("Options"), QStringLiteral("OpThumb"), QLatin1String(value)));
+    }
+};
+
+} // namespace
+
+TEST_F(ToolsTest, TheFlagTellsThatTheWindowIsOpen)
+{
+    EXPECT_TRUE(frame.state.ToolsOpen);
+    EXPECT_EQ(frame.state.Tools, tools);
+    tools->UnloadLTools();
+    EXPECT_FALSE(frame.state.ToolsOpen);
+    EXPECT_FALSE(tools && tools->isVisible());
+}
+
+TEST_F(ToolsTest, ANewWindowComesUpTenTwipsBelowTheMiddleOfTheCapture)
+{
+    capture.form.setGeometry(100, 100, 400, 150);
+    delete tools;
+    frame.state.ToolsOpen = false;
+    tools = new Tools(frame);
+    tools->LTools(&capture.form);
+    EXPECT_EQ(tools->y(), 100 + 150 + 1);
+    EXPECT_EQ(tools->x(), 300 - tools->width() / 2);
+}
+
+TEST_F(ToolsTest, BelowALargeCaptureItStaysOnTheScreen)
+{
+    capture.form.setGeometry(0, 0, 3000, 3000);
+    delete tools;
+    frame.state.ToolsOpen = false;
+    tools = new Tools(frame);
+    tools->LTools(&capture.form);
+    EXPECT_TRUE(tools->screen()->availableGeometry().contains(tools->geometry()));
+}
+
+TEST_F(ToolsTest, AMinimisedWindowComesBack)
+{
+    tools->hide();
+    tools->setWindowState(Qt::WindowMinimized);
+    tools->LTools(&capture.form);
+    EXPECT_TRUE(tools->isVisible());
+    EXPECT_FALSE(tools->isMinimized());
+}
+
+TEST_F(ToolsTest, ItComesUpWithinTheWindowsArea)
+{
+    QWidget area;
+    area.setGeometry(50, 60, 500, 300);
+    area.show();
+    QWidget form(&area);
+    form.setGeometry(100, 100, 800, 600);
+    form.show();
+    delete tools;
+    frame.state.ToolsOpen = false;
+    tools = new Tools(frame);
+    tools->LTools(&form);
+    EXPECT_TRUE(area.geometry().contains(tools->geometry()));
+}
+
+TEST_F(ToolsTest, EachEditChangesTheCaptureAndBecomesItsClipPic)
+{
+    const std::pair<const char*, void (*)(Lead&)> edits[] {
+        { "Cmd2(1)", [](Lead& lead) { lead.Flip(); } },
+        { "Cmd2(2)", [](Lead& lead) { lead.Rotate(9000, true, Qt::white); } },
+        { "Cmd2(3)", [](Lead& lead) { lead.Reverse(); } },
+        { "Cmd2(4)", [](Lead& lead) { lead.Grayscale(); } },
+    };
+    for (const auto& [button, operation] : edits) {
+        const QImage before = capture.lead.Bitmap();
+        Click(button);
+        EXPECT_EQ(capture.lead.Bitmap(), Done(before, operation)) << button;
+        EXPECT_NE(capture.lead.Bitmap(), before) << button;
+        EXPECT_EQ(capture.clip, capture.lead.Bitmap()) << button;
+    }
+    EXPECT_EQ(capture.keptEdits, 4);
+    EXPECT_EQ(frame.log.count(QStringLiteral("PumpEvents")), 4);
+}
+
+TEST_F(ToolsTest, RotatingAWidePictureTurnsClipPicAndLeavesTheWindowsSize)
+{
+    const QSize window = capture.form.size();
+    Click("Cmd2(2)");
+    EXPECT_EQ(capture.clip.size(), QSize(8, 12));
+    EXPECT_EQ(capture.form.size(), window);
+}
+
+TEST_F(ToolsTest, UndoWithNoEditYetDoesNothing)
+{
+    Click("Cmd2(5)");
+    EXPECT_EQ(capture.lead.Bitmap(), Ramp());
+    EXPECT_EQ(capture.keptEdits, 0);
+}
+
+TEST_F(ToolsTest, AfterFiveFlipsUndoGoesFromTheFourthSlotDownAndStaysAtTheFirst)
+{
+    // Before the edits 1 to 5 the picture stands as it was, flipped, as it was, flipped, as it was.
+    const QImage upright = Ramp();
+    const QImage flipped = Done(upright, [](Lead& lead) { lead.Flip(); });
+    for (int edit = 0; edit < 5; ++edit)
+        Click("Cmd2(1)");
+    for (const QImage& expected : { flipped, upright, flipped, upright, upright }) {
+        Click("Cmd2(5)");
+        EXPECT_EQ(capture.lead.Bitmap(), expected);
+        EXPECT_EQ(capture.clip, expected);
+    }
+}
+
+TEST_F(ToolsTest, UndoMayBringAPictureIntoAnotherCapture)
+{
+    Click("Cmd2(1)");
+    FakeCapture other { Ramp({ 30, 20 }) };
+    other.MakeActive(frame);
+    Click("Cmd2(5)");
+    EXPECT_EQ(other.lead.Bitmap(), Ramp());
+}
+
+TEST_F(ToolsTest, TheBrightnessSliderDrivesGammaAndReadsPercent)
+{
+    Slider(0).setValue(40);
+    EXPECT_EQ(capture.lead.Bitmap(), Done(Ramp(), [](Lead& lead) { lead.Gamma(40); }));
+    EXPECT_EQ(ReadOut("LblBright"), QStringLiteral("40%"));
+    Slider(0).setValue(100);
+    EXPECT_EQ(capture.lead.Bitmap(), Ramp()) << "the neutral point";
+}
+
+TEST_F(ToolsTest, TheContrastSliderGoesInTens)
+{
+    Slider(1).setValue(50);
+    EXPECT_EQ(capture.lead.Bitmap(), Done(Ramp(), [](Lead& lead) { lead.Contrast(500); }));
+    EXPECT_EQ(ReadOut("Label2"), QStringLiteral("50%"));
+}
+
+TEST_F(ToolsTest, PreviewsDoNotAddUp)
+{
+    Slider(0).setValue(1);
+    Slider(0).setValue(0);
+    Slider(1).setValue(50);
+    EXPECT_EQ(capture.lead.Bitmap(), Done(Ramp(), [](Lead& lead) { lead.Contrast(500); }));
+}
+
+TEST_F(ToolsTest, APreviewIsNeitherKeptForUndoNorInClipPic)
+{
+    Slider(1).setValue(50);
+    EXPECT_EQ(capture.clip, Ramp());
+    Click("Cmd2(5)");
+    EXPECT_NE(capture.lead.Bitmap(), Ramp());
+}
+
+TEST_F(ToolsTest, TheNextEditMakesAPreviewPermanent)
+{
+    Slider(1).setValue(50);
+    Click("Cmd2(1)");
+    const QImage expected = Done(Ramp(), [](Lead& lead) {
+        lead.Contrast(500);
+        lead.Flip();
+    });
+    EXPECT_EQ(capture.clip, expected);
+}
+
+TEST_F(ToolsTest, UndoAfterAPreviewLeavesTheSliderWhereItIs)
+{
+    Click("Cmd2(1)");
+    Slider(1).setValue(50);
+    Click("Cmd2(5)");
+    EXPECT_EQ(capture.clip, Ramp());
+    EXPECT_EQ(Slider(1).value(), 50);
+    EXPECT_EQ(ReadOut("Label2"), QStringLiteral("50%"));
+}
+
+TEST_F(ToolsTest, WithoutACaptureInFrontNothingHappensAndTheUserIsTold)
+{
+    frame.activeWindow = nullptr;
+    for (const char* button : { "Cmd2(0)", "Cmd2(1)", "Cmd2(5)" })
+        Click(button);
+    Slider(0).setValue(10);
+    EXPECT_EQ(capture.lead.Bitmap(), Ramp());
+    EXPECT_EQ(frame.status.value(StatusLabel::Operation), QStringLiteral("Click on a capture first"));
+}
+
+TEST_F(ToolsTest, ResizingOpensANewCaptureAndLeavesTheOldOne)
+{
+    StoreOpThumb("2");
+    FakeCapture opened { QImage() };
+    frame.whenViewerOpens = [&] { opened.MakeActive(frame); };
+    ResizeTo("6", true);
+    EXPECT_EQ(opened.lead.Bitmap(), Done(Ramp(), [](Lead& lead) { lead.Size(6, 4, Lead::SizeSmooth); }));
+    EXPECT_EQ(opened.clip, opened.lead.Bitmap());
+    EXPECT_EQ(capture.lead.Bitmap(), Ramp());
+    EXPECT_TRUE(frame.enabled.value(Command::Save));
+    EXPECT_EQ(ReadOut("Label2"), QString());
+}
+
+TEST_F(ToolsTest, WithoutResamplingPixelsArePicked)
+{
+    StoreOpThumb("2");
+    FakeCapture opened { QImage() };
+    frame.whenViewerOpens = [&] { opened.MakeActive(frame); };
+    ResizeTo("6");
+    EXPECT_EQ(opened.lead.Bitmap(), Done(Ramp(), [](Lead& lead) { lead.Size(6, 4, Lead::SizePlain); }));
+}
+
+TEST_F(ToolsTest, ACancelledResizeOpensNothing)
+{
+    WhenOpen<Resize>([](Resize& form) { form.reject(); });
+    Click("Cmd2(0)");
+    EXPECT_FALSE(frame.log.contains(QStringLiteral("OpenViewer")));
+}
+
+TEST_F(ToolsTest, ASizeBeyondTheMemoryIsToldAndOpensNothing)
+{
+    frame.errors.Expect(
+        QStringLiteral("Error"), QStringLiteral("Not enough memory available.  Try a smaller size."));
+    ResizeTo("16384");
+    EXPECT_FALSE(frame.log.contains(QStringLiteral("OpenViewer")));
+    EXPECT_FALSE(frame.enabled.value(Command::Save, true));
+}
+
+TEST_F(ToolsTest, TheLastButtonOpensTheVisualEditor)
+{
+    Click("ToolButtons1");
+    EXPECT_EQ(frame.log.last(), QStringLiteral("OpenVisual"));
+}
+
+TEST_F(ToolsTest, TheButtonsBearTheirTipsUnlessTipsAreOff)
+{
+    EXPECT_EQ(Find("Cmd2(4)")->toolTip(), QStringLiteral(" Grayscale "));
+    EXPECT_EQ(Find("HSlider1(0)")->toolTip(), QStringLiteral("Brightness"));
+    frame.state.ToolTip = false;
+    Tools silent(frame);
+    EXPECT_EQ(silent.findChild<QWidget*>(QStringLiteral("Cmd2(4)"))->toolTip(), QString());
+}
+
+TEST_F(ToolsTest, EveryControlHasANameAndIsReachedByKeys)
+{
+    EXPECT_EQ(AccessFaults(*tools), "");
+}

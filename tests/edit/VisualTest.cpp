@@ -1,0 +1,642 @@
+#include "edit/Visual.h"
+
+#include "edit/ColorRes.h"
+#include "edit/EffectRows.h"
+#include "imaging/FormatTable.h"
+#include "imaging/PictureFile.h"
+#include "tests/testing/AccessFaults.h"
+#include "tests/testing/FakeCapture.h"
+#include "tests/testing/RunningDialog.h"
+
+#include <QCheckBox>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QImage Ramp(QSize size = { 60, 40 })
+{
+    QImage picture(size, QImage::Format_BGR888);
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            picture.setPixelColor(x, y, QColor((x * 4) % 256, (y * 6) % 256, (x * y) % 256));
+    return picture;
+}
+
+QImage Filled(QColor color)
+{
+    QImage picture(16, 16, QImage::Format_BGR888);
+    picture.fill(color);
+    return picture;
+}
+
+QImage Done(QImage picture, const std::function<void(Lead&)>& operation)
+{
+    Lead lead;
+    lead.SetBitmap(picture);
+    operation(lead);
+    return lead.Bitmap();
+}
+
+class VisualTest : public testing::Test {
+protected:
+    FakeFrame frame;
+    FakeCapture capture { Ramp() };
+    QPointer<Visual> visual;
+
+    static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
+    void SetUp() override
+    {
+        frame.state.FadeOuts = false;
+        capture.MakeActive(frame);
+        frame.clipboard.picture = Filled(Qt::red);
+    }
+    void TearDown() override { delete visual; }
+    void Open()
+    {
+        delete visual;
+        visual = new Visual(frame);
+        visual->setAttribute(Qt::WA_DeleteOnClose, false);
+    }
+    template <typename Widget = QWidget> Widget& Find(const QString& name)
+    {
+        Widget* const found = visual->findChild<Widget*>(name);
+        EXPECT_NE(found, nullptr) << name.toStdString();
+        return *found;
+    }
+    void Click(const char* name) { QTest::mouseClick(&Find(QLatin1String(name)), Qt::LeftButton); }
+    void Choose(const char* name) { Find<QRadioButton>(QLatin1String(name)).click(); }
+    Lead& Control(const char* name) { return Find<Lead>(QLatin1String(name)); }
+    QImage Effect() { return Control("Effect").Bitmap(); }
+    QSlider& Slider(int index) { return Find<QSlider>(QStringLiteral("TScrolls(%1)").arg(index)); }
+    QLineEdit& Answer(int index) { return Find<QLineEdit>(QStringLiteral("Answer(%1)").arg(index)); }
+    QPushButton& ViewClip() { return Find<QPushButton>(QStringLiteral("ViewClip_Button")); }
+    QTimer& ClipTimer() { return *visual->findChild<QTimer*>(QStringLiteral("ClipTimer")); }
+    /// The four seconds are over.
+    void EndClipTimer()
+    {
+        QTimer& timer = ClipTimer();
+        ASSERT_TRUE(timer.isActive());
+        ASSERT_EQ(timer.interval(), 4000);
+        timer.setInterval(0);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !timer.isActive(); }));
+    }
+    QString SettingsFile() { return frame.state.Beside(QStringLiteral("Settings.Ini")); }
+    QString SavedPicture(const QImage& picture)
+    {
+        const QString path = frame.folder.filePath(QStringLiteral("other.png"));
+        Lead lead;
+        lead.SetBitmap(picture);
+        lead.Save(path, imaging::Png, 24, 0, false);
+        return path;
+    }
+    void StoreOpThumb(const char* value)
+    {
+        ASSERT_TRUE(frame.state.Settings.SaveSetting(
+            QStringLiteral("Options"), QStringLiteral("OpThumb"), QLatin1String(value)));
+    }
+};
+
+} // namespace
+
+TEST_F(VisualTest, OpensOnTheActiveCapturesClipPic)
+{
+    capture.lead.SetBitmap(Filled(Qt::blue)); // a preview of the tools
+    Open();
+    EXPECT_TRUE(frame.state.VisualReady);
+    EXPECT_TRUE(visual->isVisible());
+    for (const char* control : { "Effect", "Undos", "Original" })
+        EXPECT_EQ(Control(control).Bitmap(), Ramp()) << control;
+    EXPECT_EQ(visual->windowTitle(), QStringLiteral("Visual Editor"));
+}
+
+TEST_F(VisualTest, ThePictureIsFrozenAtTheOpening)
+{
+    Open();
+    capture.ShowPicture(Filled(Qt::blue));
+    Click("Command11");
+    Click("Command9");
+    EXPECT_EQ(Effect(), Ramp());
+}
+
+TEST_F(VisualTest, WithAVideoWindowOnTopItSaysSoAndDoesNotOpen)
+{
+    frame.activeWindow = nullptr;
+    frame.errors.Expect(QStringLiteral("Error Opening Graphic"),
+        QStringLiteral(
+            " Is the video window on top?  If so, click on a capture so the visual editor can see it."));
+    Open();
+    EXPECT_FALSE(frame.state.VisualReady);
+    EXPECT_FALSE(visual->isVisible());
+}
+
+TEST_F(VisualTest, AnEmptyClipboardAtTheOpeningDisablesWhatNeedsIt)
+{
+    frame.clipboard.picture = {};
+    Open();
+    EXPECT_EQ(ViewClip().text(), QStringLiteral("Clipboard Empt&y"));
+    for (const char* control : { "ViewClip_Button", "Command3", "Option3(0)", "Option3(1)" })
+        EXPECT_FALSE(Find(QLatin1String(control)).isEnabled()) << control;
+}
+
+TEST_F(VisualTest, APictureOnTheClipboardAtTheOpeningIsTaken)
+{
+    Open();
+    EXPECT_EQ(ViewClip().text(), QStringLiteral("A&dd Clipboard"));
+    EXPECT_TRUE(ViewClip().isEnabled());
+    EXPECT_EQ(Control("Lead1").Bitmap(), Filled(Qt::red));
+}
+
+TEST_F(VisualTest, ComingBackToThePictureRefreshesTheButtonsWithoutPasting)
+{
+    Open();
+    frame.clipboard.picture = {};
+    QTest::mouseClick(&Control("Effect"), Qt::LeftButton);
+    EXPECT_FALSE(ViewClip().isEnabled());
+    frame.clipboard.picture = Filled(Qt::green);
+    QTest::mouseClick(&Control("Effect"), Qt::LeftButton);
+    EXPECT_TRUE(ViewClip().isEnabled());
+    EXPECT_EQ(Control("Lead1").Bitmap(), Filled(Qt::red));
+}
+
+TEST_F(VisualTest, EveryRowAppliesItsSliderAndGoesBackToItsStart)
+{
+    Open();
+    for (int index = 0; index < EffectRowCount; ++index) {
+        const EffectRow& row = EffectRows()[size_t(index)];
+        const int value = row.start + (row.max - row.start) / 2;
+        const QImage before = Effect();
+        Slider(index).setValue(value);
+        Click(qPrintable(index < 6 ? QStringLiteral("ImageBut(%1)").arg(index)
+                                   : QStringLiteral("EffectBut(%1)").arg(index - 6)));
+        EXPECT_EQ(Effect(), Done(before, [&](Lead& lead) { row.apply(lead, value, 0); })) << row.label;
+        EXPECT_EQ(Slider(index).value(), row.start) << row.label;
+        EXPECT_EQ(Answer(index).text(), QString::number(row.start)) << row.label;
+        Click("Command18");
+        EXPECT_EQ(Effect(), before) << row.label;
+    }
+    EXPECT_FALSE(frame.state.VisualBusy);
+}
+
+TEST_F(VisualTest, ASecondClickAppliesTheStartValue)
+{
+    Open();
+    const auto median = [](int size) { return [size](Lead& lead) { lead.Median(size); }; };
+    Slider(10).setValue(9);
+    Click("EffectBut(4)");
+    const QImage once = Done(Ramp(), median(9));
+    EXPECT_EQ(Effect(), once);
+    EXPECT_EQ(Slider(10).value(), 3);
+    Click("EffectBut(4)");
+    EXPECT_EQ(Effect(), Done(once, median(3)));
+}
+
+TEST_F(VisualTest, EmbossTakesTheDirectionChosen)
+{
+    Open();
+    Choose("Option2(3)");
+    Click("EffectBut(1)");
+    EXPECT_EQ(Effect(), Done(Ramp(), [](Lead& lead) { lead.Emboss(3, 2); }));
+}
+
+TEST_F(VisualTest, EdgeFiltersTakeTheDirectionChosen)
+{
+    struct Case {
+        const char* button;
+        const char* option;
+        int code;
+    };
+    Open();
+    for (const Case& one : { Case { "Command12", "Option1(0)", 22 }, Case { "Command12", "Option1(1)", 23 },
+             Case { "Command13", "Option1(0)", 24 }, Case { "Command13", "Option1(1)", 25 },
+             Case { "Command14", "Option1(0)", 27 }, Case { "Command15", "Option2(0)", 10 },
+             Case { "Command15", "Option2(1)", 14 }, Case { "Command15", "Option2(2)", 8 },
+             Case { "Command15", "Option2(3)", 12 } }) {
+        Choose(one.option);
+        Click(one.button);
+        EXPECT_EQ(Effect(), Done(Ramp(), [&](Lead& lead) { lead.SpatialFilter(one.code); }))
+            << one.button << one.option;
+        Click("Command18");
+    }
+}
+
+TEST_F(VisualTest, ShiftWithVerticalSetIsStillHorizontal)
+{
+    Open();
+    Choose("Option1(1)");
+    Click("Command14");
+    EXPECT_EQ(Effect(), Done(Ramp(), [](Lead& lead) { lead.SpatialFilter(27); }));
+}
+
+TEST_F(VisualTest, OperationsWithoutAmountApplyAtOnce)
+{
+    const std::pair<const char*, void (Lead::*)()> operations[] { { "Command1", &Lead::StretchIntensity },
+        { "Command2", &Lead::Grayscale }, { "Command4", &Lead::Invert }, { "Command6", &Lead::Reverse },
+        { "Image3", &Lead::Flip } };
+    Open();
+    for (const auto& [button, operation] : operations) {
+        Click(button);
+        EXPECT_EQ(Effect(), Done(Ramp(), [&](Lead& lead) { (lead.*operation)(); })) << button;
+        Click("Command18");
+        EXPECT_EQ(Effect(), Ramp()) << button;
+    }
+}
+
+TEST_F(VisualTest, QuickTurnsAreSteppedOverByBack)
+{
+    Open();
+    Click("Command4");
+    for (const auto& [button, angle] :
+        { std::pair("Rotate(0)", 9000), std::pair("Rotate(1)", 27000), std::pair("Rotate(2)", 18000) }) {
+        const QImage before = Effect();
+        Click(button);
+        EXPECT_EQ(Effect(), Done(before, [a = angle](Lead& lead) { lead.Rotate(a, true, Qt::white); }))
+            << button;
+    }
+    Click("Command18");
+    EXPECT_EQ(Effect(), Ramp()) << "before the invert";
+}
+
+TEST_F(VisualTest, TheAngleWithoutResizingKeepsTheFrameAndFillsTheCornersWhite)
+{
+    Open();
+    Find<QSlider>(QStringLiteral("Angle")).setValue(450);
+    EXPECT_EQ(Find<QLabel>(QStringLiteral("AnswerAngle")).text(), QStringLiteral("450"));
+    Click("AngleBut");
+    EXPECT_EQ(Effect(), Done(Ramp(), [](Lead& lead) { lead.Rotate(4500, false, Qt::white); }));
+    EXPECT_EQ(Effect().size(), Ramp().size());
+    EXPECT_EQ(Effect().pixelColor(0, 0), QColor(Qt::white));
+    EXPECT_EQ(Find<QSlider>(QStringLiteral("Angle")).value(), 0);
+}
+
+TEST_F(VisualTest, TheAngleWithResizingGrowsThePicture)
+{
+    Open();
+    Find<QCheckBox>(QStringLiteral("Check1")).setChecked(true);
+    Find<QSlider>(QStringLiteral("Angle")).setValue(450);
+    Click("AngleBut");
+    EXPECT_EQ(Effect(), Done(Ramp(), [](Lead& lead) { lead.Rotate(4500, true, Qt::white); }));
+}
+
+TEST_F(VisualTest, TheLowestAngleIsAWholeTurn)
+{
+    Open();
+    Find<QSlider>(QStringLiteral("Angle")).setValue(-3600);
+    Click("AngleBut");
+    EXPECT_EQ(Effect(), Done(Ramp(), [](Lead& lead) { lead.Rotate(-36000, false, Qt::white); }));
+}
+
+TEST_F(VisualTest, BackTwiceChangesNothingMore)
+{
+    Open();
+    Click("Command4");
+    Click("Command6");
+    Click("Command18");
+    const QImage inverted = Done(Ramp(), [](Lead& lead) { lead.Invert(); });
+    EXPECT_EQ(Effect(), inverted);
+    Click("Command18");
+    EXPECT_EQ(Effect(), inverted);
+}
+
+TEST_F(VisualTest, SetAndUndoToBringBackTheBookmark)
+{
+    Open();
+    Click("Command4");
+    const QImage inverted = Effect();
+    Click("Command10");
+    Click("Command6");
+    Click("Command2");
+    Click("Command9");
+    EXPECT_EQ(Effect(), inverted);
+}
+
+TEST_F(VisualTest, OriginalMovesTheBookmarkOnly)
+{
+    Open();
+    Click("Command4");
+    Click("Command10");
+    const QImage inverted = Effect();
+    Click("Command11");
+    EXPECT_EQ(Effect(), inverted);
+    Click("Command9");
+    EXPECT_EQ(Effect(), Ramp());
+}
+
+TEST_F(VisualTest, TheClipboardShowsForFourSecondsAndThePictureComesBack)
+{
+    Open();
+    Click("Command4");
+    const QImage inverted = Effect();
+    ViewClip().click();
+    EXPECT_EQ(Effect(), Filled(Qt::red));
+    EndClipTimer();
+    EXPECT_EQ(Effect(), inverted);
+}
+
+TEST_F(VisualTest, BackDuringTheFourSecondsReturnsAtOnceAndAgainAtTheTimer)
+{
+    Open();
+    Click("Command4");
+    const QImage inverted = Effect();
+    ViewClip().click();
+    Click("Command18");
+    EXPECT_EQ(Effect(), inverted);
+    EndClipTimer();
+    EXPECT_EQ(Effect(), inverted);
+}
+
+TEST_F(VisualTest, WhatIsDoneDuringTheFourSecondsIsDoneToThePictureItself)
+{
+    Open();
+    ViewClip().click();
+    ViewClip().click();
+    Click("Command4");
+    EXPECT_EQ(Effect(), Done(Ramp(), [](Lead& lead) { lead.Invert(); }));
+    EXPECT_FALSE(ClipTimer().isActive());
+}
+
+TEST_F(VisualTest, CopyPutsThePictureOnTheClipboardAndIntoItsView)
+{
+    frame.clipboard.picture = {};
+    Open();
+    Click("Command5");
+    EXPECT_EQ(frame.clipboard.picture, Ramp());
+    EXPECT_EQ(Control("Lead1").Bitmap(), Ramp());
+    EXPECT_TRUE(ViewClip().isEnabled());
+}
+
+TEST_F(VisualTest, PasteLaysTheClipboardUnderThePicture)
+{
+    Open();
+    for (const auto& [option, flag] : { std::pair("Option3(0)", int(Lead::UnderlayTile)),
+             std::pair("Option3(1)", int(Lead::UnderlayStretch)) }) {
+        Choose(option);
+        Click("Command3");
+        EXPECT_EQ(Effect(), Done(Ramp(), [f = flag](Lead& lead) { lead.Underlay(Filled(Qt::red), f); }))
+            << option;
+        Click("Command18");
+        EXPECT_EQ(Effect(), Ramp());
+    }
+}
+
+TEST_F(VisualTest, AnotherGraphicReplacesEverything)
+{
+    Open();
+    const QString path = SavedPicture(Filled(Qt::green));
+    frame.dialogs.openNames.push(path);
+    Click("VideoSoftElastic6");
+    EXPECT_EQ(frame.dialogs.title, QStringLiteral("Select Graphic To Edit"));
+    for (const char* control : { "Effect", "Undos", "Original" })
+        EXPECT_EQ(Control(control).Bitmap().convertToFormat(QImage::Format_RGB32),
+            Filled(Qt::green).convertToFormat(QImage::Format_RGB32))
+            << control;
+    EXPECT_EQ(Find<QLabel>(QStringLiteral("LblFolder")).text(), path);
+    frame.state.Reload(Key::OldFolder2, Reader::Visual);
+    EXPECT_EQ(frame.state.OldFolder2, path);
+}
+
+TEST_F(VisualTest, TheNextChoiceBeginsInTheFolderOfTheLast)
+{
+    Open();
+    frame.dialogs.openNames.push(SavedPicture(Filled(Qt::green)));
+    frame.dialogs.openNames.push(QString());
+    Click("VideoSoftElastic6");
+    Click("VideoSoftElastic6");
+    EXPECT_EQ(frame.dialogs.folder, frame.folder.path());
+}
+
+TEST_F(VisualTest, CancellingTheChoiceDropsTheEditsAndLoadsTheStoredNameAgain)
+{
+    Open();
+    Click("Command4");
+    frame.dialogs.openNames.push(QString());
+    Click("VideoSoftElastic6");
+    EXPECT_EQ(Effect(), Ramp()) << "no name is stored yet";
+    const QString path = SavedPicture(Filled(Qt::green));
+    frame.dialogs.openNames.push(path);
+    Click("VideoSoftElastic6");
+    SavedPicture(Filled(Qt::blue)); // the file has changed meanwhile
+    frame.dialogs.openNames.push(QString());
+    Click("VideoSoftElastic6");
+    EXPECT_EQ(Effect().pixelColor(0, 0), QColor(Qt::blue));
+}
+
+TEST_F(VisualTest, AFileThatIsNoPictureLeavesTheOriginal)
+{
+    Open();
+    Click("Command4");
+    QFile file(frame.folder.filePath(QStringLiteral("broken.jpg")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("no picture");
+    file.close();
+    frame.dialogs.openNames.push(file.fileName());
+    Click("VideoSoftElastic6");
+    EXPECT_EQ(Effect(), Ramp());
+}
+
+TEST_F(VisualTest, TheSlidersPlacesAtOpeningAnotherGraphicAreTheirNewStarts)
+{
+    Open();
+    Slider(0).setValue(300);
+    frame.dialogs.openNames.push(QString());
+    Click("VideoSoftElastic6");
+    Slider(0).setValue(-20);
+    Click("ImageBut(0)");
+    EXPECT_EQ(Slider(0).value(), 300);
+}
+
+TEST_F(VisualTest, ResolutionChangesTheDepth)
+{
+    Open();
+    WhenOpen<ColorRes>([](ColorRes& form) {
+        form.findChild<QRadioButton*>(QStringLiteral("Bits(4)"))->click();
+        form.findChild<QRadioButton*>(QStringLiteral("Palettes(2)"))->click();
+        form.findChild<QRadioButton*>(QStringLiteral("Dithering(1)"))->click();
+        form.accept();
+    });
+    Click("Command16");
+    EXPECT_EQ(Effect(), Done(Ramp(), [](Lead& lead) { lead.SetColorResolution(4, 2, 1, 16); }));
+    Click("Command18");
+    EXPECT_EQ(Effect(), Ramp());
+}
+
+TEST_F(VisualTest, ACancelledResolutionLeavesThePictureYetBackStandsOnIt)
+{
+    Open();
+    Click("Command4");
+    const QImage inverted = Effect();
+    WhenOpen<ColorRes>([](ColorRes& form) { form.reject(); });
+    Click("Command16");
+    EXPECT_EQ(Effect(), inverted);
+    Click("Command18");
+    EXPECT_EQ(Effect(), inverted);
+}
+
+TEST_F(VisualTest, SavedSlidersAreLoadedAgain)
+{
+    Open();
+    frame.errors.Expect(QStringLiteral(" SAVED! "), QStringLiteral("  The settings have been saved.  "));
+    Slider(0).setValue(-300);
+    Slider(11).setValue(200);
+    Click("Command20");
+    Slider(0).setValue(5);
+    Slider(11).setValue(5);
+    Click("Command19");
+    EXPECT_EQ(Slider(0).value(), -300);
+    EXPECT_EQ(Answer(0).text(), QStringLiteral("-300"));
+    EXPECT_EQ(Slider(11).value(), 200);
+    EXPECT_EQ(Effect(), Ramp()) << "loading applies nothing";
+}
+
+TEST_F(VisualTest, SavedIsSaidEvenWhereNothingCouldBeWritten)
+{
+    Open();
+    ASSERT_TRUE(QDir().mkpath(SettingsFile())); // a folder of that name
+    frame.errors.Expect(QStringLiteral(" SAVED! "), QStringLiteral("  The settings have been saved.  "));
+    Click("Command20");
+}
+
+TEST_F(VisualTest, LoadingWithoutAFileDoesNothing)
+{
+    Open();
+    Slider(0).setValue(44);
+    Click("Command19");
+    EXPECT_EQ(Slider(0).value(), 44);
+}
+
+TEST_F(VisualTest, AShortFileGivesTheLowestValuesOfTheRowsItLeavesOut)
+{
+    QFile file(SettingsFile());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("9999\r\n\r\n12 or so\r\n");
+    file.close();
+    Open();
+    Click("Command19");
+    EXPECT_EQ(Answer(0).text(), QStringLiteral("1000"));
+    EXPECT_EQ(Slider(1).value(), 12);
+    EXPECT_EQ(Answer(1).text(), QStringLiteral("12 or so"));
+    EXPECT_EQ(Slider(2).value(), 0);
+    EXPECT_EQ(Answer(2).text(), QString());
+    EXPECT_EQ(Answer(4).text(), QStringLiteral("1"));
+    EXPECT_EQ(Answer(6).text(), QStringLiteral("2"));
+}
+
+TEST_F(VisualTest, LoadedValuesStandUntilTheFirstApplyWhichGoesBackToTheSessionsStart)
+{
+    QFile file(SettingsFile());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray("50\r\n").repeated(12));
+    file.close();
+    Open();
+    Click("Command19");
+    EXPECT_EQ(Slider(4).value(), 50);
+    Click("ImageBut(4)");
+    EXPECT_EQ(Slider(4).value(), 100);
+}
+
+TEST_F(VisualTest, AFileWithAThirteenthNumberIsToldAndChangesNothing)
+{
+    QFile file(SettingsFile());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray("50\r\n").repeated(13));
+    file.close();
+    Open();
+    frame.errors.Expect(
+        QStringLiteral("Error!"), QStringLiteral("The settings file has more than 12 numbers."));
+    Click("Command19");
+    EXPECT_EQ(Slider(4).value(), 100);
+}
+
+TEST_F(VisualTest, AcceptMakesANewCaptureAndCloses)
+{
+    StoreOpThumb("2");
+    FakeCapture opened { QImage() };
+    frame.whenViewerOpens = [&] { opened.MakeActive(frame); };
+    Open();
+    Click("Command4");
+    const QImage inverted = Effect();
+    Click("Command7");
+    EXPECT_EQ(frame.clipboard.picture, inverted);
+    EXPECT_EQ(opened.lead.Bitmap(), inverted);
+    EXPECT_EQ(capture.lead.Bitmap(), Ramp());
+    EXPECT_FALSE(visual->isVisible());
+}
+
+TEST_F(VisualTest, AcceptingThumbnailsOnlyTakesTheClipboard)
+{
+    StoreOpThumb("0");
+    Open();
+    Click("Command7");
+    EXPECT_EQ(frame.hold.Bitmap(), Ramp());
+    EXPECT_TRUE(frame.log.contains(QStringLiteral("AddThumbnail")));
+    EXPECT_TRUE(frame.log.contains(QStringLiteral("ShowThumbnails")));
+}
+
+TEST_F(VisualTest, AcceptingThumbnailsOnlyWithAClipboardClearedMeanwhileTakesWhatWasHeld)
+{
+    StoreOpThumb("0");
+    frame.hold.SetBitmap(Filled(Qt::yellow));
+    frame.enabled[Command::Save] = true;
+    Open();
+    frame.clipboard.losesWhatItGets = true;
+    Click("Command7");
+    EXPECT_FALSE(frame.enabled.value(Command::Save));
+    EXPECT_EQ(frame.hold.Bitmap(), Filled(Qt::yellow));
+    EXPECT_TRUE(frame.log.contains(QStringLiteral("AddThumbnail")));
+}
+
+TEST_F(VisualTest, CancelMakesNothing)
+{
+    Open();
+    Click("Command4");
+    Click("Command8");
+    EXPECT_FALSE(visual->isVisible());
+    EXPECT_FALSE(frame.log.contains(QStringLiteral("OpenViewer")));
+    EXPECT_FALSE(frame.log.contains(QStringLiteral("AddThumbnail")));
+}
+
+TEST_F(VisualTest, TheGaugeRunsWhileAnOperationDoesAndEventsAreLetThrough)
+{
+    capture.ShowPicture(Ramp({ 600, 400 }));
+    Open();
+    int most = 0;
+    bool wasBusy = false;
+    frame.whenPumped = [&] {
+        most = std::max(most, Find<QProgressBar>(QStringLiteral("StatGauge")).value());
+        wasBusy = wasBusy || frame.state.VisualBusy;
+    };
+    Click("EffectBut(4)");
+    EXPECT_GT(most, 0);
+    EXPECT_LE(most, 1000);
+    EXPECT_TRUE(wasBusy);
+    EXPECT_EQ(Find<QProgressBar>(QStringLiteral("StatGauge")).value(), 0);
+}
+
+TEST_F(VisualTest, ClosingInTheMiddleOfAnOperationIsSafe)
+{
+    capture.ShowPicture(Ramp({ 600, 400 }));
+    Open();
+    frame.whenPumped = [this] { delete visual; };
+    Click("EffectBut(4)");
+    EXPECT_FALSE(visual);
+}
+
+TEST_F(VisualTest, WhatIsNotThereYetIsDisabled)
+{
+    Open();
+    EXPECT_FALSE(Find(QStringLiteral("Command17")).isEnabled());
+}
+
+TEST_F(VisualTest, EveryControlHasANameAndIsReachedByKeys)
+{
+    Open();
+    EXPECT_EQ(AccessFaults(*visual), "");
+}
