@@ -13,6 +13,12 @@ FrameTimes::FrameTimes(double tick, int64_t start, int64_t step)
 {
 }
 
+void FrameTimes::StartBy(int64_t stamp)
+{
+    if (times_.empty())
+        shift_ = std::max(shift_, -stamp);
+}
+
 void FrameTimes::Add(int64_t stamp, int64_t duration)
 {
     const int64_t before = times_.empty() ? 0 : times_.back();

@@ -12,6 +12,8 @@ public:
     /// picture.
     FrameTimes(double tick, int64_t start, int64_t step);
 
+    /// Makes the first moment of the media the picture to come, the first one, if it has a stamp before that.
+    void StartBy(int64_t stamp);
     /// Takes the stamp of the next picture in display order, NoStamp when it has none, and how long it is
     /// shown, 0 when that is unknown. Where stamps begin anew the time goes on from the picture before.
     void Add(int64_t stamp, int64_t duration);

@@ -161,7 +161,7 @@ void MediaSource::ChooseStream()
 void MediaSource::MakeFilter()
 {
     filter_.reset();
-    if (Stream().codecpar->codec_id != AV_CODEC_ID_MPEG4 || std::strcmp(format_->iformat->name, "avi") != 0)
+    if (Stream().codecpar->codec_id != AV_CODEC_ID_MPEG4 || !IsAvi())
         return;
     AVBSFContext* filter = nullptr;
     if (av_bsf_alloc(av_bsf_get_by_name("mpeg4_unpack_bframes"), &filter) < 0)
@@ -257,6 +257,11 @@ bool MediaSource::HasSound() const
 {
     return std::any_of(format_->streams, format_->streams + format_->nb_streams,
         [](const AVStream* stream) { return stream->codecpar->codec_type == AVMEDIA_TYPE_AUDIO; });
+}
+
+bool MediaSource::IsAvi() const
+{
+    return std::strcmp(format_->iformat->name, "avi") == 0;
 }
 
 bool MediaSource::IsBareStream() const

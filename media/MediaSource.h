@@ -42,6 +42,8 @@ public:
     const AVCodecParameters& Parameters() const { return filter_ ? *filter_->par_out : *Stream().codecpar; }
     const AVFormatContext& Format() const { return *format_; }
     bool HasSound() const;
+    /// Whether the container can say when a packet's picture is shown.
+    bool HasPresentationStamps() const { return !IsAvi(); }
     /// Stamp of the media's first moment, in microseconds.
     int64_t Start() const { return format_->start_time == AV_NOPTS_VALUE ? 0 : format_->start_time; }
     /// A bare stream without container and time stamps, whose packets lie one after the other.
@@ -59,6 +61,7 @@ private:
     bool IsOurs(const AVStream& stream) const;
     int Guide() const;
     void MakeFilter();
+    bool IsAvi() const;
     PacketPtr ReadFromContainer();
     [[noreturn]] void FailToOpen(int error) const;
     void ThrowIfDue() const;

@@ -18,6 +18,7 @@ struct PacketFact {
         SecondField = 16, ///< completes the picture of the packet before
         Doubtful = 32, ///< what comes out of the decoder must be looked at
         Unreferenced = 64, ///< no other picture needs this one to be decoded
+        Lost = 128, ///< the decoder was seen to give no picture for it
     };
     int64_t pts = NoStamp;
     int64_t dts = NoStamp;
@@ -33,6 +34,7 @@ struct PacketFact {
 
     bool Has(Flag flag) const { return flags & flag; }
     void Set(Flag flag) { flags = uint16_t(flags | flag); }
+    void Clear(Flag flag) { flags = uint16_t(flags & ~flag); }
     bool IsShown() const { return !(flags & (Discard | Hidden | SecondField)); }
 };
 

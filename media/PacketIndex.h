@@ -54,7 +54,7 @@ private:
         int end = -1; ///< -1 while it is open
         bool isJudged = false;
         bool isDoubtful = false; ///< what it shows was learned from the decoder
-        bool endIsLost = false; ///< its last packet gave no picture
+        int next = -1; ///< to be learned from the decoder, -1 before the start
         std::deque<int> decoded = {}; ///< the ordinals that the decoder gave and that are not yet numbered
     };
 
@@ -62,14 +62,18 @@ private:
     void Resume();
     void Judge(size_t group);
     void Learn(size_t group);
+    void Collect(Group& group);
+    PacketFact& FactOf(int ordinal) { return facts_[size_t(ordinal)]; }
     bool IsDoubtful(const Group& group, const std::vector<int>& order) const;
     void Publish(bool everything);
     void PublishPacket(int ordinal);
-    void Number(int ordinal);
+    void Number(int ordinal, int64_t slot);
     void TellCaptions(int ordinal);
     bool LeadsTo(int key, int number) const;
-    int64_t StampFor(const PacketFact& fact);
+    int64_t TakeSlot();
+    bool FindsPresentationStamps() const;
 
+    Interrupt& interrupt_;
     MediaSource media_;
     PacketParser parser_;
     PacketStore store_;
@@ -86,6 +90,7 @@ private:
     size_t publishing_ = 0; ///< group of the packet published last
     std::priority_queue<int64_t, std::vector<int64_t>, std::greater<>>
         slots_; ///< decode stamps not yet given
+    std::optional<bool> hasPresentationStamps_; ///< known from the first picture on
     std::unique_ptr<Decoder> prober_;
     std::unordered_map<int, int> badBelow_; ///< by key: the first number that it is an entry to
     int ranks_ = 0;
