@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <vector>
 
 namespace media {
 
@@ -37,5 +39,12 @@ struct PacketFact {
     void Clear(Flag flag) { flags = uint16_t(flags & ~flag); }
     bool IsShown() const { return !(flags & (Discard | Hidden | SecondField)); }
 };
+
+/// The last of some rising ordinals at or before one, 0 when there is none.
+inline int LastBefore(const std::vector<int>& ordinals, int ordinal)
+{
+    const auto after = std::upper_bound(ordinals.begin(), ordinals.end(), ordinal);
+    return after == ordinals.begin() ? 0 : *std::prev(after);
+}
 
 } // namespace media

@@ -7,6 +7,7 @@ namespace media {
 namespace {
 
 constexpr size_t LongestWait = 512; ///< packets that may wait for the end of their group
+constexpr int NearKeys = 3; ///< that are tried for a sound entry, however far they lie apart
 constexpr int EnoughConfirmations = 3; ///< groups in which the decoder proved the time stamps wrong
 
 int64_t StartOf(const MediaSource& media)
@@ -30,7 +31,8 @@ PacketIndex::PacketIndex(const Source& source, Interrupt& interrupt, int64_t pac
     , media_(source, interrupt)
     , parser_(media_.Parameters())
     , store_(packetBytes)
-    , reader_(source, interrupt, store_, facts_)
+    , reader_(source, interrupt, store_, facts_, keys_)
+    , finder_(facts_)
     , order_(parser_.Order())
     , times_(av_q2d(media_.Stream().time_base), StartOf(media_), StepOf(media_))
 {
@@ -65,14 +67,25 @@ bool PacketIndex::Extend()
     return true;
 }
 
-/// After a read that was broken off in the middle of a packet: from the start to the first packet not yet
-/// known.
+/// After a read that was broken off in the middle of a packet: to the first packet not yet known.
 void PacketIndex::Resume()
 {
-    media_.Rewind();
-    for (int ordinal = 0; ordinal < Packets(); ++ordinal)
-        if (!media_.Read())
+    for (int attempt = 0; attempt < PlaceFinder::MostAttempts && Packets() > 0; ++attempt) {
+        const PlaceFinder::Place place = finder_.Seek(media_, KeyBefore(Packets() - 1), attempt);
+        if (place.ordinal >= 0 && ReadOver(place.ordinal + 1))
             return;
+    }
+    media_.Rewind();
+    ReadOver(0);
+}
+
+/// Reads from one packet on over those that are known; false when others come.
+bool PacketIndex::ReadOver(int next)
+{
+    for (; next < Packets(); ++next)
+        if (const PacketPtr packet = media_.Read(); !packet || !finder_.IsSame(*packet, next))
+            return false;
+    return true;
 }
 
 void PacketIndex::AddPacket(const AVPacket& packet)
@@ -102,7 +115,7 @@ void PacketIndex::Judge(size_t at)
     Group& group = groups_[at];
     const std::vector<int> order = OrderOf(parser_.Order(), facts_, group.first, group.end);
     if (parser_.Order() == Ordering::ByCount && HasHoles(facts_, order))
-        isSound_ = false;
+        isIntact_ = false;
     group.isDoubtful =
         IsDoubtful(group, order) || (at > 0 && facts_[size_t(group.first) - 1].Has(PacketFact::Lost));
     if (group.isDoubtful)
@@ -142,7 +155,7 @@ void PacketIndex::Learn(size_t at)
     }
     prober_->Drain();
     Collect(group);
-    isSound_ = false;
+    isIntact_ = false;
     ++confirmations_;
 }
 
@@ -236,20 +249,23 @@ int64_t PacketIndex::TakeSlot()
     return slot;
 }
 
-int PacketIndex::KeyBefore(int ordinal) const
-{
-    const auto after = std::upper_bound(keys_.begin(), keys_.end(), ordinal);
-    return after == keys_.begin() ? 0 : *std::prev(after);
-}
-
 int PacketIndex::EntryFor(int number, int limit) const
 {
     const int ordinal = ordinals_[size_t(number)];
-    auto key = std::upper_bound(keys_.begin(), keys_.end(), ordinal);
-    while (key != keys_.begin())
-        if (const int candidate = *--key; candidate < limit && LeadsTo(candidate, number))
+    std::optional<int> damaged;
+    int passed = 0;
+    for (auto key = std::upper_bound(keys_.begin(), keys_.end(), ordinal); key != keys_.begin();) {
+        const int candidate = *--key;
+        if (candidate >= limit || !LeadsTo(candidate, number))
+            continue;
+        if (passed >= NearKeys && ordinal - candidate > Nearness)
+            return *damaged;
+        if (!IsDamagedEntry(candidate))
             return candidate;
-    return 0;
+        damaged = damaged.value_or(candidate);
+        ++passed;
+    }
+    return passed >= NearKeys && ordinal > Nearness ? *damaged : 0;
 }
 
 /// Pictures that are shown before a key yet stored behind it may refer to pictures before the key.
