@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/StampLine.h"
 #include <cstdint>
 #include <vector>
 
@@ -26,12 +27,9 @@ public:
     double End() const;
 
 private:
-    /// Seconds; a longer step back is a new beginning of the stamps.
-    static constexpr double LongestStepBack = 0.5;
-
     double tick_;
     int64_t step_;
-    int64_t shift_; ///< added to a stamp to make a time
+    StampLine<int64_t> line_;
     int64_t lastDuration_ = 0;
     std::vector<int64_t> times_;
 };

@@ -152,9 +152,10 @@ void MediaSource::ChooseStream()
     }
     if (!found)
         throw MediaError(Failure::NotAVideo, "no such stream");
-    const AVCodecParameters& video = *Stream().codecpar;
-    if (int64_t(video.width) * video.height > MaxPixels)
-        throw MediaError(Failure::TooLarge, std::to_string(video.width) + "x" + std::to_string(video.height));
+    const AVCodecParameters& parameters = *Stream().codecpar;
+    if (int64_t(parameters.width) * parameters.height > MaxPixels)
+        throw MediaError(
+            Failure::TooLarge, std::to_string(parameters.width) + "x" + std::to_string(parameters.height));
 }
 
 /// In AVI a packet of MPEG-4 may hold two pictures, which no later step could tell apart.
@@ -272,7 +273,7 @@ bool MediaSource::IsBareStream() const
 
 void MediaSource::FailToOpen(int error) const
 {
-    Failure failure = FailureOf(error);
+    Failure failure = FailureOf(error, source_.kind);
     if (IsDue())
         failure = Failure::TimedOut;
     else if (error == AVERROR(EINVAL) && source_.kind == Source::Kind::Address)
