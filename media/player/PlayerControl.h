@@ -9,7 +9,7 @@
 #include <set>
 
 /// The player control on the engine of media/: one engine thread per source, which this widget waits for
-/// where it must and else only looks at. Never runs an event loop of its own.
+/// where it must and else only looks at. Runs no event loop but that of awaitOpening.
 class PlayerControl : public ltmmPlay {
     Q_OBJECT
 
