@@ -75,6 +75,11 @@ void LiveProgram::Click(const QString& name)
     QCoreApplication::processEvents();
 }
 
+void LiveProgram::Capture()
+{
+    Click(QStringLiteral("Cmds(8)"));
+}
+
 void LiveProgram::BringVideoToFront()
 {
     auto* video = main_.findChild<QWidget*>(QStringLiteral("VideoWindow"));

@@ -16,6 +16,8 @@ public:
     /// of them.
     void Open(const QString& clip);
     void Click(const QString& name);
+    /// Presses the frame's own button for it.
+    void Capture();
     /// Where captures are shown: in the strip, in a window and the strip, or in a window.
     enum class Place { Strip, Both, Window };
     void ShowCapturesIn(Place place);

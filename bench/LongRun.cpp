@@ -73,9 +73,9 @@ int main(int argc, char** argv)
     std::printf("longest time without an answer to events: %lld ms\n", watch.Longest());
     std::printf("%d WRONG PICTURES of %d\n", Faults(ours.path()), Frames / Stride);
     const QTemporaryDir theirs(root + QStringLiteral("/theirs"));
-    const Cost peer =
-        CostOf({ "ffmpeg", "-v", "error", "-i", clip.toStdString(), "-vf", "select=not(mod(n\\,10))",
-            "-fps_mode", "passthrough", (theirs.path() + QStringLiteral("/out%05d.bmp")).toStdString() });
+    const Cost peer = CostOf({ "ffmpeg", "-v", "error", "-i", clip.toStdString(), "-vf",
+        QStringLiteral("select=not(mod(n\\,%1))").arg(Stride).toStdString(), "-fps_mode", "passthrough",
+        (theirs.path() + QStringLiteral("/out%05d.bmp")).toStdString() });
     std::printf(
         "the program %.1f s (%.1f s of processor), ffmpeg %.1f s (%.1f s): **%.2f** of its time, %.2f of its "
         "processor; goal %.2f\n",

@@ -17,11 +17,11 @@ constexpr int WarmUpCaptures = 2;
 constexpr int WarmUpSteps = 120; // the caches of pictures are full then
 constexpr double Goal = 1.1;
 
-void Capture(LiveProgram& program, int count)
+void StepAndCapture(LiveProgram& program, int count)
 {
     for (int i = 0; i < count; ++i) {
         program.Player().NextFrame();
-        program.Click(QStringLiteral("Cmds(8)"));
+        program.Capture();
         QTest::qWait(1);
     }
 }
@@ -42,13 +42,13 @@ int main(int argc, char** argv)
     program.Player().Pause();
     for (int i = 0; i < WarmUpSteps; ++i)
         program.Player().NextFrame();
-    Capture(program, WarmUpCaptures);
+    StepAndCapture(program, WarmUpCaptures);
     Settle();
 
     const QImage still = program.Player().GetStillPicture(5000);
     const double pixels = 3.0 * still.width() * still.height();
     const double before = ResidentBytes();
-    Capture(program, Captures);
+    StepAndCapture(program, Captures);
     Settle();
     if (program.Captures() != WarmUpCaptures + Captures)
         std::printf("ONLY %d CAPTURES ARE OPEN\n", program.Captures());

@@ -23,8 +23,8 @@ constexpr double PicturesASecond = 30;
 constexpr int IdleCaptures = 3;
 constexpr double Goal = 1.0;
 
-/// What a round of playing came to.
-struct Rounds {
+/// What each round of playing came to.
+struct Played {
     std::vector<double> painted;
     std::vector<double> late;
 };
@@ -53,7 +53,7 @@ void BeginAnew(ltmmPlay& player)
     QTest::qWait(100);
 }
 
-Cost PlayThrough(LiveProgram& program, Rounds& rounds)
+Cost PlayThrough(LiveProgram& program, Played& played)
 {
     ltmmPlay& player = program.Player();
     BeginAnew(player);
@@ -62,8 +62,8 @@ Cost PlayThrough(LiveProgram& program, Rounds& rounds)
     player.Run();
     WaitFor([&] { return player.State() != ltmmPlay::Running; });
     const Cost cost = watch.Elapsed();
-    rounds.painted.push_back(painted.Count());
-    rounds.late.push_back(double(painted.Late(PicturesASecond).size()));
+    played.painted.push_back(painted.Count());
+    played.late.push_back(double(painted.Late(PicturesASecond).size()));
     return cost;
 }
 
@@ -80,11 +80,6 @@ Side Peer(const char* name, const std::vector<std::string>& command,
                 const Cost starting = CostOf(start);
                 return CostOf(whole) - starting;
             } };
-}
-
-void Capture(LiveProgram& program)
-{
-    program.Click(QStringLiteral("Cmds(8)"));
 }
 
 void ComparePlaying(LiveProgram& program, const QString& clip)
@@ -107,16 +102,16 @@ void ComparePlaying(LiveProgram& program, const QString& clip)
                 "--geometry=" + width + "x" + height },
             { "--frames=1" }, clip),
     };
-    Rounds rounds;
+    Played played;
     for (const Side& peer : peers)
         Compare("1080p30 H.264 played from start to end", peer,
-            { { "the program", [&] { return PlayThrough(program, rounds); },
+            { { "the program", [&] { return PlayThrough(program, played); },
                 &peer == peers.data() ? 0 : Goal } });
     std::printf("| pictures painted of %d | at the least %.0f, half the rounds %.0f | | | | | | %d |\n",
-        BenchClips::Frames, Quantile(rounds.painted, 0), Quantile(rounds.painted, 0.5),
+        BenchClips::Frames, Quantile(played.painted, 0), Quantile(played.painted, 0.5),
         BenchClips::Frames * 99 / 100);
     std::printf("| pictures late or never | at the most %.0f, half the rounds %.0f | | | | | | %d |\n",
-        Quantile(rounds.late, 1), Quantile(rounds.late, 0.5), BenchClips::Frames / 100);
+        Quantile(played.late, 1), Quantile(played.late, 0.5), BenchClips::Frames / 100);
 }
 
 /// How many pictures each capture makes late, and how long it holds the windows.
@@ -135,7 +130,7 @@ void CaptureWhilePlaying(LiveProgram& program)
             return;
         captured.push_back(player.CurrentFrame());
         const double begin = Painted::Now();
-        Capture(program);
+        program.Capture();
         holds.push_back(Painted::Now() - begin);
     }
     WaitFor([&] { return player.CurrentFrame() >= (count + 1) * spacing; });
@@ -184,9 +179,9 @@ int main(int argc, char** argv)
     program.Player().Pause();
     program.Player().SetDisplaySize(ltmmPlay::Half); // the whole of it fits into the frame
     for (int i = 0; i < IdleCaptures; ++i)
-        Capture(program);
+        program.Capture();
     program.ShowCapturesIn(LiveProgram::Place::Strip);
-    Capture(program);
+    program.Capture();
     program.BringVideoToFront();
     ComparePlaying(program, clip);
     CaptureWhilePlaying(program);

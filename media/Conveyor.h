@@ -62,7 +62,7 @@ private:
         try {
             return std::thread([this] { Run(); });
         } catch (const std::system_error& error) {
-            throw MediaError(Failure::Refused, error.what());
+            throw MediaError(Failure::NoResources, error.what());
         }
     }
     void Run()

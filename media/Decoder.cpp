@@ -84,11 +84,11 @@ bool Decoder::ExpectDamage()
 
 void Decoder::Send(const AVPacket& packet, int ordinal)
 {
-    PacketPtr tagged(av_packet_clone(&packet));
-    if (!tagged)
-        throw MediaError(Failure::TooLarge, "no memory");
+    const PacketPtr tagged = CloneOf(packet);
     tagged->pts = tagged->dts = ordinal;
-    avcodec_send_packet(context_.get(), tagged.get());
+    // Damage costs the packet's picture only. A packet that is not taken would be lost unseen.
+    if (avcodec_send_packet(context_.get(), tagged.get()) == AVERROR(EAGAIN))
+        throw MediaError(Failure::Damaged, "pictures were not received before the next packet");
 }
 
 void Decoder::Drain()

@@ -6,6 +6,7 @@ extern "C" {
 #include <libavutil/error.h>
 }
 #include <QCoreApplication>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 
@@ -29,8 +30,9 @@ constexpr std::array FailureTexts = {
     FailureRow { Failure::Refused, "This address is not allowed." },
     FailureRow { Failure::Network, "The network or the server failed." },
     FailureRow { Failure::Vanished, "The file is no longer there." },
+    FailureRow { Failure::NoResources, "The system has not enough resources for this." },
 };
-static_assert(IsOneRowEach(FailureTexts, &FailureRow::failure, size_t(Failure::Vanished), 1));
+static_assert(IsOneRowEach(FailureTexts, &FailureRow::failure, size_t(Failure::NoResources), 1));
 
 struct CodeRow {
     int code;
@@ -71,12 +73,15 @@ QString FailureText(Failure failure)
     return QCoreApplication::translate("media", FailureTexts[size_t(failure) - 1].text);
 }
 
-Failure FailureOf(int error)
+/// What fails like a line where there is none is a disk that cannot be read.
+Failure FailureOf(int error, Source::Kind kind)
 {
-    for (const CodeRow& row : Codes)
-        if (row.code == error)
-            return row.failure;
-    return Failure::Damaged;
+    const auto row =
+        std::find_if(Codes.begin(), Codes.end(), [=](const CodeRow& r) { return r.code == error; });
+    const bool hasLine = kind == Source::Kind::Address;
+    if (row == Codes.end() || (row->failure == Failure::Network && !hasLine))
+        return Failure::Damaged;
+    return row->failure;
 }
 
 std::string DetailOf(int error)
@@ -86,9 +91,9 @@ std::string DetailOf(int error)
     return text.data();
 }
 
-MediaError ErrorOf(int error)
+MediaError ErrorOf(int error, Source::Kind kind)
 {
-    return { FailureOf(error), DetailOf(error) };
+    return { FailureOf(error, kind), DetailOf(error) };
 }
 
 } // namespace media

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/Source.h"
 #include <QString>
 #include <stdexcept>
 #include <string>
@@ -19,11 +20,13 @@ enum class Failure {
     Refused,
     Network,
     Vanished,
+    NoResources,
 };
 
 /// One short sentence in the program's words.
 QString FailureText(Failure failure);
 
+/// A source that cannot be opened or read any further; what() is detail for developers.
 class MediaError : public std::runtime_error {
 public:
     MediaError(Failure why, const std::string& detail)
@@ -34,11 +37,11 @@ public:
     Failure failure;
 };
 
-/// What an error code of the library or the system means to the program.
-Failure FailureOf(int error);
+/// What an error code of the library or the system means to the program, for a source of a kind.
+Failure FailureOf(int error, Source::Kind kind);
 /// The library's own words for an error code.
 std::string DetailOf(int error);
 /// The exception for an error code.
-MediaError ErrorOf(int error);
+MediaError ErrorOf(int error, Source::Kind kind);
 
 } // namespace media

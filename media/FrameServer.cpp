@@ -97,7 +97,7 @@ double CachingServer::Duration() const
 Picture CachingServer::Get(int number, Purpose purpose)
 {
     Know(number);
-    if (Picture kept = cache_.Take(number); !kept.IsNull())
+    if (Picture kept = cache_.Use(number); !kept.IsNull())
         return kept;
     Picture picture = Decode(GoalFor(number, purpose));
     cache_.Put(picture);
@@ -108,7 +108,7 @@ bool CachingServer::Prepare(int number, Interrupt::Clock::time_point until)
 {
     Know(number);
     for (int other = std::min(number + Reserve(), KnownFrames() - 1); other >= number; --other)
-        cache_.Take(other); // what was passed already makes room, not what still waits
+        cache_.Use(other); // what was passed already makes room, not what still waits
     if (!Cached(number).IsNull())
         return true;
     const Picture picture =

@@ -24,6 +24,7 @@ struct Limits {
     qsizetype packets = qsizetype(192) << 20; ///< as stored; what does not fit is read again when needed
 };
 
+/// The pictures of one video.
 class FrameServer {
 public:
     /// Opens the source and its first video stream (attached pictures do not count). Throws MediaError.

@@ -9,21 +9,23 @@ namespace media {
 FrameTimes::FrameTimes(double tick, int64_t start, int64_t step)
     : tick_(tick)
     , step_(std::max<int64_t>(step, 1))
-    , shift_(-start)
+    , line_(tick, -start)
 {
+}
+
+void FrameTimes::StartBy(int64_t stamp)
+{
+    if (times_.empty())
+        line_.StartBy(stamp);
 }
 
 void FrameTimes::Add(int64_t stamp, int64_t duration)
 {
     const int64_t before = times_.empty() ? 0 : times_.back();
     const int64_t usual = before + (times_.empty() ? 0 : lastDuration_ > 0 ? lastDuration_ : step_);
-    int64_t time = stamp == NoStamp ? usual : stamp + shift_;
-    const bool beginsAnew =
-        stamp != NoStamp && !times_.empty() && double(before - time) * tick_ > LongestStepBack;
-    if (beginsAnew) {
-        shift_ = usual - stamp;
-        time = usual;
-    }
+    int64_t time = usual;
+    if (stamp != NoStamp)
+        time = times_.empty() ? line_.TimeOf(stamp) : line_.TimeOf(stamp, before, usual);
     times_.push_back(std::max(time, before));
     lastDuration_ = duration;
 }

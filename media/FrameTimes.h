@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/StampLine.h"
 #include <cstdint>
 #include <vector>
 
@@ -12,6 +13,8 @@ public:
     /// picture.
     FrameTimes(double tick, int64_t start, int64_t step);
 
+    /// Makes the first moment of the media the picture to come, the first one, if it has a stamp before that.
+    void StartBy(int64_t stamp);
     /// Takes the stamp of the next picture in display order, NoStamp when it has none, and how long it is
     /// shown, 0 when that is unknown. Where stamps begin anew the time goes on from the picture before.
     void Add(int64_t stamp, int64_t duration);
@@ -24,12 +27,9 @@ public:
     double End() const;
 
 private:
-    /// Seconds; a longer step back is a new beginning of the stamps.
-    static constexpr double LongestStepBack = 0.5;
-
     double tick_;
     int64_t step_;
-    int64_t shift_; ///< added to a stamp to make a time
+    StampLine<int64_t> line_;
     int64_t lastDuration_ = 0;
     std::vector<int64_t> times_;
 };

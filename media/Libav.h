@@ -16,6 +16,7 @@ extern "C" {
 #include <libswscale/swscale.h>
 }
 #include <memory>
+#include <new>
 
 /// Owners of the library's objects.
 namespace media {
@@ -37,6 +38,15 @@ using GraphPtr = std::unique_ptr<AVFilterGraph, FreeByAddress<avfilter_graph_fre
 using ResamplerPtr = std::unique_ptr<SwrContext, FreeByAddress<swr_free>>;
 using ScalerPtr = std::unique_ptr<SwsContext, FreeByValue<sws_freeContext>>;
 
+/// Another owner of a packet's bytes.
+inline PacketPtr CloneOf(const AVPacket& packet)
+{
+    PacketPtr clone(av_packet_clone(&packet));
+    if (!clone)
+        throw std::bad_alloc();
+    return clone;
+}
+
 /// A set of options for the library.
 class Options {
 public:
@@ -46,7 +56,6 @@ public:
     ~Options() { av_dict_free(&entries_); }
     void Set(const char* key, const char* value) { av_dict_set(&entries_, key, value, 0); }
     AVDictionary** Address() { return &entries_; }
-    const AVDictionary* Entries() const { return entries_; }
 
 private:
     AVDictionary* entries_ = nullptr;

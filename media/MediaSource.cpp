@@ -170,16 +170,17 @@ void MediaSource::ChooseStream()
     }
     if (!found)
         throw MediaError(Failure::NotAVideo, "no such stream");
-    const AVCodecParameters& video = *Stream().codecpar;
-    if (int64_t(video.width) * video.height > MaxPixels)
-        throw MediaError(Failure::TooLarge, std::to_string(video.width) + "x" + std::to_string(video.height));
+    const AVCodecParameters& parameters = *Stream().codecpar;
+    if (int64_t(parameters.width) * parameters.height > MaxPixels)
+        throw MediaError(
+            Failure::TooLarge, std::to_string(parameters.width) + "x" + std::to_string(parameters.height));
 }
 
 /// In AVI a packet of MPEG-4 may hold two pictures, which no later step could tell apart.
 void MediaSource::MakeFilter()
 {
     filter_.reset();
-    if (Stream().codecpar->codec_id != AV_CODEC_ID_MPEG4 || std::strcmp(format_->iformat->name, "avi") != 0)
+    if (Stream().codecpar->codec_id != AV_CODEC_ID_MPEG4 || !IsAvi())
         return;
     AVBSFContext* filter = nullptr;
     if (av_bsf_alloc(av_bsf_get_by_name("mpeg4_unpack_bframes"), &filter) < 0)
@@ -287,6 +288,11 @@ bool MediaSource::HasCaptions() const
     return HasStream(IsCaptions);
 }
 
+bool MediaSource::IsAvi() const
+{
+    return std::strcmp(format_->iformat->name, "avi") == 0;
+}
+
 bool MediaSource::IsBareStream() const
 {
     constexpr int bare = AVFMT_GENERIC_INDEX | AVFMT_NOTIMESTAMPS;
@@ -295,7 +301,7 @@ bool MediaSource::IsBareStream() const
 
 void MediaSource::FailToOpen(int error) const
 {
-    Failure failure = FailureOf(error);
+    Failure failure = FailureOf(error, source_.kind);
     if (IsDue())
         failure = Failure::TimedOut;
     else if (error == AVERROR(EINVAL) && source_.kind == Source::Kind::Address)

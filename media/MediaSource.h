@@ -44,6 +44,8 @@ public:
     bool HasSound() const;
     /// Whether captions stand in a track of their own.
     bool HasCaptions() const;
+    /// Whether the container can say when a packet's picture is shown.
+    bool HasPresentationStamps() const { return !IsAvi(); }
     /// Stamp of the media's first moment, in microseconds.
     int64_t Start() const { return format_->start_time == AV_NOPTS_VALUE ? 0 : format_->start_time; }
     /// A bare stream without container and time stamps, whose packets lie one after the other.
@@ -62,6 +64,7 @@ private:
     bool IsOurs(const AVStream& stream) const;
     int Guide() const;
     void MakeFilter();
+    bool IsAvi() const;
     PacketPtr ReadFromContainer();
     [[noreturn]] void FailToOpen(int error) const;
     void ThrowIfDue() const;

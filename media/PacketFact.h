@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <vector>
 
 namespace media {
 
@@ -18,6 +20,7 @@ struct PacketFact {
         SecondField = 16, ///< completes the picture of the packet before
         Doubtful = 32, ///< what comes out of the decoder must be looked at
         Unreferenced = 64, ///< no other picture needs this one to be decoded
+        Lost = 128, ///< the decoder was seen to give no picture for it
     };
     int64_t pts = NoStamp;
     int64_t dts = NoStamp;
@@ -33,7 +36,15 @@ struct PacketFact {
 
     bool Has(Flag flag) const { return flags & flag; }
     void Set(Flag flag) { flags = uint16_t(flags | flag); }
+    void Clear(Flag flag) { flags = uint16_t(flags & ~flag); }
     bool IsShown() const { return !(flags & (Discard | Hidden | SecondField)); }
 };
+
+/// The last of some rising ordinals at or before one, 0 when there is none.
+inline int LastBefore(const std::vector<int>& ordinals, int ordinal)
+{
+    const auto after = std::upper_bound(ordinals.begin(), ordinals.end(), ordinal);
+    return after == ordinals.begin() ? 0 : *std::prev(after);
+}
 
 } // namespace media

@@ -7,6 +7,7 @@ namespace media {
 namespace {
 
 constexpr size_t LongestWait = 512; ///< packets that may wait for the end of their group
+constexpr int NearKeys = 3; ///< that are tried for a sound entry, however far they lie apart
 constexpr int EnoughConfirmations = 3; ///< groups in which the decoder proved the time stamps wrong
 
 int64_t StartOf(const MediaSource& media)
@@ -26,10 +27,12 @@ int64_t StepOf(const MediaSource& media)
 } // namespace
 
 PacketIndex::PacketIndex(const Source& source, Interrupt& interrupt, int64_t packetBytes)
-    : media_(source, interrupt)
+    : interrupt_(interrupt)
+    , media_(source, interrupt)
     , parser_(media_.Parameters())
     , store_(packetBytes)
-    , reader_(source, interrupt, store_, facts_)
+    , reader_(source, interrupt, store_, facts_, keys_)
+    , finder_(facts_)
     , order_(parser_.Order())
     , times_(av_q2d(media_.Stream().time_base), StartOf(media_), StepOf(media_))
     , captionFeed_(CaptionFeed::Of(source, media_))
@@ -65,14 +68,25 @@ bool PacketIndex::Extend()
     return true;
 }
 
-/// After a read that was broken off in the middle of a packet: from the start to the first packet not yet
-/// known.
+/// After a read that was broken off in the middle of a packet: to the first packet not yet known.
 void PacketIndex::Resume()
 {
-    media_.Rewind();
-    for (int ordinal = 0; ordinal < Packets(); ++ordinal)
-        if (!media_.Read())
+    for (int attempt = 0; attempt < PlaceFinder::MostAttempts && Packets() > 0; ++attempt) {
+        const PlaceFinder::Place place = finder_.Seek(media_, KeyBefore(Packets() - 1), attempt);
+        if (place.ordinal >= 0 && ReadOver(place.ordinal + 1))
             return;
+    }
+    media_.Rewind();
+    ReadOver(0);
+}
+
+/// Reads from one packet on over those that are known; false when others come.
+bool PacketIndex::ReadOver(int next)
+{
+    for (; next < Packets(); ++next)
+        if (const PacketPtr packet = media_.Read(); !packet || !finder_.IsSame(*packet, next))
+            return false;
+    return true;
 }
 
 void PacketIndex::AddPacket(const AVPacket& packet)
@@ -102,8 +116,9 @@ void PacketIndex::Judge(size_t at)
     Group& group = groups_[at];
     const std::vector<int> order = OrderOf(parser_.Order(), facts_, group.first, group.end);
     if (parser_.Order() == Ordering::ByCount && HasHoles(facts_, order))
-        isSound_ = false;
-    group.isDoubtful = IsDoubtful(group, order) || (at > 0 && groups_[at - 1].endIsLost);
+        isIntact_ = false;
+    group.isDoubtful =
+        IsDoubtful(group, order) || (at > 0 && facts_[size_t(group.first) - 1].Has(PacketFact::Lost));
     if (group.isDoubtful)
         Learn(at);
     group.isJudged = true;
@@ -121,30 +136,40 @@ bool PacketIndex::IsDoubtful(const Group& group, const std::vector<int>& order) 
             [this](int ordinal) { return facts_[size_t(ordinal)].Has(PacketFact::Doubtful); });
 }
 
-/// Decodes a group to see which of its packets give a picture, and in which order.
+/// Decodes a group to see which of its packets give a picture, and in which order. Goes on where it was
+/// broken off.
 void PacketIndex::Learn(size_t at)
 {
     if (!prober_)
         prober_ = MakeDecoder();
     Group& group = groups_[at];
-    const int start = at > 0 ? groups_[at - 1].first : group.first;
-    const auto collect = [&] {
-        while (const FramePtr frame = prober_->Receive())
-            if (frame->pts >= group.first && frame->pts < group.end && facts_[size_t(frame->pts)].number < 0)
-                group.decoded.push_back(int(frame->pts));
-    };
-    group.decoded.clear();
-    prober_->Restart();
-    for (int ordinal = start; ordinal < group.end; ++ordinal) {
-        prober_->Send(*Packet(ordinal), ordinal);
-        collect();
+    if (group.next < 0) {
+        prober_->Restart();
+        group.next = at > 0 ? groups_[at - 1].first : group.first;
+        for (int ordinal = group.first; ordinal < group.end; ++ordinal)
+            FactOf(ordinal).Set(PacketFact::Lost);
+    }
+    for (; group.next < group.end; ++group.next) {
+        interrupt_.ThrowIfDue();
+        prober_->Send(*Packet(group.next), group.next);
+        Collect(group);
     }
     prober_->Drain();
-    collect();
-    group.endIsLost =
-        std::find(group.decoded.begin(), group.decoded.end(), group.end - 1) == group.decoded.end();
-    isSound_ = false;
+    Collect(group);
+    isIntact_ = false;
     ++confirmations_;
+}
+
+void PacketIndex::Collect(Group& group)
+{
+    while (const FramePtr frame = prober_->Receive()) {
+        if (frame->pts < group.first || frame->pts >= group.end)
+            continue;
+        PacketFact& fact = FactOf(int(frame->pts));
+        if (fact.Has(PacketFact::Lost) && fact.number < 0)
+            group.decoded.push_back(int(frame->pts));
+        fact.Clear(PacketFact::Lost);
+    }
 }
 
 void PacketIndex::Publish(bool everything)
@@ -165,29 +190,35 @@ void PacketIndex::Publish(bool everything)
     }
 }
 
-/// In a group that was decoded the decoder's word replaces the order found so far, slot by slot.
+/// In a group that was decoded the decoder's word replaces the order found so far, slot by slot; what is lost
+/// leaves its slot empty.
 void PacketIndex::PublishPacket(int ordinal)
 {
-    facts_[size_t(ordinal)].rank = ranks_++;
+    PacketFact& fact = FactOf(ordinal);
+    fact.rank = ranks_++;
+    const int64_t slot = fact.IsShown() ? TakeSlot() : NoStamp;
     Group& group = groups_[publishing_];
-    if (!group.isDoubtful) {
-        if (facts_[size_t(ordinal)].IsShown())
-            Number(ordinal);
-        TellCaptions(ordinal);
-    } else if (!group.decoded.empty()) {
-        const int shown = group.decoded.front();
+    const bool isShown = group.isDoubtful ? !fact.Has(PacketFact::Lost) : fact.IsShown();
+    int shown = ordinal;
+    if (group.isDoubtful && isShown) {
+        shown = group.decoded.front();
         group.decoded.pop_front();
-        Number(shown);
-        TellCaptions(shown);
     }
+    if (isShown)
+        Number(shown, slot);
+    TellCaptions(shown);
 }
 
-void PacketIndex::Number(int ordinal)
+void PacketIndex::Number(int ordinal, int64_t slot)
 {
-    PacketFact& fact = facts_[size_t(ordinal)];
+    PacketFact& fact = FactOf(ordinal);
     fact.number = Frames();
     ordinals_.push_back(ordinal);
-    times_.Add(StampFor(fact), fact.duration);
+    if (!hasPresentationStamps_)
+        hasPresentationStamps_ = FindsPresentationStamps();
+    if (!*hasPresentationStamps_ && slot != NoStamp)
+        times_.StartBy(slot);
+    times_.Add(*hasPresentationStamps_ ? fact.pts : slot, fact.duration);
     if (captionFeed_)
         captions_.AddOfTrack(fact.number, captionFeed_->UpTo(times_.TimeOf(fact.number)));
 }
@@ -200,31 +231,44 @@ void PacketIndex::TellCaptions(int ordinal)
 }
 
 /// Containers that store no presentation stamps store the slots of a constant clock as decode stamps: the
-/// first picture shown takes the first slot.
-int64_t PacketIndex::StampFor(const PacketFact& fact)
+/// first picture shown takes the first slot. The library makes presentation stamps of its own there, but for
+/// B pictures only, and on another clock.
+bool PacketIndex::FindsPresentationStamps() const
 {
-    int64_t slot = NoStamp;
-    if (!slots_.empty()) {
-        slot = slots_.top();
-        slots_.pop();
-    }
-    return fact.pts != NoStamp ? fact.pts : slot;
+    const auto hasOwn = [](const PacketFact& fact) { return fact.type != 'B' && fact.pts != NoStamp; };
+    const auto hasSlot = [](const PacketFact& fact) { return fact.dts != NoStamp; };
+    return media_.HasPresentationStamps()
+        && (std::any_of(facts_.begin(), facts_.end(), hasOwn)
+            || std::none_of(facts_.begin(), facts_.end(), hasSlot));
 }
 
-int PacketIndex::KeyBefore(int ordinal) const
+/// NoStamp when all are taken.
+int64_t PacketIndex::TakeSlot()
 {
-    const auto after = std::upper_bound(keys_.begin(), keys_.end(), ordinal);
-    return after == keys_.begin() ? 0 : *std::prev(after);
+    if (slots_.empty())
+        return NoStamp;
+    const int64_t slot = slots_.top();
+    slots_.pop();
+    return slot;
 }
 
 int PacketIndex::EntryFor(int number, int limit) const
 {
     const int ordinal = ordinals_[size_t(number)];
-    auto key = std::upper_bound(keys_.begin(), keys_.end(), ordinal);
-    while (key != keys_.begin())
-        if (const int candidate = *--key; candidate < limit && LeadsTo(candidate, number))
+    std::optional<int> damaged;
+    int passed = 0;
+    for (auto key = std::upper_bound(keys_.begin(), keys_.end(), ordinal); key != keys_.begin();) {
+        const int candidate = *--key;
+        if (candidate >= limit || !LeadsTo(candidate, number))
+            continue;
+        if (passed >= NearKeys && ordinal - candidate > Nearness)
+            return *damaged;
+        if (!IsDamagedEntry(candidate))
             return candidate;
-    return 0;
+        damaged = damaged.value_or(candidate);
+        ++passed;
+    }
+    return passed >= NearKeys && ordinal > Nearness ? *damaged : 0;
 }
 
 /// Pictures that are shown before a key yet stored behind it may refer to pictures before the key.

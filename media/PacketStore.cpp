@@ -21,10 +21,9 @@ void PacketStore::Put(int ordinal, const AVPacket& packet)
 
 void PacketStore::Insert(int ordinal, const AVPacket& packet)
 {
-    const auto [place, isNew] = packets_.try_emplace(ordinal);
-    if (!isNew)
+    if (packets_.contains(ordinal))
         return;
-    place->second.reset(av_packet_clone(&packet));
+    packets_.emplace(ordinal, CloneOf(packet));
     bytes_ += packet.size;
 }
 

@@ -16,7 +16,7 @@ void PictureCache::Put(const Picture& picture)
     }
 }
 
-Picture PictureCache::Take(int number)
+Picture PictureCache::Use(int number)
 {
     const auto found = places_.find(number);
     if (found == places_.end())

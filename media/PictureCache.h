@@ -15,7 +15,7 @@ public:
     }
     void Put(const Picture& picture);
     /// The picture, null when it is not kept; counts as use.
-    Picture Take(int number);
+    Picture Use(int number);
     /// The picture, null when it is not kept; changes nothing.
     Picture Find(int number) const;
 

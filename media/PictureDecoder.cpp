@@ -9,7 +9,8 @@ namespace media {
 namespace {
 
 constexpr int RestartCost = 4; // packets that a restarted decoder takes in before the first picture comes out
-constexpr int MostEntries = 8; // tried for one picture
+constexpr int FewestEntries = 2; // tried for one picture, however far they lie apart
+constexpr int MostEntries = 8;
 constexpr int MostStandIns = 64; // pictures looked at for one that stands in for a lost one
 constexpr int Everything = INT_MAX;
 
@@ -41,7 +42,7 @@ PictureDecoder::PictureDecoder(PacketIndex& index, Interrupt& interrupt, Keep ke
 Picture PictureDecoder::Reach(const Goal& goal)
 {
     if (CanContinue(goal.number)) {
-        if (Picture picture = Pursue(goal, goal.isLast); !picture.IsNull())
+        if (Picture picture = Pursue(goal); !picture.IsNull())
             return picture;
     }
     if (Picture picture = StartFor(goal); !picture.IsNull())
@@ -50,18 +51,27 @@ Picture PictureDecoder::Reach(const Goal& goal)
 }
 
 /// Starts the decoder at one key after the other, each earlier than the one before, until the goal comes out;
-/// null when it never does.
+/// null when it never does. Damage that a start comes upon has it started again, which ends: a key is marked
+/// but once, and what is left out is left out in the first attempt only.
 Picture PictureDecoder::StartFor(const Goal& goal)
 {
+    const int farthest = index_.OrdinalOf(goal.number) - PacketIndex::Nearness;
+    Goal attempt = goal;
     int limit = Everything;
-    for (int attempt = 1; attempt <= MostEntries && limit > 0; ++attempt) {
-        RestartAt(index_.EntryFor(goal.number, attempt == MostEntries ? 1 : limit));
-        if (Picture picture = Pursue(goal, goal.isLast && attempt == 1); !picture.IsNull())
+    int misses = 0;
+    while (limit > (misses < FewestEntries ? 0 : std::max(farthest, 0))) {
+        const bool isLastAttempt = misses + 1 >= MostEntries;
+        RestartAt(index_.EntryFor(goal.number, isLastAttempt ? std::max(farthest, 1) : limit));
+        if (Picture picture = Pursue(attempt); !picture.IsNull())
             return picture;
-        if (!isTainted_)
-            limit = entry_;
-        if (!isTainted_ && out_ > goal.number)
-            index_.MarkBadEntry(entry_, out_);
+        attempt.isThorough = true;
+        attempt.isLast = false;
+        if (isTainted_)
+            continue;
+        limit = entry_;
+        ++misses;
+        if (first_ > goal.number)
+            index_.MarkBadEntry(entry_, first_);
     }
     return {};
 }
@@ -80,7 +90,7 @@ Picture PictureDecoder::NearestBefore(const Goal& goal)
 bool PictureDecoder::CanContinue(int number) const
 {
     const int ordinal = index_.OrdinalOf(number);
-    if (isDrained_ || number <= out_ || dropped_.contains(ordinal))
+    if (isTainted_ || isDrained_ || number <= out_ || dropped_.contains(ordinal))
         return false;
     return !IsRestartedFor(number, fed_);
 }
@@ -98,7 +108,7 @@ Picture PictureDecoder::Approach(const Goal& goal, Interrupt::Clock::time_point 
         if (Picture picture = Receive(goal); !picture.IsNull())
             return picture;
         interrupt_.ThrowIfDue();
-        if (out_ >= goal.number || isTainted_ || !Feed(goal, false))
+        if (out_ >= goal.number || isTainted_ || !Feed(goal))
             return Reach(goal);
     } while (Interrupt::Clock::now() < until);
     return {};
@@ -108,20 +118,21 @@ void PictureDecoder::RestartAt(int entry)
 {
     decoder_->Restart();
     entry_ = fed_ = entry;
+    first_ = -1;
     out_ = entry == 0 ? -1 : index_.Fact(entry).number - 1;
     isDrained_ = isTainted_ = false;
     dropped_.clear();
 }
 
 /// Decodes on to the goal; null when it does not come out from where the decoder was started.
-Picture PictureDecoder::Pursue(const Goal& goal, bool mayDrain)
+Picture PictureDecoder::Pursue(const Goal& goal)
 {
     do {
         Picture picture = Receive(goal);
         if (!picture.IsNull() || out_ >= goal.number || isTainted_)
             return picture;
         interrupt_.ThrowIfDue();
-    } while (Feed(goal, mayDrain));
+    } while (Feed(goal));
     return {};
 }
 
@@ -136,6 +147,8 @@ Picture PictureDecoder::Receive(const Goal& goal)
         if (number < 0 || number <= out_) // shown before the entry: not decodable from here
             continue;
         out_ = number;
+        if (first_ < 0)
+            first_ = number;
         if (decoder_->TakePatched() && NoteDamage(int(ordinal), fed_ - 1))
             return {};
         if (frame->decode_error_flags && NoteDamage(int(ordinal), int(ordinal)))
@@ -151,7 +164,7 @@ Picture PictureDecoder::Receive(const Goal& goal)
 
 /// The decoder patches damage, which lies in one of these packets, with what it decoded before, so the same
 /// must be decoded before as in one pass through the file: nothing may be left out, and a key is no entry to
-/// damage behind it. True when the decoder must be started again for that.
+/// damage behind it, unless it is the last resort. True when the decoder must be started again for that.
 bool PictureDecoder::NoteDamage(int from, int last)
 {
     int key = index_.KeyBefore(last);
@@ -160,9 +173,9 @@ bool PictureDecoder::NoteDamage(int from, int last)
         key = index_.KeyBefore(key - 1);
         damaged_.insert(key);
     }
-    const bool isBehindEntry = entry_ > 0 && key == entry_;
+    const bool isBehindEntry = entry_ > 0 && key == entry_ && !index_.IsDamagedEntry(entry_);
     if (isBehindEntry)
-        index_.MarkBadEntry(entry_, Everything);
+        index_.MarkDamagedEntry(entry_);
     return isTainted_ = decoder_->ExpectDamage() || isBehindEntry || !dropped_.empty();
 }
 
@@ -173,8 +186,8 @@ bool PictureDecoder::MayDrop(int ordinal, const Goal& goal) const
     const PacketFact& fact = index_.Fact(ordinal);
     if (fact.Has(PacketFact::SecondField))
         return dropped_.contains(ordinal - 1);
-    return fact.Has(PacketFact::Unreferenced) && fact.number >= 0 && !goal.Wants(fact.number)
-        && decoder_->CanDrop() && index_.IsSound() && !IsNearDamage(ordinal);
+    return !goal.isThorough && fact.Has(PacketFact::Unreferenced) && fact.number >= 0
+        && !goal.Wants(fact.number) && decoder_->CanDrop() && index_.IsIntact() && !IsNearDamage(ordinal);
 }
 
 /// Whether there is damage between the key before a packet and the next key but one.
@@ -186,11 +199,11 @@ bool PictureDecoder::IsNearDamage(int ordinal) const
 }
 
 /// Gives the decoder one more packet, or tells it that none follows; false when that was told before.
-bool PictureDecoder::Feed(const Goal& goal, bool mayDrain)
+bool PictureDecoder::Feed(const Goal& goal)
 {
     if (isDrained_)
         return false;
-    const bool isEnough = mayDrain && fed_ > index_.OrdinalOf(goal.number);
+    const bool isEnough = goal.isLast && fed_ > index_.OrdinalOf(goal.number);
     while (!isEnough && fed_ == index_.Packets() && index_.Extend()) { }
     if (isEnough || fed_ == index_.Packets()) {
         decoder_->Drain();

@@ -15,6 +15,7 @@ struct Goal {
     int number = 0;
     int keepFrom = 0; ///< pictures from here on are wanted for keeping
     bool isLast = false; ///< nothing behind it is wanted, the decoder's place may be given up
+    bool isThorough = false; ///< nothing is left out on the way
     const std::vector<int>* others = nullptr; ///< rising; wanted too, while none besides them is kept
 
     bool Wants(int other) const;
@@ -45,12 +46,12 @@ private:
     Picture StartFor(const Goal& goal);
     Picture NearestBefore(const Goal& goal);
     void RestartAt(int entry);
-    Picture Pursue(const Goal& goal, bool mayDrain);
+    Picture Pursue(const Goal& goal);
     Picture Receive(const Goal& goal);
     bool NoteDamage(int from, int last);
     bool MayDrop(int ordinal, const Goal& goal) const;
     bool IsNearDamage(int ordinal) const;
-    bool Feed(const Goal& goal, bool mayDrain);
+    bool Feed(const Goal& goal);
     Picture MakePicture(FramePtr frame, int number) const;
 
     PacketIndex& index_;
@@ -62,6 +63,7 @@ private:
     // Where the decoder stands.
     int entry_ = 0;
     int fed_ = 0; ///< ordinal of the packet to be fed next
+    int first_ = -1; ///< number of the picture that came out first
     int out_ = -1; ///< number of the picture that came out last
     bool isDrained_ = false;
     bool isTainted_ = false; ///< what comes out differs from one pass through the file

@@ -43,12 +43,12 @@ QByteArray ListBytes(const Source& source, Interrupt& interrupt)
     if (const int error =
             avio_open2(&opened, address.constData(), AVIO_FLAG_READ, &callback, options.Address());
         error < 0)
-        throw ErrorOf(error);
+        throw ErrorOf(error, source.kind);
     const std::unique_ptr<AVIOContext, CloseStream> stream(opened);
     QByteArray bytes(LongestList, '\0');
     const int count = avio_read(stream.get(), reinterpret_cast<unsigned char*>(bytes.data()), LongestList);
     if (count < 0 && count != AVERROR_EOF)
-        throw ErrorOf(count);
+        throw ErrorOf(count, source.kind);
     return bytes.left(std::max(count, 0));
 }
 

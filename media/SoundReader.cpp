@@ -2,6 +2,7 @@
 
 #include "media/LibraryTalk.h"
 #include "media/MediaSource.h"
+#include "media/StampLine.h"
 #include <algorithm>
 #include <utility>
 
@@ -11,11 +12,15 @@ namespace {
 
 constexpr double RunUp = 0.1; // seconds; decoders of sound need some packets to get going
 constexpr int SeekAttempts = 6;
-constexpr double LongestStepBack = 0.5; // seconds; a longer one is a new beginning of the stamps
+constexpr double Second = 1; // of the stamps' line
 
 /// Converts what the decoder gives, which may change in the middle of a file.
 class Converter {
 public:
+    Converter() = default;
+    ~Converter() { av_channel_layout_uninit(&layout_); }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
     Samples Convert(const AVFrame& frame)
     {
         if (!Fits(frame))
@@ -35,17 +40,18 @@ private:
     bool Fits(const AVFrame& frame) const
     {
         return swr_ && frame.format == format_ && frame.sample_rate == rate_
-            && frame.ch_layout.nb_channels == channels_;
+            && av_channel_layout_compare(&frame.ch_layout, &layout_) == 0;
     }
     void Build(const AVFrame& frame)
     {
         format_ = frame.format;
         rate_ = frame.sample_rate;
-        channels_ = frame.ch_layout.nb_channels;
+        if (av_channel_layout_copy(&layout_, &frame.ch_layout) < 0)
+            throw MediaError(Failure::TooLarge, "no memory");
         AVChannelLayout stereo = AV_CHANNEL_LAYOUT_STEREO;
-        AVChannelLayout layout = frame.ch_layout; // borrowed
+        AVChannelLayout layout = layout_; // borrowed
         if (layout.order == AV_CHANNEL_ORDER_UNSPEC)
-            av_channel_layout_default(&layout, channels_);
+            av_channel_layout_default(&layout, layout_.nb_channels);
         SwrContext* swr = nullptr;
         const int error = swr_alloc_set_opts2(
             &swr, &stereo, AV_SAMPLE_FMT_FLT, SoundRate, &layout, AVSampleFormat(format_), rate_, 0, nullptr);
@@ -57,7 +63,7 @@ private:
     ResamplerPtr swr_;
     int format_ = -1;
     int rate_ = 0;
-    int channels_ = 0;
+    AVChannelLayout layout_ {};
 };
 
 class FileReader : public SoundReader {
@@ -108,7 +114,7 @@ private:
         converter_.Forget();
         isDrained_ = false;
         end_.reset();
-        shift_ = 0;
+        line_ = StampLine<double>(Second);
     }
 
     std::optional<SoundBlock> Decode()
@@ -144,9 +150,7 @@ private:
             return end_.value_or(0);
         const double stamp = double(frame.best_effort_timestamp) * av_q2d(media_.Stream().time_base)
             - double(media_.Start()) / AV_TIME_BASE;
-        if (end_ && *end_ - (stamp + shift_) > LongestStepBack)
-            shift_ = *end_ - stamp;
-        return stamp + shift_;
+        return end_ ? line_.TimeOf(stamp, *end_, *end_) : line_.TimeOf(stamp);
     }
 
     MediaSource media_;
@@ -154,7 +158,7 @@ private:
     Converter converter_;
     std::optional<SoundBlock> held_; ///< read to see where a seek led
     std::optional<double> end_; ///< of the block before
-    double shift_ = 0; ///< added to the stamps, which may begin anew
+    StampLine<double> line_ { Second };
     bool isDrained_ = false;
     bool isFresh_ = true; ///< at the first packet
 };

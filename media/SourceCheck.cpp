@@ -40,12 +40,12 @@ void CheckFile(const QByteArray& path)
         throw MediaError(Failure::NotFound, "a name with a NUL");
     struct stat facts { };
     if (stat(path.constData(), &facts) != 0)
-        throw ErrorOf(AVERROR(errno));
+        throw ErrorOf(AVERROR(errno), Source::Kind::File);
     if (!S_ISREG(facts.st_mode))
         throw MediaError(Failure::NotAFile, S_ISDIR(facts.st_mode) ? "a folder" : "a pipe or a device");
     const Descriptor file(OpenToRead(path));
     if (!file.IsOpen() || fstat(file.Number(), &facts) != 0)
-        throw ErrorOf(AVERROR(errno));
+        throw ErrorOf(AVERROR(errno), Source::Kind::File);
     if (!S_ISREG(facts.st_mode))
         throw MediaError(Failure::NotAFile, "a pipe or a device");
     if (facts.st_size == 0)

@@ -50,7 +50,7 @@ struct Tempo::Chain {
         last = Append(last, Add("aformat", "sample_fmts=flt:sample_rates=48000:channel_layouts=stereo"));
         sink = Append(last, Add("abuffersink", {}));
         if (avfilter_graph_config(graph.get(), nullptr) < 0)
-            throw MediaError(Failure::Refused, "no tempo");
+            throw MediaError(Failure::NoResources, "no tempo");
     }
     AVFilterContext* Add(const char* filter, const std::string& options)
     {
@@ -58,13 +58,13 @@ struct Tempo::Chain {
         if (avfilter_graph_create_filter(&context, avfilter_get_by_name(filter), nullptr,
                 options.empty() ? nullptr : options.c_str(), nullptr, graph.get())
             < 0)
-            throw MediaError(Failure::Refused, "no filter for the tempo");
+            throw MediaError(Failure::NoResources, "no filter for the tempo");
         return context;
     }
     static AVFilterContext* Append(AVFilterContext* before, AVFilterContext* behind)
     {
         if (avfilter_link(before, 0, behind, 0) < 0)
-            throw MediaError(Failure::Refused, "no link for the tempo");
+            throw MediaError(Failure::NoResources, "no link for the tempo");
         return behind;
     }
     Samples Ready() const

@@ -47,14 +47,17 @@ public:
 
     /// The slider follows the player.
     void FollowProgress(int position);
+    /// The marks on the slider, in its units.
     void ShowSelection(int start, int end);
 
+    /// What the buttons do.
     void Play();
     void PauseOrRun();
     /// -1 back, +1 forward. Failures are passed over.
     void StepFrame(int direction);
     void SeekClicked(SeekButton button);
     void ChangeRate(RateButton button);
+    /// The slider was moved to a value.
     void Scroll(int value);
     /// -1 previous, +1 next; wraps over the number of selected files, videos or not.
     void WalkList(int direction);

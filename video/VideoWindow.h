@@ -53,9 +53,9 @@ public:
     /// The file that an MPEG video is loaded into memory from. Nothing in the program sets it, so with
     /// LoadVid on such a video ends with an empty player.
     QString MemoryLoadPath;
-    bool Closing = false; ///< the user closed it; also StopRequested: stops a running automatic capture
-    bool EndReached = false; ///< the video stands at exactly 100 percent; also VideoFinished
-    /// Captures that the automatic run has made, less one after the first; also CaptureCount.
+    bool Closing = false; ///< the user closed it, which also stops a running automatic capture
+    bool EndReached = false; ///< the video stands at exactly 100 percent
+    /// Captures that the automatic run has made, less one after the first.
     int UserCaptures() const;
 
 Q_SIGNALS:

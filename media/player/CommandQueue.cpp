@@ -27,12 +27,6 @@ CommandQueue::Command CommandQueue::Pop(Clock::time_point until)
     return command;
 }
 
-bool CommandQueue::IsEmpty() const
-{
-    const std::lock_guard lock(mutex_);
-    return commands_.empty();
-}
-
 void CommandQueue::Close()
 {
     std::deque<Command> dropped; // dies outside the lock: a command may own what takes locks of its own

@@ -21,7 +21,6 @@ public:
     bool Push(Command command);
     /// The next command; an empty one when none came by until or the queue was closed.
     Command Pop(Clock::time_point until);
-    bool IsEmpty() const;
     /// Drops what waits and takes nothing more.
     void Close();
     bool IsClosed() const;

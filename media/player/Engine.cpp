@@ -48,8 +48,7 @@ Shot Engine::Seek(int number, media::Purpose purpose)
 Shot Engine::SeekTime(double seconds)
 {
     steps_.Jumped();
-    index_->ReachTime(seconds);
-    return Show(server_->NumberAt(seconds), media::Purpose::Jump);
+    return Show(index_->ReachTime(seconds), media::Purpose::Jump);
 }
 
 Shot Engine::SeekEnd()
@@ -100,15 +99,12 @@ PlaySpan Engine::Span()
 {
     const Selection& selection = options_.selection;
     PlaySpan span;
-    if (selection.start > 0) {
-        index_->ReachTime(selection.start);
-        span.first = server_->NumberAt(selection.start);
-    }
+    if (selection.start > 0)
+        span.first = index_->Near(selection.start);
     // An end before the start selects nothing; then all is played, as without it.
     if (selection.end < selection.start || std::isinf(selection.end))
         return span;
-    index_->ReachTime(selection.end);
-    span.last = server_->NumberAt(selection.end);
+    span.last = index_->Near(selection.end);
     return span;
 }
 
@@ -213,13 +209,13 @@ void Engine::Fail(media::Failure failure)
 void Engine::WalkAhead()
 {
     if (playback_)
-        return wires_.shelf.Drop();
+        return wires_.DropShelf();
     try {
         WithinMemory([this] { FillShelf(); });
     } catch (const media::MediaError&) {
         wires_.shelf.Drop(); // the caller will come to the place itself and be told there
     }
-    TellOfShelf();
+    wires_.TellOfShelf();
 }
 
 void Engine::FillShelf()
@@ -229,19 +225,12 @@ void Engine::FillShelf()
             Draw(shot);
             shot.still = shot.picture.ToStill();
             const bool isTaken = wires_.shelf.Put(shot);
-            TellOfShelf();
+            wires_.TellOfShelf();
             return isTaken;
         });
         server_->Walk(wanted, [&](const media::Picture& picture) { return stills.Put(ShotOf(picture)); });
         stills.Finish();
     }
-}
-
-void Engine::TellOfShelf() const
-{
-    Mail mail;
-    mail.shelfChanged = true;
-    wires_.mail->Post(mail);
 }
 
 void Engine::Guard(const std::function<void()>& work)

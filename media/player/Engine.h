@@ -57,7 +57,6 @@ private:
     void Fail(media::Failure failure);
 
     void FillShelf();
-    void TellOfShelf() const;
     void Redraw();
     Time WorkIdle();
     Time WorkPlaying();

@@ -14,6 +14,11 @@ using namespace std::chrono_literals;
 constexpr auto Limit = 5s; // to reach the place that a call asks for
 constexpr double LongestLastPicture = 10; // seconds; durations in files are no promise
 
+media::MediaError NotInTime()
+{
+    return { media::Failure::TimedOut, "the rest of the media does not come" };
+}
+
 } // namespace
 
 GrowingIndex::GrowingIndex(
@@ -31,23 +36,38 @@ int GrowingIndex::Reach(int number)
         const Deadline deadline(interrupt_, Limit);
         Extend(std::min(number, std::numeric_limits<int>::max() - 1) + 1 - server_.KnownFrames());
     }
+    if (number >= server_.KnownFrames() && !IsWhole())
+        throw NotInTime();
     return std::clamp(number, 0, std::max(server_.KnownFrames() - 1, 0));
 }
 
-void GrowingIndex::ReachTime(double seconds)
+bool GrowingIndex::Knows(double seconds) const
+{
+    const int known = server_.KnownFrames();
+    return IsWhole() || (known > 0 && (seconds <= server_.TimeOf(0) || server_.TimeOf(known - 1) > seconds));
+}
+
+int GrowingIndex::Near(double seconds)
 {
     const Deadline deadline(interrupt_, Limit);
-    const auto isKnown = [&] {
-        const int known = server_.KnownFrames();
-        return server_.IsComplete() || (known > 0 && server_.TimeOf(known - 1) > seconds);
-    };
-    while (!isKnown() && Extend(Slice)) { }
+    while (!Knows(seconds) && Extend(Slice)) { }
+    return server_.NumberAt(seconds);
+}
+
+int GrowingIndex::ReachTime(double seconds)
+{
+    const int number = Near(seconds);
+    if (!Knows(seconds))
+        throw NotInTime();
+    return number;
 }
 
 int GrowingIndex::ReachLast()
 {
     const Deadline deadline(interrupt_, Limit);
     while (!server_.IsComplete() && Extend(Slice)) { }
+    if (!IsWhole() && !IsLive())
+        throw NotInTime();
     return std::max(server_.KnownFrames() - 1, 0);
 }
 
@@ -57,9 +77,8 @@ bool GrowingIndex::Reaches(int number)
         const Deadline deadline(interrupt_, Limit);
         Extend(number + PlayingSlice - server_.KnownFrames());
     }
-    const bool isUnknown = number >= server_.KnownFrames() && !IsWhole();
-    if (isUnknown)
-        throw media::MediaError(media::Failure::TimedOut, "the rest of the media does not come");
+    if (number >= server_.KnownFrames() && !IsWhole())
+        throw NotInTime();
     return number < server_.KnownFrames();
 }
 
@@ -96,8 +115,7 @@ bool GrowingIndex::Extend(int pictures)
 
 void GrowingIndex::Tell()
 {
-    const bool isLive = isAddress_ && !IsWhole() && !server_.TellsDuration();
-    facts_.Write({ server_.KnownFrames(), IsWhole(), server_.Duration(), server_.Size(), isLive });
+    facts_.Write({ server_.KnownFrames(), IsWhole(), server_.Duration(), server_.Size(), IsLive() });
 }
 
 } // namespace player

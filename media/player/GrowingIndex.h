@@ -13,12 +13,15 @@ class GrowingIndex : public Timeline {
 public:
     GrowingIndex(media::FrameServer& server, media::Interrupt& interrupt, FactSheet& facts, bool isAddress);
 
-    /// Number, brought into the range of the pictures there are.
+    /// Number, brought into the range of the pictures there are. Throws media::MediaError when that cannot be
+    /// known in time, as the two that follow.
     int Reach(int number);
-    /// Grows until a time lies within what is known.
-    void ReachTime(double seconds);
-    /// The last picture, or the last that is known in time.
+    /// The picture that stands at a time.
+    int ReachTime(double seconds);
+    /// The last picture; the last that is known of what is sent as it happens.
     int ReachLast();
+    /// The picture that stands at a time as far as is known in time.
+    int Near(double seconds);
 
     /// Whether there is a picture number. Throws media::MediaError when that cannot be known in time.
     bool Reaches(int number) override;
@@ -39,6 +42,8 @@ public:
 
 private:
     bool IsWhole() const { return failure_ || server_.IsComplete(); }
+    bool IsLive() const { return isAddress_ && !IsWhole() && !server_.TellsDuration(); }
+    bool Knows(double seconds) const;
 
     media::FrameServer& server_;
     media::Interrupt& interrupt_;

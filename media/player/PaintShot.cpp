@@ -23,7 +23,9 @@ void PaintShot(QPainter& painter, const View& view, const Shot& shot, const QBru
 
 bool IsOutdated(const Shot& shot, const View& view)
 {
-    return !shot.IsNull() && shot.screen.size() != ShownSize(view, shot.picture.Size());
+    const QSize size = ShownSize(view, shot.picture.Size());
+    const bool isBlank = size.isEmpty() && shot.screen.isNull();
+    return !shot.IsNull() && !isBlank && shot.screen.size() != size;
 }
 
 } // namespace player

@@ -74,7 +74,7 @@ void PlayerControl::Open(const media::Source& source)
 {
     try {
         if (*running_ >= MaxOrphans)
-            throw media::MediaError(media::Failure::Refused, "too many sources hang");
+            throw media::MediaError(media::Failure::NoResources, "too many sources hang");
         mail_ = std::make_shared<Mailbox>(this, [this](const Mail& mail) { Read(mail); });
         session_ = Session::Start(source, view_, mail_, running_, makeSound_);
         if (source.kind == media::Source::Kind::Address && awaitOpening_ && !IsStillWanted())
@@ -85,7 +85,7 @@ void PlayerControl::Open(const media::Source& source)
         return Tell(error.failure);
     } catch (const std::system_error&) { // no thread to be had
         Drop();
-        return Tell(media::Failure::Refused);
+        return Tell(media::Failure::NoResources);
     }
     natural_ = session_->Known().size;
     TakeOwnSize();
@@ -219,10 +219,12 @@ void PlayerControl::Adopt(const Shot& shot)
         session_->Redraw(shown_);
 }
 
-void PlayerControl::Arrive(const Shot& shot)
+/// put is the place on the scale that was asked for.
+void PlayerControl::Arrive(const Shot& shot, std::optional<int> put)
 {
     stoppedByCall_ = false;
     Adopt(shot);
+    trackingPut_ = put;
     Q_EMIT PositionChanged();
     progress_.Force();
 }

@@ -9,7 +9,7 @@
 #include <set>
 
 /// The player control on the engine of media/: one engine thread per source, which this widget waits for
-/// where it must and else only looks at. Never runs an event loop of its own.
+/// where it must and else only looks at. Runs no event loop but that of awaitOpening.
 class PlayerControl : public ltmmPlay {
     Q_OBJECT
 
@@ -100,11 +100,11 @@ private:
     void Tell(media::Failure failure);
     void Read(const player::Mail& mail);
 
-    bool Go(const std::function<player::Shot()>& seek);
+    void Go(const std::function<player::Shot()>& seek, std::optional<int> put = {});
     void Step(int frames);
     void Halt(PlayState state);
     void Adopt(const player::Shot& shot);
-    void Arrive(const player::Shot& shot);
+    void Arrive(const player::Shot& shot, std::optional<int> put = {});
     void ReportProgress();
 
     void Select(const player::Selection& selection);

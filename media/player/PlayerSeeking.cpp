@@ -17,33 +17,25 @@ void PlayerControl::SeekStart()
 
 void PlayerControl::SeekEnd()
 {
-    const bool arrived = Go([&] { return session_->SeekEnd(); });
-    // Of a slow source it may be the last picture that came in time.
-    if (!arrived || !session_->Known().isComplete)
-        return;
-    trackingPut_ = TrackingScale::Max;
-    progress_.Force();
+    Go([&] { return session_->SeekEnd(); }, TrackingScale::Max);
 }
 
 void PlayerControl::SetTrackingPosition(int position)
 {
     position = std::clamp(position, 0, TrackingScale::Max);
-    if (Go([&] { return session_->SeekTime(TrackingScale::ToSeconds(position, Duration())); }))
-        trackingPut_ = position;
+    Go([&] { return session_->SeekTime(TrackingScale::ToSeconds(position, Duration())); }, position);
 }
 
 /// Seeks for a caller that is not told of failures but by PlayerError.
-bool PlayerControl::Go(const std::function<Shot()>& seek)
+void PlayerControl::Go(const std::function<Shot()>& seek, std::optional<int> put)
 {
     if (!session_)
-        return false;
+        return;
     strides_.Forget();
     try {
-        Arrive(seek());
-        return true;
+        Arrive(seek(), put);
     } catch (const media::MediaError& error) {
         Tell(error.failure);
-        return false;
     }
 }
 

@@ -79,7 +79,7 @@ void Session::Close()
     commands_.Close();
     wires_.interrupt.Raise();
     wires_.soundInterrupt.Raise();
-    wires_.shelf.Drop();
+    wires_.DropShelf();
     if (ended_.get_future().wait_for(JoinLimit) == std::future_status::ready)
         thread_.join();
     else
@@ -115,7 +115,7 @@ template <typename Work> auto Session::Ask(Work work)
 /// engine does on its own account.
 void Session::Order(CommandQueue::Command command)
 {
-    wires_.shelf.Drop();
+    wires_.DropShelf();
     ++turn_;
     wires_.Hurry();
     Push(std::move(command));
@@ -163,7 +163,7 @@ Shot Session::Pause()
 void Session::Redraw(const Shot& shown)
 {
     wires_.OrderRedraw(shown);
-    wires_.shelf.Drop();
+    wires_.DropShelf();
     commands_.Push([](Engine&) {}); // wakes the engine; when the queue is full it is awake
 }
 
@@ -173,7 +173,7 @@ void Session::WalkAhead(int first, int stride)
         return;
     wires_.shelf.Plan(first, stride, Known().frames - 1);
     if (!commands_.Push([](Engine& engine) { engine.WalkAhead(); }))
-        wires_.shelf.Drop();
+        wires_.DropShelf();
 }
 
 std::optional<Shot> Session::FromShelf(int number)
@@ -186,6 +186,7 @@ Facts Session::AwaitWhole(Millis limit)
     const Facts facts = Known();
     if (facts.isComplete)
         return facts;
+    wires_.DropShelf(); // the engine does not wait for room on it
     commands_.Push([](Engine& engine) { engine.WantWholeIndex(); });
     return wires_.facts.Await(limit);
 }

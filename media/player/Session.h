@@ -28,9 +28,12 @@ public:
     /// The first picture, once the source is open. To be asked for once.
     Shot First();
 
+    /// Exactly picture number, or the nearest there is, made ready for the view.
     Shot Seek(int number, media::Purpose purpose);
+    /// The picture that stands at a time, in seconds from the start of the media.
     Shot SeekTime(double seconds);
     Shot SeekEnd();
+    /// Plays on behind the picture shown; does not wait.
     void Play(const Shot& shown, const PlayOptions& options);
     /// Options for what is playing; what was shown so far, and an end that it came to, hold.
     void Change(const PlayOptions& options);

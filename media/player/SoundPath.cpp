@@ -17,6 +17,7 @@ constexpr double LongestLag = 0.1; // wall seconds; sound that comes later is le
 constexpr std::size_t LeadIn =
     media::SoundRate / 100; // frames of silence; servers may swallow the first ones
 constexpr double LongestStartDelay = 0.25; // wall seconds
+constexpr std::size_t TurnsInUse = 2;
 constexpr float FadeStep = 200.0F / media::SoundRate; // the whole way in 5 ms
 
 } // namespace
@@ -45,6 +46,7 @@ void SoundPath::Prepare(double media, double rate)
 {
     const std::lock_guard lock(mutex_);
     turns_.clear();
+    turnsTold_ = 0;
     Give(media, rate);
 }
 
@@ -122,7 +124,7 @@ void SoundPath::Work()
             return;
         const Order order = *order_;
         const int serial = serial_;
-        const std::vector<media::SoundTurn> turns = turns_;
+        const Turns turns = TakeTurns(serial);
         lock.unlock();
         const bool hasSound = Supply(order, serial, turns);
         lock.lock();
@@ -138,8 +140,23 @@ void SoundPath::Work()
     }
 }
 
+/// The turns that an order has not been told yet. An endless loop makes ever more of them, but the pictures,
+/// whose times are those of orders to come, stand between the last two or behind them.
+SoundPath::Turns SoundPath::TakeTurns(int serial)
+{
+    if (std::exchange(toldSerial_, serial) != serial)
+        turnsTold_ = 0;
+    Turns fresh(turns_.begin() + std::ptrdiff_t(turnsTold_), turns_.end());
+    turnsTold_ = turns_.size();
+    while (turns_.size() > TurnsInUse && turnsTold_ > 0) {
+        turns_.pop_front();
+        --turnsTold_;
+    }
+    return fresh;
+}
+
 /// False when there is no sound to be had.
-bool SoundPath::Supply(const Order& order, int serial, const std::vector<media::SoundTurn>& turns)
+bool SoundPath::Supply(const Order& order, int serial, const Turns& turns)
 {
     try {
         if (!std::exchange(isOpened_, true)) {
@@ -150,8 +167,9 @@ bool SoundPath::Supply(const Order& order, int serial, const std::vector<media::
             return false;
         if (std::exchange(served_, serial) != serial)
             Begin(order, turns);
-        for (; turnsTold_ < turns.size(); ++turnsTold_)
-            feed_->Expect(turns[turnsTold_]);
+        else
+            for (const media::SoundTurn& turn : turns)
+                feed_->Expect(turn);
         Fill(serial);
         return true;
     } catch (const std::exception&) {
@@ -160,17 +178,17 @@ bool SoundPath::Supply(const Order& order, int serial, const std::vector<media::
     }
 }
 
-void SoundPath::Begin(const Order& order, const std::vector<media::SoundTurn>& turns)
+void SoundPath::Begin(const Order& order, const Turns& turns)
 {
     OpenDevice();
     pending_.clear();
     gain_ = 0;
     isOver_ = false;
-    const auto isPast = [&](const media::SoundTurn& turn) { return turn.due <= order.due && turn.media; };
-    double offset = 0;
-    for (turnsTold_ = 0; turnsTold_ < turns.size() && isPast(turns[turnsTold_]); ++turnsTold_)
-        offset = turns[turnsTold_].due - *turns[turnsTold_].media;
+    const auto isToCome = [&](const media::SoundTurn& turn) { return turn.due > order.due || !turn.media; };
+    const auto next = std::find_if(turns.begin(), turns.end(), isToCome);
+    const double offset = next == turns.begin() ? 0 : std::prev(next)->due - *std::prev(next)->media;
     feed_->Begin(order.due, order.due - offset, order.rate);
+    std::for_each(next, turns.end(), [this](const media::SoundTurn& turn) { feed_->Expect(turn); });
 }
 
 void SoundPath::OpenDevice()

@@ -5,6 +5,7 @@
 #include "media/player/SoundDevice.h"
 #include <atomic>
 #include <condition_variable>
+#include <deque>
 #include <mutex>
 #include <thread>
 
@@ -54,8 +55,10 @@ private:
     void Give(double due, double rate);
     void Work();
     void OpenDevice();
-    bool Supply(const Order& order, int serial, const std::vector<media::SoundTurn>& turns);
-    void Begin(const Order& order, const std::vector<media::SoundTurn>& turns);
+    using Turns = std::vector<media::SoundTurn>;
+    Turns TakeTurns(int serial);
+    bool Supply(const Order& order, int serial, const Turns& turns);
+    void Begin(const Order& order, const Turns& turns);
     void Fill(int serial);
     bool Deliver(const Order& order);
     void CatchUp(const Order& order);
@@ -73,7 +76,9 @@ private:
     bool isClosed_ = false;
     std::atomic<int> serial_ = 0; ///< of the orders
     std::optional<Order> order_; ///< none while stopped
-    std::vector<media::SoundTurn> turns_; ///< since the clock was prepared, also those that are past
+    std::deque<media::SoundTurn> turns_; ///< the last ones, and all that were not told yet
+    std::size_t turnsTold_ = 0; ///< of these, to the path's thread
+    int toldSerial_ = 0; ///< of the order in which they were told
     GuidedClock clock_;
     bool isPlaying_ = false; ///< the clock runs
     bool isReady_ = false;
@@ -88,7 +93,6 @@ private:
     std::unique_ptr<media::SoundReader> reader_;
     std::unique_ptr<media::SoundFeed> feed_;
     int served_ = 0; ///< serial of the order in work
-    std::size_t turnsTold_ = 0; ///< to the feed
     media::Samples pending_;
     bool isOver_ = false;
     float gain_ = 0;

@@ -1,6 +1,7 @@
 #include "media/player/StillShelf.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace player {
 
@@ -95,12 +96,12 @@ std::optional<Shot> StillShelf::Take(int number, std::chrono::milliseconds limit
     return shot;
 }
 
-void StillShelf::Drop()
+bool StillShelf::Drop()
 {
     const std::lock_guard lock(mutex_);
     shots_.clear();
-    stride_ = 0;
     changed_.notify_all();
+    return std::exchange(stride_, 0) > 0;
 }
 
 } // namespace player

@@ -26,8 +26,8 @@ public:
     bool Put(const Shot& shot);
     /// The picture, waiting for it as long as it is planned; none when it is not, or when limit has passed.
     std::optional<Shot> Take(int number, std::chrono::milliseconds limit);
-    /// Drops the plan and the pictures, and lets go who waits.
-    void Drop();
+    /// Drops the plan and the pictures, and lets go who waits; whether there was a plan.
+    bool Drop();
 
     static constexpr qsizetype MaxBytes = qsizetype(64) * 1024 * 1024;
 

@@ -9,6 +9,7 @@ constexpr int Max = 10000;
 
 /// 0 to Max; 0 while the duration is unknown.
 int FromSeconds(double seconds, double duration);
+/// Seconds from the start of the media; 0 while the duration is unknown.
 double ToSeconds(int position, double duration);
 
 } // namespace TrackingScale

@@ -18,6 +18,19 @@ void Wires::Hurry()
     interrupt.SetDeadline(media::Interrupt::Clock::now() + HurryLimit);
 }
 
+void Wires::DropShelf()
+{
+    if (shelf.Drop())
+        TellOfShelf();
+}
+
+void Wires::TellOfShelf() const
+{
+    Mail news;
+    news.shelfChanged = true;
+    mail->Post(news);
+}
+
 View Wires::LookedAt() const
 {
     const std::lock_guard lock(mutex_);

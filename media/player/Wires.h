@@ -24,6 +24,11 @@ struct Wires {
     void Hurry();
     std::atomic<bool> isHurried = false;
 
+    /// Drops what is or was to be made ahead, and tells it.
+    void DropShelf();
+    /// Tells that what lies on the shelf, or is planned for it, has changed.
+    void TellOfShelf() const;
+
     View LookedAt() const;
     void LookAt(const View& view);
     /// A picture to be made ready again for a new view; a newer order replaces an older one.

@@ -1,6 +1,5 @@
 #include "tests/clips/Clips.h"
 
-#include <QFileInfo>
 #include <gmock/gmock.h>
 
 namespace {
@@ -12,12 +11,6 @@ TEST(Clips, NumbersAreRangesSinglesAndUnknowns)
 {
     EXPECT_THAT(ExpandNumbers(QStringLiteral("0-2,?2,9,?")), ElementsAre(0, 1, 2, -1, -1, 9, -1));
     EXPECT_THAT(ExpandNumbers(QString()), IsEmpty());
-}
-
-TEST(Clips, EveryClipOfTheManifestIsThere)
-{
-    for (const Clip& clip : AllClips())
-        EXPECT_TRUE(QFileInfo::exists(ClipPath(clip.Name))) << clip.Name.toStdString();
 }
 
 TEST(Clips, ACodedClipTellsOneNumberForEachPicture)

@@ -89,6 +89,8 @@ TIME_STAMPS = [
           encode(video(4, 12), sound(4), "-c:v libxvid -qscale:v 4 -g 25 -bf 2", MP3)),
     coded("mpeg4_bf.avi", "0-99", 13, "MPEG-4 ASP B-frames in AVI, not packed",
           encode(video(4, 13), sound(4), "-c:v mpeg4 -vtag XVID -qscale:v 4 -g 25 -bf 2", MP3)),
+    coded("mpeg4_nvop.avi", "0-3,6-49,51-99", 13, "pictures that say \"not coded\" in AVI: 100 time slots, 97 pictures",
+          slice_of("mpeg4_bf.avi", lambda data: streams.with_uncoded_pictures(data, (5, 6, 51)))),
     coded("avi_dropped.avi", "0-74", 14, "empty chunks (dropped frames): 100 time slots, 75 coded pictures",
           encode(video(4, 14, before="select='not(eq(mod(n,4),1))'"), "-c:v mpeg4 -qscale:v 4 -g 12", KEEP_TIMES)),
     coded("vfr.mp4", "0-99", 15, "irregular times (60, 60, 30 ms), a hole of 3 s in the middle",
@@ -236,12 +238,12 @@ LAYOUT = [
                                         ":c=5.1:s=48000:d=1"), X264, "-c:a ac3")),
 ]
 
-def with_bit_errors(every):
-    """One wrong bit in about so many bytes of the middle of the file, the same on every machine."""
+def with_bit_errors(every, first=25, last=60):
+    """One wrong bit in about so many bytes from first to last per cent of the file, the same on every machine."""
     def damage(data):
         damaged = bytearray(data)
-        place, count = len(data) // 4, 0
-        while place < len(data) * 3 // 5:
+        place, count = len(data) * first // 100, 0
+        while place < len(data) * last // 100:
             damaged[place] ^= 1 << count * 7919 // 16 % 8
             count += 1
             place += every + count * 7919 % 199
@@ -262,6 +264,9 @@ DAMAGE = [
           slice_of("h264_closed.mp4", with_bit_errors(3000))),
     coded("bit_errors.mpg", "0-14,?55,70-99", 7, "bit errors that lose a picture which others refer to",
           slice_of("mpeg2_interlaced.mpg", with_bit_errors(1501))),
+    coded("bit_errors_groups.mp4", "0-9,?130,140-149", 2, "bit errors in most of 15 short groups",
+          two_steps((video(6, 2), X264, "-g 10 -bf 2", CLOSED_GOP), "intact.mp4",
+                    lambda job, part: job.output.write_bytes(with_bit_errors(1200, 9, 90)(part.read_bytes())))),
     # Where the errors fall differs from one making to the next, so only the first group is certain.
     coded("noise.mkv", "0-25,?74", 1, "random bit errors",
           convert("h264_closed.mp4", "-map 0:v -bsf:v noise=amount=3000")),

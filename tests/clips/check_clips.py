@@ -9,6 +9,7 @@ import pathlib
 import subprocess
 import sys
 
+import catalogue
 from recipes import COLUMNS, NUMBER_BITS
 
 DAMAGED = None
@@ -82,10 +83,12 @@ def main():
     names = sys.argv[2:]
     with open(folder / "MANIFEST.tsv", encoding="utf-8", newline="") as manifest:
         rows = list(csv.DictReader(manifest, delimiter="\t", quoting=csv.QUOTE_NONE))
+    missing = {clip.name for clip in catalogue.CLIPS} - {row["name"] for row in rows}
     rows = [row for row in rows if not names or row["name"] in names]
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as workers:
         found = list(workers.map(lambda row: fault(row, decode(folder / row["name"])), rows))
-    faults = [f"{row['name']}: {what}" for row, what in zip(rows, found) if what]
+    faults = [f"{name}: not made" for name in sorted(missing) if not names or name in names]
+    faults += [f"{row['name']}: {what}" for row, what in zip(rows, found) if what]
     print("\n".join(faults + [f"{len(rows)} clips checked, {len(faults)} differ from the manifest"]))
     return 1 if faults else 0
 

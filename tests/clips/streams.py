@@ -1,6 +1,7 @@
 """Byte-level work on elementary streams that the ffmpeg command line cannot do."""
 
 import re
+import struct
 
 GROUP = 0xB8
 SIMPLE_INDEX = bytes.fromhex("90080033B1E5CF1189F400A0C90349CB")
@@ -9,6 +10,37 @@ SIMPLE_INDEX = bytes.fromhex("90080033B1E5CF1189F400A0C90349CB")
 def without_asf_index(data):
     """An ASF file cut before its Simple Index Object, which stands last."""
     return data[: data.rindex(SIMPLE_INDEX)]
+
+
+UNCODED_SIZE = 8  # bytes
+
+
+def uncoded(vop):
+    """The VOP, of a clock of 25 a second, as one that says "not coded"."""
+    header = int.from_bytes(vop[4:8], "big")
+    seconds = 0
+    while header >> (29 - seconds) & 1:
+        seconds += 1
+    rest = 32 - (2 + seconds + 2 + 5 + 1)  # bits behind type, seconds, ticks and the markers around these
+    return vop[:4] + (header >> rest << rest | (1 << (rest - 1)) - 1).to_bytes(4, "big")
+
+
+def with_uncoded_pictures(data, packets):
+    """An AVI file of MPEG-4 whose video packets of these numbers say "not coded"; what their pictures took is junk."""
+    out = bytearray(data)
+    at, end = data.index(b"movi") + 4, data.index(b"idx1")
+    row, count = end + 8, 0
+    while at < end:
+        name, size = struct.unpack_from("<4sI", data, at)
+        padded = size + size % 2
+        if name == b"00dc" and count in packets:
+            junk = struct.pack("<4sI", b"JUNK", padded - UNCODED_SIZE - 8)
+            out[at + 4:at + 8] = struct.pack("<I", UNCODED_SIZE)
+            out[at + 8:at + 24] = uncoded(data[at + 8:at + 16]) + junk
+            out[row + 12:row + 16] = struct.pack("<I", UNCODED_SIZE)
+        count += name == b"00dc"
+        at, row = at + 8 + padded, row + 16
+    return bytes(out)
 
 
 def display_numbers(data):

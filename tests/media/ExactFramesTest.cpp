@@ -158,6 +158,21 @@ TEST_F(ExactJumps, AfterTheLastPictureEveryOtherIsThatOfTheForwardPass)
     });
 }
 
+TEST_F(ExactJumps, PreparedInPiecesEveryPictureIsThatOfTheForwardPass)
+{
+    ForEachClip([](const Pass& pass) {
+        std::mt19937 random(5);
+        const Opened opened(pass.clip.Name);
+        for (int place = 0; place < 3; ++place) {
+            const int number = int(random() % unsigned(pass.Count()));
+            while (!opened->Prepare(number, Interrupt::Clock::now())) { }
+            for (int kept = std::max(0, number - pass.Tries(20)); kept <= number; ++kept)
+                if (const Picture picture = opened->Cached(kept); !picture.IsNull())
+                    ExpectExact(pass, kept, picture);
+        }
+    });
+}
+
 TEST_F(ExactJumps, AWalkGivesThePicturesThatItSkipsTo)
 {
     ForEachClip([](const Pass& pass) {

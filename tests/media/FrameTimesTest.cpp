@@ -79,4 +79,15 @@ TEST(FrameTimes, TheEndIsThatOfTheLastPicture)
     EXPECT_DOUBLE_EQ(times.End(), 2.040);
 }
 
+TEST(FrameTimes, AMediaThatStartsByItsFirstPictureStartsAtZero)
+{
+    FrameTimes times(0.01, 100, 4);
+    times.StartBy(92);
+    times.Add(92, 0);
+    times.StartBy(0);
+    times.Add(96, 0);
+    EXPECT_DOUBLE_EQ(times.TimeOf(0), 0);
+    EXPECT_DOUBLE_EQ(times.TimeOf(1), 0.04);
+}
+
 } // namespace media

@@ -59,9 +59,13 @@ TEST(PacketIndex, AReadThatWasBrokenOffIsTakenUpAgain)
         PacketIndex index(FileOf(clip), interrupt, Room);
         for (int packets = 0; packets < 40; ++packets)
             index.Extend();
+        const AVFormatContext* const file = &index.Media().Format();
         interrupt.SetDeadline(Interrupt::Clock::now() - std::chrono::seconds(1));
         EXPECT_THROW(index.Extend(), MediaError);
         interrupt.ClearDeadline();
+        index.Extend();
+        const bool canSeek = index.Fact(0).dts != NoStamp;
+        EXPECT_TRUE(&index.Media().Format() == file || !canSeek) << "opened anew";
         while (index.Extend()) { }
         EXPECT_EQ(OrdinalsOf(index), WholeIndex(clip));
     }
@@ -72,7 +76,7 @@ TEST(PacketIndex, NothingIsDecodedForACleanFile)
     Interrupt interrupt;
     PacketIndex index(FileOf("h264_closed.mp4"), interrupt, Room);
     while (index.Extend()) { }
-    EXPECT_TRUE(index.IsSound());
+    EXPECT_TRUE(index.IsIntact());
 }
 
 TEST(PacketIndex, ALeadingPictureIsReachedFromTheKeyBefore)
@@ -86,6 +90,20 @@ TEST(PacketIndex, ALeadingPictureIsReachedFromTheKeyBefore)
         EXPECT_LE(index.Fact(entry).number, number);
         EXPECT_LE(entry, index.OrdinalOf(number));
     }
+}
+
+TEST(PacketIndex, DamageIsPassedOverForANearEntryOnly)
+{
+    Interrupt interrupt;
+    PacketIndex index(FileOf("long_10fps.mp4"), interrupt, Room);
+    while (index.Extend()) { }
+    constexpr int last = 199; // keys are 0, 50, 100 and 150
+    index.MarkDamagedEntry(150);
+    EXPECT_EQ(index.EntryFor(last, INT_MAX), 100);
+    index.MarkDamagedEntry(100);
+    EXPECT_EQ(index.EntryFor(last, INT_MAX), 50);
+    index.MarkDamagedEntry(50);
+    EXPECT_EQ(index.EntryFor(last, INT_MAX), 150) << "too far for the look of damage";
 }
 
 } // namespace media

@@ -1,8 +1,43 @@
 #include "tests/media/Opened.h"
 
+#include <QHash>
+#include <QSet>
 #include <gtest/gtest.h>
 
 namespace media {
+
+namespace {
+
+constexpr double UsualRate = 25;
+constexpr double CoarsestTick = 1.01e-3; // seconds, of a container that has any
+
+const QHash<QString, double> Rates {
+    { QStringLiteral("hevc_opengop.mp4"), 24 },
+    { QStringLiteral("hevc_short.mp4"), 10 },
+    { QStringLiteral("ntsc_ms.mkv"), 60000.0 / 1001 },
+    { QStringLiteral("cinepak.avi"), 10 },
+    { QStringLiteral("slow_halffps.mkv"), 0.5 },
+    { QStringLiteral("long_10fps.mp4"), 10 },
+    { QStringLiteral("fast_240fps.mp4"), 240 },
+    { QStringLiteral("cc608.mpg"), 30000.0 / 1001 },
+    { QStringLiteral("cc608.mp4"), 30000.0 / 1001 },
+    { QStringLiteral("cc_track.mov"), 30000.0 / 1001 },
+};
+const QSet<QString> Irregular {
+    QStringLiteral("xvid_packed.avi"), // three empty slots behind the first picture
+    QStringLiteral("mpeg4_nvop.avi"),
+    QStringLiteral("avi_dropped.avi"),
+    QStringLiteral("vfr.mp4"),
+    QStringLiteral("vfr.mkv"),
+    QStringLiteral("dup_pts.mkv"),
+    QStringLiteral("anim.gif"),
+    QStringLiteral("audio_change.ts"), // the second part begins before the first one ends
+    QStringLiteral("res_change.ts"),
+    QStringLiteral("lost_packets.mkv"),
+    QStringLiteral("soft_telecine.mpg"),
+};
+
+} // namespace
 
 TEST(PictureTimes, InEveryClipTimesRiseAndLeadBackToTheirNumber)
 {
@@ -40,10 +75,41 @@ TEST(PictureTimes, PositionZeroIsTheStartOfTheContainer)
     EXPECT_NEAR(Opened("audio_early.mkv")->TimeOf(0), 1, 0.05);
 }
 
-TEST(PictureTimes, ClipsWithoutStampsRunAtTheirRate)
+TEST(PictureTimes, AtAConstantRateEveryPictureHasItsOwnTime)
 {
-    EXPECT_NEAR(Opened("h264_raw.h264")->TimeOf(50), 2.0, 0.05);
-    EXPECT_NEAR(Opened("h264_bframes.avi")->TimeOf(50), 2.0, 0.05);
+    for (const Clip& clip : AllClips()) {
+        if (clip.Pictures == 0 || clip.Name.startsWith(QLatin1String("hls/"))
+            || Irregular.contains(clip.Name))
+            continue;
+        SCOPED_TRACE(clip.Name.toStdString());
+        const Opened opened(clip.Name);
+        const double step = 1 / Rates.value(clip.Name, UsualRate);
+        for (int number = 1; number < opened->KnownFrames(); ++number)
+            EXPECT_NEAR(opened->TimeOf(number) - opened->TimeOf(number - 1), step, CoarsestTick) << number;
+    }
+}
+
+TEST(PictureTimes, WithoutStampsTheFirstPictureStandsAtTheStart)
+{
+    for (const char* clip :
+        { "h264_raw.h264", "h264_bframes.avi", "mpeg4_bf.avi", "mpeg2_closed.m2v", "cc608.mpg" })
+        EXPECT_EQ(Opened(QString::fromLatin1(clip))->TimeOf(0), 0) << clip;
+}
+
+TEST(PictureTimes, ALostPictureLeavesItsTime)
+{
+    const Opened opened("mpeg4_nvop.avi");
+    const std::vector<int> slots = ClipNamed(QStringLiteral("mpeg4_nvop.avi")).Numbers;
+    for (int number = 0; number < opened->KnownFrames(); ++number)
+        EXPECT_NEAR(opened->TimeOf(number), slots[size_t(number)] / UsualRate, CoarsestTick) << number;
+}
+
+TEST(PictureTimes, PackedPicturesHaveTheirOwnTimes)
+{
+    const Opened opened("xvid_packed.avi");
+    for (int number = 2; number < opened->KnownFrames(); ++number)
+        EXPECT_NEAR(opened->TimeOf(number) - opened->TimeOf(number - 1), 1 / UsualRate, CoarsestTick)
+            << number;
 }
 
 TEST(PictureTimes, DroppedPicturesLeaveTheirTime)

@@ -1,4 +1,5 @@
 #include "media/FrameServer.h"
+#include "media/Libav.h"
 #include "tests/clips/Clips.h"
 
 #include <QFile>
@@ -177,9 +178,16 @@ TEST_F(SourceGuards, AServerThatNeverAnswersEndsWithTheDeadline)
     }
 }
 
+TEST_F(SourceGuards, OnlyAnAddressFailsByTheNetwork)
+{
+    EXPECT_EQ(FailureOf(AVERROR(EIO), Source::Kind::Address), Failure::Network);
+    EXPECT_EQ(FailureOf(AVERROR(EIO), Source::Kind::File), Failure::Damaged);
+    EXPECT_EQ(FailureOf(AVERROR(EIO), Source::Kind::Memory), Failure::Damaged);
+}
+
 TEST_F(SourceGuards, EveryFailureHasAText)
 {
-    for (int failure = 1; failure <= int(Failure::Vanished); ++failure)
+    for (int failure = 1; failure <= int(Failure::NoResources); ++failure)
         EXPECT_TRUE(FailureText(Failure(failure)).endsWith(u'.')) << failure;
 }
 

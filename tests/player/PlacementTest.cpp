@@ -1,4 +1,5 @@
 #include "media/player/Placement.h"
+#include "media/player/PaintShot.h"
 
 #include <gtest/gtest.h>
 
@@ -74,6 +75,13 @@ TEST(PlacementTest, NothingIsShownOfNothingOrInNothing)
 {
     EXPECT_TRUE(ShownSize(Looking(ltmmPlay::FitToWindow, { 300, 0 }), { 320, 240 }).isEmpty());
     EXPECT_TRUE(ShownSize(Looking(ltmmPlay::FitToWindow, { 300, 300 }), {}).isEmpty());
+}
+
+TEST(PlacementTest, APictureIsNotMadeAgainForAWidgetWithoutRoom)
+{
+    player::Shot shot;
+    shot.number = 0;
+    EXPECT_FALSE(IsOutdated(shot, player::View {}));
 }
 
 TEST(PlacementTest, AHugePictureDoubledStaysInsideTheMemory)

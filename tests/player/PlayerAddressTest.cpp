@@ -62,6 +62,16 @@ TEST_F(PlayerAddressTest, AVideoOfTheWebIsExactToTheFrame)
     }
 }
 
+TEST_F(PlayerAddressTest, FramesAreCountedWhilePicturesMadeAheadWaitToBeTaken)
+{
+    ASSERT_TRUE(Opens(plain_ + QStringLiteral("/good/fast_240fps.mp4")));
+    player_->SetCurrentFrame(100);
+    EXPECT_FALSE(player_->HasFrameCount()) << "an address is read as far as it is needed";
+    player_->ExpectFrames(0, 10);
+    ASSERT_TRUE(Wait([this] { return player_->IsFrameReady(30); })) << "the shelf is full";
+    EXPECT_EQ(player_->FrameCount(), 240);
+}
+
 TEST_F(PlayerAddressTest, AServerThatGivesOnlyWholeFilesServesAVideoWithItsIndexInFront)
 {
     ASSERT_TRUE(Opens(plain_ + QStringLiteral("/whole/frag.mp4")));

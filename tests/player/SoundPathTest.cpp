@@ -252,6 +252,24 @@ TEST_F(SoundPathTest, ALoopGoesOnInTheSound)
     EXPECT_NEAR(Heard(0.7), 1.2F, 1e-3F);
 }
 
+TEST_F(SoundPathTest, AClockThatIsSetOnInALateLapTakesTheSoundOfItsPlace)
+{
+    constexpr int laps = 40;
+    constexpr double lap = 0.5;
+    sound_.Room(laps * Second);
+    Open();
+    path_->Prepare(2, 1);
+    for (int turn = 1; turn <= laps; ++turn)
+        path_->Expect({ 2 + turn * lap, 2.0 });
+    ASSERT_TRUE(QTest::qWaitFor([this] { return path_->IsReady(); }, 20000));
+    path_->Start(2, 1);
+    ASSERT_TRUE(sound_.WaitForFrames(Second));
+    path_->Start(2 + laps * lap - 0.3, 1); // in the lap before the last turn
+    ASSERT_TRUE(sound_.WaitForFrames(Second));
+    EXPECT_NEAR(Heard(0.1), 2.3F, 1e-3F);
+    EXPECT_NEAR(Heard(0.4), 2.1F, 1e-3F);
+}
+
 TEST_F(SoundPathTest, ClosingInTheMiddleEndsTheThread)
 {
     for (int round = 0; round < 50; ++round) {
@@ -261,6 +279,6 @@ TEST_F(SoundPathTest, ClosingInTheMiddleEndsTheThread)
         if (round % 2 == 0)
             path_->Start(round % 10, 1);
         path_.reset();
+        EXPECT_EQ(sound_.Living(), 0);
     }
-    SUCCEED();
 }

@@ -33,44 +33,37 @@ bool Answers(const QString& socketName)
 
 SoundServer::SoundServer()
 {
-    const QString socket = folder_.filePath(QStringLiteral("sound"));
     const QString pipe = folder_.filePath(QStringLiteral("recording"));
     mkfifo(QFile::encodeName(pipe).constData(), 0600);
-    // The recorder's short latency makes the sink that plays into nothing work in short blocks, too.
-    trouble_ = Start(server_, QStringLiteral("pulseaudio"),
+    trouble_ = StartServer(folder_.filePath(QStringLiteral("sound")));
+    if (!trouble_.isEmpty())
+        return;
+    listener_ = std::thread([this, pipe] { Listen(QFile::encodeName(pipe)); });
+    trouble_ = StartRecorder(pipe);
+}
+
+/// The recorder's short latency makes the sink that plays into nothing work in short blocks, too.
+QString SoundServer::StartServer(const QString& socket)
+{
+    const QString trouble = Start(server_, QStringLiteral("pulseaudio"),
         { QStringLiteral("--daemonize=no"), QStringLiteral("--exit-idle-time=-1"), QStringLiteral("-n"),
             QStringLiteral("--use-pid-file=no"), QStringLiteral("--disable-shm=yes"), QStringLiteral("-L"),
             QStringLiteral("module-null-sink sink_name=nothing rate=48000"), QStringLiteral("-L"),
             QStringLiteral("module-native-protocol-unix auth-anonymous=1 socket=") + socket });
-    if (!trouble_.isEmpty())
-        return;
-    if (!QTest::qWaitFor([&] { return Answers(socket); }, Patience)) {
-        trouble_ = QStringLiteral("the sound server does not answer: ")
+    if (!trouble.isEmpty())
+        return trouble;
+    if (!QTest::qWaitFor([&] { return Answers(socket); }, Patience))
+        return QStringLiteral("the sound server does not answer: ")
             + QString::fromUtf8(server_.readAllStandardError());
-        return;
-    }
     qputenv("PULSE_SERVER", "unix:" + QFile::encodeName(socket));
     qputenv("PULSE_COOKIE", QFile::encodeName(folder_.filePath(QStringLiteral("cookie"))));
+    return {};
+}
+
+QString SoundServer::StartRecorder(const QString& pipe)
+{
     recorder_.setStandardOutputFile(pipe);
-    listener_ = std::thread([this, pipe] {
-        const int line = open(QFile::encodeName(pipe).constData(), O_RDONLY | O_CLOEXEC);
-        std::vector<float> block(Rate);
-        for (;;) {
-            const ssize_t size = read(line, block.data(), block.size() * sizeof(float));
-            if (size <= 0)
-                break;
-            const std::chrono::duration<double> now = Clock::now().time_since_epoch();
-            const std::lock_guard lock(mutex_);
-            heard_.insert(heard_.end(), block.begin(), block.begin() + size / ssize_t(sizeof(float)));
-            const auto begin = now - std::chrono::duration<double>(double(heard_.size()) / Rate);
-            const std::size_t second = heard_.size() / Rate;
-            if (begins_.size() <= second)
-                begins_.resize(second + 1, begin);
-            begins_[second] = std::min(begins_[second], begin);
-        }
-        close(line);
-    });
-    trouble_ = Start(recorder_, QStringLiteral("parec"),
+    const QString trouble = Start(recorder_, QStringLiteral("parec"),
         { QStringLiteral("--device=nothing.monitor"), QStringLiteral("--format=float32le"),
             QStringLiteral("--rate=48000"), QStringLiteral("--channels=1"),
             QStringLiteral("--latency-msec=5"), QStringLiteral("--process-time-msec=5"),
@@ -79,9 +72,29 @@ SoundServer::SoundServer()
         const std::lock_guard lock(mutex_);
         return !begins_.empty();
     };
-    if (trouble_.isEmpty() && !QTest::qWaitFor(records, Patience))
-        trouble_ =
-            QStringLiteral("nothing can be recorded: ") + QString::fromUtf8(recorder_.readAllStandardError());
+    if (!trouble.isEmpty() || QTest::qWaitFor(records, Patience))
+        return trouble;
+    return QStringLiteral("nothing can be recorded: ") + QString::fromUtf8(recorder_.readAllStandardError());
+}
+
+void SoundServer::Listen(const QByteArray& pipe)
+{
+    const int line = open(pipe.constData(), O_RDONLY | O_CLOEXEC);
+    std::vector<float> block(Rate);
+    for (;;) {
+        const ssize_t size = read(line, block.data(), block.size() * sizeof(float));
+        if (size <= 0)
+            break;
+        const std::chrono::duration<double> now = Clock::now().time_since_epoch();
+        const std::lock_guard lock(mutex_);
+        heard_.insert(heard_.end(), block.begin(), block.begin() + size / ssize_t(sizeof(float)));
+        const auto begin = now - std::chrono::duration<double>(double(heard_.size()) / Rate);
+        const std::size_t second = heard_.size() / Rate;
+        if (begins_.size() <= second)
+            begins_.resize(second + 1, begin);
+        begins_[second] = std::min(begins_[second], begin);
+    }
+    close(line);
 }
 
 SoundServer::~SoundServer()

@@ -29,8 +29,12 @@ public:
     void Kill();
 
 private:
+    /// These tell what went wrong, nothing when all is well.
+    QString StartServer(const QString& socket);
+    QString StartRecorder(const QString& pipe);
     QString Start(QProcess& process, const QString& program, const QStringList& arguments) const;
-    void Listen();
+    /// To the recorder, until it ends.
+    void Listen(const QByteArray& pipe);
     std::chrono::duration<double> BeginAround(std::size_t second) const;
 
     QTemporaryDir folder_;
