@@ -71,6 +71,24 @@ TEST(PacketIndex, AReadThatWasBrokenOffIsTakenUpAgain)
     }
 }
 
+TEST(PacketIndex, HoweverOftenItIsBrokenOffItIsTheSame)
+{
+    for (const char* clip : { "xvid_packed.avi", "mpeg4_nvop.avi", "cut_head.ts", "lost_packets.mkv" }) {
+        SCOPED_TRACE(clip);
+        Interrupt interrupt;
+        PacketIndex index(FileOf(clip), interrupt, Room);
+        for (auto patience = std::chrono::microseconds(50); !index.IsComplete(); patience += patience / 5) {
+            interrupt.SetDeadline(Interrupt::Clock::now() + patience);
+            try {
+                while (index.Extend()) { }
+            } catch (const MediaError& error) {
+                ASSERT_EQ(error.failure, Failure::TimedOut);
+            }
+        }
+        EXPECT_EQ(OrdinalsOf(index), WholeIndex(clip));
+    }
+}
+
 TEST(PacketIndex, NothingIsDecodedForACleanFile)
 {
     Interrupt interrupt;

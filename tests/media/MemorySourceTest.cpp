@@ -1,6 +1,6 @@
 #include "tests/media/Opened.h"
+#include "tests/testing/Files.h"
 
-#include <QFile>
 #include <gtest/gtest.h>
 
 namespace media {
@@ -9,8 +9,7 @@ namespace {
 
 QByteArray BytesOf(const QString& clip)
 {
-    QFile file(ClipPath(clip));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return FileBytes(ClipPath(clip));
 }
 
 } // namespace

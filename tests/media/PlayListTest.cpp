@@ -1,7 +1,7 @@
 #include "media/PlayList.h"
 #include "media/Failure.h"
+#include "tests/testing/Files.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -13,10 +13,9 @@ class PlayLists : public testing::Test {
 protected:
     QByteArray Written(const QByteArray& text, const char* name = "list.asx") const
     {
-        QFile file(folder_.filePath(QLatin1String(name)));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        return file.fileName().toUtf8();
+        const QString path = folder_.filePath(QLatin1String(name));
+        EXPECT_TRUE(MakeFile(path, text));
+        return path.toUtf8();
     }
     static Source File(const QByteArray& path) { return { Source::Kind::File, path }; }
     static std::optional<Failure> FailureOf(const Source& source)

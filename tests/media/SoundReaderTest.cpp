@@ -2,6 +2,7 @@
 
 #include "media/FrameServer.h"
 #include "tests/clips/Clips.h"
+#include "tests/testing/Files.h"
 
 #include <QFile>
 #include <cmath>
@@ -98,9 +99,8 @@ TEST_F(SoundReaderTest, ABeepIsAtItsTimeFromWhereverItIsReached)
 
 TEST_F(SoundReaderTest, TheSameFromMemory)
 {
-    QFile file(ClipPath(QStringLiteral("h264_closed.mp4")));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const auto reader = media::SoundReader::Open({ media::Source::Kind::Memory, file.readAll() }, interrupt_);
+    const QByteArray block = FileBytes(ClipPath(QStringLiteral("h264_closed.mp4")));
+    const auto reader = media::SoundReader::Open({ media::Source::Kind::Memory, block }, interrupt_);
     reader->Seek(3);
     EXPECT_NEAR(ExtentOf(*reader).end, 4, 0.1);
 }

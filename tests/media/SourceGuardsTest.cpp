@@ -1,12 +1,11 @@
 #include "media/FrameServer.h"
 #include "media/Libav.h"
 #include "tests/clips/Clips.h"
+#include "tests/testing/Files.h"
+#include "tests/testing/SilentServer.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -38,9 +37,7 @@ std::optional<Failure> FailureOfClip(const char* name)
 
 QByteArray ContentOf(const char* clip)
 {
-    QFile file(ClipPath(QString::fromUtf8(clip)));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
+    return FileBytes(ClipPath(QString::fromUtf8(clip)));
 }
 
 class SourceGuards : public testing::Test {
@@ -48,39 +45,12 @@ protected:
     QByteArray Path(const QByteArray& name) const { return folder_.path().toUtf8() + '/' + name; }
     QByteArray Written(const QByteArray& name, const QByteArray& content) const
     {
-        QFile file(QString::fromUtf8(Path(name)));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        EXPECT_TRUE(MakeFile(QString::fromUtf8(Path(name)), content));
         return Path(name);
     }
 
 private:
     QTemporaryDir folder_;
-};
-
-/// Takes connections and never says a word.
-class SilentServer {
-public:
-    SilentServer()
-        : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
-    {
-        sockaddr_in address {};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t size = sizeof address;
-        EXPECT_EQ(bind(socket_, reinterpret_cast<sockaddr*>(&address), size), 0);
-        EXPECT_EQ(listen(socket_, 4), 0);
-        getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size);
-        port_ = ntohs(address.sin_port);
-    }
-    ~SilentServer() { close(socket_); }
-    SilentServer(const SilentServer&) = delete;
-    SilentServer& operator=(const SilentServer&) = delete;
-    QByteArray Address() const { return "http://127.0.0.1:" + QByteArray::number(port_) + "/film.mp4"; }
-
-private:
-    int socket_;
-    int port_ = 0;
 };
 
 } // namespace
@@ -171,7 +141,7 @@ TEST_F(SourceGuards, AServerThatNeverAnswersEndsWithTheDeadline)
     Interrupt interrupt;
     interrupt.SetDeadline(Interrupt::Clock::now() + std::chrono::milliseconds(200));
     try {
-        FrameServer::Open({ Source::Kind::Address, server.Address() }, interrupt);
+        FrameServer::Open({ Source::Kind::Address, server.Address().toUtf8() }, interrupt);
         FAIL() << "opened";
     } catch (const MediaError& error) {
         EXPECT_EQ(error.failure, Failure::TimedOut);

@@ -1,4 +1,5 @@
 #include "tests/player/PlayerFixture.h"
+#include "tests/testing/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,10 +13,8 @@ protected:
     QString Path(const char* name) const { return folder_.filePath(QString::fromUtf8(name)); }
     QString Written(const char* name, const QByteArray& content) const
     {
-        QFile file(Path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        EXPECT_EQ(file.write(content), content.size());
-        return file.fileName();
+        EXPECT_TRUE(MakeFile(Path(name), content));
+        return Path(name);
     }
     QString Copied(const char* clip) const
     {
@@ -114,9 +113,8 @@ TEST_F(PlayerFaultTest, EveryFailureOfAStormIsTold)
 
 TEST_F(PlayerFaultTest, AFileCutInTheMiddlePlaysWhatIsThere)
 {
-    QFile whole(ClipPath(QStringLiteral("h264_opengop.ts")));
-    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
-    player_->SetSourceFile(Written("cut.ts", whole.read(whole.size() / 2)));
+    const QByteArray whole = FileBytes(ClipPath(QStringLiteral("h264_opengop.ts")));
+    player_->SetSourceFile(Written("cut.ts", whole.first(whole.size() / 2)));
     EXPECT_EQ(Seen(), 0);
     player_->SetRate(5);
     player_->Run();

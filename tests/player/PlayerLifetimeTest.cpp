@@ -1,8 +1,8 @@
 #include "tests/player/PlayerFixture.h"
-#include "tests/player/SilentServer.h"
+#include "tests/testing/Files.h"
+#include "tests/testing/SilentServer.h"
 
 #include <QDir>
-#include <QFile>
 
 namespace {
 
@@ -125,9 +125,7 @@ class PlayerOnASilentLineTest : public PlayerLifetimeTest {
 protected:
     void SetUp() override
     {
-        QFile file(ClipPath(QStringLiteral("frag.mp4")));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        const QByteArray film = file.readAll();
+        const QByteArray film = FileBytes(ClipPath(QStringLiteral("frag.mp4")));
         server_ = std::make_unique<SilentServer>(film, film.size() * 3 / 4);
         player_->SetSourceFile(server_->Address());
         ASSERT_EQ(player_->SourceKind(), ltmmPlay::FileSource);

@@ -1,6 +1,5 @@
 #include "tests/player/PlayerFixture.h"
-
-#include <QFile>
+#include "tests/testing/Files.h"
 
 class PlayerLoadTest : public PlayerFixture { };
 
@@ -62,9 +61,7 @@ TEST_F(PlayerLoadTest, TheNextVideoReplacesTheOneBefore)
 
 TEST_F(PlayerLoadTest, ABlockOfMemoryIsPlayedLikeAFile)
 {
-    QFile file(ClipPath(QStringLiteral("h264_closed.mp4")));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray block = file.readAll();
+    const QByteArray block = FileBytes(ClipPath(QStringLiteral("h264_closed.mp4")));
     player_->SetSourceMemory(block);
     EXPECT_EQ(player_->SourceKind(), ltmmPlay::MemorySource);
     EXPECT_EQ(player_->SourceMemory(), block);

@@ -97,6 +97,14 @@ TEST_F(PlayerSeekTest, StartAndEndAreTheFirstAndTheLastFrame)
     EXPECT_EQ(Reported().back(), 0);
 }
 
+TEST_F(PlayerSeekTest, ArrivingTellsThePlaceThatWasAskedForAndNoOther)
+{
+    progress_.clear();
+    player_->SeekEnd();
+    player_->SetTrackingPosition(5017);
+    EXPECT_EQ(Reported(), std::vector({ 10000, 5017 }));
+}
+
 TEST_F(PlayerSeekTest, ThePlaceOnTheScaleIsWhatWasPutThere)
 {
     player_->SetTrackingPosition(5000);

@@ -5,10 +5,13 @@
 #include <thread>
 
 /// A web server that sends the head of a file, as much as it is told, and then holds the line without a word.
+/// Told nothing it takes connections and never answers.
 class SilentServer {
 public:
-    SilentServer(const QByteArray& file, qsizetype spoken);
+    explicit SilentServer(const QByteArray& file = {}, qsizetype spoken = 0);
     ~SilentServer();
+    SilentServer(const SilentServer&) = delete;
+    SilentServer& operator=(const SilentServer&) = delete;
     QString Address() const;
 
 private:

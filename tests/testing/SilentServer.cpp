@@ -1,4 +1,4 @@
-#include "tests/player/SilentServer.h"
+#include "tests/testing/SilentServer.h"
 
 #include <arpa/inet.h>
 #include <sys/socket.h>
@@ -47,7 +47,7 @@ void SilentServer::Serve()
 void SilentServer::Answer(int line) const
 {
     char request[4096];
-    if (recv(line, request, sizeof request, 0) <= 0)
+    if (recv(line, request, sizeof request, 0) <= 0 || spoken_ == 0)
         return;
     const QByteArray reply = "HTTP/1.1 200 OK\r\nContent-Type: video/mp4\r\nContent-Length: "
         + QByteArray::number(file_.size()) + "\r\n\r\n" + file_.first(spoken_);
