@@ -171,4 +171,5 @@ void Main::BuildFoot(QVBoxLayout* column)
     }
     column->addWidget(foot);
     Image2 = new SizeGrip(*drag_, this);
+    Image2->setObjectName(QStringLiteral("Image2"));
 }

@@ -158,7 +158,14 @@ void FrameRun::Refuse(const QString& path)
     if (IsLastVideo())
         return Finish();
     stage_ = Stage::Playing;
-    parts_.frame.EnableCommand(Command::Capture, !State().NoCap); // as the user was just advised
+    EnableCapturing(true); // as the user was just advised
+}
+
+/// By hand, while a video plays that cannot be stepped through: with the one of the two commands that is in
+/// use.
+void FrameRun::EnableCapturing(bool enabled)
+{
+    parts_.frame.EnableCommand(State().NoCap ? Command::Save : Command::Capture, enabled);
 }
 
 void FrameRun::VideoEnded()
@@ -166,7 +173,7 @@ void FrameRun::VideoEnded()
     if (stage_ != Stage::Playing)
         return;
     stage_ = Stage::Idle;
-    parts_.frame.EnableCommand(Command::Capture, false);
+    EnableCapturing(false);
     NextVideo();
 }
 

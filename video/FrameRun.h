@@ -33,6 +33,7 @@ private:
     void Step();
     void TakeNext();
     void Continue();
+    void EnableCapturing(bool enabled);
     void Written(const QString& path);
     /// Nothing more is taken of this video; it ends with its last picture on the disk.
     void Drain();

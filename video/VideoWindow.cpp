@@ -218,8 +218,8 @@ void VideoWindow::ShowRunOver()
     transport_.ObeyLoop();
     transport_.EnableVideoControls(hasVideo, *ltmmPlay1);
     frame_.SetEnabled(hasVideo);
-    if (frame_.State().NoCap)
-        frame_.EnableCommand(Command::Capture, false);
+    if (hasVideo && frame_.State().NoCap)
+        SwapCaptureCommands();
 }
 
 void VideoWindow::StopCapture()
@@ -388,6 +388,7 @@ void VideoWindow::CloseClicked()
     state.VideoCount = 0;
     Closing = true;
     StopCapture();
+    writer_.Restart();
     const QPointer<VideoWindow> alive(this);
     frame_.PumpEvents();
     if (!alive || isGone_)

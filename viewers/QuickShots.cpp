@@ -174,6 +174,8 @@ bool QuickShots::SaveEach()
 
 void QuickShots::AllThumbWatermark()
 {
+    if (!frame_.State().UseWatermark)
+        return;
     Lead lead;
     lead.SetBitmap(picInner_->Bitmap(ThumbIndex));
     PrintUserText(lead, frame_.State());

@@ -87,6 +87,8 @@ void PlayerControl::Open(const media::Source& source)
         Drop();
         return Tell(media::Failure::NoResources);
     }
+    if (session_->Known().isLive)
+        SetRate(1); // that of the video before may be another
     natural_ = session_->Known().size;
     TakeOwnSize();
     Q_EMIT SelectionChanged(0, TrackingScale::Max);

@@ -99,7 +99,9 @@ TEST_F(PlayerAddressTest, ALineThatFallsSilentShowsWhatCame)
 
 TEST_F(PlayerAddressTest, AVideoWithoutAToldEndPlaysAtItsOwnRateOnly)
 {
+    player_->SetRate(2); // of the video before
     ASSERT_TRUE(Opens(plain_ + QStringLiteral("/live/h264_opengop.ts")));
+    EXPECT_EQ(player_->Rate(), 1);
     EXPECT_TRUE(player_->IsRateSupported(1));
     EXPECT_FALSE(player_->IsRateSupported(2));
     ASSERT_TRUE(Opens(plain_ + QStringLiteral("/good/h264_opengop.ts")));

@@ -123,13 +123,18 @@ TEST_F(FrameRunTest, TheCaptureButtonThatTheRefusalAdvisesWorksWhileTheWmvPlays)
     EXPECT_FALSE(frame.enabled.value(Command::Capture));
 }
 
-TEST_F(FrameRunTest, ItStaysDisabledWhereCapturesAreSavedAtOnce)
+TEST_F(FrameRunTest, WhereCapturesAreSavedAtOnceItIsTheSaveButton)
 {
     frame.errors.Expect(QLatin1String(RefusalTitle), QLatin1String(RefusalText));
     state.NoCap = true;
     RunByFrames({ Wmv, C }, 10);
     ASSERT_TRUE(Await([&] { return player->state == ltmmPlay::Running; }));
     EXPECT_FALSE(frame.enabled.value(Command::Capture));
+    EXPECT_TRUE(frame.enabled.value(Command::Save));
+    Progress(10000);
+    ASSERT_TRUE(AwaitOver());
+    EXPECT_FALSE(frame.enabled.value(Command::Capture));
+    EXPECT_TRUE(frame.enabled.value(Command::Save)) << "the run is over and the video the user's";
 }
 
 TEST_F(FrameRunTest, AWmvAtTheEndIsLeftPlaying)

@@ -261,11 +261,15 @@ TEST_F(VideoWindowTest, WithoutATrackingScaleTheLabelsStay)
 
 TEST_F(VideoWindowTest, APlayerErrorIsToldWithItsCodeAndThenTheHint)
 {
-    frame.errors.Expect(QStringLiteral("Error Abort"),
-        QStringLiteral(
-            "Abort, Error Playing.     Error Code: Reason 5.  Or file is not complete, or it is corrupt"));
-    Q_EMIT Player().PlayerError(5);
-    EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("Abort"));
+    for (const int code : { 5, 77 }) {
+        frame.errors.Expect(QStringLiteral("Error Abort"),
+            QStringLiteral(
+                "Abort, Error Playing.     Error Code: Reason %1.  Or file is not complete, or it is "
+                "corrupt")
+                .arg(code));
+        Q_EMIT Player().PlayerError(code);
+        EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("Abort"));
+    }
 }
 
 TEST_F(VideoWindowTest, SilencedErrorsPassWithoutAWord)
