@@ -338,8 +338,9 @@ void Lead::paintEvent(QPaintEvent* event)
         return;
     painter.setClipRect(clip);
     const Mapping shown = whole.Within(clip, bitmap_.rect());
+    ShrunkPicture passing;
     if (!shown.from.isEmpty())
-        Draw(painter, onScreen_.isNull() ? bitmap_ : onScreen_, shown, shrunk_);
+        Draw(painter, onScreen_.isNull() ? bitmap_ : onScreen_, shown, shrunk_ ? *shrunk_ : passing);
 }
 
 void Lead::resizeEvent(QResizeEvent*)

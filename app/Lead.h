@@ -8,6 +8,8 @@
 #include <QImage>
 #include <QWidget>
 
+#include <optional>
+
 class Clipboard;
 class QScrollBar;
 namespace imaging {
@@ -108,6 +110,9 @@ public:
     /// Whether the ground around the picture is painted, at first true.
     void SetBackErase(bool on);
     void ForceRepaint() { repaint(); }
+    /// Keeps the picture also at the size at which it is shown smaller than it is: painted sooner, for memory
+    /// that only the few windows of editing are worth.
+    void KeepShrunk() { shrunk_.emplace(); }
 
     /// Size of the current region in pixels of the picture: the whole picture.
     int RgnWidth() const { return BitmapWidth(); }
@@ -162,7 +167,7 @@ private:
 
     QImage bitmap_;
     QImage onScreen_; ///< what is shown instead of the picture, null when nothing is
-    ShrunkPicture shrunk_;
+    std::optional<ShrunkPicture> shrunk_; ///< of a picture that is kept as it is shown
     int replacements_ = 0; ///< of the picture, so far
     imaging::PictureView view_;
     int scaleMode_ = ScalePixels;

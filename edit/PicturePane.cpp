@@ -8,6 +8,7 @@ PicturePane::PicturePane(
     , small_(small)
     , lead_(new Lead(this))
 {
+    lead_->KeepShrunk();
     lead_->setObjectName(objectName);
     lead_->setAccessibleName(accessibleName);
     lead_->SetAutoScroll(false);
