@@ -4,7 +4,7 @@
 #include "imaging/PictureFile.h"
 #include "imaging/PictureHeader.h"
 #include "imaging/PictureLimits.h"
-#include "imaging/reader/Answer.h"
+#include "imaging/ReaderAnswer.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

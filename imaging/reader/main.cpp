@@ -2,7 +2,7 @@
 // hostile picture that gets the better of a decoder finds nothing here: no files, no network, no other
 // picture.
 #include "imaging/PictureFile.h"
-#include "imaging/reader/Answer.h"
+#include "imaging/ReaderAnswer.h"
 #include "imaging/reader/Confinement.h"
 
 #include <algorithm>
