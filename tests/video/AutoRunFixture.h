@@ -2,6 +2,7 @@
 
 #include "imaging/PictureFile.h"
 #include "tests/testing/Files.h"
+#include "tests/testing/SmallDisk.h"
 #include "tests/video/VideoWindowFixture.h"
 
 #include <QFileInfo>
@@ -100,6 +101,12 @@ protected:
     {
         return PictureFolder() + QStringLiteral("/auto%1").arg(number) + QLatin1String(extension);
     }
+    /// The run's pictures go to this disk from now on.
+    void WriteTo(const SmallDisk& disk) const
+    {
+        QDir(PictureFolder()).removeRecursively();
+        ASSERT_TRUE(QFile::link(disk.Path(), PictureFolder()));
+    }
     /// Which frame each picture shows, from auto1.bmp to the first name that is missing.
     std::vector<int> FramesWritten() const
     {
@@ -117,6 +124,16 @@ protected:
     void Press(const char* button)
     {
         QTest::mouseClick(window->findChild<QWidget*>(QLatin1String(button)), Qt::LeftButton);
+    }
+    void ExpectTheCloseButtonToLeaveTheRun()
+    {
+        Press("Cmds(0)");
+        EXPECT_EQ(state.VideoCount, 0);
+        EXPECT_FALSE(frame.statusShown.value(StatusLabel::AutoCapture));
+        EXPECT_FALSE(frame.enabled.value(Command::Capture)) << "there is no video";
+        frame.own = &spare;
+        ASSERT_TRUE(Await([&] { return window.isNull(); }));
+        EXPECT_TRUE(AreAllWhole());
     }
     int FilesWritten() const { return int(FilesIn(PictureFolder()).size()); }
     void Progress(int position) { Q_EMIT player->PlaybackProgress(position); }
