@@ -6,6 +6,7 @@
 #include "media/player/PlayerControl.h"
 #include "tests/clips/BarCode.h"
 #include "tests/clips/Clips.h"
+#include "tests/testing/Await.h"
 #include "tests/testing/FakeClipboard.h"
 #include "tests/testing/FakeDocuments.h"
 #include "tests/testing/Files.h"
@@ -21,7 +22,7 @@ namespace {
 
 class AutomaticCapture : public testing::Test {
 protected:
-    static constexpr int Patience = 60'000;
+    static constexpr std::chrono::seconds Patience { 60 };
 
     QTemporaryDir folder;
     ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")) };
@@ -78,11 +79,11 @@ protected:
     }
     bool AwaitPictures(int count) const
     {
-        return QTest::qWaitFor([&] { return int(NumbersWritten().size()) >= count; }, Patience);
+        return Await([&] { return int(NumbersWritten().size()) >= count; }, Patience);
     }
     bool AwaitOver()
     {
-        return QTest::qWaitFor([this] { return main->IsCommandEnabled(Command::Capture); }, Patience);
+        return Await([this] { return main->IsCommandEnabled(Command::Capture); }, Patience);
     }
     QDir Pictures() const { return QDir(state.Beside(QStringLiteral("AutoFrame"))); }
     void ClearPictures()
@@ -170,13 +171,13 @@ TEST_F(AutomaticCapture, AWmvInTheListIsRefusedAndPlaysToItsEndAndTheRunGoesOn)
     RunByFrames({ Linked(QStringLiteral("mpeg4_bf.avi"), 1), Linked(QStringLiteral("wmv2.wmv"), 2, ".wmv"),
                     Linked(QStringLiteral("mpeg4_bf.avi"), 3) },
         50);
-    ASSERT_TRUE(QTest::qWaitFor(
+    ASSERT_TRUE(Await(
         [this] {
             return state.VideoExt == QLatin1String(".wmv") && main->IsCommandEnabled(Command::Capture);
         },
         Patience));
     EXPECT_EQ(NumbersWritten(), (std::vector<int> { 0, 50 })) << "nothing of the one that plays";
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !main->IsCommandEnabled(Command::Capture); }, Patience));
+    ASSERT_TRUE(Await([this] { return !main->IsCommandEnabled(Command::Capture); }, Patience));
     ASSERT_TRUE(AwaitOver());
     EXPECT_EQ(NumbersWritten(), (std::vector<int> { 0, 50, 50 }));
 }
@@ -227,7 +228,7 @@ TEST_F(AutomaticCapture, ABrokenVideoAndATextFileAreLeftOutOfTheRun)
 TEST_F(AutomaticCapture, TheFrameClosedInTheMiddleLeavesWholePicturesOnly)
 {
     RunByFrames({ Linked(QStringLiteral("mpeg4_bf.avi")) }, 1);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return Pictures().count() > 10; }, Patience));
+    ASSERT_TRUE(Await([this] { return Pictures().count() > 10; }, Patience));
     main.reset();
     for (const QString& name : FilesIn(Pictures().path()))
         EXPECT_GE(NumberIn(QImage(Pictures().filePath(name))), 0) << name.toStdString();
