@@ -30,7 +30,11 @@ public:
     /// otherwise. Forms standing inside the form keep theirs.
     void ApplyToolTips(QWidget& form) const;
 
-    /// Reads a key into its variable, which keeps its value when the text cannot be converted.
+    /// The text stored under a key, or the default that reader gives for it.
+    QString TextOf(Key key, Reader reader = Reader::StartUp);
+    /// Gives a key's variable the value of a text; it keeps its value when the text cannot be converted.
+    void SetText(Key key, const QString& text);
+    /// Both: reads a key into its variable.
     void Reload(Key key, Reader reader = Reader::StartUp);
     /// Writes the value of a key's variable; true when it stands on the disk.
     bool Store(Key key);
