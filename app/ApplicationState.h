@@ -91,6 +91,7 @@ public:
     qint16 CaptureWindowCount = 0; ///< capture windows ever opened; numbers them
     std::deque<Dib> StillsTaken; ///< by captures that are not handed over yet; the first is being handed over
     QImage SelectedBitmap; ///< the thumbnail last clicked, null when none
+    bool PrintCall = false; ///< the next page that is drawn is printed, not shown
     bool UseSelectedBitmap = false; ///< the next capture window takes SelectedBitmap
 
     // Variables that mirror a settings key, with the key's name.

@@ -11,6 +11,7 @@ class Clipboard;
 class ErrorBox;
 class FileDialogs;
 class Lead;
+class Printers;
 class QWidget;
 class ltmmPlay;
 
@@ -51,6 +52,7 @@ public:
 
     virtual ApplicationState& State() = 0;
     virtual Clipboard& SystemClipboard() = 0;
+    virtual Printers& SystemPrinters() = 0;
     virtual FileDialogs& Dialogs() = 0;
     virtual ErrorBox& Errors() = 0;
 

@@ -39,6 +39,7 @@ struct FrameParts {
     FileDialogs& dialogs;
     ErrorBox& errors;
     Documents& documents;
+    Printers& printers;
     PlayerFactory makePlayer;
 };
 
@@ -53,6 +54,7 @@ public:
 
     ApplicationState& State() override { return state_; }
     Clipboard& SystemClipboard() override { return clipboard_; }
+    Printers& SystemPrinters() override { return printers_; }
     FileDialogs& Dialogs() override { return dialogs_; }
     ErrorBox& Errors() override { return errors_; }
     QWidget* FrameWindow() override { return this; }
@@ -155,6 +157,7 @@ private:
     FileDialogs& dialogs_;
     ErrorBox& errors_;
     Documents& documents_;
+    Printers& printers_;
     PlayerFactory makePlayer_;
     KidTable kids_;
 

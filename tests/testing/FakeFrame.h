@@ -34,6 +34,7 @@ public:
 
     ApplicationState& State() override { return state; }
     Clipboard& SystemClipboard() override { return clipboard; }
+    Printers& SystemPrinters() override { return printers; }
     FileDialogs& Dialogs() override { return dialogs; }
     ErrorBox& Errors() override { return errors; }
     QWidget* FrameWindow() override { return &window; }
