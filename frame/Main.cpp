@@ -155,8 +155,9 @@ void Main::RunCommand(Command command)
         return Download();
     case Command::Cancel:
         return CancelDownload();
-    case Command::Print:
     case Command::Options:
+        return OpenOptions();
+    case Command::Print:
     case Command::Count:
         return;
     }
@@ -209,10 +210,10 @@ void Main::OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems
 void Main::ShowPopup()
 {
     const QStringList items { QStringLiteral("  Video List"), QStringLiteral("  View Full Screen"),
-        QStringLiteral("  Close All Windows"), QStringLiteral("  About") };
+        QStringLiteral("  Close All Windows"), QStringLiteral("  Control Panel"), QStringLiteral("  About") };
     OpenMenus(PopupOwner::Frame, items, 0, *Image3, [this](int item) {
         constexpr std::array Actions { &Main::ShowVideoListIfVideo, &Main::mnuFullScreen_Click,
-            &Main::CloseAllWindows, &Main::ShowAbout };
+            &Main::CloseAllWindows, &Main::ShowPower, &Main::ShowAbout };
         (this->*Actions[size_t(item)])();
     });
 }

@@ -4,6 +4,7 @@
 #include "frame/Background.h"
 #include "frame/KidTable.h"
 #include "frame/Menus.h"
+#include "print/cSetDfltPrinter.h"
 #include "video/VideoWindow.h"
 
 #include <QPointer>
@@ -11,6 +12,7 @@
 #include <QWidget>
 
 #include <array>
+#include <optional>
 
 class ChildForm;
 class DigitLabel;
@@ -18,6 +20,7 @@ class Documents;
 class EmptyState;
 class FrameDrag;
 class HelpWindow;
+class Power;
 class QuickShots;
 class QLabel;
 class QMdiArea;
@@ -80,6 +83,7 @@ public:
     void ShowFront(bool visible) override;
     void OpenTools() override;
     void OpenVisual() override;
+    QImage PicSource() override;
     void OpenHelp() override;
     void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget& button,
         std::function<void(int)> chosen) override;
@@ -146,6 +150,9 @@ private:
     /// Unloads every form whose name differs.
     void CloseAllFormsExcept(const QString& name);
     void UnloadForms();
+    /// Opens the options, modally.
+    void OpenOptions();
+    void ShowPower();
     void ShowPopup();
     void ShowAbout();
     void ToggleMaximized();
@@ -181,6 +188,8 @@ private:
     QPointer<VideoList> videoList_;
     QPointer<QuickShots> quickShots_;
     QPointer<Visual> visual_;
+    QPointer<Power> power_;
+    std::optional<cSetDfltPrinter> defaultPrinter_; ///< from the first opening of the options on
     bool areToolsUnwanted_ = false; ///< they come up with a capture no more
     QTimer Timer1; ///< the print button follows the capture windows
     QTimer Timer3; ///< the prompt while no video is open

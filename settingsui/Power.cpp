@@ -17,13 +17,13 @@ constexpr int Gap = 4; // the grid
 constexpr int Columns = 2;
 constexpr QPoint FromCorner(24, 64); ///< of the frame's window: below its title and beside its edge
 
-template <bool ApplicationState::*Copy> bool IsOn(const ApplicationState& state)
+template <auto Copy> bool IsOn(const ApplicationState& state)
 {
     return state.*Copy;
 }
 
 /// The copy takes what the box had before the click. Users have learned to live with it: it stays.
-template <bool ApplicationState::*Copy> void Take(ApplicationState& state, int valueBefore)
+template <auto Copy> void Take(ApplicationState& state, int valueBefore)
 {
     state.*Copy = valueBefore != xpcheckbox::Clear;
 }
