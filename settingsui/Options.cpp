@@ -14,6 +14,7 @@
 
 #include <QHBoxLayout>
 #include <QPointer>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -117,6 +118,9 @@ void Options::Build(cSetDfltPrinter& defaultPrinter, AskColor askColor)
     Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
     VideoSoftIndexTab1->setObjectName(QStringLiteral("VideoSoftIndexTab1"));
     VideoSoftIndexTab1->setUsesScrollButtons(false);
+    VideoSoftIndexTab1->setFocusPolicy(Qt::NoFocus); // its row of tabs takes the keys
+    VideoSoftIndexTab1->tabBar()->setFocusPolicy(Qt::TabFocus);
+    VideoSoftIndexTab1->tabBar()->setAccessibleName(QStringLiteral("Pages"));
     AddPage(autoName_ = new AutoNamePage(frame_, fields_));
     AddPage(new VideoPage(fields_));
     AddPage(new WindowPage(fields_));
@@ -133,7 +137,7 @@ void Options::Build(cSetDfltPrinter& defaultPrinter, AskColor askColor)
     column->addWidget(BuildFoot());
     AddBody(body);
     KeepFitting();
-    VideoSoftIndexTab1->setFocus();
+    VideoSoftIndexTab1->tabBar()->setFocus();
 }
 
 void Options::AddPage(QWidget* page)

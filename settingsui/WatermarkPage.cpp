@@ -40,7 +40,7 @@ constexpr NumberRow Top { Key::PositionY, "label13", "HSlider4", "Top", "", "Wat
 
 constexpr ColorNumber ShadowOnColor = 32768;
 constexpr ColorNumber ShadowOffColor = 128;
-constexpr int TextLines = 4;
+constexpr int TextLines = 5;
 constexpr int MiddleGray = 140; // on black or white, letters of this are read equally well
 
 /// A ground on which letters of a colour can be read.
@@ -106,6 +106,7 @@ void WatermarkPage::BuildFont()
     Name(*ColorBox, "ColorBox", "Text color", "The color of the text.");
     ColorBox->setFixedSize(fontMetrics().height() * 2, fontMetrics().height());
     ColorBox->setAutoFillBackground(true);
+    ColorBox->setFrameStyle(int(QFrame::Box) | int(QFrame::Plain));
     row.addWidget(ColorBox);
     FontLabel = new ElidedLabel(this);
     FontLabel->setObjectName(QStringLiteral("FontLabel"));
