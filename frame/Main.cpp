@@ -82,6 +82,8 @@ void Main::Bind()
 
 void Main::StartTimers()
 {
+    Timer1.setObjectName(QStringLiteral("Timer1"));
+    Timer1.setParent(this);
     Timer1.start(32s);
     connect(&Timer1, &QTimer::timeout, this, [this] {
         if (state_.KidCount < 1)
@@ -156,6 +158,7 @@ void Main::RunCommand(Command command)
     case Command::Cancel:
         return CancelDownload();
     case Command::Print:
+        return PrintActiveCapture();
     case Command::Options:
     case Command::Count:
         return;

@@ -140,6 +140,7 @@ private:
     /// Presses a command that opens a box.
     void Ask(Command command);
     void CopyActiveCapture();
+    void PrintActiveCapture();
     void CloseActiveForm();
     void ShowTools();
     void CloseAllWindows();
