@@ -3,7 +3,7 @@
 #include "app/ApplicationState.h"
 #include "app/ErrFrmBox.h"
 #include "app/SystemDialogs.h"
-#include "desktop/NoPrinters.h"
+#include "desktop/CupsPrinters.h"
 #include "desktop/SystemClipboard.h"
 #include "desktop/SystemDocuments.h"
 #include "frame/Main.h"
@@ -29,6 +29,6 @@ private:
     SystemDialogs dialogs_;
     ErrFrmBox errors_;
     SystemDocuments documents_;
-    NoPrinters printers_ { QStringLiteral("No printer is set up.") };
+    CupsPrinters printers_;
     Main main_;
 };

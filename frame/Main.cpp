@@ -82,6 +82,8 @@ void Main::Bind()
 
 void Main::StartTimers()
 {
+    Timer1.setObjectName(QStringLiteral("Timer1"));
+    Timer1.setParent(this);
     Timer1.start(32s);
     connect(&Timer1, &QTimer::timeout, this, [this] {
         if (state_.KidCount < 1)
@@ -120,8 +122,7 @@ void Main::RepaintStatus(StatusLabel label)
 
 void Main::EnableCommand(Command command, bool enabled)
 {
-    if (CommandTable[size_t(command)].isBuilt)
-        Cmds[size_t(command)]->setEnabled(enabled);
+    Cmds[size_t(command)]->setEnabled(enabled);
 }
 
 bool Main::IsCommandEnabled(Command command) const
@@ -155,9 +156,10 @@ void Main::RunCommand(Command command)
         return Download();
     case Command::Cancel:
         return CancelDownload();
+    case Command::Print:
+        return PrintActiveCapture();
     case Command::Options:
         return OpenOptions();
-    case Command::Print:
     case Command::Count:
         return;
     }

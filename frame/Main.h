@@ -144,6 +144,7 @@ private:
     /// Presses a command that opens a box.
     void Ask(Command command);
     void CopyActiveCapture();
+    void PrintActiveCapture();
     void CloseActiveForm();
     void ShowTools();
     void CloseAllWindows();

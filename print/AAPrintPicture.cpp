@@ -126,36 +126,36 @@ void AAPrintPicture::GetPrinterMargin()
     Q_EMIT PrinterMargin(MarginLeft, MarginTop, MarginRight, MarginBottom);
 }
 
-void AAPrintPicture::DrawPreview()
+QImage AAPrintPicture::DrawPreview()
 {
     GetPrinterMargin();
-    QSize page = PageLayout::PageSize(GetPaperWH(), { MarginLeft, MarginTop, MarginRight, MarginBottom });
+    QSize size = PageLayout::PageSize(GetPaperWH(), { MarginLeft, MarginTop, MarginRight, MarginBottom });
     if (!std::exchange(frame_.State().PrintCall, false))
-        page = PageLayout::PreviewSize(page);
-    picPrint_ = WhitePage(page);
-    const QPoint place = PageLayout::PlaceOf(align_, page, picPicture_.size());
-    if (!picPrint_.isNull() && !picPicture_.isNull()) {
-        QPainter painter(&picPrint_);
+        size = PageLayout::PreviewSize(size);
+    const QPoint place = PageLayout::PlaceOf(align_, size, picPicture_.size());
+    QImage picPrint = WhitePage(size);
+    if (!picPrint.isNull() && !picPicture_.isNull()) {
+        QPainter painter(&picPrint);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawImage(stretch_ ? QRect({}, page) : QRect(place, picPicture_.size()), picPicture_);
+        painter.drawImage(stretch_ ? QRect({}, size) : QRect(place, picPicture_.size()), picPicture_);
     }
     frame_.PumpEvents();
+    return picPrint;
 }
 
 QImage AAPrintPicture::GetPreview()
 {
-    DrawPreview();
-    return picPrint_;
+    return DrawPreview();
 }
 
 void AAPrintPicture::PrintPicture()
 {
-    DrawPreview();
-    if (picPrint_.isNull())
-        throw ControlError(QStringLiteral("There is no page that could be printed on this paper."));
+    const QImage page = DrawPreview();
+    if (picPicture_.isNull() || page.isNull())
+        throw ControlError(QStringLiteral("There is nothing that could be printed on this paper."));
     const ApplicationState& state = frame_.State();
     AsControl([&] {
-        frame_.SystemPrinters().Print({ QStringLiteral("TAQ Video Capture Pro"), CurrentPaper(), picPrint_,
+        frame_.SystemPrinters().Print({ QStringLiteral("TAQ Video Capture Pro"), CurrentPaper(), page,
             { MarginLeft, MarginTop }, state.HighQ ? HighQuality : OrdinaryQuality,
             state.BW ? ColorMode::Monochrome : ColorMode::Color });
     });

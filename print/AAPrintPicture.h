@@ -9,7 +9,8 @@
 class Frame;
 
 /// Lays one picture out on a page of the default printer's paper, shows the page and prints it. Setting a
-/// property draws nothing: GetPreview and PrintPicture do.
+/// property draws nothing: GetPreview and PrintPicture do. They let events happen, and the object must
+/// outlive them.
 class AAPrintPicture : public QObject {
     Q_OBJECT
 
@@ -57,7 +58,8 @@ public:
     QSize GetPaperWH() const;
     /// The page as the screen shows it; null when the paper leaves nothing of it.
     QImage GetPreview();
-    /// Prints the page in the quality and colour of the settings. Throws ControlError.
+    /// Prints the page in the quality and colour of the settings. Throws ControlError, also when there is no
+    /// picture.
     void PrintPicture();
 
 Q_SIGNALS:
@@ -68,12 +70,11 @@ Q_SIGNALS:
 private:
     template <typename Value> void Set(Value& property, const Value& value, const char* name);
     Paper CurrentPaper() const;
-    void DrawPreview();
+    QImage DrawPreview();
 
     Frame& frame_;
     qint32 align_ = 4;
     QImage picPicture_;
-    QImage picPrint_;
     bool showBorder_ = true;
     QString defultPrinter_;
     qint32 paperSize_ = 2;
