@@ -1,5 +1,6 @@
 // What the keys beside the buttons do.
 #include "app/ApplicationState.h"
+#include "app/CaptureWindow.h"
 #include "app/ControlError.h"
 #include "app/Lead.h"
 #include "frame/KeyTable.h"

@@ -34,7 +34,7 @@ PrintJob Job()
 
 class CupsPrintersTest : public testing::Test {
 protected:
-    CupsPrinters printers;
+    CupsPrinters printers { {}, 1min };
 
     void Serve(const QList<PrintServer::Queue>& queues)
     {

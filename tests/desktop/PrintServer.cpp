@@ -189,6 +189,11 @@ void PrintServer::Freeze()
     kill(pid_t(server_.processId()), SIGSTOP);
 }
 
+void PrintServer::Thaw()
+{
+    kill(pid_t(server_.processId()), SIGCONT);
+}
+
 void PrintServer::Kill()
 {
     server_.kill();

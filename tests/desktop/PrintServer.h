@@ -45,6 +45,7 @@ public:
 
     /// It stays, and says nothing more.
     void Freeze();
+    void Thaw();
     void Kill();
 
 private:
