@@ -17,7 +17,12 @@ QString Name(const cups_dest_t& destination)
 /// What a job is to be, in the server's own words.
 class JobOptions {
 public:
-    JobOptions() = default;
+    /// Begins with what the user has chosen for all jobs of the printer.
+    explicit JobOptions(const cups_dest_t& destination)
+    {
+        for (int i = 0; i < destination.num_options; ++i)
+            Add(destination.options[i].name, destination.options[i].value);
+    }
     JobOptions(const JobOptions&) = delete;
     JobOptions& operator=(const JobOptions&) = delete;
     ~JobOptions() { cupsFreeOptions(count_, rows_); }
@@ -182,7 +187,7 @@ int CupsServer::Print(const PrintJob& job, const QByteArray& document, const std
 
 int CupsServer::Create(const Queue& queue, const PrintJob& job)
 {
-    JobOptions options;
+    JobOptions options(*queue.destination);
     options.Add(CUPS_MEDIA, MediaName(job.paper));
     options.Add(
         CUPS_PRINT_QUALITY, job.quality >= HighQuality ? CUPS_PRINT_QUALITY_HIGH : CUPS_PRINT_QUALITY_NORMAL);

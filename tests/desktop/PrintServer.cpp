@@ -2,11 +2,13 @@
 
 #include "tests/testing/Files.h"
 
+#include <QFileInfo>
 #include <QTest>
 
 #include <algorithm>
 #include <array>
 #include <cups/cups.h>
+#include <gtest/gtest.h>
 #include <memory>
 #include <signal.h>
 #include <utility>
@@ -144,6 +146,13 @@ QString PrintServer::Start(const QList<Queue>& queues)
         return QStringLiteral("the print server does not answer: ")
             + QString::fromUtf8(server_.readAll() + FileBytes(Path(QStringLiteral("log/error"))));
     return {};
+}
+
+void PrintServer::Choose(const QByteArray& line) const
+{
+    for (const QString& file : { Path(QStringLiteral("client/lpoptions")), // root's
+             Path(QStringLiteral("client/.cups/lpoptions")) }) // anybody else's
+        EXPECT_TRUE(QDir(folder_.path()).mkpath(QFileInfo(file).path()) && MakeFile(file, line + '\n'));
 }
 
 /// Every job's attributes, as the server tells them to whoever asks.
