@@ -2,14 +2,15 @@
 
 #include "tests/testing/Files.h"
 
+#include <QFileInfo>
 #include <QTest>
 
 #include <algorithm>
 #include <array>
 #include <cups/cups.h>
+#include <gtest/gtest.h>
 #include <memory>
 #include <signal.h>
-#include <utility>
 
 namespace {
 
@@ -146,30 +147,47 @@ QString PrintServer::Start(const QList<Queue>& queues)
     return {};
 }
 
-/// Every job's attributes, as the server tells them to whoever asks.
-QList<QMap<QString, QString>> PrintServer::Jobs() const
+void PrintServer::Choose(const QByteArray& line) const
+{
+    for (const QString& file : { Path(QStringLiteral("client/lpoptions")), // root's
+             Path(QStringLiteral("client/.cups/lpoptions")) }) // anybody else's
+        EXPECT_TRUE(QDir(folder_.path()).mkpath(QFileInfo(file).path()) && MakeFile(file, line + '\n'));
+}
+
+QList<PrintServer::Job> PrintServer::Jobs() const
+{
+    QList<Job> jobs = Ask(IPP_OP_GET_JOBS, QStringLiteral("ipp://localhost/"));
+    std::ranges::sort(jobs, {}, [](const Job& job) { return job[QStringLiteral("job-id")].toInt(); });
+    for (Job& job : jobs) // the list tells only half of a job that is done
+        job = Ask(IPP_OP_GET_JOB_ATTRIBUTES, job[QStringLiteral("job-uri")]).value(0);
+    return jobs;
+}
+
+/// What the server tells of jobs, about a printer or one of them.
+QList<PrintServer::Job> PrintServer::Ask(int operation, const QString& about) const
 {
     const auto line = Connect(Path(QStringLiteral("state/socket")).toUtf8());
-    ipp_t* request = ippNewRequest(IPP_OP_GET_JOBS);
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, "ipp://localhost/");
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "which-jobs", nullptr, "all");
+    const bool isList = operation == IPP_OP_GET_JOBS;
+    ipp_t* request = ippNewRequest(ipp_op_t(operation));
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, isList ? "printer-uri" : "job-uri", nullptr,
+        about.toUtf8().constData());
+    if (isList)
+        ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "which-jobs", nullptr, "all");
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr, "all");
     const Answer answer(cupsDoRequest(line.get(), request, "/"));
-    QList<QMap<QString, QString>> jobs;
+    QList<Job> jobs;
     bool isWithin = false;
     for (ipp_attribute_t* row = ippFirstAttribute(answer.get()); row; row = ippNextAttribute(answer.get())) {
         const bool isOfJob = ippGetGroupTag(row) == IPP_TAG_JOB && ippGetName(row);
-        if (isOfJob && !std::exchange(isWithin, true))
+        if (isOfJob && !isWithin)
             jobs.emplaceBack();
-        if (!isOfJob) {
-            isWithin = false;
+        isWithin = isOfJob;
+        if (!isOfJob)
             continue;
-        }
         std::array<char, 1024> text {};
         ippAttributeString(row, text.data(), text.size());
         jobs.last()[QString::fromUtf8(ippGetName(row))] = QString::fromUtf8(text.data());
     }
-    std::ranges::sort(jobs, {}, [](const auto& job) { return job[QStringLiteral("job-id")].toInt(); });
     return jobs;
 }
 
@@ -187,6 +205,11 @@ QByteArray PrintServer::Printed(const char* queue) const
 void PrintServer::Freeze()
 {
     kill(pid_t(server_.processId()), SIGSTOP);
+}
+
+void PrintServer::Thaw()
+{
+    kill(pid_t(server_.processId()), SIGCONT);
 }
 
 void PrintServer::Kill()

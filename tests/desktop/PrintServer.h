@@ -33,21 +33,28 @@ public:
         bool hasSheets = false;
     };
 
+    /// The attributes of a job, as text.
+    using Job = QMap<QString, QString>;
+
     /// Where it cannot run, Trouble says why.
     explicit PrintServer(const QList<Queue>& queues);
     ~PrintServer();
     QString Trouble() const { return trouble_; }
 
-    /// The attributes, as text, of all jobs that it ever took, in their order.
-    QList<QMap<QString, QString>> Jobs() const;
+    /// What the user has chosen for all his jobs, as a line of his file of such choices.
+    void Choose(const QByteArray& line) const;
+    /// All jobs that it ever took, in their order.
+    QList<Job> Jobs() const;
     /// Waits until a printer has got its last job whole; what it got, empty when that never happens.
     QByteArray Printed(const char* queue) const;
 
     /// It stays, and says nothing more.
     void Freeze();
+    void Thaw();
     void Kill();
 
 private:
+    QList<Job> Ask(int operation, const QString& about) const;
     QString Start(const QList<Queue>& queues);
     void Configure(const QList<Queue>& queues) const;
     QString Path(const QString& name) const { return folder_.filePath(name); }
