@@ -136,9 +136,9 @@ void PrintPage::ShowPreview()
     const QImage page = AAPrintPicture1->GetPreview(); // events are handled meanwhile
     if (!alive || page.isNull())
         return;
-    QPixmap shown = QPixmap::fromImage(
-        page.scaled(PreviewSize(page.size(), PreviewRoom) * devicePixelRatioF(), Qt::IgnoreAspectRatio,
-            Qt::SmoothTransformation));
+    QPixmap shown =
+        QPixmap::fromImage(page.scaled(PreviewSize(page.size(), PreviewRoom) * devicePixelRatioF(),
+            Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     shown.setDevicePixelRatio(devicePixelRatioF());
     picPreview->setPixmap(shown);
 }

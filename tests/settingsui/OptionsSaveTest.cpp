@@ -79,7 +79,8 @@ TEST_F(OptionsSave, EveryBoxGoesToItsKeyAndItsCopy)
         const bool wasSetAtFirst = row.copy == &ApplicationState::OpenVidList
             || row.copy == &ApplicationState::ToolTip || row.copy == &ApplicationState::FadeOuts
             || row.copy == &ApplicationState::HighQ;
-        EXPECT_EQ(Stored(row.key), wasSetAtFirst ? QStringLiteral("False") : QStringLiteral("True")) << row.key;
+        EXPECT_EQ(Stored(row.key), wasSetAtFirst ? QStringLiteral("False") : QStringLiteral("True"))
+            << row.key;
         EXPECT_EQ(state.*row.copy, !wasSetAtFirst) << row.key;
     }
 }
@@ -294,7 +295,8 @@ TEST_F(OptionsSave, KeysOfAnotherProgramWrittenMeanwhileStay)
     CRegSettings other(frame.folder.filePath(QStringLiteral("settings")));
     other.SetCompany(state.Settings.Company());
     other.SetAppName(state.Settings.AppName());
-    ASSERT_TRUE(other.SaveSetting(QStringLiteral("Options"), QStringLiteral("OldDir"), QStringLiteral("/elsewhere")));
+    ASSERT_TRUE(
+        other.SaveSetting(QStringLiteral("Options"), QStringLiteral("OldDir"), QStringLiteral("/elsewhere")));
     ASSERT_TRUE(other.SaveSetting(QStringLiteral("Options"), QStringLiteral("Later"), QStringLiteral("7")));
     Save();
     EXPECT_EQ(Stored("OldDir"), QStringLiteral("/elsewhere"));
