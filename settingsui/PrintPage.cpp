@@ -111,7 +111,7 @@ void PrintPage::BuildPrinters(QBoxLayout& layout)
 /// Without a picture behind the windows a plain one shows the place.
 QImage PrintPage::SamplePicture() const
 {
-    const QImage picSource = frame_.PicSource();
+    QImage picSource = frame_.PicSource();
     if (!picSource.isNull())
         return picSource;
     QImage sample(SampleSize, QImage::Format_RGB32);
