@@ -100,9 +100,11 @@ void PrintPage::BuildPrinters(QBoxLayout& layout)
     whyNone_->setWordWrap(true);
     whyNone_->hide();
     group.addWidget(whyNone_);
+    QBoxLayout& current = AddRow(group);
+    current.addWidget(new QLabel(QStringLiteral("Default printer:"), this));
     Label9 = new QLabel(this);
     Label9->setObjectName(QStringLiteral("Label9"));
-    group.addWidget(Label9);
+    current.addWidget(Label9, 1);
     Button_XP* const set =
         AddCommand(group, 2, "Set &Default Printer", "The chosen printer becomes the default.");
     connect(set, &Button_XP::Click, this, &PrintPage::SetDefaultPrinter);
