@@ -11,6 +11,7 @@
 #include "capture/SaveCapture.h"
 #include "print/AAPrintPicture.h"
 #include "toolkit/HeadButtons.h"
+#include "toolkit/Style.h"
 #include "toolkit/Twips.h"
 
 #include <QHBoxLayout>
@@ -25,7 +26,6 @@ namespace {
 /// edges.
 constexpr Twips RoomBeside = 950_twips;
 constexpr Twips RoomAbove = 510_twips;
-constexpr int Gap = 4; // the grid
 constexpr int ZoomStep = 10; // percent
 
 } // namespace
@@ -71,9 +71,9 @@ void Viewer::Build()
     Lead1->setAccessibleName(QStringLiteral("Captured picture"));
     row->addWidget(tools);
     row->addWidget(Lead1, 1);
-    row->setContentsMargins(0, 0, Gap, RoomAbove.Pixels() - FrameSize().height());
+    row->setContentsMargins(0, 0, Grid, RoomAbove.Pixels() - FrameSize().height());
     row->setSpacing(0);
-    tools->setFixedWidth(RoomBeside.Pixels() - FrameSize().width() - Gap);
+    tools->setFixedWidth(RoomBeside.Pixels() - FrameSize().width() - Grid);
     BuildTools(tools);
     SetBody(body);
     Lead1->setFocusPolicy(Qt::StrongFocus);
@@ -83,8 +83,8 @@ void Viewer::Build()
 void Viewer::BuildTools(QWidget* column)
 {
     auto* stack = new QVBoxLayout(column);
-    stack->setContentsMargins(Gap, Gap, Gap, Gap);
-    stack->setSpacing(Gap);
+    stack->setContentsMargins(Grid, Grid, Grid, Grid);
+    stack->setSpacing(Grid);
     static constexpr FormButton<Viewer> SaveButton { 6, Face::SaveCapture, " Save Capture ", "Save capture",
         [](Viewer& viewer) { viewer.Save(); } };
     static constexpr FormButton<Viewer> ToolsButton { 3, Face::EditTools, " Open Graphic Tools ",
