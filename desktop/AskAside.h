@@ -2,11 +2,10 @@
 
 #include <QDeadlineTimer>
 
-#include <atomic>
 #include <chrono>
 #include <functional>
 #include <future>
-#include <memory>
+#include <stop_token>
 #include <thread>
 
 /// How long somebody waits for an answer, and what he does about twenty times a second meanwhile.
@@ -16,33 +15,33 @@ struct Patience {
 };
 
 /// Carries a question out on a thread of its own, since it may never be answered. Gives its answer or throws
-/// what it threw, or Late when that takes too long; the question is then left to itself, and an answer that
-/// still comes goes to tooLate on its thread. So question and tooLate may hold nothing that can end before
-/// them.
+/// what it threw, or Late when that takes too long. The question is then left to itself: its token says so,
+/// and an answer that still comes goes to tooLate on its thread. So question and tooLate may hold nothing
+/// that can end before them.
 template <typename Late, typename Question, typename TooLate>
 auto AskAside(const Patience& patience, Question question, TooLate tooLate)
 {
-    using Answer = decltype(question());
+    using Answer = decltype(question(std::stop_token()));
     std::promise<Answer> promise;
     std::future<Answer> answer = promise.get_future();
-    const auto isSettled = std::make_shared<std::atomic_flag>();
+    std::stop_source end; // the first to request it decides: answered, or given up
     std::thread([=, promise = std::move(promise)]() mutable {
         try {
-            Answer found = question();
-            if (isSettled->test_and_set())
-                tooLate(found);
-            else
+            Answer found = question(end.get_token());
+            if (end.request_stop())
                 promise.set_value(std::move(found));
+            else
+                tooLate(found);
         } catch (...) {
-            if (!isSettled->test_and_set())
+            if (end.request_stop())
                 promise.set_exception(std::current_exception());
         }
     }).detach();
 
     constexpr std::chrono::milliseconds Tick(50);
-    const QDeadlineTimer end(patience.longest);
+    const QDeadlineTimer deadline(patience.longest);
     while (answer.wait_for(Tick) != std::future_status::ready) {
-        if (end.hasExpired() && !isSettled->test_and_set())
+        if (deadline.hasExpired() && end.request_stop())
             throw Late();
         if (patience.meanwhile)
             patience.meanwhile();

@@ -30,7 +30,8 @@ PrinterList CupsPrinters::Installed()
     try {
         return AskAside<NoAnswer>(
             { longestWait_, whileWaiting_ },
-            [longest = longestWait_] { return CupsServer(longest).Installed(); }, Forget);
+            [longest = longestWait_](const std::stop_token&) { return CupsServer(longest).Installed(); },
+            Forget);
     } catch (const PrinterError& error) {
         return { {}, {}, error.Reason() };
     }
@@ -41,7 +42,9 @@ bool CupsPrinters::SetDefault(const QString& name)
     try {
         return AskAside<NoAnswer>(
             { longestWait_, whileWaiting_ },
-            [longest = longestWait_, name] { return CupsServer(longest).SetDefault(name); }, Forget);
+            [longest = longestWait_, name](
+                const std::stop_token&) { return CupsServer(longest).SetDefault(name); },
+            Forget);
     } catch (const PrinterError&) {
         return false;
     }
@@ -51,13 +54,17 @@ SheetMetrics CupsPrinters::Metrics(const Paper& paper)
 {
     return AskAside<NoAnswer>(
         { longestWait_, whileWaiting_ },
-        [longest = longestWait_, paper] { return CupsServer(longest).Metrics(paper); }, Forget);
+        [longest = longestWait_, paper](
+            const std::stop_token&) { return CupsServer(longest).Metrics(paper); },
+        Forget);
 }
 
 void CupsPrinters::Print(const PrintJob& job)
 {
     const std::chrono::milliseconds longest = 2 * longestWait_;
     AskAside<NoAnswer>(
-        { longest, whileWaiting_ }, [longest, job] { return CupsServer(longest).Print(job, PagePdf(job)); },
+        { longest, whileWaiting_ },
+        [longest, job](
+            const std::stop_token& givenUp) { return CupsServer(longest).Print(job, PagePdf(job), givenUp); },
         [longest](int number) { CupsServer(longest).Cancel(number); });
 }

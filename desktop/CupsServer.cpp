@@ -17,7 +17,12 @@ QString Name(const cups_dest_t& destination)
 /// What a job is to be, in the server's own words.
 class JobOptions {
 public:
-    JobOptions() = default;
+    /// Begins with what the user has chosen for all jobs of the printer.
+    explicit JobOptions(const cups_dest_t& destination)
+    {
+        for (int i = 0; i < destination.num_options; ++i)
+            Add(destination.options[i].name, destination.options[i].value);
+    }
     JobOptions(const JobOptions&) = delete;
     JobOptions& operator=(const JobOptions&) = delete;
     ~JobOptions() { cupsFreeOptions(count_, rows_); }
@@ -104,6 +109,13 @@ void CupsServer::FailAsRefused()
         QStringLiteral("The print service refused: %1").arg(QString::fromUtf8(cupsLastErrorString())));
 }
 
+/// Nobody is left to hear of it.
+void CupsServer::FailIf(const std::stop_token& givenUp)
+{
+    if (givenUp.stop_requested())
+        throw PrinterError(QStringLiteral("The page was given up."));
+}
+
 PrinterList CupsServer::Installed()
 {
     PrinterList list;
@@ -157,14 +169,15 @@ SheetMetrics CupsServer::Metrics(const Paper& paper)
             PrinterPixels(height - sheet.top - sheet.bottom) } };
 }
 
-int CupsServer::Print(const PrintJob& job, const QByteArray& document)
+int CupsServer::Print(const PrintJob& job, const QByteArray& document, const std::stop_token& givenUp)
 {
     const Queue queue = DefaultQueue();
     if (!TakesJobs(*queue.destination))
         throw PrinterError(QStringLiteral("The printer \"%1\" is stopped.").arg(Name(*queue.destination)));
+    FailIf(givenUp);
     const int number = Create(queue, job);
     try {
-        Send(queue, number, document);
+        Send(queue, number, document, givenUp);
     } catch (const PrinterError&) {
         cupsCancelDestJob(http_.get(), queue.destination.get(), number);
         throw;
@@ -174,7 +187,7 @@ int CupsServer::Print(const PrintJob& job, const QByteArray& document)
 
 int CupsServer::Create(const Queue& queue, const PrintJob& job)
 {
-    JobOptions options;
+    JobOptions options(*queue.destination);
     options.Add(CUPS_MEDIA, MediaName(job.paper));
     options.Add(
         CUPS_PRINT_QUALITY, job.quality >= HighQuality ? CUPS_PRINT_QUALITY_HIGH : CUPS_PRINT_QUALITY_NORMAL);
@@ -193,9 +206,10 @@ int CupsServer::Create(const Queue& queue, const PrintJob& job)
     return number;
 }
 
-void CupsServer::Send(const Queue& queue, int job, const QByteArray& document)
+void CupsServer::Send(const Queue& queue, int job, const QByteArray& document, const std::stop_token& givenUp)
 {
     constexpr int IsLast = 1;
+    FailIf(givenUp);
     if (cupsStartDestDocument(http_.get(), queue.destination.get(), queue.details.get(), job, "page",
             CUPS_FORMAT_PDF, 0, nullptr, IsLast)
             != HTTP_STATUS_CONTINUE

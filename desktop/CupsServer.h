@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <memory>
+#include <stop_token>
 
 /// One talk with the print server, on one thread. Every answer is waited for so long at the most; every
 /// failure is a PrinterError with the server's reason.
@@ -17,8 +18,9 @@ public:
     /// False when there is no such printer, or the user's default stays another nevertheless.
     bool SetDefault(const QString& name);
     SheetMetrics Metrics(const Paper& paper);
-    /// The number of the job. The document is a PDF of the job's sheet.
-    int Print(const PrintJob& job, const QByteArray& document);
+    /// The number of the job. The document is a PDF of the job's sheet; nothing more of it is sent once it is
+    /// given up.
+    int Print(const PrintJob& job, const QByteArray& document, const std::stop_token& givenUp);
     void Cancel(int job);
 
 private:
@@ -39,10 +41,11 @@ private:
     };
 
     [[noreturn]] static void FailAsRefused();
+    static void FailIf(const std::stop_token& givenUp);
     Destination Default();
     Queue DefaultQueue();
     int Create(const Queue& queue, const PrintJob& job);
-    void Send(const Queue& queue, int job, const QByteArray& document);
+    void Send(const Queue& queue, int job, const QByteArray& document, const std::stop_token& givenUp);
 
     Connection http_;
 };

@@ -168,7 +168,9 @@ void Viewer::PrintMe()
         print->SetAlign(state.PPosition);
         print->SetPicture(ClipPic_);
         print->PrintPicture();
-    } catch (const ControlError&) {
+        frame.SetStatus(StatusLabel::Operation, QStringLiteral("Page sent to the printer"));
+    } catch (const ControlError& error) {
+        frame.SetStatusAlert(StatusLabel::Operation, error.Reason()); // what the box does not say
         frame.Errors().Show(frame.FrameWindow(), QStringLiteral("Print Error!"),
             QStringLiteral("Error with printing. Check printer, cables, and printer settings."));
     }

@@ -17,13 +17,13 @@ const Patience Patient { 1min, {} };
 TEST(AskAside, TheAnswerIsGiven)
 {
     EXPECT_EQ(AskAside<Late>(
-                  Patient, [] { return 42; }, Forget),
+                  Patient, [](const std::stop_token&) { return 42; }, Forget),
         42);
 }
 
 TEST(AskAside, WhatTheQuestionThrowsIsThrownOn)
 {
-    const auto question = []() -> int { throw std::logic_error("no"); };
+    const auto question = [](const std::stop_token&) -> int { throw std::logic_error("no"); };
     EXPECT_THROW(AskAside<Late>(Patient, question, Forget), std::logic_error);
 }
 
@@ -38,7 +38,7 @@ TEST(AskAside, WhileTheQuestionIsOpenTheCallerIsNotIdle)
                          } };
     AskAside<Late>(
         busy,
-        [isCalled] {
+        [isCalled](const std::stop_token&) {
             isCalled.wait();
             return 1;
         },
@@ -54,9 +54,9 @@ TEST(AskAside, AnAnswerThatComesTooLateIsUndone)
     const std::shared_future<void> isGivenUp = givenUp.get_future().share();
     EXPECT_THROW(AskAside<Late>(
                      { 100ms, {} },
-                     [isGivenUp] {
+                     [isGivenUp](const std::stop_token& end) {
                          isGivenUp.wait();
-                         return 7;
+                         return end.stop_requested() ? 7 : 0;
                      },
                      [undone](int answer) { undone->set_value(answer); }),
         Late);

@@ -34,7 +34,7 @@ PrintJob Job()
 
 class CupsPrintersTest : public testing::Test {
 protected:
-    CupsPrinters printers;
+    CupsPrinters printers { {}, 1min };
 
     void Serve(const QList<PrintServer::Queue>& queues)
     {
@@ -164,6 +164,15 @@ TEST_F(CupsPrintersTest, NothingMovesOrScalesThePageOnItsWay)
     ServeTwo();
     printers.Print(Job());
     EXPECT_EQ(Option("print-scaling"), QStringLiteral("none"));
+}
+
+TEST_F(CupsPrintersTest, WhatTheUserChoseForThePrinterHoldsUnlessThePageSaysOtherwise)
+{
+    ServeTwo();
+    server->Choose("Dest Alpha job-priority=70 print-quality=3");
+    printers.Print(Job());
+    EXPECT_EQ(Option("job-priority"), QStringLiteral("70"));
+    EXPECT_EQ(Option("print-quality"), QStringLiteral("high"));
 }
 
 TEST_F(CupsPrintersTest, ThePaperReachesTheJob)

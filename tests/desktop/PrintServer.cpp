@@ -2,11 +2,13 @@
 
 #include "tests/testing/Files.h"
 
+#include <QFileInfo>
 #include <QTest>
 
 #include <algorithm>
 #include <array>
 #include <cups/cups.h>
+#include <gtest/gtest.h>
 #include <memory>
 #include <signal.h>
 #include <utility>
@@ -146,6 +148,13 @@ QString PrintServer::Start(const QList<Queue>& queues)
     return {};
 }
 
+void PrintServer::Choose(const QByteArray& line) const
+{
+    for (const QString& file : { Path(QStringLiteral("client/lpoptions")), // root's
+             Path(QStringLiteral("client/.cups/lpoptions")) }) // anybody else's
+        EXPECT_TRUE(QDir(folder_.path()).mkpath(QFileInfo(file).path()) && MakeFile(file, line + '\n'));
+}
+
 /// Every job's attributes, as the server tells them to whoever asks.
 QList<QMap<QString, QString>> PrintServer::Jobs() const
 {
@@ -187,6 +196,11 @@ QByteArray PrintServer::Printed(const char* queue) const
 void PrintServer::Freeze()
 {
     kill(pid_t(server_.processId()), SIGSTOP);
+}
+
+void PrintServer::Thaw()
+{
+    kill(pid_t(server_.processId()), SIGCONT);
 }
 
 void PrintServer::Kill()

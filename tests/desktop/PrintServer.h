@@ -38,6 +38,8 @@ public:
     ~PrintServer();
     QString Trouble() const { return trouble_; }
 
+    /// What the user has chosen for all his jobs, as a line of his file of such choices.
+    void Choose(const QByteArray& line) const;
     /// The attributes, as text, of all jobs that it ever took, in their order.
     QList<QMap<QString, QString>> Jobs() const;
     /// Waits until a printer has got its last job whole; what it got, empty when that never happens.
@@ -45,6 +47,7 @@ public:
 
     /// It stays, and says nothing more.
     void Freeze();
+    void Thaw();
     void Kill();
 
 private:

@@ -334,9 +334,13 @@ TEST_F(ViewerTest, AFailedPrintIsToldAndTheNextOneGoesOn)
     EXPECT_TRUE(isBusy);
     EXPECT_EQ(CurrentPointer(), Pointer::Normal);
     EXPECT_EQ(frame.errors.lastOwner, &frame.window);
+    EXPECT_EQ(frame.status.value(StatusLabel::Operation), QStringLiteral("The printer does not answer."));
+    EXPECT_TRUE(frame.alerts.contains(StatusLabel::Operation));
     frame.printers.failsPrint = false;
     viewer->PrintMe();
     EXPECT_EQ(frame.printers.jobs.size(), 1);
+    EXPECT_EQ(frame.status.value(StatusLabel::Operation), QStringLiteral("Page sent to the printer"));
+    EXPECT_FALSE(frame.alerts.contains(StatusLabel::Operation));
 }
 
 TEST_F(ViewerTest, WithoutAnyPrinterTheErrorIsTold)
