@@ -2,6 +2,7 @@
 
 #include "tests/testing/Files.h"
 #include "tests/testing/SmallDisk.h"
+#include "toolkit/ucShadow.h"
 
 #include <QComboBox>
 #include <QPlainTextEdit>
@@ -250,9 +251,10 @@ TEST_F(OptionsSave, WithoutAVideoTheTwoButtonsAreLeftAlone)
 
 TEST_F(OptionsSave, WithWindowFadesOffItsShadowIsHardEdgedAndItGoesAtOnce)
 {
-    BeginWith("FadeOuts", "False");
+    EXPECT_TRUE(form->findChild<ucShadow*>()->SoftShadow());
     state.FadeOuts = false;
     Begin();
+    EXPECT_FALSE(form->findChild<ucShadow*>()->SoftShadow());
     form->reject();
     EXPECT_FALSE(form->isVisible());
 }
