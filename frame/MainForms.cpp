@@ -17,6 +17,7 @@
 #include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -151,11 +152,15 @@ void Main::OpenVisual()
 
 void Main::OpenOptions()
 {
+    // The dialog lets events through while it draws its page, the second press of a double click among them.
+    if (areOptionsOpening_)
+        return;
+    const QScopedValueRollback opening(areOptionsOpening_, true);
     const Hourglass waiting;
     if (!defaultPrinter_)
         defaultPrinter_.emplace(printers_);
     const QPointer<Options> form = new Options(*this, this, *defaultPrinter_, AskSystemColor);
-    {
+    if (isVisible()) {
         const PointerPause pause;
         form->exec();
     }

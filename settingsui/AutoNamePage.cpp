@@ -46,8 +46,8 @@ void AutoNamePage::BuildNames()
     check3 = AddBox(Column(), NoCapRow);
     check3->setEnabled(false);
     // A box turns over after its click.
-    connect(Check1, &xpcheckbox::Click, this,
-        [this] { check3->setEnabled(Check1->Value() != xpcheckbox::Set); });
+    connect(
+        Check1, &xpcheckbox::Click, this, [this] { check3->setEnabled(Check1->Value() != xpcheckbox::Set); });
 }
 
 void AutoNamePage::BuildFolders()
@@ -55,11 +55,12 @@ void AutoNamePage::BuildFolders()
     QVBoxLayout& group = AddGroup(Column(), "Folder");
     check6 = AddBox(group, SpecialFolderRow);
     Field chosen = FieldOf(*check6);
-    Fields().Add(Key::SpecialFolder, { [this, show = chosen.show](const QString& text) {
-                                          show(text);
-                                          EnableFolder(check6->Value() == xpcheckbox::Set);
-                                      },
-                                         chosen.text });
+    Fields().Add(Key::SpecialFolder,
+        { [this, show = chosen.show](const QString& text) {
+             show(text);
+             EnableFolder(check6->Value() == xpcheckbox::Set);
+         },
+            chosen.text });
     connect(check6, &xpcheckbox::Click, this, &AutoNamePage::SwitchFolder);
     QBoxLayout& row = AddRow(group);
     LblFolder = new QLineEdit(this);
@@ -111,7 +112,8 @@ void AutoNamePage::Browse()
     QString chosen;
     {
         const PointerPause pause;
-        chosen = frame_.Dialogs().AskFolder(window(), QStringLiteral("Current: ") + current, current).trimmed();
+        chosen =
+            frame_.Dialogs().AskFolder(window(), QStringLiteral("Current: ") + current, current).trimmed();
     }
     if (!alive || chosen.isEmpty())
         return;

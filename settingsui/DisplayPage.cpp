@@ -34,7 +34,8 @@ DisplayPage::DisplayPage(Frame& frame, OptionFields& fields)
     , frame_(frame)
 {
     AddBoxes(Boxes);
-    AddChoices(AddRow(AddGroup(Column(), "Background Picture Placement")), Key::OpPic, Kept::BySave, Placements);
+    AddChoices(
+        AddRow(AddGroup(Column(), "Background Picture Placement")), Key::OpPic, Kept::BySave, Placements);
     BuildPicture();
     Column().addStretch();
 }

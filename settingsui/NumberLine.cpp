@@ -14,8 +14,7 @@ namespace {
 QString DigitsOf(const QString& text)
 {
     QString digits;
-    std::ranges::copy_if(
-        text, std::back_inserter(digits), [](QChar c) { return c >= u'0' && c <= u'9'; });
+    std::ranges::copy_if(text, std::back_inserter(digits), [](QChar c) { return c >= u'0' && c <= u'9'; });
     return digits;
 }
 

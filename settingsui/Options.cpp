@@ -89,7 +89,8 @@ constexpr Key SaveOrder[] = { Key::PositionX, Key::PositionY, Key::WordWrap, Key
     Key::OpPic, Key::OpThumb, Key::SetFocusYES, Key::OpenVidList, Key::UseWatermark, Key::WatermarkBATCH,
     Key::AutoSave, Key::VidSave, Key::NoCap, Key::NoWin, Key::LoadVid, Key::FadeOuts, Key::VidWinOnly,
     Key::SpecialFolder, Key::OldFolder, Key::Ext, Key::HighQ, Key::BW, Key::ToolTip, Key::PPosition,
-    Key::AutoCapture, Key::CaptureTime, Key::UsersCaptureTime, Key::AutoFrame, Key::AutoNumber, Key::NameFull };
+    Key::AutoCapture, Key::CaptureTime, Key::UsersCaptureTime, Key::AutoFrame, Key::AutoNumber,
+    Key::NameFull };
 
 /// Of these the copy takes what the store has after the save.
 constexpr Key ReadBack[] = { Key::UsersCaptureTime, Key::AutoNumber };

@@ -1,7 +1,7 @@
 #include "settingsui/OptionsPage.h"
 
-#include "settingsui/OptionFields.h"
 #include "settingsui/NumberLine.h"
+#include "settingsui/OptionFields.h"
 #include "toolkit/Button_XP.h"
 #include "toolkit/xpcheckbox.h"
 #include "toolkit/xpradiobutton.h"

@@ -38,7 +38,8 @@ struct PairRow {
     const char* name;
     const char* caption;
     const char* tip;
-    const char* spoken = nullptr; ///< its name for those who cannot see it, where the caption alone says little
+    const char* spoken =
+        nullptr; ///< its name for those who cannot see it, where the caption alone says little
 };
 
 /// A number in a box with a slider, and the words around the box.

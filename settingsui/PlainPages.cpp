@@ -25,7 +25,8 @@ constexpr ChoiceRow Thumbnails[] = {
         "Just open the capture and not the thumbnail window." },
 };
 constexpr BoxRow WindowBoxes[] = {
-    { Key::NoWin, "check4", "Close capture window after it's saved.", "A capture that could not be saved stays." },
+    { Key::NoWin, "check4", "Close capture window after it's saved.",
+        "A capture that could not be saved stays." },
     { Key::NameFull, "check12", "Show video NAME only (not full path), on capture window.",
         "Also in the title of the video window." },
 };
@@ -61,6 +62,7 @@ WindowPage::WindowPage(OptionFields& fields)
 FormatPage::FormatPage(OptionFields& fields)
     : OptionsPage(fields)
 {
-    AddChoices(AddGroup(Column(), "Select graphic format for video captures."), Key::Ext, Kept::AtOnce, Formats);
+    AddChoices(
+        AddGroup(Column(), "Select graphic format for video captures."), Key::Ext, Kept::AtOnce, Formats);
     Column().addStretch();
 }

@@ -133,7 +133,8 @@ void Power::Open()
         adjustSize();
         const QWidget& window = *parentWidget();
         const QRect room = screen()->availableGeometry();
-        const QPoint corner = window.mapToGlobal(window.rect().topRight()) + QPoint(-FromCorner.x() - width(), FromCorner.y());
+        const QPoint corner =
+            window.mapToGlobal(window.rect().topRight()) + QPoint(-FromCorner.x() - width(), FromCorner.y());
         move(std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() - width())),
             std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - height())));
     }

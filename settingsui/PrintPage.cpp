@@ -100,9 +100,11 @@ void PrintPage::BuildPrinters(QBoxLayout& layout)
     whyNone_->setWordWrap(true);
     whyNone_->hide();
     group.addWidget(whyNone_);
+    QBoxLayout& current = AddRow(group);
+    current.addWidget(new QLabel(QStringLiteral("Default printer:"), this));
     Label9 = new QLabel(this);
     Label9->setObjectName(QStringLiteral("Label9"));
-    group.addWidget(Label9);
+    current.addWidget(Label9, 1);
     Button_XP* const set =
         AddCommand(group, 2, "Set &Default Printer", "The chosen printer becomes the default.");
     connect(set, &Button_XP::Click, this, &PrintPage::SetDefaultPrinter);
@@ -111,7 +113,7 @@ void PrintPage::BuildPrinters(QBoxLayout& layout)
 /// Without a picture behind the windows a plain one shows the place.
 QImage PrintPage::SamplePicture() const
 {
-    const QImage picSource = frame_.PicSource();
+    QImage picSource = frame_.PicSource();
     if (!picSource.isNull())
         return picSource;
     QImage sample(SampleSize, QImage::Format_RGB32);
@@ -136,9 +138,9 @@ void PrintPage::ShowPreview()
     const QImage page = AAPrintPicture1->GetPreview(); // events are handled meanwhile
     if (!alive || page.isNull())
         return;
-    QPixmap shown = QPixmap::fromImage(
-        page.scaled(PreviewSize(page.size(), PreviewRoom) * devicePixelRatioF(), Qt::IgnoreAspectRatio,
-            Qt::SmoothTransformation));
+    QPixmap shown =
+        QPixmap::fromImage(page.scaled(PreviewSize(page.size(), PreviewRoom) * devicePixelRatioF(),
+            Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     shown.setDevicePixelRatio(devicePixelRatioF());
     picPreview->setPixmap(shown);
 }

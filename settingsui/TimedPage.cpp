@@ -21,8 +21,8 @@ constexpr ChoiceRow ByFrame { "AutoCap2", " Set Auto Capture frame rate.", "",
 constexpr int TwoHours = 7200; // seconds
 constexpr NumberRow Seconds { Key::UsersCaptureTime, "Label6", "HSlider2", "Every", "Seconds.",
     "Seconds between captures", "Seconds from one capture to the next.", 1, TwoHours };
-constexpr NumberRow Frames { Key::AutoNumber, "Label3", "HSlider1", "Every", "  Frames.", "Frames between captures",
-    "Frames from one capture to the next.", 1, 1000 };
+constexpr NumberRow Frames { Key::AutoNumber, "Label3", "HSlider1", "Every", "  Frames.",
+    "Frames between captures", "Frames from one capture to the next.", 1, 1000 };
 
 } // namespace
 

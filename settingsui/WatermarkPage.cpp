@@ -23,7 +23,8 @@
 namespace {
 
 constexpr PairRow YesNo[] = {
-    { "xpcheckbox3(0)", "Yes", "Your text is drawn into each capture when it is saved.", "Use watermark: yes" },
+    { "xpcheckbox3(0)", "Yes", "Your text is drawn into each capture when it is saved.",
+        "Use watermark: yes" },
     { "xpcheckbox3(1)", "No", "Captures are saved as they are.", "Use watermark: no" },
 };
 constexpr PairRow AutoManual[] = {
@@ -33,8 +34,8 @@ constexpr PairRow AutoManual[] = {
 };
 constexpr BoxRow WrapBox { Key::WordWrap, "WordWrapCheck", "Use Wordwrap?",
     "If the watermark is too long, it will wrap it to the next line down." };
-constexpr NumberRow Left { Key::PositionX, "label12", "HSlider3", "Left", "", "Watermark position from the left",
-    "Pixels from the left.", 0, 1000 };
+constexpr NumberRow Left { Key::PositionX, "label12", "HSlider3", "Left", "",
+    "Watermark position from the left", "Pixels from the left.", 0, 1000 };
 constexpr NumberRow Top { Key::PositionY, "label13", "HSlider4", "Top", "", "Watermark position from the top",
     "Pixels from the top.", 0, 500 };
 
@@ -169,8 +170,9 @@ void WatermarkPage::ShowShadow(bool isOn)
     xpcheckbox5->SetValue(isOn ? xpcheckbox::Set : xpcheckbox::Clear);
     LabelShadow->setText(isOn ? QStringLiteral("Shadow On") : QStringLiteral("Shadow Off"));
     const QColor color = ColorOf(isOn ? ShadowOnColor : ShadowOffColor);
-    LabelShadow->setStyleSheet(QStringLiteral("color: %1; background: %2; border-radius: 4px; padding: 2px 6px;")
-                                   .arg(color.name(), GroundFor(color).name()));
+    LabelShadow->setStyleSheet(
+        QStringLiteral("color: %1; background: %2; border-radius: 4px; padding: 2px 6px;")
+            .arg(color.name(), GroundFor(color).name()));
 }
 
 void WatermarkPage::SwitchShadow()

@@ -93,12 +93,30 @@ TEST_F(SystemDialogsTest, OneNameIsSaved)
     EXPECT_EQ(QDir::currentPath(), Folder());
 }
 
+TEST_F(SystemDialogsTest, AFolderIsAskedForFromTheOneItBeginsWithAndTheCurrentOneStays)
+{
+    ASSERT_TRUE(QDir(Folder()).mkdir(QStringLiteral("captures")));
+    const QString current = QDir::currentPath();
+    const QString heading = QStringLiteral("Current: ") + Folder();
+    WhenOpen([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), heading);
+        EXPECT_EQ(dialog.parentWidget(), &owner_);
+        EXPECT_EQ(dialog.directory().canonicalPath(), Folder());
+        EXPECT_EQ(dialog.fileMode(), QFileDialog::Directory);
+        Type(dialog, Path("captures"));
+    });
+    EXPECT_EQ(dialogs_.AskFolder(&owner_, heading, Folder()), Path("captures"));
+    EXPECT_EQ(QDir::currentPath(), current);
+}
+
 TEST_F(SystemDialogsTest, CancelIsAnEmptyAnswer)
 {
     WhenOpen(Cancel);
     EXPECT_EQ(dialogs_.AskOpenNames(&owner_, Title, Filter, Folder()), QString());
     WhenOpen(Cancel);
     EXPECT_EQ(dialogs_.AskSaveName(&owner_, Title, Filter, Folder()), QString());
+    WhenOpen(Cancel);
+    EXPECT_EQ(dialogs_.AskFolder(&owner_, Title, Folder()), QString());
 }
 
 TEST_F(SystemDialogsTest, AFileIsNotReplacedByAHastyReturn)

@@ -56,6 +56,14 @@ TEST_F(SettingsWindows, TheOptionsOpenModallyFromTheStartUnderTheNormalPointer)
     EXPECT_EQ(main->findChild<Options*>(), nullptr);
 }
 
+TEST_F(SettingsWindows, ADoubleClickOpensTheOptionsOnce)
+{
+    QMetaObject::invokeMethod(Find<TAQbutton>("Cmds(7)"), "click", Qt::QueuedConnection);
+    int opened = 0;
+    WithOptions([&](Options&) { ++opened; });
+    EXPECT_EQ(opened, 1);
+}
+
 TEST_F(SettingsWindows, TheFramesTipsFollowTheOptionsAtOnce)
 {
     const auto switchTips = [](Options& options) {

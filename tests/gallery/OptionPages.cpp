@@ -15,7 +15,8 @@ void Store(FakeFrame& frame, const char* key, const char* text)
         frame.state.SettingsSection, QString::fromLatin1(key), QString::fromLatin1(text));
 }
 
-void ShowPages(const std::function<void(const QString&, QWidget&)>& take, FakeFrame& frame, const QString& prefix)
+void ShowPages(
+    const std::function<void(const QString&, QWidget&)>& take, FakeFrame& frame, const QString& prefix)
 {
     cSetDfltPrinter printer(frame.printers);
     Options options(frame, nullptr, printer, {});
@@ -38,7 +39,8 @@ void ShowOptions(const std::function<void(const QString& name, QWidget& window)>
 
     for (const char* key : { "AutoSave", "SpecialFolder", "UseShadows", "SFontItalic", "SFontBold" })
         Store(frame, key, "True");
-    Store(frame, "OldFolder", "/home/user/Pictures/Holidays on the coast and further along the old road, 2003");
+    Store(
+        frame, "OldFolder", "/home/user/Pictures/Holidays on the coast and further along the old road, 2003");
     Store(frame, "sFontColor", "3174640");
     Store(frame, "SFontName", "DejaVu Serif");
     Store(frame, "SFontSize", "18");

@@ -22,7 +22,8 @@ constexpr std::array<KeyEffect, size_t(Key::Count)> KeyEffects { {
     { Key::AutoSave, "SaveCaptureTest.AutomaticNamesGoToTheAutoSaveFolder" },
     { Key::OldFolder, "SaveByDialog.AsksFromTheChosenFolderWhichBecomesTheCurrentOne" },
     { Key::AutoDir, "SaveCaptureTest.AutomaticNamesGoToTheCurrentFolder" },
-    { Key::AutoCapture, "TimedRunTest.AutoCaptureWithoutEitherWayOpensAsUsualAndDisablesTheCommandsOfTheVideo" },
+    { Key::AutoCapture,
+        "TimedRunTest.AutoCaptureWithoutEitherWayOpensAsUsualAndDisablesTheCommandsOfTheVideo" },
     { Key::CaptureTime, "TimedRunTest.TheRunByTimeWinsWhenBothAreOn" },
     { Key::UsersCaptureTime, "TimedRunTest.AnIntervalChangedInTheMiddleCountsFromTheNextRun" },
     { Key::AutoFrame, "FrameRunTest.TheFramesAskedForAreWrittenInTheirOrder" },
@@ -67,8 +68,8 @@ static_assert(IsOneRowEach(KeyEffects, &KeyEffect::key, size_t(Key::Count)));
 
 QSet<QString> NamesIn(const QString& path)
 {
-    static const QRegularExpression test(QStringLiteral("^TEST(?:_F|_P)?\\((\\w+),\\s*(\\w+)\\)"),
-        QRegularExpression::MultilineOption);
+    static const QRegularExpression test(
+        QStringLiteral("^TEST(?:_F|_P)?\\((\\w+),\\s*(\\w+)\\)"), QRegularExpression::MultilineOption);
     QFile file(path);
     QSet<QString> names;
     if (file.open(QIODevice::ReadOnly))

@@ -126,7 +126,8 @@ TEST_F(OptionsFill, WithNothingStoredTheDefaultsShow)
     EXPECT_EQ(Edit("label12").text(), QStringLiteral("40"));
     EXPECT_EQ(Edit("label13").text(), QStringLiteral("40"));
     EXPECT_EQ(Find<QComboBox>("cmbAlign")->currentIndex(), 4);
-    EXPECT_EQ(Find<QPlainTextEdit>("Text1")->toPlainText(), QStringLiteral("This text is using the Arial font."));
+    EXPECT_EQ(
+        Find<QPlainTextEdit>("Text1")->toPlainText(), QStringLiteral("This text is using the Arial font."));
     EXPECT_EQ(Edit("LblFolder").text(), state.Beside(QStringLiteral("AutoSave")));
     EXPECT_EQ(Label("lblPic"), state.Beside(QStringLiteral("WallPaper/wpaper.jpg")));
 }
@@ -187,8 +188,8 @@ TEST_F(OptionsFill, TheControlsBearTheirCaptions)
     const struct {
         const char* name;
         const char* caption;
-    } commands[] = { { "Cmds(0)", "&Save Options" }, { "Cmds(1)", "&Browse" }, { "Cmds(2)", "Set &Default Printer" },
-        { "Cmds(3)", "&Browse" }, { "Cmds(5)", "&Font  && Shadow" } };
+    } commands[] = { { "Cmds(0)", "&Save Options" }, { "Cmds(1)", "&Browse" },
+        { "Cmds(2)", "Set &Default Printer" }, { "Cmds(3)", "&Browse" }, { "Cmds(5)", "&Font  && Shadow" } };
     for (const auto& row : commands)
         EXPECT_EQ(Find<Button_XP>(row.name)->Caption(), QLatin1String(row.caption));
     EXPECT_EQ(form->findChild<QWidget*>(QStringLiteral("Cmds(4)")), nullptr);
@@ -200,7 +201,8 @@ TEST_F(OptionsFill, TheThumbnailsButtonsTellByTheirTipsWhatOpens)
         QStringLiteral("This will open the thumbnail window and not the actual capture window."));
     EXPECT_EQ(Find("OpThumb(1)")->toolTip(),
         QStringLiteral("This will open both the thumbnail viewer and the capture windows."));
-    EXPECT_EQ(Find("OpThumb(2)")->toolTip(), QStringLiteral("Just open the capture and not the thumbnail window."));
+    EXPECT_EQ(
+        Find("OpThumb(2)")->toolTip(), QStringLiteral("Just open the capture and not the thumbnail window."));
 }
 
 TEST_F(OptionsFill, AFolderOfTheUsersClosesTheOtherTwo)

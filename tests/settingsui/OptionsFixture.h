@@ -18,7 +18,16 @@
 /// The options over a frame of the test's own.
 class OptionsFixture : public testing::Test {
 protected:
-    enum Page { AutoNamePage, VideoPage, WindowPage, DisplayPage, FormatPage, PrintPage, TimedPage, WatermarkPage };
+    enum Page {
+        AutoNamePage,
+        VideoPage,
+        WindowPage,
+        DisplayPage,
+        FormatPage,
+        PrintPage,
+        TimedPage,
+        WatermarkPage
+    };
 
     FakeFrame frame;
     ApplicationState& state = frame.state;
@@ -31,8 +40,8 @@ protected:
     void Begin()
     {
         form.reset();
-        form = std::make_unique<Options>(
-            frame, &frame.window, printer, [this](QWidget*, const QString&, const QColor&) { return answer; });
+        form = std::make_unique<Options>(frame, &frame.window, printer,
+            [this](QWidget*, const QString&, const QColor&) { return answer; });
         form->show();
     }
     void Activate()
@@ -52,7 +61,8 @@ protected:
     }
     QString Stored(const char* key)
     {
-        return state.Settings.GetSetting(QStringLiteral("Options"), QLatin1String(key), QStringLiteral("nothing"));
+        return state.Settings.GetSetting(
+            QStringLiteral("Options"), QLatin1String(key), QStringLiteral("nothing"));
     }
     template <typename Widget = QWidget> Widget* Find(const char* name)
     {

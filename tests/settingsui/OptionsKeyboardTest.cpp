@@ -93,7 +93,8 @@ protected:
         if (radio)
             EXPECT_TRUE(radio->Value()) << control.objectName().toStdString();
         else
-            EXPECT_NE(Seen(control).toStdString(), before.toStdString()) << control.objectName().toStdString();
+            EXPECT_NE(Seen(control).toStdString(), before.toStdString())
+                << control.objectName().toStdString();
     }
 };
 

@@ -8,8 +8,8 @@ namespace {
 class OptionsPages : public OptionsFixture { };
 
 const char* const AllRadios[] = { "Option1", "Option2", "OpThumb(0)", "OpThumb(1)", "OpThumb(2)", "OpPic(0)",
-    "OpPic(1)", "OpPic(2)", "Option3", "option4", "option5", "option6", "option7", "option8", "option9", "AutoCap1",
-    "AutoCap2" };
+    "OpPic(1)", "OpPic(2)", "Option3", "option4", "option5", "option6", "option7", "option8", "option9",
+    "AutoCap1", "AutoCap2" };
 
 } // namespace
 
@@ -65,10 +65,11 @@ TEST_F(OptionsPages, GroupsButThatOfTheBackgroundKeepTheirChoiceAtOnce)
         const char* radio;
         const char* key;
         const char* text;
-    } rows[] = { { "Option2", "AutoDir", "True" }, { "Option1", "AutoDir", "False" }, { "OpThumb(1)", "OpThumb", "1" },
-        { "OpThumb(2)", "OpThumb", "2" }, { "OpThumb(0)", "OpThumb", "0" }, { "option4", "Ext", ".jpg" },
-        { "option5", "Ext", ".tga" }, { "option6", "Ext", ".gif" }, { "option7", "Ext", ".tif" },
-        { "option8", "Ext", ".png" }, { "option9", "Ext", ".psd" }, { "Option3", "Ext", ".bmp" } };
+    } rows[] = { { "Option2", "AutoDir", "True" }, { "Option1", "AutoDir", "False" },
+        { "OpThumb(1)", "OpThumb", "1" }, { "OpThumb(2)", "OpThumb", "2" }, { "OpThumb(0)", "OpThumb", "0" },
+        { "option4", "Ext", ".jpg" }, { "option5", "Ext", ".tga" }, { "option6", "Ext", ".gif" },
+        { "option7", "Ext", ".tif" }, { "option8", "Ext", ".png" }, { "option9", "Ext", ".psd" },
+        { "Option3", "Ext", ".bmp" } };
     for (const auto& row : rows) {
         Click(row.radio);
         EXPECT_EQ(Stored(row.key), QLatin1String(row.text)) << row.radio;
@@ -242,8 +243,9 @@ TEST_F(OptionsPages, ABackgroundThatCannotBeStoredIsToldInFrontOfTheWords)
     ASSERT_TRUE(QDir().mkpath(state.Settings.FilePath())) << "a folder in the file's place";
     frame.dialogs.openNames.push(QStringLiteral("/pictures/lake.gif"));
     frame.errors.Expect(QStringLiteral("Wallpaper"),
-        QStringLiteral("The picture could not be stored.    The new wallpaper will be used the next time TAQ is run, "
-                       "or resized."));
+        QStringLiteral(
+            "The picture could not be stored.    The new wallpaper will be used the next time TAQ is run, "
+            "or resized."));
     Click("Cmds(3)");
 }
 

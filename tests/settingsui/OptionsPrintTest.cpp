@@ -38,8 +38,9 @@ TEST_F(OptionsPrint, TheNinePositionsStandInTheirOrderWithTheirSpacing)
     for (int i = 0; i < Alignments().count(); ++i)
         rows << Alignments().itemText(i);
     EXPECT_EQ(rows.join(u'|'),
-        QStringLiteral("Top        ~  Left|Top        ~  Center|Top        ~  Right|Middle   ~  Left|"
-                       "Middle   ~  Center|Middle   ~  Right|Bottom  ~  Left|Bottom  ~  Center|Bottom  ~  Right"));
+        QStringLiteral(
+            "Top        ~  Left|Top        ~  Center|Top        ~  Right|Middle   ~  Left|"
+            "Middle   ~  Center|Middle   ~  Right|Bottom  ~  Left|Bottom  ~  Center|Bottom  ~  Right"));
 }
 
 TEST_F(OptionsPrint, ThePreviewShowsThePictureInItsPlace)
@@ -120,8 +121,8 @@ TEST_F(OptionsPrint, WithoutPrintersTheReasonIsTold)
 TEST_F(OptionsPrint, APrinterIsMadeTheDefaultAndTold)
 {
     Printers().setCurrentRow(1);
-    frame.errors.Expect(QStringLiteral("Success!"),
-        QStringLiteral("Beta has successfully been set as the default printer."));
+    frame.errors.Expect(
+        QStringLiteral("Success!"), QStringLiteral("Beta has successfully been set as the default printer."));
     Click("Cmds(2)");
     EXPECT_EQ(frame.printers.list.defaultName, QStringLiteral("Beta"));
     EXPECT_EQ(Label("Label9"), QStringLiteral("Beta"));
@@ -144,7 +145,8 @@ TEST_F(OptionsPrint, ARefusalIsToldAndTheNameStays)
 TEST_F(OptionsPrint, WithoutASelectionAPrinterIsAskedFor)
 {
     Printers().clearSelection();
-    frame.errors.Expect(QStringLiteral("Select Printer"), QStringLiteral("Please select a printer from the list."));
+    frame.errors.Expect(
+        QStringLiteral("Select Printer"), QStringLiteral("Please select a printer from the list."));
     Click("Cmds(2)");
     EXPECT_EQ(frame.printers.defaultsSet, QStringList());
 }

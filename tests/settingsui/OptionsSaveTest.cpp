@@ -2,6 +2,7 @@
 
 #include "tests/testing/Files.h"
 #include "tests/testing/SmallDisk.h"
+#include "toolkit/ucShadow.h"
 
 #include <QComboBox>
 #include <QPlainTextEdit>
@@ -79,7 +80,8 @@ TEST_F(OptionsSave, EveryBoxGoesToItsKeyAndItsCopy)
         const bool wasSetAtFirst = row.copy == &ApplicationState::OpenVidList
             || row.copy == &ApplicationState::ToolTip || row.copy == &ApplicationState::FadeOuts
             || row.copy == &ApplicationState::HighQ;
-        EXPECT_EQ(Stored(row.key), wasSetAtFirst ? QStringLiteral("False") : QStringLiteral("True")) << row.key;
+        EXPECT_EQ(Stored(row.key), wasSetAtFirst ? QStringLiteral("False") : QStringLiteral("True"))
+            << row.key;
         EXPECT_EQ(state.*row.copy, !wasSetAtFirst) << row.key;
     }
 }
@@ -249,9 +251,10 @@ TEST_F(OptionsSave, WithoutAVideoTheTwoButtonsAreLeftAlone)
 
 TEST_F(OptionsSave, WithWindowFadesOffItsShadowIsHardEdgedAndItGoesAtOnce)
 {
-    BeginWith("FadeOuts", "False");
+    EXPECT_TRUE(form->findChild<ucShadow*>()->SoftShadow());
     state.FadeOuts = false;
     Begin();
+    EXPECT_FALSE(form->findChild<ucShadow*>()->SoftShadow());
     form->reject();
     EXPECT_FALSE(form->isVisible());
 }
@@ -294,7 +297,8 @@ TEST_F(OptionsSave, KeysOfAnotherProgramWrittenMeanwhileStay)
     CRegSettings other(frame.folder.filePath(QStringLiteral("settings")));
     other.SetCompany(state.Settings.Company());
     other.SetAppName(state.Settings.AppName());
-    ASSERT_TRUE(other.SaveSetting(QStringLiteral("Options"), QStringLiteral("OldDir"), QStringLiteral("/elsewhere")));
+    ASSERT_TRUE(
+        other.SaveSetting(QStringLiteral("Options"), QStringLiteral("OldDir"), QStringLiteral("/elsewhere")));
     ASSERT_TRUE(other.SaveSetting(QStringLiteral("Options"), QStringLiteral("Later"), QStringLiteral("7")));
     Save();
     EXPECT_EQ(Stored("OldDir"), QStringLiteral("/elsewhere"));

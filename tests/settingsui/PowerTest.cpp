@@ -46,7 +46,10 @@ protected:
         ASSERT_TRUE(
             state.Settings.SaveSetting(QStringLiteral("Options"), QLatin1String(key), QLatin1String(text)));
     }
-    template <typename Widget = QWidget> Widget* Find(const QString& name) { return form->findChild<Widget*>(name); }
+    template <typename Widget = QWidget> Widget* Find(const QString& name)
+    {
+        return form->findChild<Widget*>(name);
+    }
     xpcheckbox& Box(int index) { return *Find<xpcheckbox>(QStringLiteral("Control(%1)").arg(index)); }
     bool IsSet(int index) { return Box(index).Value() == xpcheckbox::Set; }
     void Click(int index) { QTest::mouseClick(&Box(index), Qt::LeftButton); }
