@@ -87,6 +87,7 @@ public:
     qint16 CaptureWindowCount = 0; ///< capture windows ever opened; numbers them
     std::deque<Dib> StillsTaken; ///< by captures that are not handed over yet; the first is being handed over
     QImage SelectedBitmap; ///< the thumbnail last clicked, null when none
+    qint16 ViewFactorPercent = 0; ///< 100 once a picture stands on the whole screen, fitted to it or not
     bool UseSelectedBitmap = false; ///< the next capture window takes SelectedBitmap
 
     // Variables that mirror a settings key, with the key's name.

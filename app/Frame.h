@@ -11,6 +11,7 @@ class Clipboard;
 class ErrorBox;
 class FileDialogs;
 class Lead;
+class QImage;
 class QWidget;
 class ltmmPlay;
 
@@ -100,6 +101,9 @@ public:
     virtual void OpenTools() = 0;
     /// Opens the one visual editor on the active capture, or shows the one that is open.
     virtual void OpenVisual() = 0;
+    /// Shows a picture on the whole screen until the user ends it; whatever can go meanwhile must be looked
+    /// at again afterwards.
+    virtual void ShowFullScreen(const QImage& picture) = 0;
     /// Opens the user's guide, or tells that it is missing.
     virtual void OpenHelp() = 0;
     /// Opens the one popup below a button; chosen gets the number of the item.

@@ -202,6 +202,15 @@ void Visual::ChangeResolution()
     Effect->setFocus();
 }
 
+void Visual::ViewFullScreen()
+{
+    const QPointer<Visual> alive(this);
+    const Hourglass waiting;
+    frame_.ShowFullScreen(Effect->Bitmap());
+    if (alive && !isClosed_)
+        Effect->setFocus();
+}
+
 void Visual::SaveSliders()
 {
     SliderFile::Values values {};

@@ -78,6 +78,7 @@ public:
     void ShowFront(bool visible) override;
     void OpenTools() override;
     void OpenVisual() override;
+    void ShowFullScreen(const QImage& picture) override;
     void OpenHelp() override;
     void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget& button,
         std::function<void(int)> chosen) override;

@@ -7,6 +7,7 @@
 #include "frame/HelpWindow.h"
 #include "frame/Main.h"
 #include "video/VideoList.h"
+#include "viewers/FullS.h"
 #include "viewers/QuickShots.h"
 #include "viewers/Viewer.h"
 
@@ -142,6 +143,14 @@ void Main::OpenVisual()
     visual_ = new Visual(*this);
     if (!state_.VisualReady)
         delete visual_;
+}
+
+void Main::ShowFullScreen(const QImage& picture)
+{
+    const PointerPause pause;
+    const QPointer<FullS> form = new FullS(*this, picture);
+    form->exec();
+    delete form;
 }
 
 void Main::CloseActiveForm()

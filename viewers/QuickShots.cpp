@@ -107,7 +107,7 @@ void QuickShots::View(int index)
     frame_.State().SelectedBitmap = picInner_->Bitmap(index);
     picInner_->Select(index);
     const QPointer<QuickShots> alive(this);
-    Q_EMIT FullViewWanted(picInner_->Bitmap(index));
+    frame_.ShowFullScreen(frame_.State().SelectedBitmap);
     if (alive)
         picInner_->Flash(index);
 }

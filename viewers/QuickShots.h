@@ -26,9 +26,6 @@ public:
     void AllThumbWatermark();
     int ThumbIndex = 0;
 
-Q_SIGNALS:
-    void FullViewWanted(const QImage& picture); ///< a thumbnail was clicked twice
-
 protected:
     void closeEvent(QCloseEvent* event) override;
 

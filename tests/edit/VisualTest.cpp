@@ -1,5 +1,6 @@
 #include "edit/Visual.h"
 
+#include "app/Hourglass.h"
 #include "edit/ColorRes.h"
 #include "edit/EffectRows.h"
 #include "imaging/FormatTable.h"
@@ -629,10 +630,27 @@ TEST_F(VisualTest, ClosingInTheMiddleOfAnOperationIsSafe)
     EXPECT_FALSE(visual);
 }
 
-TEST_F(VisualTest, WhatIsNotThereYetIsDisabled)
+TEST_F(VisualTest, ViewFullScreenShowsTheEffectUnderTheBusyPointerAndGivesItTheFocus)
 {
     Open();
-    EXPECT_FALSE(Find(QStringLiteral("Command17")).isEnabled());
+    Click("Command4");
+    Find(QStringLiteral("Command4")).setFocus();
+    Pointer meanwhile = Pointer::Normal;
+    frame.whileFullScreen = [&] { meanwhile = CurrentPointer(); };
+    Click("Command17");
+    EXPECT_EQ(frame.fullScreen, Effect());
+    EXPECT_EQ(meanwhile, Pointer::Busy) << "the frame's own view puts it right";
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+    EXPECT_EQ(visual->focusWidget(), &Control("Effect"));
+}
+
+TEST_F(VisualTest, ClosingBehindTheFullScreenIsSafe)
+{
+    Open();
+    frame.whileFullScreen = [this] { delete visual; };
+    Click("Command17");
+    EXPECT_FALSE(visual);
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
 }
 
 TEST_F(VisualTest, EveryControlHasANameAndIsReachedByKeys)

@@ -27,6 +27,8 @@ public:
     QStringList log;
     std::function<void()> whenViewerOpens;
     std::function<void()> whenPumped;
+    QImage fullScreen; ///< the picture last shown on the whole screen
+    std::function<void()> whileFullScreen;
     int checkedInMenus = 0;
     std::function<void(int)> chosenInMenus;
 
@@ -89,6 +91,13 @@ public:
     }
     void OpenTools() override { log << QStringLiteral("OpenTools"); }
     void OpenVisual() override { log << QStringLiteral("OpenVisual"); }
+    void ShowFullScreen(const QImage& picture) override
+    {
+        log << QStringLiteral("ShowFullScreen");
+        fullScreen = picture;
+        if (whileFullScreen)
+            whileFullScreen();
+    }
     void OpenHelp() override { log << QStringLiteral("OpenHelp"); }
     void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget&,
         std::function<void(int)> chosen) override
