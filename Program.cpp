@@ -20,7 +20,7 @@ Program::Libraries::Libraries()
 Program::Program(const QString& applicationFolder)
     : state_(applicationFolder)
     , errors_(state_)
-    , main_({ state_, clipboard_, dialogs_, errors_, documents_,
+    , main_({ state_, clipboard_, dialogs_, errors_, documents_, wallpaper_,
           [](QWidget* parent) { return new PlayerControl(parent, player::AwaitWithBox); } })
 {
 }

@@ -5,6 +5,7 @@
 #include "app/SystemDialogs.h"
 #include "desktop/SystemClipboard.h"
 #include "desktop/SystemDocuments.h"
+#include "desktop/SystemWallpaper.h"
 #include "frame/Main.h"
 
 /// The program put together: the parts in the order in which they depend on each other, and the frame on top.
@@ -28,5 +29,6 @@ private:
     SystemDialogs dialogs_;
     ErrFrmBox errors_;
     SystemDocuments documents_;
+    SystemWallpaper wallpaper_;
     Main main_;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/CRegSettings.h"
+#include "app/ProgramFolders.h"
 #include "app/SettingsKeys.h"
 #include "app/TextSettings.h"
 #include "desktop/Dib.h"
@@ -17,13 +18,15 @@
 class ApplicationState : public TextSettings {
 public:
     /// applicationFolder is the folder of the executable, without a separator at its end; settingsFolder as
-    /// in CRegSettings.
-    explicit ApplicationState(const QString& applicationFolder, const QString& settingsFolder = {});
+    /// in CRegSettings; dataFolder is the user's own for the data of all programs, by default where the
+    /// desktop has it.
+    explicit ApplicationState(
+        const QString& applicationFolder, const QString& settingsFolder = {}, const QString& dataFolder = {});
     ApplicationState(const ApplicationState&) = delete;
     ApplicationState& operator=(const ApplicationState&) = delete;
 
     /// The load step of the start: names the store, reads the settings, applies the tool tips of frame and
-    /// makes the four folders beside the program. A step that fails is passed over.
+    /// makes the four folders of captures. A step that fails is passed over.
     void LoadApplicationState(QWidget& frame);
 
     /// Gives every control of a form the tool tip in its property "Tag" when ToolTip is on, and none
@@ -35,9 +38,12 @@ public:
     /// Writes the value of a key's variable; true when it stands on the disk.
     bool Store(Key key);
 
-    /// The folder of the executable, and the full path of something beside the executable.
-    QString ApplicationFolder() const { return applicationFolder_; }
+    /// Where the program keeps what it makes.
+    const ProgramFolders& Folders() const { return folders_; }
+    /// The full path of something that stands beside the executable, or in the user's data where nothing may.
     QString Beside(const QString& name) const;
+    /// The folders of captures were made in the user's data at this start, which the user does not know yet.
+    bool IsHomeNew = false;
 
     CRegSettings Settings;
     QString SettingsSection;
@@ -121,7 +127,5 @@ public:
     bool WatermarkBATCH = false;
 
 private:
-    void MakeFolders() const;
-
-    QString applicationFolder_;
+    ProgramFolders folders_;
 };

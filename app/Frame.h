@@ -13,6 +13,7 @@ class FileDialogs;
 class Lead;
 class QImage;
 class QWidget;
+class Wallpaper;
 class ltmmPlay;
 
 /// The frame's command buttons, Cmds(0) to Cmds(9).
@@ -54,6 +55,7 @@ public:
     virtual Clipboard& SystemClipboard() = 0;
     virtual FileDialogs& Dialogs() = 0;
     virtual ErrorBox& Errors() = 0;
+    virtual Wallpaper& DesktopWallpaper() = 0;
 
     /// The frame's own window, for owned boxes.
     virtual QWidget* FrameWindow() = 0;

@@ -39,6 +39,7 @@ struct FrameParts {
     FileDialogs& dialogs;
     ErrorBox& errors;
     Documents& documents;
+    Wallpaper& wallpaper;
     PlayerFactory makePlayer;
 };
 
@@ -55,6 +56,7 @@ public:
     Clipboard& SystemClipboard() override { return clipboard_; }
     FileDialogs& Dialogs() override { return dialogs_; }
     ErrorBox& Errors() override { return errors_; }
+    Wallpaper& DesktopWallpaper() override { return wallpaper_; }
     QWidget* FrameWindow() override { return this; }
     QWidget* ActiveForm() override;
     Lead* ActiveCapture() override;
@@ -147,6 +149,7 @@ private:
     void UnloadForms();
     void ShowPopup();
     void ShowAbout();
+    void TellHome();
     void ToggleMaximized();
     void ShowWindowState();
     void ApplyBackground();
@@ -156,6 +159,7 @@ private:
     FileDialogs& dialogs_;
     ErrorBox& errors_;
     Documents& documents_;
+    Wallpaper& wallpaper_;
     PlayerFactory makePlayer_;
     KidTable kids_;
 

@@ -23,6 +23,7 @@ qint64 FewestBytes(const PictureHeader& header)
     case Jpg:
         return pixels / 64 / 8; // a bit for each block of 8x8
     case Bmp:
+    case DesktopBmp:
     case Tga:
         return pixels / 128 / 8; // runs of up to 255 or 128 pixels
     case Psd:
@@ -35,8 +36,11 @@ qint64 FewestBytes(const PictureHeader& header)
     return 0;
 }
 
-bool IsInTable(int format, int bits)
+bool CanBeMade(int format, int bits)
 {
+    constexpr int bitmapBits = 24;
+    if (format == DesktopBmp)
+        return bits == bitmapBits;
     return std::ranges::any_of(
         FormatTable, [&](const FormatRow& row) { return row.format == format && row.bits == bits; });
 }
@@ -61,7 +65,7 @@ QImage DecodeKnown(const QByteArray& file, FormatCode format)
 
 EncodedFile EncodeKnown(const QImage& picture, FormatCode format, int quality)
 {
-    if (format == Bmp)
+    if (format == Bmp || format == DesktopBmp)
         return BmpFile::Encode(picture);
     if (format == Psd)
         return EncodedFile(PsdFile::Encode(picture));
@@ -100,7 +104,7 @@ QImage PictureFile::Decode(const QByteArray& file)
 
 EncodedFile PictureFile::Encode(const QImage& picture, int format, int bits, int quality)
 {
-    if (!IsInTable(format, bits))
+    if (!CanBeMade(format, bits))
         throw PictureError(
             QStringLiteral("A picture of format %1 cannot have %2 bits.").arg(format).arg(bits));
     CheckPictureSize(picture.width(), picture.height());

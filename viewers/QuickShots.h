@@ -5,6 +5,7 @@
 #include <QImage>
 
 class Frame;
+class Lead;
 class QLabel;
 class QScrollArea;
 class ThumbPanel;
@@ -35,6 +36,7 @@ private:
     void Select(int index);
     void View(int index);
     void OpenHighlighted();
+    void WithHighlighted(void (*act)(Frame& frame, const Lead& capture));
     void SaveAll();
     /// False when the strip was closed meanwhile.
     bool SaveEach();

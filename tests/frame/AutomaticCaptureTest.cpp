@@ -34,7 +34,7 @@ protected:
     static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
     void SetUp() override
     {
-        main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors, documents,
+        main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors, documents, wallpaper,
             [](QWidget* parent) { return new PlayerControl(parent); } });
         main->show();
         QDir::setCurrent(folder.path());

@@ -38,6 +38,7 @@ public:
     Clipboard& SystemClipboard() override { return clipboard; }
     FileDialogs& Dialogs() override { return dialogs; }
     ErrorBox& Errors() override { return errors; }
+    Wallpaper& DesktopWallpaper() override { return wallpaper; }
     QWidget* FrameWindow() override { return &window; }
     QWidget* ActiveForm() override { return activeForm; }
     Lead* ActiveCapture() override { return activeCapture; }

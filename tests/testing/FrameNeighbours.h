@@ -3,6 +3,7 @@
 #include "app/ApplicationState.h"
 #include "tests/testing/FakeClipboard.h"
 #include "tests/testing/FakeDocuments.h"
+#include "tests/testing/FakeWallpaper.h"
 #include "tests/testing/ScriptedTalk.h"
 
 #include <QTemporaryDir>
@@ -10,9 +11,11 @@
 /// What a frame stands on: the real state over a temporary folder, and fakes of the rest.
 struct FrameNeighbours {
     QTemporaryDir folder;
-    ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")) };
+    ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")),
+        folder.filePath(QStringLiteral("data")) };
     FakeClipboard clipboard;
     ScriptedDialogs dialogs;
     ScriptedErrors errors;
     FakeDocuments documents;
+    FakeWallpaper wallpaper;
 };
