@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QFile>
 #include <QProcess>
 
 #include <algorithm>
@@ -59,6 +60,14 @@ private:
     void* bytes_ = nullptr;
 };
 
+/// Beside this program, or where an installation keeps what only programs start.
+QString ReaderProgram()
+{
+    const QString folder = QCoreApplication::applicationDirPath();
+    const QString installed = folder + QStringLiteral("/../libexec/taq-video-capture-pro/taq-reader");
+    return QFile::exists(installed) ? installed : folder + QStringLiteral("/taq-reader");
+}
+
 /// Runs the reading program to its end, which takes it from the other one's hands: what it wrote stays as it
 /// is.
 void RunReader(int in, int out, const std::function<void()>& whileWaiting)
@@ -74,8 +83,7 @@ void RunReader(int in, int out, const std::function<void()>& whileWaiting)
         for (const int kept : { in, out })
             fcntl(kept, F_SETFD, 0);
     });
-    reader.start(QCoreApplication::applicationDirPath() + QStringLiteral("/taq-reader"),
-        { QString::number(in), QString::number(out) });
+    reader.start(ReaderProgram(), { QString::number(in), QString::number(out) });
     if (!reader.waitForStarted())
         throw PictureError(QStringLiteral(
             "A part of the program that opens pictures is missing. Install the program again."));
