@@ -4,9 +4,10 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME taq-video-capture-pro)
 set(CPACK_PACKAGE_CONTACT "Marlowfern Software <maintainers@marlowfern.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "takes the best frames out of videos")
-set(CPACK_PACKAGE_DESCRIPTION "Opens videos, plays them or steps through them frame by frame, and saves what is
-seen as BMP, JPEG, TGA, GIF, TIFF, PNG or PSD: by hand, at an interval of time or
-every so many frames. Captures can be edited, given a text and made wallpaper.")
+set(CPACK_PACKAGE_DESCRIPTION "Opens videos, plays them or steps through them frame by frame,
+and saves what is seen as BMP, JPEG, TGA, GIF, TIFF, PNG or PSD: by hand, at an
+interval of time or every so many frames. Captures can be edited, given a text
+and made wallpaper.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/package)
 set(CPACK_STRIP_FILES ON)
