@@ -150,6 +150,8 @@ void Visual::OpenDifferent()
             if (!alive || isClosed_)
                 return;
             Original->SetBitmap(picture);
+            if (imaging::IsAnimated(picture))
+                frame_.State().CurrentFile = file_; // which the whole screen takes the other pages from
         } catch (const ControlError& error) {
             frame_.SetStatusAlert(StatusLabel::Operation, error.Reason());
         }

@@ -147,8 +147,8 @@ void Main::OpenVisual()
 
 void Main::ShowFullScreen(const QImage& picture)
 {
-    const PointerPause pause;
     const QPointer<FullS> form = new FullS(*this, picture);
+    const PointerPause pause;
     form->exec();
     delete form;
 }

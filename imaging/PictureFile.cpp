@@ -1,6 +1,7 @@
 #include "imaging/PictureFile.h"
 
 #include "imaging/BmpFile.h"
+#include "imaging/Converted.h"
 #include "imaging/FormatTable.h"
 #include "imaging/MagickCoders.h"
 #include "imaging/PictureLimits.h"
@@ -99,7 +100,23 @@ PictureHeader PictureFile::CheckedHeader(const QByteArray& file)
 QImage PictureFile::Decode(const QByteArray& file)
 {
     const PictureHeader header = CheckedHeader(file);
-    return WithinMemory(header.width, header.height, [&] { return DecodeKnown(file, header.format); });
+    QImage picture =
+        WithinMemory(header.width, header.height, [&] { return DecodeKnown(file, header.format); });
+    SetAnimated(picture, PagesOf(file) > 1);
+    return picture;
+}
+
+std::vector<Page> PictureFile::DecodePages(const QByteArray& file, int most)
+{
+    const PictureHeader header = CheckedHeader(file);
+    if (header.format != Gif)
+        return { { Converted(Decode(file), QImage::Format_ARGB32), {} } };
+    std::vector<Page> pages =
+        WithinMemory(header.width, header.height, [&] { return MagickCoders::DecodePages(file, most); });
+    for (const Page& page : pages)
+        if (page.picture.width() != header.width || page.picture.height() != header.height)
+            throw PictureError(QStringLiteral("The picture is damaged or incomplete."));
+    return pages;
 }
 
 EncodedFile PictureFile::Encode(const QImage& picture, int format, int bits, int quality)

@@ -6,16 +6,23 @@ set -euo pipefail
 [ $# -ge 1 ] || { echo "usage: $0 PACKAGE [ROOT]" >&2; exit 2; }
 package=$(realpath "$1")
 tools=$(cd "$(dirname "$0")" && pwd)
-root=${2:-}
+root=${2:-} made=
+clean_up()
+{
+    umount "$root/proc" 2> /dev/null || true
+    [ -z "$made" ] || rm -rf --one-file-system "$made"
+}
+trap clean_up EXIT
 if [ -z "$root" ]; then
     root=$(mktemp -d "${TMPDIR:-/tmp}/root.XXXXXX")
-    trap 'rm -rf "$root"' EXIT
+    made=$root
     debootstrap --variant=minbase bookworm "$root" http://deb.debian.org/debian > /dev/null
 fi
 name=$(dpkg-deb -f "$package" Package)
 inside() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"; }
 install() { inside apt-get install -y -qq --no-install-recommends "$@" > "$root/apt.log" 2>&1 || { tail "$root/apt.log"; exit 1; }; }
 
+mount -t proc proc "$root/proc"
 inside apt-get update -qq
 cp "$package" "$root/package.deb"
 echo "installed with what it depends on alone"
@@ -24,7 +31,8 @@ inside ldd /usr/bin/taq | grep 'not found' && exit 1
 
 echo "started, used"
 install xvfb openbox xdotool x11-utils dbus imagemagick ffmpeg fonts-dejavu-core
-mkdir -p "$root/check"
+rm -rf "$root/check"
+mkdir "$root/check"
 cp "$tools/with_display.sh" "$tools/use_installed.sh" "$tools/../resources/samples/Aurora.avi" "$root/check/"
 inside /check/with_display.sh /check/use_installed.sh /usr /check/Aurora.avi /check/home
 

@@ -1,8 +1,10 @@
 #include "viewers/FullS.h"
 
 #include "app/ApplicationState.h"
+#include "app/ControlError.h"
 #include "app/Frame.h"
 #include "app/Lead.h"
+#include "app/OpenUserPicture.h"
 #include "viewers/FullPlace.h"
 
 #include <QKeyEvent>
@@ -33,6 +35,8 @@ FullS::FullS(Frame& frame, const QImage& picture)
     setObjectName(QStringLiteral("FullS"));
     setWindowTitle(QStringLiteral("Full Screen"));
     Build();
+    if (imaging::IsAnimated(picture))
+        LoadPages();
     QScreen* const screen = frame.FrameWindow()->screen();
     setScreen(screen);
     setGeometry(screen->geometry());
@@ -55,6 +59,26 @@ void FullS::Build()
     ViewFactor->hide();
 }
 
+/// The file may hold something else by now, or be gone: then the picture stands still.
+void FullS::LoadPages()
+{
+    IgnoreErrors([&] { pages_ = OpenUserPages(frame_.State().CurrentFile); });
+    if (pages_.size() < 2 || pages_.front().picture != picture_.convertToFormat(QImage::Format_ARGB32))
+        pages_.clear();
+    pageTimer_.setObjectName(QStringLiteral("PageTimer"));
+    pageTimer_.setSingleShot(true);
+    pageTimer_.setTimerType(Qt::PreciseTimer);
+    connect(&pageTimer_, &QTimer::timeout, this, &FullS::ShowNextPage);
+}
+
+void FullS::ShowNextPage()
+{
+    page_ = (page_ + 1) % pages_.size();
+    Leadbitmap1->SetBitmap(pages_[page_].picture);
+    Arrange();
+    pageTimer_.start(pages_[page_].time);
+}
+
 void FullS::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
@@ -72,6 +96,8 @@ void FullS::ShowPicture()
     Leadbitmap1->show();
     Leadbitmap1->lower(); // the label stands on the picture
     Leadbitmap1->ForceRepaint();
+    if (!pages_.empty())
+        pageTimer_.start(pages_.front().time);
 }
 
 /// The control takes the whole screen, for a place between two of the coordinates that a widget can have.

@@ -3,10 +3,13 @@
 #include "app/Hourglass.h"
 #include "edit/ColorRes.h"
 #include "edit/EffectRows.h"
+#include "imaging/Animation.h"
 #include "imaging/FormatTable.h"
 #include "imaging/PictureFile.h"
 #include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeCapture.h"
+#include "tests/testing/Files.h"
+#include "tests/testing/MovingGif.h"
 #include "tests/testing/RunningDialog.h"
 
 #include <QCheckBox>
@@ -642,6 +645,24 @@ TEST_F(VisualTest, ViewFullScreenShowsTheEffectUnderTheBusyPointerAndGivesItTheF
     EXPECT_EQ(meanwhile, Pointer::Busy) << "the frame's own view puts it right";
     EXPECT_EQ(CurrentPointer(), Pointer::Normal);
     EXPECT_EQ(visual->focusWidget(), &Control("Effect"));
+}
+
+TEST_F(VisualTest, AMovingPictureIsRememberedForTheWholeScreenUntilItIsEdited)
+{
+    const QString path = frame.folder.filePath(QStringLiteral("moving.gif"));
+    const QRect whole(0, 0, 20, 10);
+    ASSERT_TRUE(MakeFile(path, MovingGif(whole.size()).Page(whole, 1, 2).Page(whole, 3, 2).File()));
+    Open();
+    const QString before = frame.state.CurrentFile;
+    frame.dialogs.openNames.push(SavedPicture(Ramp()));
+    Click("VideoSoftElastic6");
+    EXPECT_EQ(frame.state.CurrentFile, before) << "a still picture";
+    frame.dialogs.openNames.push(path);
+    Click("VideoSoftElastic6");
+    EXPECT_EQ(frame.state.CurrentFile, path);
+    EXPECT_TRUE(imaging::IsAnimated(Effect()));
+    Click("Command4");
+    EXPECT_FALSE(imaging::IsAnimated(Effect()));
 }
 
 TEST_F(VisualTest, ClosingBehindTheFullScreenIsSafe)

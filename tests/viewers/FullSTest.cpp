@@ -1,7 +1,11 @@
 #include "viewers/FullS.h"
 
+#include "app/OpenUserPicture.h"
+#include "imaging/PictureFile.h"
 #include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
+#include "tests/testing/Files.h"
+#include "tests/testing/MovingGif.h"
 
 #include <QLabel>
 #include <QScreen>
@@ -25,6 +29,16 @@ protected:
     FakeFrame frame;
     std::unique_ptr<FullS> form;
 
+    static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
+    /// Red, then a blue page, of a size of its own; gives its path.
+    QString MakeMoving(const char* name, int width)
+    {
+        const QRect whole(0, 0, width, 10);
+        const QString path = frame.folder.filePath(QLatin1String(name));
+        EXPECT_TRUE(MakeFile(path, MovingGif(whole.size()).Page(whole, 1, 2).Page(whole, 3, 2).File()));
+        return path;
+    }
+    QColor Shown() { return Picture().Bitmap().pixelColor(0, 0); }
     void Show(const QImage& picture)
     {
         form = std::make_unique<FullS>(frame, picture);
@@ -123,6 +137,40 @@ TEST_F(FullSTest, TheseKeysEndTheViewAndOthersDoNot)
         QTest::keyClick(form.get(), key);
         EXPECT_TRUE(IsEnded()) << int(key);
     }
+}
+
+TEST_F(FullSTest, APictureThatMovesIsPlayedFromCurrentFileOverAndOver)
+{
+    frame.state.CurrentFile = MakeMoving("a.gif", 20);
+    Show(OpenUserPicture(frame.state.CurrentFile));
+    for (const QColor& colour : { QColor(Qt::blue), QColor(Qt::red), QColor(Qt::blue) })
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Shown() == colour; }));
+    EXPECT_EQ(ViewFactor().text(), QStringLiteral("100 %"));
+    const QPoint corner((Screen().width() - 20) / 2, (Screen().height() - 10) / 2);
+    const QColor seen = Seen().pixelColor(corner);
+    EXPECT_TRUE(seen == QColor(Qt::blue) || seen == QColor(Qt::red)) << "each page stands in the middle";
+}
+
+TEST_F(FullSTest, WhenCurrentFileHoldsSomethingElseThePictureStandsStill)
+{
+    const QImage picture = OpenUserPicture(MakeMoving("a.gif", 20));
+    const QString none = frame.folder.filePath(QStringLiteral("missing.gif"));
+    for (const QString& file : { MakeMoving("b.gif", 30), none, QString() }) {
+        frame.state.CurrentFile = file;
+        Show(picture);
+        EXPECT_FALSE(form->IsPlaying());
+        EXPECT_EQ(Shown(), QColor(Qt::red));
+    }
+}
+
+TEST_F(FullSTest, AnEditedPictureMovesNoMore)
+{
+    frame.state.CurrentFile = MakeMoving("a.gif", 20);
+    Lead lead;
+    lead.SetBitmap(OpenUserPicture(frame.state.CurrentFile));
+    lead.Invert();
+    Show(lead.Bitmap());
+    EXPECT_FALSE(form->IsPlaying());
 }
 
 TEST_F(FullSTest, WhatIsShownHasAName)
