@@ -14,6 +14,9 @@
 #include <deque>
 #include <vector>
 
+/// The values of OpThumb: where a new capture is shown.
+enum CapturePlace : qint16 { ThumbnailOnly = 0, ViewerAndThumbnail = 1, ViewerOnly = 2 };
+
 /// The state that every window shares, made once and living as long as the program. Reached through Frame.
 class ApplicationState : public TextSettings {
 public:
@@ -117,7 +120,7 @@ public:
     bool BW = false;
     qint16 PPosition = 0;
     bool NameFull = false;
-    qint16 OpThumb = 0; ///< 0 thumbnails, 1 thumbnails and capture window, 2 capture window
+    qint16 OpThumb = ThumbnailOnly; ///< a CapturePlace
     qint16 OpPic = 0; ///< 0 tiled, 1 lower right corner, 2 none
     bool OpenVidList = false; ///< true keeps the list closed
     QString OldDir;

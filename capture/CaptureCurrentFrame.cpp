@@ -4,8 +4,8 @@
 #include "app/ControlError.h"
 #include "app/Frame.h"
 #include "app/Hourglass.h"
-#include "app/Lead.h"
 #include "app/Talk.h"
+#include "capture/NewCapture.h"
 #include "capture/SavePicture.h"
 #include "desktop/Clipboard.h"
 #include "video/ltmmPlay.h"
@@ -17,8 +17,6 @@
 #include <utility>
 
 namespace {
-
-enum OpThumb { ThumbnailOnly = 0, ViewerAndThumbnail = 1, ViewerOnly = 2 };
 
 /// False when another program holds the clipboard; the still is dropped then.
 bool HandOver(Frame& frame, Dib&& still)
@@ -33,42 +31,6 @@ bool HandOver(Frame& frame, Dib&& still)
     return true;
 }
 
-void OpenViewer(Frame& frame)
-{
-    frame.OpenViewer();
-    frame.EnableCommand(Command::Save, true);
-}
-
-/// No capture window takes the frame from the clipboard here, so the frame's own control does.
-void HoldForThumbnail(Frame& frame)
-{
-    Lead& hold = frame.ThumbHold();
-    if (hold.Paste(frame.SystemClipboard(), Lead::PasteTest) == 0)
-        frame.EnableCommand(Command::Save, false);
-    else
-        hold.Paste(frame.SystemClipboard(), Lead::PasteTake);
-}
-
-void Show(Frame& frame)
-{
-    ApplicationState& state = frame.State();
-    state.Reload(Key::OpThumb, Reader::Capture);
-    switch (state.OpThumb) {
-    case ViewerOnly:
-        OpenViewer(frame);
-        break;
-    case ViewerAndThumbnail:
-        OpenViewer(frame);
-        frame.AddThumbnail();
-        frame.ShowFront(true);
-        break;
-    case ThumbnailOnly:
-        HoldForThumbnail(frame);
-        frame.AddThumbnail();
-        break;
-    }
-}
-
 void TellFailure(Frame& frame)
 {
     frame.Errors().Show(frame.FrameWindow(), QStringLiteral("Error!"),
@@ -79,7 +41,7 @@ void Deliver(Frame& frame, Dib&& still)
 {
     try {
         if (HandOver(frame, std::move(still)))
-            Show(frame);
+            ShowNewCapture(frame, Reader::Capture);
         else
             frame.EnableCommand(Command::Save, false);
     } catch (const ControlError&) {

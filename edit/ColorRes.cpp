@@ -1,19 +1,16 @@
 #include "edit/ColorRes.h"
 
 #include "app/ApplicationState.h"
-#include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "edit/OptionGroup.h"
-#include "toolkit/HeadButtons.h"
+#include "toolkit/Style.h"
 
 #include <QGroupBox>
-#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
 
-constexpr int Gap = 4; // the grid
 constexpr int MostPaletteBits = 8;
 
 constexpr Option Depths[] = {
@@ -52,8 +49,8 @@ OptionGroup* AddGroup(QBoxLayout& layout, const char* heading, const char* name,
 {
     auto* box = new QGroupBox(QLatin1String(heading), parent);
     auto* column = new QVBoxLayout(box);
-    column->setContentsMargins(Gap, Gap, Gap, Gap);
-    column->setSpacing(2 * Gap);
+    column->setContentsMargins(Grid, Grid, Grid, Grid);
+    column->setSpacing(2 * Grid);
     auto* group = new OptionGroup(QLatin1String(name), options, box);
     for (QAbstractButton* const button : group->buttons())
         column->addWidget(button);
@@ -65,32 +62,28 @@ OptionGroup* AddGroup(QBoxLayout& layout, const char* heading, const char* name,
 } // namespace
 
 ColorRes::ColorRes(Frame& frame, QWidget* owner, int bitmapBits)
-    : DialogForm(owner)
+    : FormDialog(frame.State(), owner, QStringLiteral("ColorRes"))
     , frame_(frame)
 {
-    setObjectName(QStringLiteral("ColorRes"));
     SetTitle(QStringLiteral("Color Resolution"));
     Build();
-    AddShadow(*this, frame_.State());
-    frame_.State().ApplyToolTips(*this);
+    Dress();
     Load(bitmapBits);
     connect(bits_, &QButtonGroup::idClicked, this, &ColorRes::EnableFor);
 }
 
 void ColorRes::Build()
 {
-    static constexpr FormButton<ColorRes> CloseButton { 0, Face::Close, "Cancel and Close. ",
-        "Cancel and close", [](ColorRes& form) { form.reject(); } };
-    Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
+    AddCloseButton();
     auto* body = new QWidget(this);
     auto* column = new QVBoxLayout(body);
-    column->setContentsMargins(3 * Gap, 3 * Gap, 3 * Gap, 3 * Gap);
-    column->setSpacing(3 * Gap);
+    column->setContentsMargins(3 * Grid, 3 * Grid, 3 * Grid, 3 * Grid);
+    column->setSpacing(3 * Grid);
     auto* row = new QHBoxLayout;
-    row->setSpacing(3 * Gap);
+    row->setSpacing(3 * Grid);
     BuildChoices(*row);
     column->addLayout(row);
-    column->addWidget(BuildFoot());
+    column->addWidget(MakeFoot("Cmd1", "Cmd2"));
     AddBody(body);
     KeepFitting();
 }
@@ -99,31 +92,11 @@ void ColorRes::BuildChoices(QBoxLayout& row)
 {
     bits_ = AddGroup(row, "Pixel Depth", "Bits", Depths, this);
     auto* palettes = new QVBoxLayout;
-    palettes->setSpacing(3 * Gap);
+    palettes->setSpacing(3 * Grid);
     row.addLayout(palettes);
     palettes_ = AddGroup(*palettes, "Palettes", "Palettes", PaletteKinds, this);
     highColor_ = AddGroup(*palettes, "High Color", "Palettes", HighColors, this);
     dithering_ = AddGroup(row, "Dithering Methods", "Dithering", Ditherings, this);
-}
-
-QWidget* ColorRes::BuildFoot()
-{
-    auto* foot = new QWidget(this);
-    auto* row = new QHBoxLayout(foot);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(2 * Gap);
-    auto* accept = new QPushButton(QStringLiteral("Accept"), foot);
-    accept->setObjectName(QStringLiteral("Cmd1"));
-    accept->setDefault(true);
-    auto* cancel = new QPushButton(QStringLiteral("Cancel"), foot);
-    cancel->setObjectName(QStringLiteral("Cmd2"));
-    cancel->setAutoDefault(false);
-    row->addStretch();
-    row->addWidget(accept);
-    row->addWidget(cancel);
-    connect(accept, &QPushButton::clicked, this, &ColorRes::accept);
-    connect(cancel, &QPushButton::clicked, this, &ColorRes::reject);
-    return foot;
 }
 
 void ColorRes::Load(int bitmapBits)
@@ -159,10 +132,4 @@ int ColorRes::GetPalette() const
 int ColorRes::GetDither() const
 {
     return dithering_->Chosen();
-}
-
-void ColorRes::done(int result)
-{
-    if (FadeAtClosing(*this, frame_.State()))
-        DialogForm::done(result);
 }

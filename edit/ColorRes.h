@@ -1,13 +1,13 @@
 #pragma once
 
-#include "toolkit/DialogForm.h"
+#include "app/FormDialog.h"
 
 class Frame;
 class OptionGroup;
 class QBoxLayout;
 
 /// Asks for a depth, a palette and a way of dithering; it changes nothing itself. Modal.
-class ColorRes : public DialogForm {
+class ColorRes : public FormDialog {
     Q_OBJECT
 
 public:
@@ -20,12 +20,9 @@ public:
     int GetPalette() const;
     int GetDither() const;
 
-    void done(int result) override;
-
 private:
     void Build();
     void BuildChoices(QBoxLayout& row);
-    QWidget* BuildFoot();
     void Load(int bitmapBits);
     void EnableFor(int bits);
 

@@ -1,23 +1,20 @@
 #include "edit/Resize.h"
 
 #include "app/ApplicationState.h"
-#include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "app/Lead.h"
-#include "toolkit/HeadButtons.h"
+#include "toolkit/Style.h"
 #include "toolkit/xpcheckbox.h"
 
 #include <QApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSignalBlocker>
 #include <QSlider>
 
 namespace {
 
-constexpr int Gap = 4; // the grid
 constexpr int BoxColumns = 7; // of a number's box, in average characters
 constexpr int BarWidth = 260;
 constexpr int LargeStep = 100;
@@ -34,35 +31,24 @@ constexpr SideRow SideRows[] = {
 };
 constexpr NewSize::Side Sides[] { NewSize::Width, NewSize::Height };
 
-QPushButton* MakeButton(const char* objectName, const char* caption, QWidget* parent)
-{
-    auto* button = new QPushButton(QLatin1String(caption), parent);
-    button->setObjectName(QLatin1String(objectName));
-    return button;
-}
-
 } // namespace
 
 Resize::Resize(Frame& frame, QWidget* owner, const Lead& picture)
-    : DialogForm(owner)
+    : FormDialog(frame.State(), owner, QStringLiteral("Resize"))
     , frame_(frame)
     , picture_(picture)
     , AspectRatioBox(new xpcheckbox(this))
     , ResampleBox(new xpcheckbox(this))
 {
-    setObjectName(QStringLiteral("Resize"));
     SetTitle(QStringLiteral("Resize"));
     Build();
     Bind();
-    AddShadow(*this, frame_.State());
-    frame_.State().ApplyToolTips(*this);
+    Dress();
 }
 
 void Resize::Build()
 {
-    static constexpr FormButton<Resize> CloseButton { 0, Face::Close, "Cancel and Close. ",
-        "Cancel and close", [](Resize& form) { form.reject(); } };
-    Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
+    AddCloseButton();
     AspectRatioBox->setObjectName(QStringLiteral("AspectRatioBox"));
     AspectRatioBox->SetCaption(QStringLiteral("Maintain Aspect-Ratio"));
     ResampleBox->setObjectName(QStringLiteral("ResampleBox"));
@@ -71,16 +57,16 @@ void Resize::Build()
 
     auto* body = new QWidget(this);
     auto* column = new QVBoxLayout(body);
-    column->setContentsMargins(4 * Gap, 4 * Gap, 4 * Gap, 4 * Gap);
-    column->setSpacing(4 * Gap);
+    column->setContentsMargins(4 * Grid, 4 * Grid, 4 * Grid, 4 * Grid);
+    column->setSpacing(4 * Grid);
     column->addWidget(BuildSides());
     auto* checks = new QHBoxLayout;
-    checks->setSpacing(6 * Gap);
+    checks->setSpacing(6 * Grid);
     checks->addWidget(AspectRatioBox);
     checks->addWidget(ResampleBox);
     checks->addStretch();
     column->addLayout(checks);
-    column->addWidget(BuildFoot());
+    column->addWidget(MakeFoot("Ok", "cancel"));
     AddBody(body);
     KeepFitting();
 }
@@ -90,14 +76,14 @@ QWidget* Resize::BuildSides()
     auto* sides = new QWidget(this);
     auto* grid = new QGridLayout(sides);
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(3 * Gap);
-    grid->setVerticalSpacing(2 * Gap);
+    grid->setHorizontalSpacing(3 * Grid);
+    grid->setVerticalSpacing(2 * Grid);
     for (const NewSize::Side side : Sides) {
         const SideRow& row = SideRows[side];
         auto* box = new QLineEdit(sides);
         box->setObjectName(QLatin1String(row.boxName));
         box->setAccessibleName(QLatin1String(row.caption));
-        box->setFixedWidth(fontMetrics().averageCharWidth() * BoxColumns + 4 * Gap);
+        box->setFixedWidth(fontMetrics().averageCharWidth() * BoxColumns + 4 * Grid);
         auto* bar = new QSlider(Qt::Horizontal, sides);
         bar->setObjectName(QLatin1String(row.barName));
         bar->setAccessibleName(QLatin1String(row.barTitle));
@@ -109,24 +95,6 @@ QWidget* Resize::BuildSides()
         sides_[side] = { box, bar };
     }
     return sides;
-}
-
-QWidget* Resize::BuildFoot()
-{
-    auto* foot = new QWidget(this);
-    auto* row = new QHBoxLayout(foot);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(2 * Gap);
-    QPushButton* const ok = MakeButton("Ok", "Accept", foot);
-    QPushButton* const cancel = MakeButton("cancel", "Cancel", foot);
-    ok->setDefault(true);
-    cancel->setAutoDefault(false);
-    row->addStretch();
-    row->addWidget(ok);
-    row->addWidget(cancel);
-    connect(ok, &QPushButton::clicked, this, &Resize::Accept);
-    connect(cancel, &QPushButton::clicked, this, &Resize::reject);
-    return foot;
 }
 
 void Resize::Bind()
@@ -186,17 +154,11 @@ Resize::Results Resize::GetResults() const
         ResampleBox->Value() == xpcheckbox::Set };
 }
 
-void Resize::Accept()
+void Resize::accept()
 {
     if (size_.HoldBoxes())
         QApplication::beep();
     ShowSize();
     if (size_.IsAcceptable())
-        accept();
-}
-
-void Resize::done(int result)
-{
-    if (FadeAtClosing(*this, frame_.State()))
-        DialogForm::done(result);
+        FormDialog::accept();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/FormDialog.h"
 #include "edit/NewSize.h"
-#include "toolkit/DialogForm.h"
 
 #include <array>
 
@@ -12,7 +12,7 @@ class QSlider;
 class xpcheckbox;
 
 /// Asks for a new size in pixels for a picture; it changes nothing itself. Modal; accepted when the size is.
-class Resize : public DialogForm {
+class Resize : public FormDialog {
     Q_OBJECT
 
 public:
@@ -31,7 +31,8 @@ public:
     void InitTheForm(Mode mode);
     Results GetResults() const;
 
-    void done(int result) override;
+    /// Boxes beyond what is allowed are mended first, with a beep; a size that is none keeps the form open.
+    void accept() override;
 
 private:
     struct SideControls {
@@ -41,10 +42,8 @@ private:
 
     void Build();
     QWidget* BuildSides();
-    QWidget* BuildFoot();
     void Bind();
     void ShowSize();
-    void Accept();
 
     Frame& frame_;
     const Lead& picture_;

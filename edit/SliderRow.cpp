@@ -1,5 +1,7 @@
 #include "edit/SliderRow.h"
 
+#include "toolkit/Style.h"
+
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QPushButton>
@@ -10,9 +12,8 @@
 
 namespace {
 
-constexpr int Gap = 4; // the grid
 constexpr int LeastBarWidth = 120;
-constexpr int ButtonPadding = 9 * Gap;
+constexpr int ButtonPadding = 9 * Grid;
 constexpr auto WidestNumber = "-10000";
 
 } // namespace
@@ -53,10 +54,10 @@ void SliderRow::Build(int index)
     Answer->setObjectName(QStringLiteral("Answer(%1)").arg(index));
     Answer->setAccessibleName(label + QStringLiteral(" amount"));
     Answer->setAlignment(Qt::AlignRight);
-    Answer->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1String(WidestNumber)) + 4 * Gap);
+    Answer->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1String(WidestNumber)) + 4 * Grid);
     auto* line = new QGridLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
-    line->setHorizontalSpacing(2 * Gap);
+    line->setHorizontalSpacing(2 * Grid);
     line->setColumnMinimumWidth(0, ButtonWidth(button_->fontMetrics()));
     line->setColumnStretch(1, 1);
     line->addWidget(button_, 0, 0);

@@ -3,15 +3,16 @@
 #include "app/ApplicationState.h"
 #include "app/CaptureWindow.h"
 #include "app/ControlError.h"
-#include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "app/Hourglass.h"
 #include "app/Lead.h"
 #include "app/Talk.h"
-#include "edit/EditedPicture.h"
+#include "capture/NewCapture.h"
 #include "edit/Resize.h"
 #include "toolkit/DigitLabel.h"
-#include "toolkit/HeadButtons.h"
+#include "toolkit/Face.h"
+#include "toolkit/StripButton.h"
+#include "toolkit/Style.h"
 #include "toolkit/Twips.h"
 
 #include <QGridLayout>
@@ -23,7 +24,6 @@
 
 namespace {
 
-constexpr int Gap = 4; // the grid
 constexpr Twips BelowCapture = 10_twips;
 constexpr int QuarterTurn = 9000; // hundredths of a degree
 constexpr int SliderEnd = 100;
@@ -78,28 +78,24 @@ const Tools::SliderRow Tools::SliderRows[] = {
 };
 
 Tools::Tools(Frame& frame)
-    : DialogForm(frame.FrameWindow())
+    : FormDialog(frame.State(), frame.FrameWindow(), QStringLiteral("Tools"))
     , frame_(frame)
 {
-    setObjectName(QStringLiteral("Tools"));
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_ShowWithoutActivating);
     SetTitle(QStringLiteral("Graphic Edit Tools"));
     Build();
-    AddShadow(*this, frame_.State());
-    frame_.State().ApplyToolTips(*this);
+    Dress();
 }
 
 void Tools::Build()
 {
-    static constexpr FormButton<Tools> CloseButton { 0, Face::Close, " Close Graphic Tools ",
-        "Close graphic tools", [](Tools& tools) { tools.UnloadLTools(); } };
-    Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
+    AddCloseButton(" Close Graphic Tools ", "Close graphic tools");
     auto* body = new QWidget(this);
     auto* column = new QVBoxLayout(body);
-    column->setContentsMargins(3 * Gap, 2 * Gap, 3 * Gap, 3 * Gap);
-    column->setSpacing(2 * Gap);
+    column->setContentsMargins(3 * Grid, 2 * Grid, 3 * Grid, 3 * Grid);
+    column->setSpacing(2 * Grid);
     column->addWidget(BuildButtons());
     column->addWidget(BuildSliders());
     AddBody(body);
@@ -111,7 +107,7 @@ QWidget* Tools::BuildButtons()
     auto* strip = new QWidget(this);
     auto* row = new QHBoxLayout(strip);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(Gap);
+    row->setSpacing(Grid);
     for (const Button& button : Buttons) {
         auto* control = new ToolButtons(strip);
         control->setObjectName(QStringLiteral("Cmd2(%1)").arg(button.index));
@@ -138,8 +134,8 @@ QWidget* Tools::BuildSliders()
     auto* sliders = new QWidget(this);
     auto* grid = new QGridLayout(sliders);
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(2 * Gap);
-    grid->setVerticalSpacing(Gap);
+    grid->setHorizontalSpacing(2 * Grid);
+    grid->setVerticalSpacing(Grid);
     for (const Slider slider : { Brightness, Contrast }) {
         const SliderRow& row = SliderRows[slider];
         auto* bar = new QSlider(Qt::Horizontal, sliders);
@@ -286,7 +282,7 @@ void Tools::OpenResized(int width, int height, int flags)
     } catch (const ControlError&) {
         return TellTooLarge();
     }
-    IgnoreErrors([&] { OpenEdited(frame_, Reader::Tools, Lead4.Bitmap()); });
+    IgnoreErrors([&] { ShowEdited(frame_, Reader::Tools, Lead4.Bitmap()); });
     if (alive)
         readOuts_[Contrast]->clear();
 }
@@ -305,6 +301,5 @@ void Tools::TellTooLarge()
 void Tools::done(int result)
 {
     frame_.State().ToolsOpen = false;
-    if (FadeAtClosing(*this, frame_.State()))
-        DialogForm::done(result);
+    FormDialog::done(result);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/FormDialog.h"
 #include "edit/UndoRing.h"
-#include "toolkit/DialogForm.h"
 
 #include <array>
 
@@ -13,7 +13,7 @@ class QSlider;
 
 /// The small window of quick edits, above all others. It works on the active capture, looked up afresh at
 /// every use, so that undo may bring a picture of one capture into another.
-class Tools : public DialogForm {
+class Tools : public FormDialog {
     Q_OBJECT
 
 public:

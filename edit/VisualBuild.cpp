@@ -11,6 +11,7 @@
 #include "toolkit/ElidedLabel.h"
 #include "toolkit/HeadButtons.h"
 #include "toolkit/SizeGrip.h"
+#include "toolkit/Style.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -24,7 +25,6 @@
 
 namespace {
 
-constexpr int Gap = 4; // the grid
 constexpr QSize PreviewSize { 112, 76 };
 constexpr QSize LeastPictureSize { 320, 240 };
 constexpr int AngleEnd = 3600; // tenths of a degree
@@ -36,7 +36,7 @@ constexpr Option Types[] = { { 0, "Horizontal" }, { 1, "Vertical" } };
 constexpr Option Directions[] = { { 0, "East" }, { 1, "West" }, { 2, "North" }, { 3, "South" } };
 constexpr Option Fits[] = { { 0, "Tile" }, { 1, "Stretch" } };
 
-void Space(QLayout& layout, int gap = 2 * Gap)
+void Space(QLayout& layout, int gap = 2 * Grid)
 {
     layout.setContentsMargins(0, 0, 0, 0);
     layout.setSpacing(gap);
@@ -52,8 +52,8 @@ void KeepWhole(QWidget& row)
 QGridLayout* MakeGrid(QGroupBox* box)
 {
     auto* grid = new QGridLayout(box);
-    grid->setContentsMargins(Gap, Gap, Gap, Gap);
-    grid->setSpacing(2 * Gap);
+    grid->setContentsMargins(Grid, Grid, Grid, Grid);
+    grid->setSpacing(2 * Grid);
     for (const int column : { 0, 1 })
         grid->setColumnStretch(column, 1);
     return grid;
@@ -168,8 +168,8 @@ void Visual::Build()
     AddHeadButtons(*this, HeadButtons);
     auto* body = new QWidget(this);
     auto* grid = new QGridLayout(body);
-    grid->setContentsMargins(2 * Gap, 2 * Gap, 2 * Gap, 2 * Gap);
-    grid->setSpacing(2 * Gap);
+    grid->setContentsMargins(2 * Grid, 2 * Grid, 2 * Grid, 2 * Grid);
+    grid->setSpacing(2 * Grid);
     effectPane_ = new PicturePane(
         PicturePane::Small::OwnSize, QStringLiteral("Effect"), QStringLiteral("Picture"), body);
     effectPane_->setMinimumSize(LeastPictureSize);
@@ -277,8 +277,8 @@ QWidget* Visual::BuildRows(EffectGroup group, const QString& heading)
 {
     auto* box = new QGroupBox(heading, this);
     auto* column = new QVBoxLayout(box);
-    column->setContentsMargins(Gap, Gap, Gap, Gap);
-    column->setSpacing(Gap);
+    column->setContentsMargins(Grid, Grid, Grid, Grid);
+    column->setSpacing(Grid);
     for (int index = 0; index < EffectRowCount; ++index) {
         if (EffectRows()[size_t(index)].group != group)
             continue;
@@ -296,7 +296,7 @@ QWidget* Visual::BuildPlainOperations()
 {
     auto* line = new QWidget(this);
     auto* row = new QHBoxLayout(line);
-    Space(*row, Gap);
+    Space(*row, Grid);
     for (const PlainOperation& plain : PlainOperations) {
         QAbstractButton* const button = MakeOperationButton(plain, line);
         connect(button, &QAbstractButton::clicked, this,
@@ -311,8 +311,8 @@ QWidget* Visual::BuildRotation()
 {
     auto* box = new QGroupBox(QStringLiteral("Rotate"), this);
     auto* column = new QVBoxLayout(box);
-    column->setContentsMargins(Gap, Gap, Gap, Gap);
-    column->setSpacing(2 * Gap);
+    column->setContentsMargins(Grid, Grid, Grid, Grid);
+    column->setSpacing(2 * Grid);
     auto* line = new QGridLayout;
     Space(*line);
     line->setColumnMinimumWidth(0, SliderRow::ButtonWidth(fontMetrics()));

@@ -8,9 +8,9 @@
 #include "app/Lead.h"
 #include "app/OpenUserPicture.h"
 #include "app/Talk.h"
+#include "capture/NewCapture.h"
 #include "edit/ColorRes.h"
 #include "edit/EdgeFilters.h"
-#include "edit/EditedPicture.h"
 #include "edit/OptionGroup.h"
 #include "edit/PicturePane.h"
 #include "edit/SliderFile.h"
@@ -249,7 +249,7 @@ void Visual::Accept()
     EndClipboardView();
     const QImage picture = Effect->Bitmap();
     IgnoreErrors([&] { Effect->Copy(frame_.SystemClipboard(), true); });
-    IgnoreErrors([&] { OpenEdited(frame_, Reader::Visual, picture); });
+    IgnoreErrors([&] { ShowEdited(frame_, Reader::Visual, picture); });
     if (alive)
         close();
 }

@@ -7,6 +7,7 @@
 #include "capture/SaveCapture.h"
 #include "desktop/Documents.h"
 #include "desktop/FileName.h"
+#include "desktop/Memory.h"
 #include "desktop/WholeFile.h"
 #include "frame/CommandTable.h"
 #include "frame/HelpWindow.h"
@@ -95,6 +96,9 @@ void Main::StartTimers()
         if (!state_.VideoOpen)
             SetStatus(StatusLabel::FrameNumber, QLatin1String(StartPrompt));
     });
+    tidying_.setSingleShot(true);
+    tidying_.setInterval(1s);
+    connect(&tidying_, &QTimer::timeout, this, &GiveBackFreeMemory);
 }
 
 void Main::SetStatus(StatusLabel label, const QString& text)

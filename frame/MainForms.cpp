@@ -75,6 +75,7 @@ void Main::RemoveKid(quintptr handle)
 {
     kids_.RemoveKid(handle, [this] { ShowStatus(StatusLabel::AutoCapture, false); });
     --state_.KidCount;
+    tidying_.start();
 }
 
 void Main::MakeKidActive(int index)
@@ -86,6 +87,7 @@ void Main::MakeKidActive(int index)
 void Main::OpenViewer()
 {
     AddChild(new Viewer(*this));
+    tidying_.start();
     if (!state_.ToolsOpen && !areToolsUnwanted_)
         ShowTools();
 }

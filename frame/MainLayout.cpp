@@ -9,6 +9,7 @@
 #include "toolkit/FrameDrag.h"
 #include "toolkit/SizeGrip.h"
 #include "toolkit/StripButton.h"
+#include "toolkit/Style.h"
 #include "toolkit/TAQbutton.h"
 #include "toolkit/TitleStrip.h"
 #include "video/TransportPane.h"
@@ -22,7 +23,6 @@
 
 namespace {
 
-constexpr int Gap = 4; // the grid
 constexpr int FootHeight = 24;
 constexpr int StartWidth = 1120;
 
@@ -111,8 +111,8 @@ void Main::BuildCommands(QVBoxLayout* column)
     commands_ = new QWidget(this);
     commands_->setObjectName(QStringLiteral("VideoSoftElastic1"));
     auto* row = new QHBoxLayout(commands_);
-    row->setContentsMargins(2 * Gap, Gap, 2 * Gap, Gap);
-    row->setSpacing(Gap);
+    row->setContentsMargins(2 * Grid, Grid, 2 * Grid, Grid);
+    row->setSpacing(Grid);
     for (const CommandRow& command : CommandTable) {
         auto* button = new TAQbutton(commands_);
         button->setObjectName(QStringLiteral("Cmds(%1)").arg(int(command.command)));
@@ -158,8 +158,8 @@ void Main::BuildFoot(QVBoxLayout* column)
     foot->setObjectName(QStringLiteral("VideoSoftElastic3"));
     foot->setMinimumHeight(FootHeight);
     auto* row = new QHBoxLayout(foot);
-    row->setContentsMargins(2 * Gap, 0, SizeGrip::Side + Gap, 0);
-    row->setSpacing(4 * Gap);
+    row->setContentsMargins(2 * Grid, 0, SizeGrip::Side + Grid, 0);
+    row->setSpacing(4 * Grid);
     for (const LabelRow& line : LabelRows) {
         auto* label = new DigitLabel(foot);
         label->setObjectName(QLatin1String(line.objectName));

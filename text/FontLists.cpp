@@ -2,6 +2,7 @@
 
 #include "app/SettingValue.h"
 #include "app/TextSettings.h"
+#include "toolkit/Style.h"
 
 #include <QFontDatabase>
 #include <QGridLayout>
@@ -14,7 +15,6 @@
 
 namespace {
 
-constexpr int Gap = 4; // the grid
 constexpr int ShownRows = 8;
 
 struct StyleRow {
@@ -81,8 +81,8 @@ void FontLists::Build()
 {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(2 * Gap);
-    grid->setVerticalSpacing(Gap);
+    grid->setHorizontalSpacing(2 * Grid);
+    grid->setVerticalSpacing(Grid);
     QListWidget* const lists[] = { List1, List2, List3 };
     for (int column = 0; column < int(std::size(Lists)); ++column) {
         const ListRow& row = Lists[column];
@@ -90,8 +90,8 @@ void FontLists::Build()
         list.setObjectName(QLatin1String(row.objectName));
         list.setAccessibleName(QLatin1String(row.name));
         list.setProperty("Tag", QLatin1String(row.tip));
-        list.setFixedWidth(fontMetrics().averageCharWidth() * row.columns + 6 * Gap);
-        list.setMinimumHeight(fontMetrics().lineSpacing() * ShownRows + 4 * Gap);
+        list.setFixedWidth(fontMetrics().averageCharWidth() * row.columns + 6 * Grid);
+        list.setMinimumHeight(fontMetrics().lineSpacing() * ShownRows + 4 * Grid);
         grid->addWidget(new QLabel(QLatin1String(row.caption), this), 0, column);
         grid->addWidget(&list, 1, column);
     }

@@ -1,14 +1,13 @@
 #include "text/GetFonts.h"
 
 #include "app/ApplicationState.h"
-#include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "app/Lead.h"
 #include "app/Talk.h"
 #include "text/FontLists.h"
 #include "text/PrintUserText.h"
 #include "text/TextEffects.h"
-#include "toolkit/HeadButtons.h"
+#include "toolkit/Style.h"
 #include "toolkit/TAQbutton.h"
 
 #include <QHBoxLayout>
@@ -21,7 +20,6 @@
 
 namespace {
 
-constexpr int Gap = 4; // the grid
 constexpr int SampleHeight = 160;
 /// Where the text stands on captures may lie outside the sample.
 constexpr float SamplePlace = 16;
@@ -42,7 +40,7 @@ bool StoreAll(ApplicationState& state, std::span<const Key> keys)
 } // namespace
 
 GetFonts::GetFonts(Frame& frame, QWidget* owner, AskColor askColor)
-    : DialogForm(owner)
+    : FormDialog(frame.State(), owner, QStringLiteral("GetFonts"))
     , frame_(frame)
     , font_(new FontLists(this))
     , effects_(new TextEffects(std::move(askColor), this))
@@ -50,27 +48,23 @@ GetFonts::GetFonts(Frame& frame, QWidget* owner, AskColor askColor)
     , Command1(new QPushButton(this))
     , CmdOK(new TAQbutton(this))
 {
-    setObjectName(QStringLiteral("GetFonts"));
     SetTitle(QStringLiteral("Get Font"));
     Build();
-    AddShadow(*this, frame_.State());
     Load();
     Bind();
-    frame_.State().ApplyToolTips(*this);
+    Dress();
 }
 
 void GetFonts::Build()
 {
-    static constexpr FormButton<GetFonts> CloseButton { 0, Face::Close, "Cancel and Close. ",
-        "Cancel and close", [](GetFonts& form) { form.reject(); } };
-    Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
+    AddCloseButton();
     Lead1->setObjectName(QStringLiteral("Lead1"));
     Lead1->setAccessibleName(QStringLiteral("Sample"));
 
     auto* body = new QWidget(this);
     auto* column = new QVBoxLayout(body);
-    column->setContentsMargins(3 * Gap, 3 * Gap, 3 * Gap, 3 * Gap);
-    column->setSpacing(3 * Gap);
+    column->setContentsMargins(3 * Grid, 3 * Grid, 3 * Grid, 3 * Grid);
+    column->setSpacing(3 * Grid);
     QWidget* const choice = BuildChoice();
     column->addWidget(choice);
     Lead1->setFixedSize(choice->sizeHint().width(), SampleHeight);
@@ -86,7 +80,7 @@ QWidget* GetFonts::BuildChoice()
     auto* choice = new QWidget(this);
     auto* row = new QHBoxLayout(choice);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(4 * Gap);
+    row->setSpacing(4 * Grid);
     row->addWidget(font_);
     row->addWidget(effects_);
     return choice;
@@ -168,10 +162,4 @@ void GetFonts::Save()
             QStringLiteral("The font could not be stored. It is used until the program ends."));
     if (alive)
         accept();
-}
-
-void GetFonts::done(int result)
-{
-    if (FadeAtClosing(*this, frame_.State()))
-        DialogForm::done(result);
 }

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/FormDialog.h"
 #include "app/Talk.h"
 #include "app/TextSettings.h"
-#include "toolkit/DialogForm.h"
 
 class FontLists;
 class Frame;
@@ -14,7 +14,7 @@ class TextEffects;
 /// Sets how the user's text looks, on a live sample. Modal; accepted when the look was saved in memory and in
 /// the store, rejected when it was cancelled. Opening it brings the effects in memory back to what the store
 /// has.
-class GetFonts : public DialogForm {
+class GetFonts : public FormDialog {
     Q_OBJECT
 
 public:
@@ -22,8 +22,6 @@ public:
 
     /// The control of the sample, whose Font and DrawFontColor are those chosen.
     Lead& Sample() { return *Lead1; }
-
-    void done(int result) override;
 
 private:
     void Build();

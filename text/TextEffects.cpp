@@ -4,6 +4,7 @@
 #include "imaging/PictureText.h"
 #include "text/ColorWell.h"
 #include "text/FieldCheck.h"
+#include "toolkit/Style.h"
 #include "toolkit/SystemColors.h"
 #include "toolkit/xpcheckbox.h"
 
@@ -18,7 +19,6 @@
 
 namespace {
 
-constexpr int Gap = 4; // the grid
 constexpr int NumberColumns = 7; // of a number's box, in average characters
 constexpr int LargestAngle = 360; // degrees
 
@@ -88,8 +88,8 @@ void TextEffects::Build()
 {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(2 * Gap);
-    grid->setVerticalSpacing(2 * Gap);
+    grid->setHorizontalSpacing(2 * Grid);
+    grid->setVerticalSpacing(2 * Grid);
     UseShadowYesNo->setObjectName(QStringLiteral("UseShadowYesNo"));
     UseShadowYesNo->SetCaption(QStringLiteral("Use Drop Down Shadow?"));
     grid->addWidget(UseShadowYesNo, ShadowsRow, 0, 1, 3);
@@ -112,7 +112,7 @@ void TextEffects::AddNumbers(QGridLayout& grid)
         box->setObjectName(QLatin1String(row.objectName));
         box->setAccessibleName(QLatin1String(row.name));
         box->setProperty("Tag", QLatin1String(row.tip));
-        box->setFixedWidth(fontMetrics().averageCharWidth() * NumberColumns + 4 * Gap);
+        box->setFixedWidth(fontMetrics().averageCharWidth() * NumberColumns + 4 * Grid);
         if (*row.caption)
             effects_ << AddRow(grid, row.row, QLatin1String(row.caption));
         effects_ << box;

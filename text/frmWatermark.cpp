@@ -1,10 +1,8 @@
 #include "text/frmWatermark.h"
 
 #include "app/ApplicationState.h"
-#include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "app/Hourglass.h"
-#include "toolkit/HeadButtons.h"
 #include "toolkit/LineRow.h"
 #include "toolkit/TAQbutton.h"
 
@@ -21,27 +19,23 @@ bool IsBlank(const QString& text)
 } // namespace
 
 frmWatermark::frmWatermark(Frame& frame, QWidget* owner)
-    : DialogForm(owner)
+    : FormDialog(frame.State(), owner, QStringLiteral("frmWatermark"))
     , frame_(frame)
     , edtURL(new QLineEdit(this))
     , CmdOK(new TAQbutton(this))
 {
-    setObjectName(QStringLiteral("frmWatermark"));
     SetTitle(QStringLiteral("Watermark Text"));
     Build();
-    AddShadow(*this, frame_.State());
     // At first the button takes an empty box, too: that keeps the text in force.
     connect(edtURL, &QLineEdit::textChanged, CmdOK,
         [this](const QString& text) { CmdOK->setEnabled(!IsBlank(text)); });
     connect(CmdOK, &TAQbutton::Click, this, &frmWatermark::Save);
-    frame_.State().ApplyToolTips(*this);
+    Dress();
 }
 
 void frmWatermark::Build()
 {
-    static constexpr FormButton<frmWatermark> CloseButton { 0, Face::Close, "Cancel and Close. ",
-        "Cancel and close", [](frmWatermark& form) { form.reject(); } };
-    Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
+    AddCloseButton();
 
     edtURL->setAccessibleName(QStringLiteral("Watermark text"));
     edtURL->setProperty("Tag", QStringLiteral("Enter the wartermark text to place on captures."));
@@ -50,12 +44,6 @@ void frmWatermark::Build()
     CmdOK->SetCaption(QStringLiteral("Save"));
     CmdOK->setProperty("Tag", QStringLiteral("Save Watermark."));
     AddLineRow(*this, *edtURL, *CmdOK);
-}
-
-void frmWatermark::done(int result)
-{
-    if (FadeAtClosing(*this, frame_.State()))
-        DialogForm::done(result);
 }
 
 void frmWatermark::Save()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/DialogForm.h"
+#include "app/FormDialog.h"
 
 class Frame;
 class QLineEdit;
@@ -8,13 +8,11 @@ class TAQbutton;
 
 /// Asks for the words that go on the next captures; they last until the program ends. Closed, or saved blank,
 /// it leaves the text in force.
-class frmWatermark : public DialogForm {
+class frmWatermark : public FormDialog {
     Q_OBJECT
 
 public:
     frmWatermark(Frame& frame, QWidget* owner);
-
-    void done(int result) override;
 
 private:
     void Build();

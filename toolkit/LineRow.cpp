@@ -1,6 +1,7 @@
 #include "toolkit/LineRow.h"
 
 #include "toolkit/DialogForm.h"
+#include "toolkit/Style.h"
 #include "toolkit/TAQbutton.h"
 
 #include <QHBoxLayout>
@@ -9,7 +10,6 @@
 namespace {
 
 constexpr int Columns = 52; // of the text box, in average characters
-constexpr int Gap = 4; // the grid
 
 } // namespace
 
@@ -22,8 +22,8 @@ void AddLineRow(DialogForm& form, QLineEdit& edtURL, TAQbutton& CmdOK)
 
     auto* body = new QWidget(&form);
     auto* row = new QHBoxLayout(body);
-    row->setContentsMargins(3 * Gap, 3 * Gap, 3 * Gap, 3 * Gap);
-    row->setSpacing(2 * Gap);
+    row->setContentsMargins(3 * Grid, 3 * Grid, 3 * Grid, 3 * Grid);
+    row->setSpacing(2 * Grid);
     row->addWidget(&edtURL, 1);
     row->addWidget(&CmdOK);
     form.AddBody(body);

@@ -4,6 +4,9 @@
 
 class QApplication;
 
+/// Distances between and inside controls are multiples of it, in pixels.
+inline constexpr int Grid = 4;
+
 /// The program's colours by role. Their values stand in resources/art/face.qss and nowhere else.
 enum class Token {
     Ground, ///< the area behind child windows

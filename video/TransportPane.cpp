@@ -2,12 +2,12 @@
 
 #include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
+#include "toolkit/Style.h"
 
 #include <QHBoxLayout>
 
 namespace {
 
-constexpr int Gap = 4; // the grid
 constexpr int GroupGap = 12;
 
 template <typename Button, size_t N>
@@ -54,8 +54,8 @@ TransportPane::TransportPane(QWidget* parent)
 void TransportPane::LayOut()
 {
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(2 * Gap, Gap, 2 * Gap, Gap);
-    row->setSpacing(Gap);
+    row->setContentsMargins(2 * Grid, Grid, 2 * Grid, Grid);
+    row->setSpacing(Grid);
     const auto add = [&](std::initializer_list<QWidget*> group) {
         for (QWidget* widget : group)
             row->addWidget(widget);

@@ -2,11 +2,9 @@
 
 #include "app/ApplicationState.h"
 #include "app/ControlError.h"
-#include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "app/Hourglass.h"
 #include "app/Talk.h"
-#include "toolkit/HeadButtons.h"
 #include "toolkit/LineRow.h"
 #include "toolkit/TAQbutton.h"
 #include "video/Opening.h"
@@ -24,26 +22,22 @@ constexpr auto Example = "Enter URL      Example:   http://www.example.com/video
 } // namespace
 
 URLfrm::URLfrm(Frame& frame, VideoWindow& window, QWidget* owner)
-    : DialogForm(owner)
+    : FormDialog(frame.State(), owner, QStringLiteral("URLfrm"))
     , frame_(frame)
     , window_(&window)
     , edtURL(new QLineEdit(this))
     , CmdOK(new TAQbutton(this))
 {
-    setObjectName(QStringLiteral("URLfrm"));
     Build();
-    AddShadow(*this, frame_.State());
     connect(edtURL, &QLineEdit::textChanged, this, &URLfrm::ShowWhetherEnough);
     connect(CmdOK, &TAQbutton::Click, this, &URLfrm::Download);
     ShowWhetherEnough();
-    frame_.State().ApplyToolTips(*this);
+    Dress();
 }
 
 void URLfrm::Build()
 {
-    static constexpr FormButton<URLfrm> CloseButton { 0, Face::Close, " Close Download Window ",
-        "Close download window", [](URLfrm& form) { form.reject(); } };
-    Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
+    AddCloseButton(" Close Download Window ", "Close download window");
 
     edtURL->setAccessibleName(QStringLiteral("Address of the video"));
     CmdOK->SetFace(Face::Download);
@@ -51,12 +45,6 @@ void URLfrm::Build()
     CmdOK->setAccessibleName(CmdOK->Caption());
     CmdOK->setProperty("Tag", QStringLiteral("Enter Download URL"));
     AddLineRow(*this, *edtURL, *CmdOK);
-}
-
-void URLfrm::done(int result)
-{
-    if (FadeAtClosing(*this, frame_.State()))
-        DialogForm::done(result);
 }
 
 void URLfrm::ShowWhetherEnough()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/DialogForm.h"
+#include "app/FormDialog.h"
 
 #include <QPointer>
 
@@ -11,13 +11,11 @@ class VideoWindow;
 
 /// Takes the address of a video on the web and hands it to the player, which reads it from there: no file
 /// lands on the disk. Modal; ends when the video stands, and stays open after a failure.
-class URLfrm : public DialogForm {
+class URLfrm : public FormDialog {
     Q_OBJECT
 
 public:
     URLfrm(Frame& frame, VideoWindow& window, QWidget* owner);
-
-    void done(int result) override;
 
 private:
     void Build();

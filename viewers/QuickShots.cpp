@@ -87,7 +87,7 @@ void QuickShots::Build()
 
 QImage QuickShots::NewCapture() const
 {
-    if (frame_.State().OpThumb == 0)
+    if (frame_.State().OpThumb == ThumbnailOnly)
         return frame_.ThumbHold().Bitmap();
     auto* viewer = qobject_cast<Viewer*>(frame_.ActiveForm());
     return viewer ? viewer->ClipPic() : QImage();

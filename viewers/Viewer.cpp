@@ -10,6 +10,7 @@
 #include "app/Talk.h"
 #include "capture/SaveCapture.h"
 #include "toolkit/HeadButtons.h"
+#include "toolkit/Style.h"
 #include "toolkit/Twips.h"
 #include "viewers/Backgrounds.h"
 
@@ -26,7 +27,6 @@ namespace {
 /// edges.
 constexpr Twips RoomBeside = 950_twips;
 constexpr Twips RoomAbove = 510_twips;
-constexpr int Gap = 4; // the grid
 constexpr int ZoomStep = 10; // percent
 
 } // namespace
@@ -71,9 +71,9 @@ void Viewer::Build()
     Lead1->setAccessibleName(QStringLiteral("Captured picture"));
     row->addWidget(tools);
     row->addWidget(Lead1, 1);
-    row->setContentsMargins(0, 0, Gap, RoomAbove.Pixels() - FrameSize().height());
+    row->setContentsMargins(0, 0, Grid, RoomAbove.Pixels() - FrameSize().height());
     row->setSpacing(0);
-    tools->setFixedWidth(RoomBeside.Pixels() - FrameSize().width() - Gap);
+    tools->setFixedWidth(RoomBeside.Pixels() - FrameSize().width() - Grid);
     BuildTools(tools);
     SetBody(body);
     Lead1->setFocusPolicy(Qt::StrongFocus);
@@ -83,9 +83,9 @@ void Viewer::Build()
 void Viewer::BuildTools(QWidget* column)
 {
     auto* grid = new QGridLayout(column); // of two columns, for small captures leave no height for one
-    grid->setContentsMargins(0, Gap, 0, Gap);
+    grid->setContentsMargins(0, Grid, 0, Grid);
     grid->setHorizontalSpacing(0);
-    grid->setVerticalSpacing(Gap);
+    grid->setVerticalSpacing(Grid);
     static constexpr FormButton<Viewer> SaveButton { 6, Face::SaveCapture, " Save Capture ", "Save capture",
         [](Viewer& viewer) { viewer.Save(); } };
     static constexpr FormButton<Viewer> ToolsButton { 3, Face::EditTools, " Open Graphic Tools ",

@@ -2,6 +2,7 @@
 
 #include "app/Hourglass.h"
 #include "toolkit/DialogForm.h"
+#include "toolkit/Style.h"
 
 #include <QEventLoop>
 #include <QHBoxLayout>
@@ -20,7 +21,6 @@ using namespace std::chrono_literals;
 
 constexpr auto Poll = 20ms;
 constexpr auto QuietTime = 500ms; // most addresses answer sooner
-constexpr int Gap = 4; // the grid
 
 class OpeningBox : public DialogForm {
 public:
@@ -36,8 +36,8 @@ public:
         connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
         auto* body = new QWidget(this);
         auto* row = new QHBoxLayout(body);
-        row->setContentsMargins(4 * Gap, 4 * Gap, 4 * Gap, 4 * Gap);
-        row->setSpacing(3 * Gap);
+        row->setContentsMargins(4 * Grid, 4 * Grid, 4 * Grid, 4 * Grid);
+        row->setSpacing(3 * Grid);
         row->addWidget(bar, 1);
         row->addWidget(cancel);
         AddBody(body);

@@ -27,6 +27,11 @@ struct Shown : SliderRow {
         Box().selectAll();
         QTest::keyClicks(&Box(), QLatin1String(text));
     }
+    void Expect(int value)
+    {
+        EXPECT_EQ(Box().text(), QString::number(value));
+        EXPECT_EQ(Value(), value);
+    }
 };
 
 } // namespace
@@ -44,32 +49,28 @@ TEST(SliderRowTest, TheBoxMovesTheSliderWhileItIsTyped)
     Shown row(Contrast);
     row.Slider().setValue(7);
     row.Type("-120");
-    EXPECT_EQ(row.Value(), -120);
-    EXPECT_EQ(row.Box().text(), QStringLiteral("-120"));
+    row.Expect(-120);
 }
 
 TEST(SliderRowTest, ANumberBeyondTheEndBecomesTheEnd)
 {
     Shown row(Contrast);
     row.Type("5000");
-    EXPECT_EQ(row.Box().text(), QStringLiteral("1000"));
-    EXPECT_EQ(row.Value(), 1000);
+    row.Expect(1000);
 }
 
 TEST(SliderRowTest, ANumberBelowTheStartBecomesTheStart)
 {
     Shown row(Posterize);
     row.SetText(QStringLiteral("-5"));
-    EXPECT_EQ(row.Box().text(), QStringLiteral("2"));
-    EXPECT_EQ(row.Value(), 2);
+    row.Expect(2);
 }
 
 TEST(SliderRowTest, ANumberWhoseFirstDigitIsTooSmallCanBeTyped)
 {
     Shown row(Oil);
     row.Type("15");
-    EXPECT_EQ(row.Box().text(), QStringLiteral("15"));
-    EXPECT_EQ(row.Value(), 15);
+    row.Expect(15);
 }
 
 TEST(SliderRowTest, ANumberLeftTooSmallIsMendedAtTheEndOfTyping)
@@ -103,8 +104,7 @@ TEST(SliderRowTest, ItGoesBackToWhereItStoodWhenItWasLastTold)
     row.ShowAnswer();
     row.Slider().setValue(20);
     row.ReAnswer();
-    EXPECT_EQ(row.Value(), 300);
-    EXPECT_EQ(row.Box().text(), QStringLiteral("300"));
+    row.Expect(300);
 }
 
 TEST(SliderRowTest, TheButtonAndEnterApply)

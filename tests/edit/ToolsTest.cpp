@@ -38,6 +38,15 @@ protected:
         tools->LTools(&capture.form);
     }
     void TearDown() override { delete tools; }
+    /// Tools that come up for the first time, with the capture in this place.
+    void OpenToolsBelow(QRect place)
+    {
+        capture.form.setGeometry(place);
+        delete tools;
+        frame.state.ToolsOpen = false;
+        tools = new Tools(frame);
+        tools->LTools(&capture.form);
+    }
 
     template <typename Widget = QWidget> Widget* Find(const char* name)
     {
@@ -83,22 +92,14 @@ TEST_F(ToolsTest, TheFlagTellsThatTheWindowIsOpen)
 
 TEST_F(ToolsTest, ANewWindowComesUpTenTwipsBelowTheMiddleOfTheCapture)
 {
-    capture.form.setGeometry(100, 100, 400, 150);
-    delete tools;
-    frame.state.ToolsOpen = false;
-    tools = new Tools(frame);
-    tools->LTools(&capture.form);
+    OpenToolsBelow({ 100, 100, 400, 150 });
     EXPECT_EQ(tools->y(), 100 + 150 + 1);
     EXPECT_EQ(tools->x(), 300 - tools->width() / 2);
 }
 
 TEST_F(ToolsTest, BelowALargeCaptureItStaysOnTheScreen)
 {
-    capture.form.setGeometry(0, 0, 3000, 3000);
-    delete tools;
-    frame.state.ToolsOpen = false;
-    tools = new Tools(frame);
-    tools->LTools(&capture.form);
+    OpenToolsBelow({ 0, 0, 3000, 3000 });
     EXPECT_TRUE(tools->screen()->availableGeometry().contains(tools->geometry()));
 }
 

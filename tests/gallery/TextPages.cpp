@@ -10,8 +10,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLinearGradient>
-#include <QPainter>
 #include <QPushButton>
 
 using imaging::TextLook;
@@ -19,18 +17,6 @@ using imaging::TextStyle;
 using Take = std::function<void(const QString& name, QWidget& window)>;
 
 namespace {
-
-/// Light, dark and middling ground.
-QImage Sheet(QSize size)
-{
-    QImage sheet(size, QImage::Format_BGR888);
-    QLinearGradient gradient(0, 0, size.width(), size.height());
-    gradient.setColorAt(0, QColor(90, 120, 150));
-    gradient.setColorAt(0.5, QColor(200, 190, 160));
-    gradient.setColorAt(1, QColor(50, 70, 50));
-    QPainter(&sheet).fillRect(sheet.rect(), gradient);
-    return sheet;
-}
 
 TextLook Look(QPointF place, TextStyle style, double points)
 {
@@ -48,7 +34,7 @@ TextLook Look(QPointF place, TextStyle style, double points)
 
 QImage StylesSheet()
 {
-    QImage sheet = Sheet({ 1080, 640 });
+    QImage sheet = TextGround({ 1080, 640 });
     for (const imaging::TextStyleRow& row : imaging::TextStyles) {
         const double top = 14 + 78 * double(row.style);
         const QString name = QLatin1String(row.name);
@@ -61,7 +47,7 @@ QImage StylesSheet()
 
 QImage SettingsSheet()
 {
-    QImage sheet = Sheet({ 1080, 640 });
+    QImage sheet = TextGround({ 1080, 640 });
     TextLook wrapped = Look({ 14, 14 }, TextStyle::OutlineBlock, 18);
     wrapped.hilite = Qt::black;
     wrapped.shadow = QColor(170, 40, 30);

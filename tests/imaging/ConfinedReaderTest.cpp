@@ -108,13 +108,8 @@ TEST_F(ConfinedReaderTest, DamagedFilesAreOpenedOrRefused)
     for (const FormatRow& row : FormatTable) {
         const QByteArray file = Encode(Pictures::Photo({ 40, 30 }), row);
         for (int i = 0; i < 20; ++i) {
-            QByteArray damaged = file;
             const auto reach = i % 2 ? unsigned(file.size()) : std::min(120u, unsigned(file.size()));
-            for (int flips = 1 + i % 4; flips > 0; --flips) {
-                const auto at = qsizetype(random() % reach);
-                damaged[at] = char(damaged[at] ^ (1 << random() % 8));
-            }
-            Refusal(damaged);
+            Refusal(Pictures::Damaged(file, reach, 1 + i % 4, random));
         }
         EXPECT_FALSE(Refusal(file.first(20)).isEmpty()) << row.extension;
     }

@@ -79,14 +79,9 @@ TEST_F(PictureFileTest, FilesWithFlippedBitsLoadOrAreRefused)
     for (const FormatRow& row : FormatTable) {
         const QByteArray file = Encode(Pictures::Photo({ 40, 30 }), row);
         for (int i = 0; i < 100; ++i) {
-            QByteArray damaged = file;
             const bool isHeader = i % 2 == 0;
             const unsigned reach = isHeader ? std::min(120u, unsigned(file.size())) : unsigned(file.size());
-            for (int flips = 1 + int(random() % 4); flips > 0; --flips) {
-                const auto at = qsizetype(random() % reach);
-                damaged[at] = char(damaged[at] ^ (1 << random() % 8));
-            }
-            Refusal(damaged);
+            Refusal(Pictures::Damaged(file, reach, 1 + int(random() % 4), random));
         }
     }
 }

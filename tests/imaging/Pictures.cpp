@@ -116,6 +116,15 @@ QByteArray Pictures::WriteElsewhere(
     return disk.readAll();
 }
 
+QByteArray Pictures::Damaged(QByteArray file, unsigned reach, int flips, std::mt19937& random)
+{
+    for (; flips > 0; --flips) {
+        const auto at = qsizetype(random() % reach);
+        file[at] = char(file[at] ^ (1 << random() % 8));
+    }
+    return file;
+}
+
 QByteArray Encode(const QImage& picture, const imaging::FormatRow& row)
 {
     return imaging::PictureFile::Encode(picture, row.format, row.bits, row.quality).Joined();

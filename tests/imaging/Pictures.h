@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QStringList>
 #include <gtest/gtest.h>
+#include <random>
 #include <vector>
 
 /// Pictures that captures are made of, and a reader and writer of files that is not ours.
@@ -23,6 +24,8 @@ double Likeness(const QImage& one, const QImage& other);
 std::vector<QImage> ReadElsewhere(const std::vector<QByteArray>& files, const QString& extension);
 /// A picture file as the ffmpeg program writes it, with these arguments in front of its name.
 QByteArray WriteElsewhere(const QImage& picture, const QString& extension, const QStringList& arguments);
+/// A file in which this many bits were turned over, all within its first bytes.
+QByteArray Damaged(QByteArray file, unsigned reach, int flips, std::mt19937& random);
 } // namespace Pictures
 
 /// The picture as a file of a row of imaging::FormatTable.

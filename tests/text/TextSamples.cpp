@@ -13,18 +13,6 @@ namespace {
 
 constexpr QSize Size { 240, 96 };
 
-/// Light, dark and middling ground.
-QImage Ground()
-{
-    QImage ground(Size, QImage::Format_BGR888);
-    QLinearGradient gradient(0, 0, Size.width(), Size.height());
-    gradient.setColorAt(0, QColor(90, 120, 150));
-    gradient.setColorAt(0.5, QColor(200, 190, 160));
-    gradient.setColorAt(1, QColor(50, 70, 50));
-    QPainter(&ground).fillRect(ground.rect(), gradient);
-    return ground;
-}
-
 TextSettings Base()
 {
     TextSettings text;
@@ -66,10 +54,21 @@ constexpr Setting Settings[] = {
 
 TextSample Sample(const QString& name, const TextSettings& text)
 {
-    return { name, WithUserText(Ground(), text) };
+    return { name, WithUserText(TextGround(Size), text) };
 }
 
 } // namespace
+
+QImage TextGround(QSize size)
+{
+    QImage ground(size, QImage::Format_BGR888);
+    QLinearGradient gradient(0, 0, size.width(), size.height());
+    gradient.setColorAt(0, QColor(90, 120, 150));
+    gradient.setColorAt(0.5, QColor(200, 190, 160));
+    gradient.setColorAt(1, QColor(50, 70, 50));
+    QPainter(&ground).fillRect(ground.rect(), gradient);
+    return ground;
+}
 
 std::vector<TextSample> TextSamples()
 {

@@ -5,6 +5,9 @@
 
 #include <vector>
 
+/// Light, dark and middling ground for a text.
+QImage TextGround(QSize size);
+
 /// A picture with the user's text, drawn as every setting but one has it in all of them.
 struct TextSample {
     QString name; ///< of the style, or of the setting that differs

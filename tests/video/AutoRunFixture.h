@@ -1,7 +1,9 @@
 #pragma once
 
 #include "imaging/PictureFile.h"
+#include "tests/testing/Await.h"
 #include "tests/testing/Files.h"
+#include "tests/testing/SmallDisk.h"
 #include "tests/video/VideoWindowFixture.h"
 
 #include <QFileInfo>
@@ -88,7 +90,7 @@ protected:
     }
     template <typename Condition> static bool Await(Condition condition)
     {
-        return QTest::qWaitFor(condition, 20'000);
+        return ::Await(condition, std::chrono::seconds(20));
     }
     /// Waits until the label of the run has said this; by then it may say something else.
     bool AwaitLabel(const QString& text) const
@@ -99,6 +101,12 @@ protected:
     QString PicturePath(int number, const char* extension = ".bmp") const
     {
         return PictureFolder() + QStringLiteral("/auto%1").arg(number) + QLatin1String(extension);
+    }
+    /// The run's pictures go to this disk from now on.
+    void WriteTo(const SmallDisk& disk) const
+    {
+        QDir(PictureFolder()).removeRecursively();
+        ASSERT_TRUE(QFile::link(disk.Path(), PictureFolder()));
     }
     /// Which frame each picture shows, from auto1.bmp to the first name that is missing.
     std::vector<int> FramesWritten() const
@@ -117,6 +125,16 @@ protected:
     void Press(const char* button)
     {
         QTest::mouseClick(window->findChild<QWidget*>(QLatin1String(button)), Qt::LeftButton);
+    }
+    void ExpectTheCloseButtonToLeaveTheRun()
+    {
+        Press("Cmds(0)");
+        EXPECT_EQ(state.VideoCount, 0);
+        EXPECT_FALSE(frame.statusShown.value(StatusLabel::AutoCapture));
+        EXPECT_FALSE(frame.enabled.value(Command::Capture)) << "there is no video";
+        frame.own = &spare;
+        ASSERT_TRUE(Await([&] { return window.isNull(); }));
+        EXPECT_TRUE(AreAllWhole());
     }
     int FilesWritten() const { return int(FilesIn(PictureFolder()).size()); }
     void Progress(int position) { Q_EMIT player->PlaybackProgress(position); }

@@ -223,8 +223,7 @@ TEST_F(FrameRunTest, AFullDiskLeavesWholeFilesOnlyAndTheRightCount)
     SmallDisk disk(24);
     if (!disk.IsThere())
         GTEST_SKIP() << "no file system can be mounted here";
-    QDir(PictureFolder()).removeRecursively();
-    ASSERT_TRUE(QFile::link(disk.Path(), PictureFolder()));
+    WriteTo(disk);
     player->size = QSize(40, 30);
     player->frameCounts[A] = 200;
     RunByFrames({ A }, 10);
@@ -242,13 +241,7 @@ TEST_F(FrameRunTest, TheWindowsCloseButtonLeavesTheRun)
     player->frameCounts[A] = 30'000;
     RunByFrames({ A, B }, 10);
     ASSERT_TRUE(Await([&] { return FilesWritten() > 5; }));
-    Press("Cmds(0)");
-    EXPECT_EQ(state.VideoCount, 0);
-    EXPECT_FALSE(frame.statusShown.value(StatusLabel::AutoCapture));
-    EXPECT_FALSE(frame.enabled.value(Command::Capture)) << "there is no video";
-    frame.own = &spare;
-    ASSERT_TRUE(Await([&] { return window.isNull(); }));
-    EXPECT_TRUE(AreAllWhole());
+    ExpectTheCloseButtonToLeaveTheRun();
 }
 
 TEST_F(FrameRunTest, TheWindowsOpenButtonLeavesTheRunAndGivesTheVideoToTheUser)
@@ -344,8 +337,7 @@ TEST_F(FrameRunTest, ATextThatCannotBeBurntEndsItsVideoAndTheFileStaysAsWritten)
     SmallDisk disk(64);
     if (!disk.IsThere())
         GTEST_SKIP() << "no file system can be mounted here";
-    QDir(PictureFolder()).removeRecursively();
-    ASSERT_TRUE(QFile::link(disk.Path(), PictureFolder()));
+    WriteTo(disk);
     player->size = QSize(120, 100); // room for one file, and not for the other that is to take its place
     Store("UseWatermark", QStringLiteral("True"));
     state.Reload(Key::UseWatermark);

@@ -126,8 +126,7 @@ TEST_F(TimedRunTest, AFullDiskLeavesWholeFilesOnlyAndTheRightCount)
     SmallDisk disk(24);
     if (!disk.IsThere())
         GTEST_SKIP() << "no file system can be mounted here";
-    QDir(PictureFolder()).removeRecursively();
-    ASSERT_TRUE(QFile::link(disk.Path(), PictureFolder()));
+    WriteTo(disk);
     player->size = QSize(40, 30);
     RunQuickly({ A });
     ASSERT_TRUE(AwaitStills(20));
@@ -173,13 +172,7 @@ TEST_F(TimedRunTest, TheWindowsCloseButtonLeavesTheRun)
 {
     RunQuickly({ A, C });
     ASSERT_TRUE(AwaitCaptures(3));
-    Press("Cmds(0)");
-    EXPECT_EQ(state.VideoCount, 0);
-    EXPECT_FALSE(frame.statusShown.value(StatusLabel::AutoCapture));
-    EXPECT_FALSE(frame.enabled.value(Command::Capture)) << "there is no video";
-    frame.own = &spare;
-    ASSERT_TRUE(Await([&] { return window.isNull(); }));
-    EXPECT_TRUE(AreAllWhole());
+    ExpectTheCloseButtonToLeaveTheRun();
 }
 
 TEST_F(TimedRunTest, ASecondOpenLeavesTheRunAndBeginsItsOwn)

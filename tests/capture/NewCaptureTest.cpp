@@ -1,4 +1,4 @@
-#include "edit/EditedPicture.h"
+#include "capture/NewCapture.h"
 
 #include "tests/testing/FakeCapture.h"
 
@@ -13,7 +13,7 @@ QImage Filled(QColor color)
     return picture;
 }
 
-class EditedPictureTest : public testing::Test {
+class NewCaptureTest : public testing::Test {
 protected:
     FakeFrame frame;
     FakeCapture opened { QImage() };
@@ -26,7 +26,7 @@ protected:
     {
         ASSERT_TRUE(frame.state.Settings.SaveSetting(
             QStringLiteral("Options"), QStringLiteral("OpThumb"), QLatin1String(opThumb)));
-        OpenEdited(frame, Reader::Tools, Filled(Qt::green));
+        ShowEdited(frame, Reader::Tools, Filled(Qt::green));
     }
     QStringList Opened()
     {
@@ -38,9 +38,9 @@ protected:
 
 } // namespace
 
-TEST_F(EditedPictureTest, WithoutASettingItGoesToAWindowAndTheStrip)
+TEST_F(NewCaptureTest, WithoutASettingItGoesToAWindowAndTheStrip)
 {
-    OpenEdited(frame, Reader::Visual, Filled(Qt::green));
+    ShowEdited(frame, Reader::Visual, Filled(Qt::green));
     EXPECT_EQ(Opened(),
         QStringList({ QStringLiteral("OpenViewer"), QStringLiteral("AddThumbnail"),
             QStringLiteral("ShowThumbnails"), QStringLiteral("ShowFront") }));
@@ -48,7 +48,7 @@ TEST_F(EditedPictureTest, WithoutASettingItGoesToAWindowAndTheStrip)
     EXPECT_TRUE(frame.enabled.value(Command::Save));
 }
 
-TEST_F(EditedPictureTest, With2ItGoesToAWindowAlone)
+TEST_F(NewCaptureTest, With2ItGoesToAWindowAlone)
 {
     Open("2");
     EXPECT_EQ(Opened(), QStringList(QStringLiteral("OpenViewer")));
@@ -56,7 +56,7 @@ TEST_F(EditedPictureTest, With2ItGoesToAWindowAlone)
     EXPECT_TRUE(frame.enabled.value(Command::Save));
 }
 
-TEST_F(EditedPictureTest, With0TheThumbnailIsWhatTheClipboardHolds)
+TEST_F(NewCaptureTest, With0TheThumbnailIsWhatTheClipboardHolds)
 {
     frame.clipboard.picture = Filled(Qt::red);
     Open("0");
@@ -64,7 +64,7 @@ TEST_F(EditedPictureTest, With0TheThumbnailIsWhatTheClipboardHolds)
     EXPECT_EQ(frame.hold.Bitmap(), Filled(Qt::red));
 }
 
-TEST_F(EditedPictureTest, With0AndAnEmptyClipboardTheThumbnailIsWhatWasHeldAndSavingGoesOff)
+TEST_F(NewCaptureTest, With0AndAnEmptyClipboardTheThumbnailIsWhatWasHeldAndSavingGoesOff)
 {
     frame.hold.SetBitmap(Filled(Qt::blue));
     frame.enabled[Command::Save] = true;
