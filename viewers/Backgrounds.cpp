@@ -31,7 +31,7 @@ QString SaveForDesktop(const ApplicationState& state, const Lead& capture)
 {
     const QString folder = state.Folders().Backgrounds();
     QDir().mkpath(folder); // where that fails, the saving says it
-    const QString path = folder + PathText::Separator() + QStringLiteral("TAQ Wallpaper.Bmp");
+    QString path = folder + PathText::Separator() + QStringLiteral("TAQ Wallpaper.Bmp");
     capture.Save(path, imaging::DesktopBmp, BitmapBits, BitmapQuality, false);
     return path;
 }
