@@ -31,7 +31,7 @@ Program::Program(const QString& applicationFolder)
     : state_(applicationFolder)
     , errors_(state_)
     , printers_(PaintWindows)
-    , main_({ state_, clipboard_, dialogs_, errors_, documents_, printers_,
+    , main_({ state_, clipboard_, dialogs_, errors_, documents_, printers_, wallpaper_,
           [](QWidget* parent) { return new PlayerControl(parent, player::AwaitWithBox); } })
 {
 }

@@ -6,6 +6,7 @@
 #include "desktop/CupsPrinters.h"
 #include "desktop/SystemClipboard.h"
 #include "desktop/SystemDocuments.h"
+#include "desktop/SystemWallpaper.h"
 #include "frame/Main.h"
 
 /// The program put together: the parts in the order in which they depend on each other, and the frame on top.
@@ -30,5 +31,6 @@ private:
     ErrFrmBox errors_;
     SystemDocuments documents_;
     CupsPrinters printers_;
+    SystemWallpaper wallpaper_;
     Main main_;
 };

@@ -1,13 +1,12 @@
 #include "app/ApplicationState.h"
 
 #include "app/SettingValue.h"
-#include "desktop/FileName.h"
 #include "toolkit/PathText.h"
 
 #include <QMdiSubWindow>
+#include <QStandardPaths>
 
 #include <algorithm>
-#include <sys/stat.h>
 #include <variant>
 
 namespace {
@@ -105,9 +104,12 @@ bool IsForm(const QWidget* widget)
 
 } // namespace
 
-ApplicationState::ApplicationState(const QString& applicationFolder, const QString& settingsFolder)
+ApplicationState::ApplicationState(
+    const QString& applicationFolder, const QString& settingsFolder, const QString& dataFolder)
     : Settings(settingsFolder)
-    , applicationFolder_(applicationFolder)
+    , folders_(applicationFolder,
+          dataFolder.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+                               : dataFolder)
 {
 }
 
@@ -117,7 +119,7 @@ void ApplicationState::LoadApplicationState(QWidget& frame)
     Settings.SetAppName(QStringLiteral("TAQ Video Capture Pro v2.1"));
     SettingsSection = QStringLiteral("Options");
     KidCount = 0;
-    HelpPath = Beside(QStringLiteral("Help/TAQ.HLP"));
+    HelpPath = folders_.Guide();
     MarksSet = false;
     ListIndex = 1;
     for (const Binding& binding : Bindings) {
@@ -126,13 +128,7 @@ void ApplicationState::LoadApplicationState(QWidget& frame)
             break;
     }
     ApplyToolTips(frame);
-    MakeFolders();
-}
-
-void ApplicationState::MakeFolders() const
-{
-    for (const char* name : { "AutoSave", "AutoFrame", "WallPaper", "Help" })
-        ::mkdir(FileName::ToBytes(Beside(QLatin1String(name))).constData(), 0777);
+    IsHomeNew = folders_.Make();
 }
 
 void ApplicationState::ApplyToolTips(QWidget& form) const
@@ -148,7 +144,7 @@ void ApplicationState::ApplyToolTips(QWidget& form) const
 
 QString ApplicationState::TextOf(Key key, Reader reader)
 {
-    return Settings.GetSetting(SettingsSection, NameOf(key), DefaultText(key, reader, applicationFolder_));
+    return Settings.GetSetting(SettingsSection, NameOf(key), DefaultText(key, reader, folders_.Home()));
 }
 
 void ApplicationState::SetText(Key key, const QString& text)
@@ -173,5 +169,5 @@ bool ApplicationState::Store(Key key)
 
 QString ApplicationState::Beside(const QString& name) const
 {
-    return applicationFolder_ + PathText::Separator() + name;
+    return folders_.Home() + PathText::Separator() + name;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/CRegSettings.h"
+#include "app/ProgramFolders.h"
 #include "app/SettingsKeys.h"
 #include "app/TextSettings.h"
 #include "desktop/Dib.h"
@@ -20,13 +21,15 @@ enum CapturePlace : qint16 { ThumbnailOnly = 0, ViewerAndThumbnail = 1, ViewerOn
 class ApplicationState : public TextSettings {
 public:
     /// applicationFolder is the folder of the executable, without a separator at its end; settingsFolder as
-    /// in CRegSettings.
-    explicit ApplicationState(const QString& applicationFolder, const QString& settingsFolder = {});
+    /// in CRegSettings; dataFolder is the user's own for the data of all programs, by default where the
+    /// desktop has it.
+    explicit ApplicationState(
+        const QString& applicationFolder, const QString& settingsFolder = {}, const QString& dataFolder = {});
     ApplicationState(const ApplicationState&) = delete;
     ApplicationState& operator=(const ApplicationState&) = delete;
 
     /// The load step of the start: names the store, reads the settings, applies the tool tips of frame and
-    /// makes the four folders beside the program. A step that fails is passed over.
+    /// makes the four folders of captures. A step that fails is passed over.
     void LoadApplicationState(QWidget& frame);
 
     /// Gives every control of a form the tool tip in its property "Tag" when ToolTip is on, and none
@@ -42,9 +45,12 @@ public:
     /// Writes the value of a key's variable; true when it stands on the disk.
     bool Store(Key key);
 
-    /// The folder of the executable, and the full path of something beside the executable.
-    QString ApplicationFolder() const { return applicationFolder_; }
+    /// Where the program keeps what it makes.
+    const ProgramFolders& Folders() const { return folders_; }
+    /// The full path of something that stands beside the executable, or in the user's data where nothing may.
     QString Beside(const QString& name) const;
+    /// The folders of captures were made in the user's data at this start, which the user does not know yet.
+    bool IsHomeNew = false;
 
     CRegSettings Settings;
     QString SettingsSection;
@@ -95,6 +101,7 @@ public:
     std::deque<Dib> StillsTaken; ///< by captures that are not handed over yet; the first is being handed over
     QImage SelectedBitmap; ///< the thumbnail last clicked, null when none
     bool PrintCall = false; ///< the next page that is drawn is printed, not shown
+    qint16 ViewFactorPercent = 0; ///< 100 once a picture stands on the whole screen, fitted to it or not
     bool UseSelectedBitmap = false; ///< the next capture window takes SelectedBitmap
 
     // Variables that mirror a settings key, with the key's name.
@@ -128,7 +135,5 @@ public:
     bool WatermarkBATCH = false;
 
 private:
-    void MakeFolders() const;
-
-    QString applicationFolder_;
+    ProgramFolders folders_;
 };

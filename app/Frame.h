@@ -14,6 +14,7 @@ class Lead;
 class Printers;
 class QImage;
 class QWidget;
+class Wallpaper;
 class ltmmPlay;
 
 /// The frame's command buttons, Cmds(0) to Cmds(9).
@@ -56,6 +57,7 @@ public:
     virtual Printers& SystemPrinters() = 0;
     virtual FileDialogs& Dialogs() = 0;
     virtual ErrorBox& Errors() = 0;
+    virtual Wallpaper& DesktopWallpaper() = 0;
 
     /// The frame's own window, for owned boxes.
     virtual QWidget* FrameWindow() = 0;
@@ -105,6 +107,9 @@ public:
     virtual void OpenVisual() = 0;
     /// The picture behind the frame's windows as its file has it, null when there is none.
     virtual QImage PicSource() = 0;
+    /// Shows a picture on the whole screen until the user ends it; whatever can go meanwhile must be looked
+    /// at again afterwards.
+    virtual void ShowFullScreen(const QImage& picture) = 0;
     /// Opens the user's guide, or tells that it is missing.
     virtual void OpenHelp() = 0;
     /// Opens the one popup below a button; chosen gets the number of the item.

@@ -3,6 +3,7 @@
 #include "app/AsControl.h"
 #include "desktop/Clipboard.h"
 #include "desktop/WholeFile.h"
+#include "imaging/Animation.h"
 #include "imaging/Converted.h"
 #include "imaging/PictureFile.h"
 #include "imaging/PictureText.h"
@@ -189,7 +190,8 @@ void Lead::DrawText(const QString& text, int flags)
         throw ControlError(QStringLiteral("There is no picture to draw on."));
     imaging::TextLook look = LookOf(*this);
     look.place.setSize(TextSize());
-    const QImage drawn = AsControl([&] { return imaging::WithText(bitmap_, text, look); });
+    QImage drawn = AsControl([&] { return imaging::WithText(bitmap_, text, look); });
+    imaging::SetAnimated(drawn, false);
     if (DrawPersistence) {
         ++replacements_;
         bitmap_ = drawn;

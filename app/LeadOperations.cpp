@@ -2,6 +2,7 @@
 #include "app/Lead.h"
 
 #include "app/AsControl.h"
+#include "imaging/Animation.h"
 #include "imaging/ColorResolution.h"
 #include "imaging/Colours.h"
 #include "imaging/Edges.h"
@@ -68,7 +69,7 @@ void Lead::Change(Operation operation, const Values&... values)
         if (self)
             Q_EMIT self->Progress(part);
     };
-    const QImage result = AsControl([&, picture = bitmap_] {
+    QImage result = AsControl([&, picture = bitmap_] {
         if constexpr (std::is_invocable_v<Operation, QImage, Values..., imaging::Progress>)
             return operation(picture, values..., progress);
         else
@@ -76,6 +77,7 @@ void Lead::Change(Operation operation, const Values&... values)
     });
     if (!self || replacements != replacements_)
         return;
+    imaging::SetAnimated(result, false); // a page that was changed is none of its file any more
     if (result.size() != bitmap_.size())
         return SetBitmap(result);
     ++replacements_;

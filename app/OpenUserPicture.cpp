@@ -12,3 +12,10 @@ QImage OpenUserPicture(const QString& path, const std::function<void()>& whileWa
             WholeFile::Read(path, imaging::PictureFile::MaxFileBytes), whileWaiting);
     });
 }
+
+std::vector<imaging::Page> OpenUserPages(const QString& path)
+{
+    return AsControl([&] {
+        return imaging::DecodePagesConfined(WholeFile::Read(path, imaging::PictureFile::MaxFileBytes));
+    });
+}

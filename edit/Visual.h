@@ -97,6 +97,7 @@ private:
     void OpenDifferent();
     void SelectGraphicFile();
     void ChangeResolution();
+    void ViewFullScreen();
     void LoadSliders();
     void SaveSliders();
     void Accept();

@@ -95,7 +95,7 @@ struct Visual::Command {
     const char* name;
     const char* caption; ///< or, with a picture, the name for those who cannot see it
     const char* tip;
-    void (Visual::*act)(); ///< null for what is not there yet
+    void (Visual::*act)();
     Face face = Face::None;
 };
 
@@ -135,7 +135,7 @@ const Visual::Command Visual::FootCommands[] = {
     { "Command20", "Save settings", "Save Image, Filters, Effects settings.", &Visual::SaveSliders,
         Face::SaveCapture },
     { "Command16", "R&esolution", "Change resolution", &Visual::ChangeResolution },
-    { "Command17", "View &Full Screen", "View the effect on the full screen.", nullptr },
+    { "Command17", "View &Full Screen", "View the effect on the full screen.", &Visual::ViewFullScreen },
     { "Command8", "&Cancel", "Cancel effect.", &Visual::Cancel },
     { "Command7", "&Accept", "Accept effect and create it. You must still save it once it's loaded.",
         &Visual::Accept },
@@ -187,8 +187,7 @@ void Visual::Build()
 QAbstractButton* Visual::MakeButton(const Command& command, QWidget* parent)
 {
     QAbstractButton* const button = MakeOperationButton(command, parent);
-    if (command.act)
-        connect(button, &QAbstractButton::clicked, this, command.act);
+    connect(button, &QAbstractButton::clicked, this, command.act);
     return button;
 }
 
@@ -379,7 +378,6 @@ QWidget* Visual::BuildFoot()
     row->addWidget(StatGauge);
     for (const Command& command : FootCommands) {
         QAbstractButton* const button = MakeButton(command, foot);
-        button->setEnabled(command.act != nullptr);
         row->addWidget(button);
     }
     KeepWhole(*foot); // the folder gives way, the captions do not

@@ -150,6 +150,8 @@ void Visual::OpenDifferent()
             if (!alive || isClosed_)
                 return;
             Original->SetBitmap(picture);
+            if (imaging::IsAnimated(picture))
+                frame_.State().CurrentFile = file_; // which the whole screen takes the other pages from
         } catch (const ControlError& error) {
             frame_.SetStatusAlert(StatusLabel::Operation, error.Reason());
         }
@@ -200,6 +202,15 @@ void Visual::ChangeResolution()
     EffectMe();
     Effect->ForceRepaint();
     Effect->setFocus();
+}
+
+void Visual::ViewFullScreen()
+{
+    const QPointer<Visual> alive(this);
+    const Hourglass waiting;
+    frame_.ShowFullScreen(Effect->Bitmap());
+    if (alive && !isClosed_)
+        Effect->setFocus();
 }
 
 void Visual::SaveSliders()

@@ -6,6 +6,7 @@
 #include "capture/CaptureCurrentFrame.h"
 #include "capture/SaveCapture.h"
 #include "desktop/Documents.h"
+#include "desktop/FileName.h"
 #include "desktop/Memory.h"
 #include "desktop/WholeFile.h"
 #include "frame/CommandTable.h"
@@ -50,6 +51,7 @@ Main::Main(const FrameParts& parts)
     , errors_(parts.errors)
     , documents_(parts.documents)
     , printers_(parts.printers)
+    , wallpaper_(parts.wallpaper)
     , makePlayer_(parts.makePlayer)
     , kids_(parts.state)
     , menus_(*this)
@@ -62,6 +64,8 @@ Main::Main(const FrameParts& parts)
     state_.Reload(Key::ToolTip);
     state_.ApplyToolTips(*this);
     StartTimers();
+    if (state_.IsHomeNew)
+        QTimer::singleShot(0, this, &Main::TellHome); // once the frame stands on the screen
 }
 
 Main::~Main()
@@ -222,6 +226,13 @@ void Main::ShowPopup()
             &Main::CloseAllWindows, &Main::ShowPower, &Main::ShowAbout };
         (this->*Actions[size_t(item)])();
     });
+}
+
+void Main::TellHome()
+{
+    errors_.Show(this, QStringLiteral("Captures"),
+        QStringLiteral("Nothing can be kept beside the program. Captures are kept in ")
+            + FileName::Shown(state_.Folders().Home()));
 }
 
 void Main::ShowAbout()

@@ -43,6 +43,7 @@ struct FrameParts {
     ErrorBox& errors;
     Documents& documents;
     Printers& printers;
+    Wallpaper& wallpaper;
     PlayerFactory makePlayer;
 };
 
@@ -60,6 +61,7 @@ public:
     Printers& SystemPrinters() override { return printers_; }
     FileDialogs& Dialogs() override { return dialogs_; }
     ErrorBox& Errors() override { return errors_; }
+    Wallpaper& DesktopWallpaper() override { return wallpaper_; }
     QWidget* FrameWindow() override { return this; }
     QWidget* ActiveForm() override;
     Lead* ActiveCapture() override;
@@ -84,6 +86,7 @@ public:
     void OpenTools() override;
     void OpenVisual() override;
     QImage PicSource() override;
+    void ShowFullScreen(const QImage& picture) override;
     void OpenHelp() override;
     void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget& button,
         std::function<void(int)> chosen) override;
@@ -156,6 +159,7 @@ private:
     void ShowPower();
     void ShowPopup();
     void ShowAbout();
+    void TellHome();
     void ToggleMaximized();
     void ShowWindowState();
     void ApplyBackground();
@@ -166,6 +170,7 @@ private:
     ErrorBox& errors_;
     Documents& documents_;
     Printers& printers_;
+    Wallpaper& wallpaper_;
     PlayerFactory makePlayer_;
     KidTable kids_;
 

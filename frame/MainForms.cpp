@@ -10,6 +10,7 @@
 #include "settingsui/Options.h"
 #include "settingsui/Power.h"
 #include "video/VideoList.h"
+#include "viewers/FullS.h"
 #include "viewers/QuickShots.h"
 #include "viewers/Viewer.h"
 
@@ -173,6 +174,14 @@ void Main::ShowPower()
     if (!power_)
         power_ = new Power(*this);
     power_->Open();
+}
+
+void Main::ShowFullScreen(const QImage& picture)
+{
+    const QPointer<FullS> form = new FullS(*this, picture);
+    const PointerPause pause;
+    form->exec();
+    delete form;
 }
 
 void Main::CloseActiveForm()

@@ -1,6 +1,7 @@
 #include "imaging/ConfinedReader.h"
 
 #include "base/Descriptor.h"
+#include "imaging/Animation.h"
 #include "imaging/PictureFile.h"
 #include "imaging/PictureHeader.h"
 #include "imaging/PictureLimits.h"
@@ -8,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QFile>
 #include <QProcess>
 
 #include <algorithm>
@@ -21,6 +23,8 @@ namespace {
 using namespace std::chrono_literals;
 constexpr auto LongestWait = 30s;
 constexpr auto Tick = 50ms;
+constexpr int BitsOfPages = 32;
+constexpr qsizetype MostPageBytes = qsizetype(96) << 20; // the reading program needs eight times as much
 
 [[noreturn]] void FailForMemory()
 {
@@ -59,9 +63,17 @@ private:
     void* bytes_ = nullptr;
 };
 
+/// Beside this program, or where an installation keeps what only programs start.
+QString ReaderProgram()
+{
+    const QString folder = QCoreApplication::applicationDirPath();
+    const QString installed = folder + QStringLiteral("/../libexec/taq-video-capture-pro/taq-reader");
+    return QFile::exists(installed) ? installed : folder + QStringLiteral("/taq-reader");
+}
+
 /// Runs the reading program to its end, which takes it from the other one's hands: what it wrote stays as it
 /// is.
-void RunReader(int in, int out, const std::function<void()>& whileWaiting)
+void RunReader(int in, int out, const QStringList& more, const std::function<void()>& whileWaiting)
 {
     QProcess reader;
     QProcessEnvironment environment;
@@ -74,8 +86,7 @@ void RunReader(int in, int out, const std::function<void()>& whileWaiting)
         for (const int kept : { in, out })
             fcntl(kept, F_SETFD, 0);
     });
-    reader.start(QCoreApplication::applicationDirPath() + QStringLiteral("/taq-reader"),
-        { QString::number(in), QString::number(out) });
+    reader.start(ReaderProgram(), QStringList { QString::number(in), QString::number(out) } + more);
     if (!reader.waitForStarted())
         throw PictureError(QStringLiteral(
             "A part of the program that opens pictures is missing. Install the program again."));
@@ -90,6 +101,12 @@ void RunReader(int in, int out, const std::function<void()>& whileWaiting)
     }
     if (reader.exitStatus() != QProcess::NormalExit || reader.exitCode() != 0)
         FailAsDamaged();
+}
+
+void CheckReason(const char* reason)
+{
+    if (reason[0] != '\0')
+        throw PictureError(QString::fromUtf8(reason, qsizetype(strnlen(reason, Answer::MaxReason))));
 }
 
 /// Whether the answer is a picture of the size that the file's header told, lying or standing.
@@ -119,9 +136,7 @@ QImage PictureOf(const char* shared, const PictureHeader& header)
 {
     Answer answer;
     std::memcpy(&answer, shared, sizeof answer);
-    if (answer.reason[0] != '\0')
-        throw PictureError(
-            QString::fromUtf8(answer.reason, qsizetype(strnlen(answer.reason, sizeof answer.reason))));
+    CheckReason(answer.reason);
     if (!Fits(answer, header))
         FailAsDamaged();
     const auto format = QImage::Format(answer.format);
@@ -139,17 +154,63 @@ QImage PictureOf(const char* shared, const PictureHeader& header)
     return picture;
 }
 
+void Fill(const SharedMemory& memory, const QByteArray& file)
+{
+    std::memcpy(memory.Bytes(), file.constData(), size_t(file.size()));
+}
+
+/// A page that would not be seen is seen as long as others show it who were asked the same.
+std::chrono::milliseconds TimeOf(int hundredths)
+{
+    constexpr int least = 2, instead = 10, most = 6000;
+    return std::chrono::milliseconds(10 * (hundredths < least ? instead : std::min(hundredths, most)));
+}
+
+std::vector<Page> PagesFrom(const char* shared, QSize size, int most)
+{
+    PagesAnswer answer;
+    std::memcpy(&answer, shared, sizeof answer);
+    CheckReason(answer.reason);
+    if (answer.pages < 1 || answer.pages > most)
+        FailAsDamaged();
+    std::vector<Page> pages;
+    const qsizetype row = RowBytes(size.width(), BitsOfPages);
+    const auto* from = reinterpret_cast<const uchar*>(shared + PagesAnswer::PixelsAt);
+    for (int page = 0; page < answer.pages; ++page, from += row * size.height()) {
+        QImage picture = QImage(from, size.width(), size.height(), row, QImage::Format_ARGB32).copy();
+        if (picture.isNull())
+            FailForMemory();
+        pages.push_back({ std::move(picture), TimeOf(answer.hundredths[page]) });
+    }
+    return pages;
+}
+
 } // namespace
 
 QImage DecodeConfined(const QByteArray& file, const std::function<void()>& whileWaiting)
 {
     const PictureHeader header = PictureFile::CheckedHeader(file);
     const SharedMemory in(file.size());
-    std::memcpy(in.Bytes(), file.constData(), size_t(file.size()));
+    Fill(in, file);
     constexpr int mostBits = 32;
     const SharedMemory out(Answer::PixelsAt + RowBytes(header.width, mostBits) * header.height);
-    RunReader(in.Number(), out.Number(), whileWaiting);
-    return PictureOf(out.Bytes(), header);
+    RunReader(in.Number(), out.Number(), {}, whileWaiting);
+    QImage picture = PictureOf(out.Bytes(), header);
+    SetAnimated(picture, PagesOf(file) > 1);
+    return picture;
+}
+
+std::vector<Page> DecodePagesConfined(const QByteArray& file, const std::function<void()>& whileWaiting)
+{
+    const PictureHeader header = PictureFile::CheckedHeader(file);
+    const qsizetype pageBytes = RowBytes(header.width, BitsOfPages) * header.height;
+    const auto room = int(std::clamp<qsizetype>(MostPageBytes / pageBytes, 1, PagesAnswer::MaxPages));
+    const int pages = std::min(PagesOf(file), room);
+    const SharedMemory in(file.size());
+    Fill(in, file);
+    const SharedMemory out(PagesAnswer::PixelsAt + pageBytes * pages);
+    RunReader(in.Number(), out.Number(), { QString::number(pages) }, whileWaiting);
+    return PagesFrom(out.Bytes(), QSize(int(header.width), int(header.height)), pages);
 }
 
 } // namespace imaging

@@ -7,8 +7,9 @@
 /// save.
 namespace imaging {
 
-/// Format codes as saves pass them.
-enum FormatCode { Gif = 2, Tif = 3, Tga = 4, Bmp = 6, Jpg = 10, Png = 75, Psd = 76 };
+/// Format codes as saves pass them. DesktopBmp is a bitmap for the desktop's background: the same file as
+/// Bmp, at a quality value of its own, and none of the formats that captures are saved in.
+enum FormatCode { Gif = 2, Tif = 3, Tga = 4, Bmp = 6, Jpg = 10, DesktopBmp = 14, Png = 75, Psd = 76 };
 
 struct FormatRow {
     const char* extension; ///< with the point, lower case

@@ -154,6 +154,31 @@ QImage ToPicture(Magick::Image& image)
     return isPaletted ? Paletted(image) : TrueColour(image);
 }
 
+using Pictures = std::unique_ptr<MagickLib::Image, decltype(&MagickLib::DestroyImageList)>;
+
+/// What the library says against a step; nobody looks at it here, as no picture says as much.
+class Raised {
+public:
+    Raised() { MagickLib::GetExceptionInfo(&info_); }
+    ~Raised() { MagickLib::DestroyExceptionInfo(&info_); }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+    MagickLib::ExceptionInfo* Info() const { return &info_; }
+
+private:
+    mutable MagickLib::ExceptionInfo info_ {};
+};
+
+Page ToPage(const MagickLib::Image& page, const Raised& raised)
+{
+    QImage picture = NewPicture({ int(page.columns), int(page.rows) }, QImage::Format_ARGB32);
+    if (MagickLib::DispatchImage(
+            &page, 0, 0, page.columns, page.rows, "BGRA", MagickLib::CharPixel, picture.bits(), raised.Info())
+        != MagickPass)
+        throw PictureError(QStringLiteral("The picture is damaged or incomplete."));
+    return { std::move(picture), std::chrono::milliseconds(10) * std::min(page.delay, 6000UL) };
+}
+
 /// The bytes of all rows without padding.
 QByteArray Tight(const QImage& picture)
 {
@@ -207,6 +232,27 @@ QImage Decode(const QByteArray& file, FormatCode format)
     } catch (const Magick::Exception&) {
         throw PictureError(QStringLiteral("The picture is damaged or incomplete."));
     }
+}
+
+std::vector<Page> DecodePages(const QByteArray& file, int most)
+{
+    const Raised raised;
+    const std::unique_ptr<MagickLib::ImageInfo, decltype(&MagickLib::DestroyImageInfo)> info(
+        MagickLib::CloneImageInfo(nullptr), &MagickLib::DestroyImageInfo);
+    std::strcpy(info->magick, CoderOf(Gif).reader); // NOLINT: a short text of ours
+    info->subimage = 0;
+    info->subrange = static_cast<unsigned long>(most);
+    const Pictures parts(
+        MagickLib::BlobToImage(info.get(), file.constData(), size_t(file.size()), raised.Info()),
+        &MagickLib::DestroyImageList);
+    const Pictures pages(parts ? MagickLib::CoalesceImages(parts.get(), raised.Info()) : nullptr,
+        &MagickLib::DestroyImageList);
+    std::vector<Page> decoded;
+    for (const MagickLib::Image* page = pages.get(); page; page = page->next)
+        decoded.push_back(ToPage(*page, raised));
+    if (decoded.empty())
+        throw PictureError(QStringLiteral("The picture is damaged or incomplete."));
+    return decoded;
 }
 
 QByteArray Encode(const QImage& picture, FormatCode format, int quality)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/Animation.h"
 #include "imaging/FormatTable.h"
 #include <QByteArray>
 #include <QImage>
@@ -13,6 +14,10 @@ void Initialise();
 
 /// The first picture of a file whose kind and size were looked at before. Throws PictureError.
 QImage Decode(const QByteArray& file, FormatCode format);
+
+/// The first pages of a GIF file, up to so many, each as it is to be seen over those before it. Throws
+/// PictureError.
+std::vector<Page> DecodePages(const QByteArray& file, int most);
 
 /// Jpg, Tga, Gif, Tif or Png at the depth of FormatTable. Throws PictureError.
 QByteArray Encode(const QImage& picture, FormatCode format, int quality);

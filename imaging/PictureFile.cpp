@@ -1,6 +1,7 @@
 #include "imaging/PictureFile.h"
 
 #include "imaging/BmpFile.h"
+#include "imaging/Converted.h"
 #include "imaging/FormatTable.h"
 #include "imaging/MagickCoders.h"
 #include "imaging/PictureLimits.h"
@@ -23,6 +24,7 @@ qint64 FewestBytes(const PictureHeader& header)
     case Jpg:
         return pixels / 64 / 8; // a bit for each block of 8x8
     case Bmp:
+    case DesktopBmp:
     case Tga:
         return pixels / 128 / 8; // runs of up to 255 or 128 pixels
     case Psd:
@@ -35,8 +37,11 @@ qint64 FewestBytes(const PictureHeader& header)
     return 0;
 }
 
-bool IsInTable(int format, int bits)
+bool CanBeMade(int format, int bits)
 {
+    constexpr int bitmapBits = 24;
+    if (format == DesktopBmp)
+        return bits == bitmapBits;
     return std::ranges::any_of(
         FormatTable, [&](const FormatRow& row) { return row.format == format && row.bits == bits; });
 }
@@ -61,7 +66,7 @@ QImage DecodeKnown(const QByteArray& file, FormatCode format)
 
 EncodedFile EncodeKnown(const QImage& picture, FormatCode format, int quality)
 {
-    if (format == Bmp)
+    if (format == Bmp || format == DesktopBmp)
         return BmpFile::Encode(picture);
     if (format == Psd)
         return EncodedFile(PsdFile::Encode(picture));
@@ -95,12 +100,28 @@ PictureHeader PictureFile::CheckedHeader(const QByteArray& file)
 QImage PictureFile::Decode(const QByteArray& file)
 {
     const PictureHeader header = CheckedHeader(file);
-    return WithinMemory(header.width, header.height, [&] { return DecodeKnown(file, header.format); });
+    QImage picture =
+        WithinMemory(header.width, header.height, [&] { return DecodeKnown(file, header.format); });
+    SetAnimated(picture, PagesOf(file) > 1);
+    return picture;
+}
+
+std::vector<Page> PictureFile::DecodePages(const QByteArray& file, int most)
+{
+    const PictureHeader header = CheckedHeader(file);
+    if (header.format != Gif)
+        return { { Converted(Decode(file), QImage::Format_ARGB32), {} } };
+    std::vector<Page> pages =
+        WithinMemory(header.width, header.height, [&] { return MagickCoders::DecodePages(file, most); });
+    for (const Page& page : pages)
+        if (page.picture.width() != header.width || page.picture.height() != header.height)
+            throw PictureError(QStringLiteral("The picture is damaged or incomplete."));
+    return pages;
 }
 
 EncodedFile PictureFile::Encode(const QImage& picture, int format, int bits, int quality)
 {
-    if (!IsInTable(format, bits))
+    if (!CanBeMade(format, bits))
         throw PictureError(
             QStringLiteral("A picture of format %1 cannot have %2 bits.").arg(format).arg(bits));
     CheckPictureSize(picture.width(), picture.height());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/Animation.h"
 #include "imaging/EncodedFile.h"
 #include "imaging/PictureError.h"
 #include "imaging/PictureHeader.h"
@@ -28,6 +29,9 @@ PictureHeader CheckedHeader(const QByteArray& file);
 /// The first picture of a file of one of the seven kinds, at the file's own depth: palette pictures as
 /// QImage::Format_Indexed8, 24 bits as Format_BGR888, 32 bits as Format_ARGB32. Throws PictureError.
 QImage Decode(const QByteArray& file);
+
+/// The pages of a GIF file, up to so many; of every other kind its picture alone. Throws PictureError.
+std::vector<Page> DecodePages(const QByteArray& file, int most);
 
 /// The picture as a file of a format code, bits and quality of FormatTable; transparency is kept by 32-bit
 /// formats and dropped by the others. Throws PictureError, also for a combination that is not in the table

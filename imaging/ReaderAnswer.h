@@ -19,6 +19,18 @@ struct Answer {
 };
 static_assert(sizeof(Answer) <= Answer::PixelsAt);
 
+/// The same for all pages of a picture that moves: from PixelsAt on one page behind the other, each of the
+/// size that the file's header tells, 32 bits a pixel.
+struct PagesAnswer {
+    static constexpr qsizetype PixelsAt = 8192;
+    static constexpr int MaxPages = 1024;
+
+    qint32 pages; ///< as many as stand there
+    qint32 hundredths[MaxPages]; ///< of a second that each is to be seen
+    char reason[Answer::MaxReason]; ///< as in Answer
+};
+static_assert(sizeof(PagesAnswer) <= PagesAnswer::PixelsAt);
+
 /// Bytes from one row to the next.
 constexpr qsizetype RowBytes(qsizetype width, int bitsPerPixel)
 {

@@ -12,6 +12,7 @@
 #include "capture/FormatInForce.h"
 #include "text/PrintUserText.h"
 #include "toolkit/HeadButtons.h"
+#include "viewers/Backgrounds.h"
 #include "viewers/ThumbPanel.h"
 #include "viewers/Viewer.h"
 
@@ -24,7 +25,12 @@ namespace {
 
 constexpr QSize StartSize { 560, 330 };
 
+void ProgramWallpaper(Frame& frame, const Lead& capture)
+{
+    MakeProgramWallpaper(frame, &capture);
 }
+
+} // namespace
 
 QuickShots::QuickShots(Frame& frame)
     : frame_(frame)
@@ -44,6 +50,10 @@ void QuickShots::Build()
     static constexpr FormButton<QuickShots> HeadButtons[] {
         { 2, Face::OpenCapture, " Open Highlighted Capture ", "Open highlighted capture",
             [](QuickShots& strip) { strip.OpenHighlighted(); } },
+        { 3, Face::ProgramWallpaper, "Make highlighted picture the programs wallpaper",
+            "Save as program wallpaper", [](QuickShots& strip) { strip.WithHighlighted(ProgramWallpaper); } },
+        { 4, Face::SystemWallpaper, " Save as System Wallpaper ", "Save as system wallpaper",
+            [](QuickShots& strip) { strip.WithHighlighted(MakeSystemWallpaper); } },
         { 5, Face::SaveAll, "Save ALL pictures to the AutoFolder", "Save all pictures",
             [](QuickShots& strip) { strip.SaveAll(); } },
         { 1, Face::Minimize, " Minimize Window ", "Minimize window",
@@ -107,7 +117,7 @@ void QuickShots::View(int index)
     frame_.State().SelectedBitmap = picInner_->Bitmap(index);
     picInner_->Select(index);
     const QPointer<QuickShots> alive(this);
-    Q_EMIT FullViewWanted(picInner_->Bitmap(index));
+    frame_.ShowFullScreen(frame_.State().SelectedBitmap);
     if (alive)
         picInner_->Flash(index);
 }
@@ -118,6 +128,17 @@ void QuickShots::OpenHighlighted()
         return;
     frame_.State().UseSelectedBitmap = true;
     frame_.OpenViewer();
+}
+
+/// With none picked, nothing happens.
+void QuickShots::WithHighlighted(void (*act)(Frame& frame, const Lead& capture))
+{
+    const QImage picture = frame_.State().SelectedBitmap;
+    if (picture.isNull())
+        return;
+    Lead capture;
+    capture.SetBitmap(picture);
+    act(frame_, capture);
 }
 
 void QuickShots::SaveAll()

@@ -5,6 +5,7 @@
 #include <QImage>
 
 class Frame;
+class Lead;
 class QLabel;
 class QScrollArea;
 class ThumbPanel;
@@ -26,9 +27,6 @@ public:
     void AllThumbWatermark();
     int ThumbIndex = 0;
 
-Q_SIGNALS:
-    void FullViewWanted(const QImage& picture); ///< a thumbnail was clicked twice
-
 protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -38,6 +36,7 @@ private:
     void Select(int index);
     void View(int index);
     void OpenHighlighted();
+    void WithHighlighted(void (*act)(Frame& frame, const Lead& capture));
     void SaveAll();
     /// False when the strip was closed meanwhile.
     bool SaveEach();

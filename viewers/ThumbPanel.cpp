@@ -112,8 +112,11 @@ void ThumbPanel::mouseDoubleClickEvent(QMouseEvent* event)
 
 void ThumbPanel::keyPressEvent(QKeyEvent* event)
 {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const int index = Neighbour(event->key());
-    if (index >= 0)
+    if (isEnter && selected_ >= 0)
+        Q_EMIT DoubleClicked(selected_);
+    else if (index >= 0)
         Q_EMIT Clicked(index);
     else
         QWidget::keyPressEvent(event);

@@ -42,7 +42,7 @@ public:
 
 Q_SIGNALS:
     void Clicked(int index); ///< by the mouse or the keys
-    void DoubleClicked(int index);
+    void DoubleClicked(int index); ///< or, when it is highlighted already, picked by Enter
     void CurrentMoved(const QRect& cell); ///< is to be in sight
 
 protected:

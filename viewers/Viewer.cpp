@@ -13,7 +13,9 @@
 #include "toolkit/HeadButtons.h"
 #include "toolkit/Style.h"
 #include "toolkit/Twips.h"
+#include "viewers/Backgrounds.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPointer>
 
@@ -82,16 +84,27 @@ void Viewer::Build()
 
 void Viewer::BuildTools(QWidget* column)
 {
-    auto* stack = new QVBoxLayout(column);
-    stack->setContentsMargins(Grid, Grid, Grid, Grid);
-    stack->setSpacing(Grid);
+    auto* grid = new QGridLayout(column); // of two columns, for small captures leave no height for one
+    grid->setContentsMargins(0, Grid, 0, Grid);
+    grid->setHorizontalSpacing(0);
+    grid->setVerticalSpacing(Grid);
     static constexpr FormButton<Viewer> SaveButton { 6, Face::SaveCapture, " Save Capture ", "Save capture",
         [](Viewer& viewer) { viewer.Save(); } };
     static constexpr FormButton<Viewer> ToolsButton { 3, Face::EditTools, " Open Graphic Tools ",
         "Open graphic tools", [](Viewer& viewer) { viewer.frame_.OpenTools(); } };
-    for (const auto& row : { ToolsButton, SaveButton })
-        stack->addWidget(MakeFormButton<VideoEditButtons>(row, *this, column), 0, Qt::AlignHCenter);
-    stack->addStretch();
+    static constexpr FormButton<Viewer> ProgramButton { 4, Face::ProgramWallpaper,
+        " Save as Program Wallpaper ", "Save as program wallpaper",
+        [](Viewer& viewer) { MakeProgramWallpaper(viewer.frame_, viewer.frame_.ActiveCapture()); } };
+    static constexpr FormButton<Viewer> SystemButton { 5, Face::SystemWallpaper, " Save as System Wallpaper ",
+        "Save as system wallpaper",
+        [](Viewer& viewer) { MakeSystemWallpaper(viewer.frame_, *viewer.Lead1); } };
+    int place = 0;
+    for (const auto& row : { ToolsButton, SaveButton, ProgramButton, SystemButton }) {
+        auto* const button = MakeFormButton<VideoEditButtons>(row, *this, column);
+        grid->addWidget(button, place / 2, place % 2, place % 2 == 0 ? Qt::AlignRight : Qt::AlignLeft);
+        ++place;
+    }
+    grid->setRowStretch(grid->rowCount(), 1);
 }
 
 void Viewer::Bind()

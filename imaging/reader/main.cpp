@@ -1,6 +1,6 @@
-// taq-reader IN OUT: decodes the picture file in the open file IN into the shared memory OUT, confined. A
-// hostile picture that gets the better of a decoder finds nothing here: no files, no network, no other
-// picture.
+// taq-reader IN OUT [PAGES]: decodes the picture file in the open file IN, or up to so many of its pages,
+// into the shared memory OUT, confined. A hostile picture that gets the better of a decoder finds nothing
+// here: no files, no network, no other picture.
 #include "imaging/PictureFile.h"
 #include "imaging/ReaderAnswer.h"
 #include "imaging/reader/Confinement.h"
@@ -28,7 +28,7 @@ Mapped Map(const char* descriptor, int protection)
     return { bytes == MAP_FAILED ? nullptr : bytes, qsizetype(status.st_size) };
 }
 
-void Refuse(Answer& answer, const char* reason)
+template <typename Kind> void Refuse(Kind& answer, const char* reason)
 {
     std::strncpy(answer.reason, reason, Answer::MaxReason - 1);
 }
@@ -49,23 +49,48 @@ void Give(Mapped out, const QImage& picture)
         std::memcpy(to, picture.constScanLine(y), size_t(std::min(row, picture.bytesPerLine())));
 }
 
+void GivePages(Mapped out, const std::vector<imaging::Page>& pages)
+{
+    PagesAnswer& answer = *static_cast<PagesAnswer*>(out.bytes);
+    auto* to = static_cast<char*>(out.bytes) + PagesAnswer::PixelsAt;
+    const char* const end = static_cast<char*>(out.bytes) + out.size;
+    for (const imaging::Page& page : pages) {
+        const qsizetype bytes = page.picture.sizeInBytes();
+        if (answer.pages == PagesAnswer::MaxPages || bytes > end - to)
+            return Refuse(answer, "The picture is damaged or incomplete."); // larger than its own header says
+        std::memcpy(to, page.picture.constBits(), size_t(bytes));
+        answer.hundredths[answer.pages++] = qint32(page.time.count() / 10);
+        to += bytes;
+    }
+}
+
+/// Decodes within the walls.
+template <typename Kind, typename Decode> void Answering(Mapped out, Decode&& decode)
+{
+    try {
+        imaging::PictureFile::Initialise();
+        if (!ConfineThisProcess())
+            std::_Exit(EXIT_FAILURE);
+        decode();
+    } catch (const imaging::PictureError& error) {
+        Refuse(*static_cast<Kind*>(out.bytes), error.what());
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc != 3)
+    if (argc != 3 && argc != 4)
         return EXIT_FAILURE;
+    const int pages = argc == 4 ? std::atoi(argv[3]) : 0;
     const Mapped in = Map(argv[1], PROT_READ), out = Map(argv[2], PROT_READ | PROT_WRITE);
-    if (!in.bytes || !out.bytes || out.size < Answer::PixelsAt)
+    if (!in.bytes || !out.bytes || out.size < (pages > 0 ? PagesAnswer::PixelsAt : Answer::PixelsAt))
         return EXIT_FAILURE;
-    try {
-        imaging::PictureFile::Initialise();
-        if (!ConfineThisProcess())
-            return EXIT_FAILURE;
-        Give(out,
-            imaging::PictureFile::Decode(QByteArray::fromRawData(static_cast<char*>(in.bytes), in.size)));
-    } catch (const imaging::PictureError& error) {
-        Refuse(*static_cast<Answer*>(out.bytes), error.what());
-    }
+    const QByteArray file = QByteArray::fromRawData(static_cast<char*>(in.bytes), in.size);
+    if (pages > 0)
+        Answering<PagesAnswer>(out, [&] { GivePages(out, imaging::PictureFile::DecodePages(file, pages)); });
+    else
+        Answering<Answer>(out, [&] { Give(out, imaging::PictureFile::Decode(file)); });
     std::_Exit(EXIT_SUCCESS); // the libraries' farewells want what was given up
 }

@@ -1,11 +1,15 @@
 #include "edit/Visual.h"
 
+#include "app/Hourglass.h"
 #include "edit/ColorRes.h"
 #include "edit/EffectRows.h"
+#include "imaging/Animation.h"
 #include "imaging/FormatTable.h"
 #include "imaging/PictureFile.h"
 #include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeCapture.h"
+#include "tests/testing/Files.h"
+#include "tests/testing/MovingGif.h"
 #include "tests/testing/RunningDialog.h"
 
 #include <QCheckBox>
@@ -629,10 +633,45 @@ TEST_F(VisualTest, ClosingInTheMiddleOfAnOperationIsSafe)
     EXPECT_FALSE(visual);
 }
 
-TEST_F(VisualTest, WhatIsNotThereYetIsDisabled)
+TEST_F(VisualTest, ViewFullScreenShowsTheEffectUnderTheBusyPointerAndGivesItTheFocus)
 {
     Open();
-    EXPECT_FALSE(Find(QStringLiteral("Command17")).isEnabled());
+    Click("Command4");
+    Find(QStringLiteral("Command4")).setFocus();
+    Pointer meanwhile = Pointer::Normal;
+    frame.whileFullScreen = [&] { meanwhile = CurrentPointer(); };
+    Click("Command17");
+    EXPECT_EQ(frame.fullScreen, Effect());
+    EXPECT_EQ(meanwhile, Pointer::Busy) << "the frame's own view puts it right";
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+    EXPECT_EQ(visual->focusWidget(), &Control("Effect"));
+}
+
+TEST_F(VisualTest, AMovingPictureIsRememberedForTheWholeScreenUntilItIsEdited)
+{
+    const QString path = frame.folder.filePath(QStringLiteral("moving.gif"));
+    const QRect whole(0, 0, 20, 10);
+    ASSERT_TRUE(MakeFile(path, MovingGif(whole.size()).Page(whole, 1, 2).Page(whole, 3, 2).File()));
+    Open();
+    const QString before = frame.state.CurrentFile;
+    frame.dialogs.openNames.push(SavedPicture(Ramp()));
+    Click("VideoSoftElastic6");
+    EXPECT_EQ(frame.state.CurrentFile, before) << "a still picture";
+    frame.dialogs.openNames.push(path);
+    Click("VideoSoftElastic6");
+    EXPECT_EQ(frame.state.CurrentFile, path);
+    EXPECT_TRUE(imaging::IsAnimated(Effect()));
+    Click("Command4");
+    EXPECT_FALSE(imaging::IsAnimated(Effect()));
+}
+
+TEST_F(VisualTest, ClosingBehindTheFullScreenIsSafe)
+{
+    Open();
+    frame.whileFullScreen = [this] { delete visual; };
+    Click("Command17");
+    EXPECT_FALSE(visual);
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
 }
 
 TEST_F(VisualTest, EveryControlHasANameAndIsReachedByKeys)

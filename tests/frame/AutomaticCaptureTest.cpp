@@ -37,7 +37,7 @@ protected:
     static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
     void SetUp() override
     {
-        main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors, documents, printers,
+        main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors, documents, printers, wallpaper,
             [](QWidget* parent) { return new PlayerControl(parent); } });
         main->show();
         QDir::setCurrent(folder.path());

@@ -1,11 +1,14 @@
 // The windows of picture editing in the real frame.
+#include "app/Hourglass.h"
 #include "app/Lead.h"
 #include "edit/Resize.h"
 #include "edit/Tools.h"
 #include "edit/Visual.h"
 #include "tests/frame/FrameFixture.h"
 #include "tests/testing/RunningDialog.h"
+#include "viewers/FullS.h"
 #include "viewers/QuickShots.h"
+#include "viewers/ThumbPanel.h"
 #include "viewers/Viewer.h"
 
 #include <QApplication>
@@ -149,4 +152,40 @@ TEST_F(EditingTest, TheEditorClosesWithTheFrame)
     ASSERT_NE(visual, nullptr);
     main->close();
     EXPECT_FALSE(visual && visual->isVisible());
+}
+
+TEST_F(EditingTest, AThumbnailClickedTwiceStandsOnTheWholeScreenUntilItIsEnded)
+{
+    Store("OpThumb", "0");
+    Capture();
+    auto* const panel = main->findChild<ThumbPanel*>();
+    QImage shown;
+    Pointer pointer = Pointer::Busy;
+    WhenOpen<FullS>([&](FullS& form) {
+        EXPECT_TRUE(form.isModal());
+        shown = form.findChild<Lead*>(QStringLiteral("Leadbitmap1"))->Bitmap();
+        pointer = CurrentPointer();
+        QTest::keyClick(&form, Qt::Key_Escape);
+    });
+    QTest::mouseDClick(panel, Qt::LeftButton, {}, panel->CellRect(0).center());
+    EXPECT_EQ(shown, panel->Bitmap(0));
+    EXPECT_FALSE(shown.isNull());
+    EXPECT_EQ(pointer, Pointer::Normal);
+    EXPECT_EQ(main->findChild<FullS*>(), nullptr);
+}
+
+TEST_F(EditingTest, TheEditorShowsItsPictureOnTheWholeScreen)
+{
+    Capture();
+    Visual* const visual = OpenEditor();
+    ASSERT_NE(visual, nullptr);
+    const QImage effect = visual->findChild<Lead*>(QStringLiteral("Effect"))->Bitmap();
+    QImage shown;
+    WhenOpen<FullS>([&](FullS& form) {
+        shown = form.findChild<Lead*>(QStringLiteral("Leadbitmap1"))->Bitmap();
+        QTest::mouseClick(&form, Qt::LeftButton);
+    });
+    ClickOn(*visual, "Command17");
+    EXPECT_EQ(shown, effect);
+    EXPECT_TRUE(visual->isVisible());
 }

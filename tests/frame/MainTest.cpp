@@ -65,6 +65,26 @@ TEST_F(MainTest, TheFirstRunWritesNoKeyAndTheSecondIsSilent)
     EXPECT_FALSE(QFileInfo::exists(state.Settings.FilePath()));
 }
 
+TEST_F(MainTest, WhereNothingMayStandBesideTheProgramTheFirstStartTellsWhereCapturesAre)
+{
+    QTemporaryDir prefix;
+    for (const char* name : { "bin", "share/taq-video-capture-pro" })
+        QDir(prefix.path()).mkpath(QLatin1String(name));
+    const auto start = [&] {
+        ApplicationState installed(prefix.filePath(QStringLiteral("bin")),
+            prefix.filePath(QStringLiteral("settings")), prefix.filePath(QStringLiteral("data")));
+        Main second({ installed, clipboard, dialogs, errors, documents, wallpaper, {} });
+        second.show();
+        QCoreApplication::processEvents();
+        return installed.IsHomeNew;
+    };
+    errors.Expect(QStringLiteral("Captures"),
+        QStringLiteral("Nothing can be kept beside the program. Captures are kept in ")
+            + prefix.filePath(QStringLiteral("data/TAQ Video Capture Pro")));
+    EXPECT_TRUE(start());
+    EXPECT_FALSE(start()) << "the second start is silent";
+}
+
 TEST_F(MainTest, FullScreenWithoutAVideoMakesNoVideoWindow)
 {
     main->mnuFullScreen_Click();

@@ -7,6 +7,7 @@
 #include "tests/testing/FakeFrame.h"
 #include "video/URLfrm.h"
 #include "video/VideoList.h"
+#include "viewers/FullS.h"
 #include "viewers/QuickShots.h"
 #include "viewers/ThumbPanel.h"
 #include "viewers/Viewer.h"
@@ -91,6 +92,10 @@ void ShowChildren(const std::function<void(const QString&, QWidget&)>& take)
     auto* panel = strip.findChild<ThumbPanel*>();
     QTest::mouseClick(panel, Qt::LeftButton, {}, panel->CellRect(2).center());
     take(QStringLiteral("thumbnails"), strip);
+    FullS small(frame, Landscape(4));
+    take(QStringLiteral("full-screen"), small);
+    FullS large(frame, Landscape(6).scaled(2400, 1350));
+    take(QStringLiteral("full-screen-fitted"), large);
 
     frame.state.Videos = { QString(), QStringLiteral("/home/user/Videos/Aurora.avi"),
         QStringLiteral("/home/user/Videos/Holidays on the coast and further along the old road.mpg"),

@@ -28,6 +28,8 @@ public:
     QStringList log;
     std::function<void()> whenViewerOpens;
     std::function<void()> whenPumped;
+    QImage fullScreen; ///< the picture last shown on the whole screen
+    std::function<void()> whileFullScreen;
     int checkedInMenus = 0;
     std::function<void(int)> chosenInMenus;
 
@@ -38,6 +40,7 @@ public:
     Printers& SystemPrinters() override { return printers; }
     FileDialogs& Dialogs() override { return dialogs; }
     ErrorBox& Errors() override { return errors; }
+    Wallpaper& DesktopWallpaper() override { return wallpaper; }
     QWidget* FrameWindow() override { return &window; }
     QWidget* ActiveForm() override { return activeForm; }
     Lead* ActiveCapture() override { return activeCapture; }
@@ -92,6 +95,13 @@ public:
     void OpenTools() override { log << QStringLiteral("OpenTools"); }
     void OpenVisual() override { log << QStringLiteral("OpenVisual"); }
     QImage PicSource() override { return picSource; }
+    void ShowFullScreen(const QImage& picture) override
+    {
+        log << QStringLiteral("ShowFullScreen");
+        fullScreen = picture;
+        if (whileFullScreen)
+            whileFullScreen();
+    }
     void OpenHelp() override { log << QStringLiteral("OpenHelp"); }
     void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget&,
         std::function<void(int)> chosen) override

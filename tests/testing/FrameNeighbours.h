@@ -4,6 +4,7 @@
 #include "tests/testing/FakeClipboard.h"
 #include "tests/testing/FakeDocuments.h"
 #include "tests/testing/FakePrinters.h"
+#include "tests/testing/FakeWallpaper.h"
 #include "tests/testing/ScriptedTalk.h"
 
 #include <QTemporaryDir>
@@ -11,10 +12,12 @@
 /// What a frame stands on: the real state over a temporary folder, and fakes of the rest.
 struct FrameNeighbours {
     QTemporaryDir folder;
-    ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")) };
+    ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")),
+        folder.filePath(QStringLiteral("data")) };
     FakeClipboard clipboard;
     ScriptedDialogs dialogs;
     ScriptedErrors errors;
     FakeDocuments documents;
     FakePrinters printers;
+    FakeWallpaper wallpaper;
 };

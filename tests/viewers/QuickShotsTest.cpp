@@ -192,16 +192,37 @@ TEST_F(QuickShotsTest, EveryControlHasANameAndIsReachedByKeys)
     EXPECT_EQ(AccessFaults(*strip), "");
 }
 
-TEST_F(QuickShotsTest, ADoubleClickPicksTheThumbnailAndAsksForItsFullView)
+TEST_F(QuickShotsTest, ADoubleClickPicksTheThumbnailAndShowsItOnTheWholeScreenBeforeTheFlash)
 {
-    QSignalSpy wanted(strip.get(), &QuickShots::FullViewWanted);
     Add(Qt::red);
     Add(Qt::blue);
+    const auto shown = [this] { return panel->grab(panel->CellRect(1)).toImage(); };
+    QImage meanwhile;
+    frame.whileFullScreen = [&] { meanwhile = shown(); };
     QTest::mouseDClick(panel, Qt::LeftButton, {}, panel->CellRect(1).center());
-    ASSERT_EQ(wanted.size(), 1);
-    EXPECT_EQ(wanted.at(0).at(0).value<QImage>().pixelColor(0, 0), QColor(Qt::blue));
+    EXPECT_EQ(frame.fullScreen.pixelColor(0, 0), QColor(Qt::blue));
     EXPECT_EQ(state.SelectedBitmap.pixelColor(0, 0), QColor(Qt::blue));
     EXPECT_EQ(panel->Selected(), 1);
+    EXPECT_EQ(frame.log.count(QStringLiteral("ShowFullScreen")), 1);
+    EXPECT_NE(shown(), meanwhile) << "it flashes afterwards";
+}
+
+TEST_F(QuickShotsTest, EnterPicksAThumbnailAndOnThePickedOneShowsItOnTheWholeScreen)
+{
+    Add(Qt::red);
+    QTest::keyClick(panel, Qt::Key_Return);
+    EXPECT_EQ(panel->Selected(), 0);
+    EXPECT_TRUE(frame.fullScreen.isNull());
+    QTest::keyClick(panel, Qt::Key_Return);
+    EXPECT_EQ(frame.fullScreen.pixelColor(0, 0), QColor(Qt::red));
+}
+
+TEST_F(QuickShotsTest, TheStripMayCloseWhileAPictureStandsOnTheWholeScreen)
+{
+    Add(Qt::red);
+    frame.whileFullScreen = [this] { strip.reset(); };
+    QTest::mouseDClick(panel, Qt::LeftButton, {}, panel->CellRect(0).center());
+    EXPECT_EQ(strip, nullptr);
 }
 
 TEST_F(QuickShotsTest, APressBetweenTheCellsPicksNothing)

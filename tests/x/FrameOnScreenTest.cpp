@@ -1,10 +1,13 @@
 // The whole program's frame under a real pointer and a window manager.
 #include "Program.h"
 #include "tests/testing/RealPointer.h"
+#include "tests/testing/RunningDialog.h"
 #include "toolkit/SizeGrip.h"
 #include "video/VideoWindow.h"
 #include "video/ltmmPlay.h"
+#include "viewers/FullS.h"
 #include "viewers/QuickShots.h"
+#include "viewers/ThumbPanel.h"
 #include "viewers/Viewer.h"
 
 #include <QDir>
@@ -161,4 +164,27 @@ TEST_F(FrameOnScreen, TwoCapturesAVideoAndAStripCloseWithItWhateverTheirOrder)
         EXPECT_EQ(program->State().KidCount, 0);
         ASSERT_TRUE(ShowActive(main));
     }
+}
+
+TEST_F(FrameOnScreen, AThumbnailClickedTwiceFillsTheScreenAndAClickBringsTheFrameBack)
+{
+    program->State().Settings.SaveSetting(
+        QStringLiteral("Options"), QStringLiteral("OpThumb"), QStringLiteral("0"));
+    OpenSample();
+    Click("Cmds(8)");
+    main.ShowThumbnails();
+    auto& panel = *main.findChild<ThumbPanel*>();
+    const QPoint cell = panel.mapToGlobal(panel.CellRect(0).center());
+    bool filled = false;
+    WhenOpen<FullS>([&](FullS& form) {
+        filled = Eventually([&] { return form.isActiveWindow() && form.size() == form.screen()->size(); });
+        // The release of the click that opened it has come by now.
+        EXPECT_TRUE(form.isVisible());
+        PointAt(QPoint(30, 30));
+        Pointer({ "click", "1" });
+    });
+    PointAt(cell);
+    Pointer({ "click", "--repeat", "2", "--delay", "30", "1" });
+    EXPECT_TRUE(Eventually([&] { return filled && !main.findChild<FullS*>(); }));
+    EXPECT_TRUE(Eventually([&] { return main.isActiveWindow(); }));
 }

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "desktop/Wallpaper.h"
+
+#include <QObject>
+
+/// Where a desktop of this family keeps its background.
+struct BackgroundKeys {
+    const char* desktop; ///< as the session names it
+    const char* schema;
+    const char* picture;
+    const char* darkPicture; ///< of its dark face, null where there is none
+    bool isAddress; ///< the value is an address, not a path
+};
+
+/// The settings of the desktops that keep them in one common store, by the program "gsettings".
+class GnomeWallpaper : public Wallpaper {
+public:
+    explicit GnomeWallpaper(const BackgroundKeys& keys)
+        : keys_(keys)
+    {
+    }
+    /// The keys of a desktop, null for one of another family.
+    static const BackgroundKeys* KeysOf(const QString& desktop);
+
+    bool CanSet() const override;
+    void Set(const QString& path, Done done) override;
+
+private:
+    using Next = std::function<void(const QString& output)>;
+    void Write(const char* key, const QString& value, const Done& done, const Next& next);
+    void Read(const char* key, const Done& done, const Next& next);
+    void WriteForDark(const QString& value, const Done& done);
+    void MakeVisible(const QString& value, const Done& done);
+    void Verify(const QString& value, const Done& done);
+
+    const BackgroundKeys& keys_;
+    QObject owner_;
+};

@@ -1,0 +1,74 @@
+#include "desktop/PortalRequest.h"
+
+#include <QDBusConnection>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QRandomGenerator>
+#include <QTimer>
+
+#include <chrono>
+#include <utility>
+
+namespace {
+
+using namespace std::chrono_literals;
+constexpr int LongestCall = 10'000; // milliseconds, until the wish is taken
+constexpr auto LongestAnswer = 120s; // the user may be asked meanwhile
+constexpr auto Service = "org.freedesktop.portal.Desktop";
+constexpr auto Interface = "org.freedesktop.portal.Request";
+constexpr auto Signal = "Response";
+enum Response : uint { Success = 0, Cancelled = 1 };
+
+/// Where the portal will put the request of this token: known before it is sent, so that no answer is missed.
+QString PlaceOf(const QString& token)
+{
+    QString sender = QDBusConnection::sessionBus().baseService().mid(1);
+    sender.replace(u'.', u'_');
+    return QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token);
+}
+
+} // namespace
+
+PortalRequest::PortalRequest(QObject* parent, Wallpaper::Done done)
+    : QObject(parent)
+    , token_(QStringLiteral("taq%1").arg(QRandomGenerator::global()->generate()))
+    , place_(PlaceOf(token_))
+    , done_(std::move(done))
+{
+}
+
+void PortalRequest::Send(const QDBusMessage& call)
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    bus.connect(QLatin1String(Service), place_, QLatin1String(Interface), QLatin1String(Signal), this,
+        SLOT(Answer(uint, QVariantMap)));
+    auto* const watcher = new QDBusPendingCallWatcher(bus.asyncCall(call, LongestCall), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        if (watcher->isError())
+            End({ Wallpaper::Result::NotHere,
+                QStringLiteral("The desktop does not let programs set its wallpaper.") });
+    });
+    QTimer::singleShot(LongestAnswer, this, [this] {
+        End({ Wallpaper::Result::NotSet, QStringLiteral("The desktop did not answer.") });
+    });
+}
+
+void PortalRequest::Answer(uint response, const QVariantMap&)
+{
+    switch (response) {
+    case Success:
+        return End({});
+    case Cancelled:
+        return End({ Wallpaper::Result::Declined, QStringLiteral("The wallpaper was declined.") });
+    default:
+        return End({ Wallpaper::Result::NotSet, QStringLiteral("The desktop refused the wallpaper.") });
+    }
+}
+
+void PortalRequest::End(const Wallpaper::Outcome& outcome)
+{
+    if (!done_)
+        return;
+    deleteLater();
+    std::exchange(done_, {})(outcome);
+}

@@ -1,0 +1,84 @@
+#include "desktop/XfceWallpaper.h"
+
+#include "desktop/Tool.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace {
+
+constexpr auto Program = "xfconf-query";
+constexpr auto PictureKey = "/last-image";
+constexpr auto StyleKey = "/image-style";
+constexpr auto Zoomed = "5";
+constexpr auto NoPicture = "0";
+
+QStringList Writing(const QString& property, const QString& kind, const QString& value)
+{
+    return { QStringLiteral("-c"), QStringLiteral("xfce4-desktop"), QStringLiteral("-p"), property,
+        QStringLiteral("-n"), QStringLiteral("-t"), kind, QStringLiteral("-s"), value };
+}
+
+/// The places of a fresh desktop, which has stored none yet.
+QStringList FirstPlaces()
+{
+    QStringList places;
+    for (const QScreen* screen : QGuiApplication::screens())
+        places << QStringLiteral("/backdrop/screen0/monitor%1/workspace0").arg(screen->name());
+    return places;
+}
+
+/// What has to be written, from the list of properties with their values, a line each. A value that does not
+/// change is passed over by the desktop, and with it the new content of the same file: so it does change.
+QList<QStringList> CommandsFor(const QString& path, const QString& properties)
+{
+    QList<QStringList> commands;
+    const auto write = [&](const QString& place) {
+        for (const QString& value : { QString(), path })
+            commands << Writing(place + QLatin1String(PictureKey), QStringLiteral("string"), value);
+    };
+    const auto zoom = [&](const QString& place) {
+        commands << Writing(place + QLatin1String(StyleKey), QStringLiteral("int"), QLatin1String(Zoomed));
+    };
+    for (const QString& line : properties.split(u'\n')) {
+        const QString property = line.section(u' ', 0, 0, QString::SectionSkipEmpty);
+        const QString value = line.section(u' ', 1, -1, QString::SectionSkipEmpty).trimmed();
+        const QString place = property.section(u'/', 0, -2);
+        if (property.endsWith(QLatin1String(PictureKey)))
+            write(place);
+        else if (property.endsWith(QLatin1String(StyleKey)) && value == QLatin1String(NoPicture))
+            zoom(place);
+    }
+    if (commands.isEmpty())
+        for (const QString& place : FirstPlaces()) {
+            write(place);
+            zoom(place);
+        }
+    return commands;
+}
+
+} // namespace
+
+bool XfceWallpaper::CanSet() const
+{
+    return HasTool(QLatin1String(Program));
+}
+
+void XfceWallpaper::Set(const QString& path, Done done)
+{
+    const QStringList list { QStringLiteral("-c"), QStringLiteral("xfce4-desktop"), QStringLiteral("-l"),
+        QStringLiteral("-v") };
+    // The list of a channel that is not there yet is a failure; what counts is the writing.
+    RunTool(owner_, QLatin1String(Program), list,
+        [=, this](const ToolAnswer& answer) { RunAll(CommandsFor(path, answer.output), done); });
+}
+
+void XfceWallpaper::RunAll(QList<QStringList> commands, const Done& done)
+{
+    if (commands.isEmpty())
+        return done({});
+    const QStringList first = commands.takeFirst();
+    RunTool(owner_, QLatin1String(Program), first, [=, this](const ToolAnswer& answer) {
+        answer.IsGood() ? RunAll(commands, done) : done({ Result::NotSet, answer.fault });
+    });
+}
