@@ -1,5 +1,5 @@
-// thumbnails: what adding one to the strip of the real program costs at the end of ten thousand, against one at
-// the start, and what the strip takes in memory beyond the pictures, which all share their pixels.
+// thumbnails: what adding one to the strip of the real program costs at the end of ten thousand, against one
+// at the start, and what the strip takes in memory beyond the pictures, which all share their pixels.
 #include "app/Frame.h"
 #include "app/Lead.h"
 #include "bench/Cost.h"

@@ -6,8 +6,8 @@
 
 #include <chrono>
 
-/// Handles events until the condition holds; false when that took too long. Unlike QTest::qWaitFor it wakes at
-/// every event, so that what goes on in many short steps is not held up.
+/// Handles events until the condition holds; false when that took too long. Unlike QTest::qWaitFor it wakes
+/// at every event, so that what goes on in many short steps is not held up.
 template <typename Condition> bool Await(Condition condition, std::chrono::milliseconds patience)
 {
     using namespace std::chrono_literals;
