@@ -11,6 +11,8 @@
 #include <sys/mman.h>
 #include <sys/stat.h>
 
+using imaging::ReaderAnswer;
+
 namespace {
 
 struct Mapped {
@@ -28,23 +30,23 @@ Mapped Map(const char* descriptor, int protection)
     return { bytes == MAP_FAILED ? nullptr : bytes, qsizetype(status.st_size) };
 }
 
-void Refuse(Answer& answer, const char* reason)
+void Refuse(ReaderAnswer& answer, const char* reason)
 {
-    std::strncpy(answer.reason, reason, Answer::MaxReason - 1);
+    std::strncpy(answer.reason, reason, ReaderAnswer::MaxReason - 1);
 }
 
 void Give(Mapped out, const QImage& picture)
 {
-    Answer& answer = *static_cast<Answer*>(out.bytes);
-    const qsizetype row = RowBytes(picture.width(), picture.depth());
-    if (row * picture.height() > out.size - Answer::PixelsAt)
+    ReaderAnswer& answer = *static_cast<ReaderAnswer*>(out.bytes);
+    const qsizetype row = imaging::RowBytes(picture.width(), picture.depth());
+    if (row * picture.height() > out.size - ReaderAnswer::PixelsAt)
         return Refuse(answer, "The picture is damaged or incomplete."); // larger than its own header says
     answer.width = picture.width();
     answer.height = picture.height();
     answer.format = picture.format();
     answer.colours = qint32(picture.colorCount());
     std::ranges::copy(picture.colorTable(), answer.palette);
-    auto* to = static_cast<char*>(out.bytes) + Answer::PixelsAt;
+    auto* to = static_cast<char*>(out.bytes) + ReaderAnswer::PixelsAt;
     for (int y = 0; y < picture.height(); ++y, to += row)
         std::memcpy(to, picture.constScanLine(y), size_t(std::min(row, picture.bytesPerLine())));
 }
@@ -56,16 +58,16 @@ int main(int argc, char** argv)
     if (argc != 3)
         return EXIT_FAILURE;
     const Mapped in = Map(argv[1], PROT_READ), out = Map(argv[2], PROT_READ | PROT_WRITE);
-    if (!in.bytes || !out.bytes || out.size < Answer::PixelsAt)
+    if (!in.bytes || !out.bytes || out.size < ReaderAnswer::PixelsAt)
         return EXIT_FAILURE;
     try {
         imaging::PictureFile::Initialise();
         if (!ConfineThisProcess())
-            return EXIT_FAILURE;
+            return imaging::ReaderNotConfined;
         Give(out,
             imaging::PictureFile::Decode(QByteArray::fromRawData(static_cast<char*>(in.bytes), in.size)));
     } catch (const imaging::PictureError& error) {
-        Refuse(*static_cast<Answer*>(out.bytes), error.what());
+        Refuse(*static_cast<ReaderAnswer*>(out.bytes), error.what());
     }
     std::_Exit(EXIT_SUCCESS); // the libraries' farewells want what was given up
 }
