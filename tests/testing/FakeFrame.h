@@ -27,10 +27,18 @@ public:
     QStringList log;
     std::function<void()> whenViewerOpens;
     std::function<void()> whenPumped;
+    std::function<void()> whenPaintsPumped;
     int checkedInMenus = 0;
     std::function<void(int)> chosenInMenus;
 
     FakeFrame() { state.LoadApplicationState(window); }
+
+    /// Stores an option as the options window does.
+    bool Store(const char* key, const char* value)
+    {
+        return state.Settings.SaveSetting(
+            QStringLiteral("Options"), QLatin1String(key), QLatin1String(value));
+    }
 
     ApplicationState& State() override { return state; }
     Clipboard& SystemClipboard() override { return clipboard; }
@@ -103,6 +111,11 @@ public:
         log << QStringLiteral("PumpEvents");
         if (whenPumped)
             whenPumped();
+    }
+    void PumpPaintEvents() override
+    {
+        if (whenPaintsPumped)
+            whenPaintsPumped();
     }
 
 private:
