@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QScrollBar>
 
 namespace {
 
@@ -103,7 +104,12 @@ TEST_F(EditingTest, AResizedCaptureComesInAWindowThatShowsAllOfIt)
     ClickOn(*state.Tools, "Cmd2(0)");
     const auto viewers = main->findChildren<Viewer*>();
     ASSERT_EQ(viewers.size(), 2);
-    EXPECT_EQ(ActiveViewer()->Picture().BitmapWidth(), 40);
+    const Lead& picture = ActiveViewer()->Picture();
+    EXPECT_EQ(QSize(picture.BitmapWidth(), picture.BitmapHeight()), QSize(40, 30));
+    EXPECT_GE(picture.ClientWidth(), 40);
+    EXPECT_GE(picture.ClientHeight(), 30);
+    for (const QScrollBar* bar : picture.findChildren<QScrollBar*>())
+        EXPECT_FALSE(bar->isVisible());
     EXPECT_EQ(ActiveViewer()->ClipPic(), ActiveViewer()->Picture().Bitmap());
     EXPECT_TRUE(IsEnabled(Command::Save));
 }

@@ -61,6 +61,7 @@ public:
     QString title;
     QString filter;
     QString folder;
+    QString extension;
     QString replaced;
 
     QString AskSaveName(
@@ -70,8 +71,9 @@ public:
         return Next(saveNames);
     }
     QString AskOpenName(QWidget* window, const QString& heading, const QString& kinds, const QString& start,
-        const QString&) override
+        const QString& defaultExtension) override
     {
+        extension = defaultExtension;
         Asked(window, heading, kinds, start);
         return Next(openNames);
     }
