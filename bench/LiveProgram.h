@@ -23,6 +23,7 @@ public:
     void ShowCapturesIn(Place place);
     /// Over the captures, which stay open behind it.
     void BringVideoToFront();
+    Frame& TheFrame() { return main_; }
     ltmmPlay& Player() { return main_.CurrentPlayer(); }
     /// Capture windows open.
     int Captures() { return program_.State().KidCount; }

@@ -6,6 +6,7 @@
 #include "capture/CaptureCurrentFrame.h"
 #include "capture/SaveCapture.h"
 #include "desktop/Documents.h"
+#include "desktop/Memory.h"
 #include "desktop/WholeFile.h"
 #include "frame/CommandTable.h"
 #include "frame/HelpWindow.h"
@@ -91,6 +92,9 @@ void Main::StartTimers()
         if (!state_.VideoOpen)
             SetStatus(StatusLabel::FrameNumber, QLatin1String(StartPrompt));
     });
+    tidying_.setSingleShot(true);
+    tidying_.setInterval(1s);
+    connect(&tidying_, &QTimer::timeout, this, &GiveBackFreeMemory);
 }
 
 void Main::SetStatus(StatusLabel label, const QString& text)

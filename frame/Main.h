@@ -182,4 +182,5 @@ private:
     bool areToolsUnwanted_ = false; ///< they come up with a capture no more
     QTimer Timer1; ///< the print button follows the capture windows
     QTimer Timer3; ///< the prompt while no video is open
+    QTimer tidying_; ///< after captures came or went, memory goes back
 };

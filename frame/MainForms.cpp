@@ -74,6 +74,7 @@ void Main::RemoveKid(quintptr handle)
 {
     kids_.RemoveKid(handle, [this] { ShowStatus(StatusLabel::AutoCapture, false); });
     --state_.KidCount;
+    tidying_.start();
 }
 
 void Main::MakeKidActive(int index)
@@ -85,6 +86,7 @@ void Main::MakeKidActive(int index)
 void Main::OpenViewer()
 {
     AddChild(new Viewer(*this));
+    tidying_.start();
     if (!state_.ToolsOpen && !areToolsUnwanted_)
         ShowTools();
 }

@@ -116,7 +116,7 @@ void VideoWindow::BindPlayer()
         [this] { frame_.SetStatus(StatusLabel::Position, PositionText(*ltmmPlay1)); });
     connect(ltmmPlay1, &ltmmPlay::SelectionChanged, this,
         [this](int start, int end) { transport_.ShowSelection(start, end); });
-    connect(ltmmPlay1, &ltmmPlay::KeyReleased, this, [this](int key) {
+    connect(ltmmPlay1, &ltmmPlay::KeyUp, this, [this](int key) {
         if (key == Qt::Key_Escape)
             ltmmPlay1->ToggleFullScreen();
     });

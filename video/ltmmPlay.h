@@ -137,7 +137,7 @@ Q_SIGNALS:
     void PositionChanged();
     /// IsFrameReady may answer otherwise than before.
     void FramesReady();
-    void KeyReleased(int key);
+    void KeyUp(int key);
     void MousePressed();
     void MouseMoved();
     /// ErrorText(code) says what the code means.

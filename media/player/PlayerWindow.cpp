@@ -139,7 +139,7 @@ void PlayerControl::keyPressEvent(QKeyEvent* event)
 void PlayerControl::keyReleaseEvent(QKeyEvent* event)
 {
     if (!event->isAutoRepeat() && pressedKeys_.erase(event->key()) > 0)
-        Q_EMIT KeyReleased(event->key());
+        Q_EMIT KeyUp(event->key());
 }
 
 void PlayerControl::mousePressEvent(QMouseEvent*)

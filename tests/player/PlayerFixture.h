@@ -3,6 +3,7 @@
 #include "media/player/PlayerControl.h"
 #include "tests/clips/BarCode.h"
 #include "tests/clips/Clips.h"
+#include "tests/testing/Await.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -40,7 +41,7 @@ protected:
     }
     template <typename Condition> static bool Wait(Condition condition)
     {
-        return QTest::qWaitFor(condition, Patience);
+        return Await(condition, std::chrono::milliseconds(Patience));
     }
     bool WaitForEnd() const
     {

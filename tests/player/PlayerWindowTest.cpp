@@ -156,7 +156,7 @@ TEST_F(PlayerWindowTest, PlayingGoesOnThroughFullScreen)
 
 TEST_F(PlayerWindowTest, KeysAndMouseAreTold)
 {
-    QSignalSpy keys(player_.get(), &ltmmPlay::KeyReleased);
+    QSignalSpy keys(player_.get(), &ltmmPlay::KeyUp);
     QSignalSpy presses(player_.get(), &ltmmPlay::MousePressed);
     QSignalSpy moves(player_.get(), &ltmmPlay::MouseMoved);
     QTest::keyClick(player_.get(), Qt::Key_Escape);
@@ -170,7 +170,7 @@ TEST_F(PlayerWindowTest, KeysAndMouseAreTold)
 
 TEST_F(PlayerWindowTest, AReleaseWithoutAPressTellsNothing)
 {
-    QSignalSpy keys(player_.get(), &ltmmPlay::KeyReleased);
+    QSignalSpy keys(player_.get(), &ltmmPlay::KeyUp);
     QTest::keyRelease(player_.get(), Qt::Key_Escape); // of a dialog that the press has closed
     QTest::keyClick(player_.get(), Qt::Key_Escape);
     QTest::keyRelease(player_.get(), Qt::Key_Escape);
@@ -179,7 +179,7 @@ TEST_F(PlayerWindowTest, AReleaseWithoutAPressTellsNothing)
 
 TEST_F(PlayerWindowTest, APressIsForgottenWhenTheFocusGoes)
 {
-    QSignalSpy keys(player_.get(), &ltmmPlay::KeyReleased);
+    QSignalSpy keys(player_.get(), &ltmmPlay::KeyUp);
     QTest::keyPress(player_.get(), Qt::Key_Escape);
     QFocusEvent leaving(QEvent::FocusOut);
     QCoreApplication::sendEvent(player_.get(), &leaving);

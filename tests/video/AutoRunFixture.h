@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imaging/PictureFile.h"
+#include "tests/testing/Await.h"
 #include "tests/testing/Files.h"
 #include "tests/testing/SmallDisk.h"
 #include "tests/video/VideoWindowFixture.h"
@@ -89,7 +90,7 @@ protected:
     }
     template <typename Condition> static bool Await(Condition condition)
     {
-        return QTest::qWaitFor(condition, 20'000);
+        return ::Await(condition, std::chrono::seconds(20));
     }
     /// Waits until the label of the run has said this; by then it may say something else.
     bool AwaitLabel(const QString& text) const

@@ -281,11 +281,11 @@ TEST_F(VideoWindowTest, SilencedErrorsPassWithoutAWord)
 
 TEST_F(VideoWindowTest, EscapeTogglesFullScreenAndNoOtherKeyDoes)
 {
-    Q_EMIT Player().KeyReleased(Qt::Key_Space);
+    Q_EMIT Player().KeyUp(Qt::Key_Space);
     EXPECT_FALSE(Player().fullScreen);
-    Q_EMIT Player().KeyReleased(Qt::Key_Escape);
+    Q_EMIT Player().KeyUp(Qt::Key_Escape);
     EXPECT_TRUE(Player().fullScreen);
-    Q_EMIT Player().KeyReleased(Qt::Key_Escape);
+    Q_EMIT Player().KeyUp(Qt::Key_Escape);
     EXPECT_FALSE(Player().fullScreen);
 }
 
