@@ -66,7 +66,7 @@ int BitsOf(const ReaderAnswer& answer)
     return QImage::toPixelFormat(QImage::Format(answer.format)).bitsPerPixel();
 }
 
-/// Starts the reading program, to which no more than these two open files go.
+/// Starts the reading program with these two open files.
 void StartReader(QProcess& reader, int in, int out)
 {
     QProcessEnvironment environment;
@@ -128,7 +128,7 @@ bool IsWithinPalette(const QImage& picture)
     return true;
 }
 
-/// The reader's reason as a line that can be shown, whatever it wrote.
+/// The reader's reason as a line that can be shown, whatever it wrote; empty when it gave none.
 QString ReasonOf(const ReaderAnswer& answer)
 {
     QString reason =
@@ -144,8 +144,8 @@ QImage PictureOf(const char* shared, qsizetype bytes)
 {
     ReaderAnswer answer;
     std::memcpy(&answer, shared, sizeof answer);
-    if (answer.reason[0] != '\0')
-        throw PictureError(ReasonOf(answer));
+    if (const QString reason = ReasonOf(answer); !reason.isEmpty())
+        throw PictureError(reason);
     if (!Fits(answer, bytes))
         FailAsDamaged();
     const auto format = QImage::Format(answer.format);

@@ -38,6 +38,8 @@ public:
     {
         return "until [ -e '" + path.toUtf8() + "' ]; do :; done\n";
     }
+    /// The line of a script that goes on as the program itself.
+    static QByteArray TheProgramItself() { return "exec \"$0.aside\" \"$@\"\n"; }
 
 private:
     static QString Place() { return QCoreApplication::applicationDirPath() + QStringLiteral("/taq-reader"); }
