@@ -71,9 +71,9 @@ public:
         return Next(saveNames);
     }
     QString AskOpenName(QWidget* window, const QString& heading, const QString& kinds, const QString& start,
-        const QString& defaultExtension) override
+        const QString& ending) override
     {
-        extension = defaultExtension;
+        extension = ending;
         Asked(window, heading, kinds, start);
         return Next(openNames);
     }
