@@ -8,6 +8,16 @@
 
 #include <csignal>
 
+namespace {
+
+/// Clicks wait.
+void PaintWindows()
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+} // namespace
+
 Program::Libraries::Libraries()
 {
     // The writer tells a file-size limit and a broken pipe as errors; they must not end the program.
@@ -20,7 +30,8 @@ Program::Libraries::Libraries()
 Program::Program(const QString& applicationFolder)
     : state_(applicationFolder)
     , errors_(state_)
-    , main_({ state_, clipboard_, dialogs_, errors_, documents_,
+    , printers_(PaintWindows)
+    , main_({ state_, clipboard_, dialogs_, errors_, documents_, printers_,
           [](QWidget* parent) { return new PlayerControl(parent, player::AwaitWithBox); } })
 {
 }

@@ -3,6 +3,7 @@
 #include "app/ApplicationState.h"
 #include "app/ErrFrmBox.h"
 #include "app/SystemDialogs.h"
+#include "desktop/CupsPrinters.h"
 #include "desktop/SystemClipboard.h"
 #include "desktop/SystemDocuments.h"
 #include "frame/Main.h"
@@ -28,5 +29,6 @@ private:
     SystemDialogs dialogs_;
     ErrFrmBox errors_;
     SystemDocuments documents_;
+    CupsPrinters printers_;
     Main main_;
 };

@@ -146,15 +146,23 @@ void ApplicationState::ApplyToolTips(QWidget& form) const
     }
 }
 
-void ApplicationState::Reload(Key key, Reader reader)
+QString ApplicationState::TextOf(Key key, Reader reader)
 {
-    const QString text =
-        Settings.GetSetting(SettingsSection, NameOf(key), DefaultText(key, reader, applicationFolder_));
+    return Settings.GetSetting(SettingsSection, NameOf(key), DefaultText(key, reader, applicationFolder_));
+}
+
+void ApplicationState::SetText(Key key, const QString& text)
+{
     const auto take = [&]<typename Value>(Value State::*variable) {
         if (const auto value = SettingValue::Parse<Value>(text))
             this->*variable = *value;
     };
     std::visit(take, VariableOf(key));
+}
+
+void ApplicationState::Reload(Key key, Reader reader)
+{
+    SetText(key, TextOf(key, reader));
 }
 
 bool ApplicationState::Store(Key key)

@@ -33,7 +33,11 @@ public:
     /// otherwise. Forms standing inside the form keep theirs.
     void ApplyToolTips(QWidget& form) const;
 
-    /// Reads a key into its variable, which keeps its value when the text cannot be converted.
+    /// The text stored under a key, or the default that reader gives for it.
+    QString TextOf(Key key, Reader reader = Reader::StartUp);
+    /// Gives a key's variable the value of a text; it keeps its value when the text cannot be converted.
+    void SetText(Key key, const QString& text);
+    /// Both: reads a key into its variable.
     void Reload(Key key, Reader reader = Reader::StartUp);
     /// Writes the value of a key's variable; true when it stands on the disk.
     bool Store(Key key);
@@ -90,6 +94,7 @@ public:
     qint16 CaptureWindowCount = 0; ///< capture windows ever opened; numbers them
     std::deque<Dib> StillsTaken; ///< by captures that are not handed over yet; the first is being handed over
     QImage SelectedBitmap; ///< the thumbnail last clicked, null when none
+    bool PrintCall = false; ///< the next page that is drawn is printed, not shown
     bool UseSelectedBitmap = false; ///< the next capture window takes SelectedBitmap
 
     // Variables that mirror a settings key, with the key's name.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ControlError.h"
+#include "desktop/Printers.h"
 #include "desktop/WholeFile.h"
 #include "imaging/PictureError.h"
 
@@ -12,6 +13,8 @@ template <typename Step> auto AsControl(Step&& step)
     try {
         return step();
     } catch (const FileError& error) {
+        throw ControlError(error.Reason());
+    } catch (const PrinterError& error) {
         throw ControlError(error.Reason());
     } catch (const imaging::PictureError& error) {
         throw ControlError(error.Reason());

@@ -16,6 +16,8 @@ public:
     virtual QImage ClipPic() const = 0;
     /// What Picture holds becomes ClipPic; the window keeps its size.
     virtual void KeepEdit() = 0;
+    /// Prints ClipPic as the settings say; tells when that fails. The window may close meanwhile.
+    virtual void PrintMe() = 0;
     /// Takes another picture for its capture, and the size that this needs.
     virtual void ShowPicture(const QImage& picture) = 0;
 };

@@ -11,6 +11,8 @@ class Clipboard;
 class ErrorBox;
 class FileDialogs;
 class Lead;
+class Printers;
+class QImage;
 class QWidget;
 class ltmmPlay;
 
@@ -51,6 +53,7 @@ public:
 
     virtual ApplicationState& State() = 0;
     virtual Clipboard& SystemClipboard() = 0;
+    virtual Printers& SystemPrinters() = 0;
     virtual FileDialogs& Dialogs() = 0;
     virtual ErrorBox& Errors() = 0;
 
@@ -100,6 +103,8 @@ public:
     virtual void OpenTools() = 0;
     /// Opens the one visual editor on the active capture, or shows the one that is open.
     virtual void OpenVisual() = 0;
+    /// The picture behind the frame's windows as its file has it, null when there is none.
+    virtual QImage PicSource() = 0;
     /// Opens the user's guide, or tells that it is missing.
     virtual void OpenHelp() = 0;
     /// Opens the one popup below a button; chosen gets the number of the item.

@@ -4,6 +4,8 @@
 #include "toolkit/FileDialog.h"
 
 #include <QColorDialog>
+#include <QDir>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -53,6 +55,17 @@ QString SystemDialogs::AskOpenNames(
     dialog.CancelError = false;
     dialog.ShowOpen();
     return dialog.Filename;
+}
+
+QString SystemDialogs::AskFolder(QWidget* owner, const QString& heading, const QString& folder)
+{
+    const QPointer<QFileDialog> dialog = new QFileDialog(owner, heading, folder);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    const bool isChosen = dialog->exec() == QDialog::Accepted && dialog;
+    const QString chosen = isChosen ? dialog->selectedFiles().value(0) : QString();
+    delete dialog;
+    return QDir::toNativeSeparators(chosen);
 }
 
 QColor AskSystemColor(QWidget* owner, const QString& title, const QColor& start)

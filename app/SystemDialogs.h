@@ -12,6 +12,7 @@ public:
     bool ConfirmReplace(QWidget* owner, const QString& path) override;
     QString AskOpenNames(
         QWidget* owner, const QString& title, const QString& filter, const QString& folder) override;
+    QString AskFolder(QWidget* owner, const QString& heading, const QString& folder) override;
 };
 
 /// AskColor with the program's own dialog.

@@ -36,6 +36,8 @@ public:
     /// cancel. Leaves the process's current folder at the chosen folder.
     virtual QString AskOpenNames(
         QWidget* owner, const QString& title, const QString& filter, const QString& folder) = 0;
+    /// The one folder chosen, beginning at this one; empty on cancel. The current folder stays.
+    virtual QString AskFolder(QWidget* owner, const QString& heading, const QString& folder) = 0;
 };
 
 /// Asks for a colour, beginning with start; an invalid colour on cancel.

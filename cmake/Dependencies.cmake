@@ -8,5 +8,6 @@ pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
 # Macros of its own would part from the precompiled headers.
 set_target_properties(PkgConfig::PULSE PROPERTIES INTERFACE_COMPILE_OPTIONS "")
 pkg_check_modules(GRAPHICSMAGICK REQUIRED IMPORTED_TARGET GraphicsMagick++)
+find_package(Cups 2.4 REQUIRED)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
 pkg_check_modules(SECCOMP REQUIRED IMPORTED_TARGET libseccomp)

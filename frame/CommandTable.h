@@ -13,7 +13,6 @@ struct CommandRow {
     const char* caption;
     const char* tip;
     bool isUsableAtStart = false;
-    bool isBuilt = true; ///< false: what it opens is not in this version, so it stays disabled
 };
 
 inline constexpr std::array<CommandRow, size_t(Command::Count)> CommandTable { {
@@ -23,8 +22,8 @@ inline constexpr std::array<CommandRow, size_t(Command::Count)> CommandTable { {
     { Command::DefaultSize, Face::NormalSize, "Default Size", " View video at it's default (normal) size " },
     { Command::Download, Face::Download, "Download", " Download video from internet ", true },
     { Command::Cancel, Face::Cancel, "Cancel", " Cancel downloading " },
-    { Command::Print, Face::Print, "Print Frame", " Print top picture ", false, false },
-    { Command::Options, Face::Options, "Options", " Set TAQ Video Capture Pro options ", false, false },
+    { Command::Print, Face::Print, "Print Frame", " Print top picture " },
+    { Command::Options, Face::Options, "Options", " Set TAQ Video Capture Pro options ", true },
     { Command::Capture, Face::Capture, "Capture", " Capture video frame  " },
     { Command::Save, Face::Save, "Save Capture", " Save captured frame " },
 } };

@@ -49,6 +49,7 @@ Main::Main(const FrameParts& parts)
     , dialogs_(parts.dialogs)
     , errors_(parts.errors)
     , documents_(parts.documents)
+    , printers_(parts.printers)
     , makePlayer_(parts.makePlayer)
     , kids_(parts.state)
     , menus_(*this)
@@ -82,6 +83,8 @@ void Main::Bind()
 
 void Main::StartTimers()
 {
+    Timer1.setObjectName(QStringLiteral("Timer1"));
+    Timer1.setParent(this);
     Timer1.start(32s);
     connect(&Timer1, &QTimer::timeout, this, [this] {
         if (state_.KidCount < 1)
@@ -123,8 +126,7 @@ void Main::RepaintStatus(StatusLabel label)
 
 void Main::EnableCommand(Command command, bool enabled)
 {
-    if (CommandTable[size_t(command)].isBuilt)
-        Cmds[size_t(command)]->setEnabled(enabled);
+    Cmds[size_t(command)]->setEnabled(enabled);
 }
 
 bool Main::IsCommandEnabled(Command command) const
@@ -159,7 +161,9 @@ void Main::RunCommand(Command command)
     case Command::Cancel:
         return CancelDownload();
     case Command::Print:
+        return PrintActiveCapture();
     case Command::Options:
+        return OpenOptions();
     case Command::Count:
         return;
     }
@@ -217,10 +221,10 @@ void Main::OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems
 void Main::ShowPopup()
 {
     const QStringList items { QStringLiteral("  Video List"), QStringLiteral("  View Full Screen"),
-        QStringLiteral("  Close All Windows"), QStringLiteral("  About") };
+        QStringLiteral("  Close All Windows"), QStringLiteral("  Control Panel"), QStringLiteral("  About") };
     OpenMenus(PopupOwner::Frame, items, 0, *Image3, [this](int item) {
         constexpr std::array Actions { &Main::ShowVideoListIfVideo, &Main::mnuFullScreen_Click,
-            &Main::CloseAllWindows, &Main::ShowAbout };
+            &Main::CloseAllWindows, &Main::ShowPower, &Main::ShowAbout };
         (this->*Actions[size_t(item)])();
     });
 }

@@ -4,6 +4,7 @@
 #include "frame/Background.h"
 #include "frame/KidTable.h"
 #include "frame/Menus.h"
+#include "print/cSetDfltPrinter.h"
 #include "video/VideoWindow.h"
 
 #include <QPointer>
@@ -11,6 +12,7 @@
 #include <QWidget>
 
 #include <array>
+#include <optional>
 
 class ChildForm;
 class DigitLabel;
@@ -18,6 +20,7 @@ class Documents;
 class EmptyState;
 class FrameDrag;
 class HelpWindow;
+class Power;
 class QuickShots;
 class QLabel;
 class QMdiArea;
@@ -39,6 +42,7 @@ struct FrameParts {
     FileDialogs& dialogs;
     ErrorBox& errors;
     Documents& documents;
+    Printers& printers;
     PlayerFactory makePlayer;
 };
 
@@ -53,6 +57,7 @@ public:
 
     ApplicationState& State() override { return state_; }
     Clipboard& SystemClipboard() override { return clipboard_; }
+    Printers& SystemPrinters() override { return printers_; }
     FileDialogs& Dialogs() override { return dialogs_; }
     ErrorBox& Errors() override { return errors_; }
     QWidget* FrameWindow() override { return this; }
@@ -78,6 +83,7 @@ public:
     void ShowFront(bool visible) override;
     void OpenTools() override;
     void OpenVisual() override;
+    QImage PicSource() override;
     void OpenHelp() override;
     void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget& button,
         std::function<void(int)> chosen) override;
@@ -139,12 +145,16 @@ private:
     /// Presses a command that opens a box.
     void Ask(Command command);
     void CopyActiveCapture();
+    void PrintActiveCapture();
     void CloseActiveForm();
     void ShowTools();
     void CloseAllWindows();
     /// Unloads every form whose name differs.
     void CloseAllFormsExcept(const QString& name);
     void UnloadForms();
+    /// Opens the options, modally.
+    void OpenOptions();
+    void ShowPower();
     void ShowPopup();
     void ShowAbout();
     void ToggleMaximized();
@@ -156,6 +166,7 @@ private:
     FileDialogs& dialogs_;
     ErrorBox& errors_;
     Documents& documents_;
+    Printers& printers_;
     PlayerFactory makePlayer_;
     KidTable kids_;
 
@@ -179,6 +190,8 @@ private:
     QPointer<VideoList> videoList_;
     QPointer<QuickShots> quickShots_;
     QPointer<Visual> visual_;
+    QPointer<Power> power_;
+    std::optional<cSetDfltPrinter> defaultPrinter_; ///< from the first opening of the options on
     bool areToolsUnwanted_ = false; ///< they come up with a capture no more
     QTimer Timer1; ///< the print button follows the capture windows
     QTimer Timer3; ///< the prompt while no video is open

@@ -2,10 +2,13 @@
 #include "app/ApplicationState.h"
 #include "app/FormShadow.h"
 #include "app/Hourglass.h"
+#include "app/SystemDialogs.h"
 #include "edit/Tools.h"
 #include "edit/Visual.h"
 #include "frame/HelpWindow.h"
 #include "frame/Main.h"
+#include "settingsui/Options.h"
+#include "settingsui/Power.h"
 #include "video/VideoList.h"
 #include "viewers/QuickShots.h"
 #include "viewers/Viewer.h"
@@ -144,6 +147,27 @@ void Main::OpenVisual()
     visual_ = new Visual(*this);
     if (!state_.VisualReady)
         delete visual_;
+}
+
+void Main::OpenOptions()
+{
+    const Hourglass waiting;
+    if (!defaultPrinter_)
+        defaultPrinter_.emplace(printers_);
+    const QPointer<Options> form = new Options(*this, this, *defaultPrinter_, AskSystemColor);
+    {
+        const PointerPause pause;
+        form->exec();
+    }
+    delete form;
+    state_.ApplyToolTips(*this);
+}
+
+void Main::ShowPower()
+{
+    if (!power_)
+        power_ = new Power(*this);
+    power_->Open();
 }
 
 void Main::CloseActiveForm()

@@ -1,5 +1,6 @@
 // What the keys beside the buttons do.
 #include "app/ApplicationState.h"
+#include "app/CaptureWindow.h"
 #include "app/ControlError.h"
 #include "app/Lead.h"
 #include "frame/KeyTable.h"
@@ -37,6 +38,8 @@ void Main::ActOnKey(KeyAction action)
         return Press(*Cmds[size_t(Command::Capture)]);
     case KeyAction::Save:
         return Ask(Command::Save);
+    case KeyAction::Print:
+        return Ask(Command::Print);
     case KeyAction::Copy:
         return CopyActiveCapture();
     case KeyAction::Open:
@@ -67,6 +70,13 @@ void Main::CopyActiveCapture()
     // A clipboard that another program holds keeps what it had.
     if (const Lead* capture = ActiveCapture())
         IgnoreErrors([&] { capture->Copy(clipboard_, true); });
+}
+
+void Main::PrintActiveCapture()
+{
+    if (CaptureWindow* const capture = ActiveCaptureWindow())
+        return capture->PrintMe();
+    SetStatusAlert(StatusLabel::Operation, QStringLiteral("The active window holds no capture."));
 }
 
 void Main::mnuFullScreen_Click()

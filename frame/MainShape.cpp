@@ -70,6 +70,13 @@ bool Main::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
+QImage Main::PicSource()
+{
+    return state_.BackgroundFile.isEmpty()
+        ? QImage()
+        : background_.Of(state_.BackgroundFile, [this] { PumpPaintEvents(); });
+}
+
 void Main::ApplyBackground()
 {
     const QColor ground = StyleColor(Token::Ground);

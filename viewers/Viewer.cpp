@@ -9,6 +9,7 @@
 #include "app/RaiseUnderMouse.h"
 #include "app/Talk.h"
 #include "capture/SaveCapture.h"
+#include "print/AAPrintPicture.h"
 #include "toolkit/HeadButtons.h"
 #include "toolkit/Style.h"
 #include "toolkit/Twips.h"
@@ -31,6 +32,7 @@ constexpr int ZoomStep = 10; // percent
 
 Viewer::Viewer(Frame& frame)
     : frame_(frame)
+    , AAPrintPicture1(std::make_shared<AAPrintPicture>(frame))
 {
     ApplicationState& state = frame_.State();
     setObjectName(QStringLiteral("Viewer"));
@@ -151,6 +153,26 @@ void Viewer::ShowPicture(const QImage& picture)
     Lead1->SetBitmap(picture);
     KeepEdit();
     SizeToPicture();
+}
+
+void Viewer::PrintMe()
+{
+    const Hourglass waiting;
+    Frame& frame = frame_; // the window may close while it is printed
+    const auto print = AAPrintPicture1;
+    try {
+        ApplicationState& state = frame.State();
+        state.Reload(Key::HighQ);
+        state.Reload(Key::BW);
+        state.PrintCall = true;
+        print->SetAlign(state.PPosition);
+        print->SetPicture(ClipPic_);
+        print->PrintPicture();
+    } catch (const ControlError&) {
+        frame.Errors().Show(frame.FrameWindow(), QStringLiteral("Print Error!"),
+            QStringLiteral("Error with printing. Check printer, cables, and printer settings."));
+    }
+    print->SetPicture({}); // the pixels of a capture that is edited later are needed once only
 }
 
 void Viewer::Zoom(Qt::MouseButton button)

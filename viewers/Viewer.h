@@ -3,6 +3,9 @@
 #include "app/CaptureWindow.h"
 #include "toolkit/ChildForm.h"
 
+#include <memory>
+
+class AAPrintPicture;
 class Frame;
 
 /// The window of one capture. It holds the picture in Lead1 until it closes; saving, printing and editing act
@@ -19,6 +22,7 @@ public:
     /// Shares its pixels with Lead1 until that changes.
     QImage ClipPic() const override { return ClipPic_; }
     void KeepEdit() override;
+    void PrintMe() override;
     void ShowPicture(const QImage& picture) override;
 
 protected:
@@ -39,5 +43,6 @@ private:
     StripButton* menu_ = nullptr;
     Lead* Lead1 = nullptr;
     QImage ClipPic_;
+    std::shared_ptr<AAPrintPicture> AAPrintPicture1; ///< goes on printing when the window closes
     bool isGone_ = false;
 };

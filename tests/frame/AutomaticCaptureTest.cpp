@@ -9,6 +9,7 @@
 #include "tests/testing/Await.h"
 #include "tests/testing/FakeClipboard.h"
 #include "tests/testing/FakeDocuments.h"
+#include "tests/testing/FakePrinters.h"
 #include "tests/testing/Files.h"
 #include "tests/testing/ScriptedTalk.h"
 
@@ -30,12 +31,13 @@ protected:
     ScriptedDialogs dialogs;
     ScriptedErrors errors;
     FakeDocuments documents;
+    FakePrinters printers;
     std::unique_ptr<Main> main;
 
     static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
     void SetUp() override
     {
-        main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors, documents,
+        main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors, documents, printers,
             [](QWidget* parent) { return new PlayerControl(parent); } });
         main->show();
         QDir::setCurrent(folder.path());

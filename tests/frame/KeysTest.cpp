@@ -158,6 +158,16 @@ TEST_F(KeysTest, ControlCWithoutACaptureLeavesTheClipboardAlone)
     EXPECT_TRUE(clipboard.log.isEmpty());
 }
 
+TEST_F(KeysTest, ControlPPrintsTheActiveCapture)
+{
+    Press(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_TRUE(printers.jobs.isEmpty()) << "there is none yet";
+    Store("OpThumb", "2");
+    Press(Qt::Key_S);
+    Press(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(printers.jobs.size(), 1);
+}
+
 TEST_F(KeysTest, FAndF11FillTheScreen)
 {
     Press(Qt::Key_F);

@@ -5,6 +5,9 @@
 #include "viewers/QuickShots.h"
 #include "viewers/Viewer.h"
 
+#include <QSignalSpy>
+#include <QTimer>
+
 namespace {
 
 using MainFormsTest = FrameFixture;
@@ -274,4 +277,59 @@ TEST_F(MainFormsTest, AThumbnailStripInFrontGoesBehindWhenAPictureIsAdded)
         Click("Cmds(8)");
         EXPECT_FALSE(Form("QuickShots").IsActive()) << opThumb;
     }
+}
+
+TEST_F(MainFormsTest, PrintFramePrintsTheActiveCapture)
+{
+    Store("OpThumb", "2");
+    OpenOne();
+    EXPECT_FALSE(IsEnabled(Command::Print));
+    Click("Cmds(8)");
+    ASSERT_TRUE(IsEnabled(Command::Print));
+    Click("Cmds(6)");
+    ASSERT_EQ(printers.jobs.size(), 1);
+    EXPECT_EQ(printers.jobs[0].paper, Paper({ 9, { 210, 297 } }));
+    EXPECT_EQ(printers.jobs[0].title, QStringLiteral("TAQ Video Capture Pro"));
+}
+
+TEST_F(MainFormsTest, PrintFrameOverAVideoSaysThatThereIsNoCapture)
+{
+    Store("OpThumb", "2");
+    OpenOne();
+    Click("Cmds(8)");
+    Form("VideoWindow").BringToFront();
+    ASSERT_EQ(main->ActiveCapture(), nullptr);
+    Click("Cmds(6)");
+    EXPECT_TRUE(printers.jobs.isEmpty());
+    EXPECT_EQ(Label("LblMsg1(0)"), QStringLiteral("The active window holds no capture."));
+}
+
+TEST_F(MainFormsTest, PrintStaysOpenAfterTheLastCaptureUntilTheTimerTicks)
+{
+    Store("OpThumb", "2");
+    OpenOne();
+    Click("Cmds(8)");
+    auto* const timer = Find<QTimer>("Timer1");
+    EXPECT_EQ(timer->intervalAsDuration(), std::chrono::seconds(32));
+    timer->start(0);
+    QSignalSpy ticks(timer, &QTimer::timeout);
+    ASSERT_TRUE(ticks.wait());
+    EXPECT_TRUE(IsEnabled(Command::Print)) << "a capture is open";
+    timer->stop();
+    Form("Viewer").close();
+    ASSERT_EQ(state.KidCount, 0);
+    EXPECT_TRUE(IsEnabled(Command::Print));
+    timer->start(0);
+    ASSERT_TRUE(ticks.wait());
+    EXPECT_FALSE(IsEnabled(Command::Print));
+}
+
+TEST_F(MainFormsTest, ClosingAllWindowsClosesPrintAtOnce)
+{
+    Store("OpThumb", "2");
+    OpenOne();
+    Click("Cmds(8)");
+    ASSERT_TRUE(IsEnabled(Command::Print));
+    ChooseInPopup(2);
+    EXPECT_FALSE(IsEnabled(Command::Print));
 }

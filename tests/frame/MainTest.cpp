@@ -256,11 +256,12 @@ TEST_F(MainTest, TheFramesPopupOffersItsWindowsAndAbout)
     QStringList texts;
     for (const QAction* action : Find<QMenu>("Menus")->actions())
         texts << action->text();
-    EXPECT_EQ(texts, QStringList({ "  Video List", "  View Full Screen", "  Close All Windows", "  About" }));
+    EXPECT_EQ(texts, QStringList({ "  Video List", "  View Full Screen", "  Close All Windows",
+                         "  Control Panel", "  About" }));
     errors.Expect(QStringLiteral("About"),
         QStringLiteral(
             "TAQ Video Capture Pro takes the best frames out of your videos and turns them into pictures."));
-    Find<QMenu>("Menus")->actions().at(3)->trigger();
+    Find<QMenu>("Menus")->actions().at(4)->trigger();
 }
 
 TEST_F(MainTest, TheFrameBearsItsWindowTextWheneverItBecomesActive)

@@ -7,5 +7,5 @@
 inline FrameParts PartsOf(FrameNeighbours& neighbours, const PlayerFactory& makePlayer)
 {
     return { neighbours.state, neighbours.clipboard, neighbours.dialogs, neighbours.errors,
-        neighbours.documents, makePlayer };
+        neighbours.documents, neighbours.printers, makePlayer };
 }

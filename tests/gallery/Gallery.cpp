@@ -1,6 +1,7 @@
 // Writes a picture of every control in every state and of every window, for the eye.
 #include "ControlsPage.h"
 #include "EditPages.h"
+#include "OptionPages.h"
 #include "TextPages.h"
 #include "WindowPages.h"
 #include "toolkit/Style.h"
@@ -33,5 +34,6 @@ int main(int argc, char** argv)
     ShowTexts(take);
     ShowWindows(take);
     ShowEditing(take);
+    ShowOptions(take);
     return areWritten ? 0 : 1;
 }

@@ -11,6 +11,7 @@ public:
     Lead lead { &form };
     QImage clip;
     int keptEdits = 0;
+    int timesPrinted = 0;
 
     explicit FakeCapture(const QImage& picture)
         : clip(picture)
@@ -24,6 +25,7 @@ public:
         clip = lead.Bitmap();
         ++keptEdits;
     }
+    void PrintMe() override { ++timesPrinted; }
     void ShowPicture(const QImage& picture) override
     {
         lead.SetBitmap(picture);

@@ -15,6 +15,7 @@ public:
     QWidget window;
     FakePlayer player;
     Lead hold;
+    QImage picSource;
     QPointer<QWidget> activeForm;
     QPointer<Lead> activeCapture;
     CaptureWindow* activeWindow = nullptr;
@@ -42,6 +43,7 @@ public:
 
     ApplicationState& State() override { return state; }
     Clipboard& SystemClipboard() override { return clipboard; }
+    Printers& SystemPrinters() override { return printers; }
     FileDialogs& Dialogs() override { return dialogs; }
     ErrorBox& Errors() override { return errors; }
     QWidget* FrameWindow() override { return &window; }
@@ -97,6 +99,7 @@ public:
     }
     void OpenTools() override { log << QStringLiteral("OpenTools"); }
     void OpenVisual() override { log << QStringLiteral("OpenVisual"); }
+    QImage PicSource() override { return picSource; }
     void OpenHelp() override { log << QStringLiteral("OpenHelp"); }
     void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget&,
         std::function<void(int)> chosen) override

@@ -3,6 +3,7 @@
 #include "app/ApplicationState.h"
 #include "tests/testing/FakeClipboard.h"
 #include "tests/testing/FakeDocuments.h"
+#include "tests/testing/FakePrinters.h"
 #include "tests/testing/ScriptedTalk.h"
 
 #include <QTemporaryDir>
@@ -15,4 +16,5 @@ struct FrameNeighbours {
     ScriptedDialogs dialogs;
     ScriptedErrors errors;
     FakeDocuments documents;
+    FakePrinters printers;
 };

@@ -48,12 +48,13 @@ class ScriptedDialogs : public FileDialogs {
 public:
     ~ScriptedDialogs() override
     {
-        EXPECT_TRUE(saveNames.empty() && openNames.empty() && replaceAnswers.empty())
+        EXPECT_TRUE(saveNames.empty() && openNames.empty() && folders.empty() && replaceAnswers.empty())
             << "not everything was asked";
     }
 
     std::queue<QString> saveNames;
     std::queue<QString> openNames;
+    std::queue<QString> folders;
     std::queue<bool> replaceAnswers;
     /// Called while a dialog stands.
     std::function<void()> whileShown;
@@ -82,6 +83,11 @@ public:
     {
         Asked(window, heading, kinds, start);
         return Next(openNames);
+    }
+    QString AskFolder(QWidget* window, const QString& heading, const QString& start) override
+    {
+        Asked(window, heading, {}, start);
+        return Next(folders);
     }
     bool ConfirmReplace(QWidget* window, const QString& path) override
     {

@@ -1,5 +1,6 @@
 #include "viewers/Viewer.h"
 
+#include "app/Hourglass.h"
 #include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
 #include "toolkit/TitleStrip.h"
@@ -266,6 +267,104 @@ TEST_F(ViewerTest, ClosingTakesTheWindowOutOfTheKidTable)
     EXPECT_EQ(frame.log.count(QStringLiteral("AddKid")), 1);
     viewer->close();
     EXPECT_EQ(frame.log.count(QStringLiteral("RemoveKid")), 1);
+}
+
+TEST_F(ViewerTest, ThePictureIsPrintedWhereTheSettingPutsIt)
+{
+    const std::pair<qint16, QPoint> places[] { { 0, { 0, 0 } }, { 4, { 313, 492 } }, { 8, { 626, 985 } } };
+    const auto viewer = Open();
+    for (const auto& [align, place] : places) {
+        state.PPosition = align;
+        viewer->PrintMe();
+        const QImage page = frame.printers.jobs.last().page;
+        EXPECT_EQ(page.pixelColor(place), QColor(Qt::red)) << align;
+        EXPECT_EQ(page.pixelColor(place + QPoint(119, 89)), QColor(Qt::red)) << align;
+        EXPECT_EQ(page.copy(QRect(place, QSize(120, 90))).pixelColor(60, 45), QColor(Qt::red)) << align;
+    }
+}
+
+TEST_F(ViewerTest, QualityAndColourArePrintedAsTheyAreStoredNow)
+{
+    const auto viewer = Open();
+    state.HighQ = false;
+    viewer->PrintMe();
+    EXPECT_TRUE(state.HighQ) << "the store's default";
+    EXPECT_EQ(frame.printers.jobs.last().quality, 600);
+    EXPECT_EQ(frame.printers.jobs.last().color, ColorMode::Color);
+    for (const auto& [key, value] : { std::pair("HighQ", "False"), std::pair("BW", "True") })
+        ASSERT_TRUE(
+            state.Settings.SaveSetting(state.SettingsSection, QLatin1String(key), QLatin1String(value)));
+    viewer->PrintMe();
+    EXPECT_EQ(frame.printers.jobs.last().quality, 300);
+    EXPECT_EQ(frame.printers.jobs.last().color, ColorMode::Monochrome);
+}
+
+TEST_F(ViewerTest, ASecondPrintOfTheSamePictureIsTheSame)
+{
+    const auto viewer = Open();
+    viewer->PrintMe();
+    EXPECT_FALSE(state.PrintCall);
+    viewer->PrintMe();
+    ASSERT_EQ(frame.printers.jobs.size(), 2);
+    EXPECT_EQ(frame.printers.jobs[1].page, frame.printers.jobs[0].page);
+    EXPECT_EQ(frame.printers.jobs[1].at, frame.printers.jobs[0].at);
+}
+
+TEST_F(ViewerTest, TheEditIsPrinted)
+{
+    const auto viewer = Open();
+    QImage blue(120, 90, QImage::Format_BGR888);
+    blue.fill(Qt::blue);
+    viewer->Picture().SetBitmap(blue);
+    viewer->KeepEdit();
+    state.PPosition = 0;
+    viewer->PrintMe();
+    EXPECT_EQ(frame.printers.jobs.last().page.pixelColor(0, 0), QColor(Qt::blue));
+}
+
+TEST_F(ViewerTest, AFailedPrintIsToldAndTheNextOneGoesOn)
+{
+    const auto viewer = Open();
+    frame.printers.failsPrint = true;
+    bool isBusy = false;
+    frame.printers.whilePrinting = [&] { isBusy = CurrentPointer() == Pointer::Busy; };
+    frame.errors.Expect(QStringLiteral("Print Error!"),
+        QStringLiteral("Error with printing. Check printer, cables, and printer settings."));
+    viewer->PrintMe();
+    EXPECT_TRUE(isBusy);
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+    EXPECT_EQ(frame.errors.lastOwner, &frame.window);
+    frame.printers.failsPrint = false;
+    viewer->PrintMe();
+    EXPECT_EQ(frame.printers.jobs.size(), 1);
+}
+
+TEST_F(ViewerTest, WithoutAnyPrinterTheErrorIsTold)
+{
+    const auto viewer = Open();
+    frame.printers.RemoveAll();
+    frame.errors.Expect(QStringLiteral("Print Error!"),
+        QStringLiteral("Error with printing. Check printer, cables, and printer settings."));
+    viewer->PrintMe();
+}
+
+TEST_F(ViewerTest, AnEmptyWindowWastesNoPaper)
+{
+    frame.clipboard.picture = {};
+    const auto viewer = Open();
+    frame.errors.Expect(QStringLiteral("Print Error!"),
+        QStringLiteral("Error with printing. Check printer, cables, and printer settings."));
+    viewer->PrintMe();
+    EXPECT_TRUE(frame.printers.jobs.isEmpty());
+}
+
+TEST_F(ViewerTest, AWindowThatClosesOverItsPrintIsPrintedAllTheSame)
+{
+    auto viewer = Open();
+    frame.whenPumped = [&] { viewer.reset(); };
+    viewer->PrintMe();
+    EXPECT_EQ(viewer, nullptr);
+    EXPECT_EQ(frame.printers.jobs.size(), 1);
 }
 
 TEST_F(ViewerTest, EveryControlHasANameAndIsReachedByKeys)

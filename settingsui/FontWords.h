@@ -1,0 +1,24 @@
+#pragma once
+
+class QLabel;
+
+/// A word that tells how a font looks, and the type in which it stands.
+struct FontWord {
+    const char* text;
+    bool isBold = false;
+    bool isItalic = false;
+    bool operator==(const FontWord&) const = default;
+};
+
+namespace FontWords {
+
+/// Label14.
+FontWord Weight(bool isBold);
+/// Label15 when the options open. The word for an upright font is no slip: readers of the dialog know it so.
+FontWord SlantAtOpening(bool isItalic);
+/// Label15 once a font was chosen.
+FontWord SlantOfChosen(bool isItalic, bool isBold);
+
+void Show(QLabel& label, const FontWord& word);
+
+} // namespace FontWords

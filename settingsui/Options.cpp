@@ -1,0 +1,212 @@
+#include "settingsui/Options.h"
+
+#include "app/ApplicationState.h"
+#include "app/FormShadow.h"
+#include "app/Frame.h"
+#include "settingsui/AutoNamePage.h"
+#include "settingsui/DisplayPage.h"
+#include "settingsui/PlainPages.h"
+#include "settingsui/PrintPage.h"
+#include "settingsui/TimedPage.h"
+#include "settingsui/WatermarkPage.h"
+#include "toolkit/Button_XP.h"
+#include "toolkit/HeadButtons.h"
+
+#include <QHBoxLayout>
+#include <QPointer>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace {
+
+constexpr int Gap = 4; // the grid
+
+/// A page's caption, and the group of radio buttons on it that is set from the store whenever the page comes
+/// up: a click on any radio button of the dialog clears all others.
+struct PageRow {
+    const char* caption;
+    std::optional<Key> group;
+};
+constexpr PageRow Pages[] = {
+    { "AutoName", Key::AutoDir },
+    { " Video", {} },
+    { " Window", Key::OpThumb },
+    { "Display", Key::OpPic },
+    { "Format", Key::Ext },
+    { "Print", {} },
+    { "Timed Capture", {} },
+    { " Watermark", {} },
+};
+
+/// What the dialog writes before a save is read with its run-time copy, so that a copy that was changed for
+/// the run alone does not reach the store by way of another change. The rest of the run's changes stay.
+enum class Copy { Stays, IsRead };
+struct FillStep {
+    Key key;
+    Copy copy = Copy::Stays;
+};
+constexpr FillStep FillOrder[] = {
+    { Key::OpThumb, Copy::IsRead },
+    { Key::SpecialFolder, Copy::IsRead },
+    { Key::Ext, Copy::IsRead },
+    { Key::PositionX },
+    { Key::PositionY },
+    { Key::OpPic, Copy::IsRead },
+    { Key::SetFocusYES },
+    { Key::WordWrap },
+    { Key::UseWatermark },
+    { Key::WatermarkBATCH },
+    { Key::AutoCapture },
+    { Key::UseShadows, Copy::IsRead },
+    { Key::OpenVidList },
+    { Key::FadeOuts },
+    { Key::VidWinOnly },
+    { Key::OldFolder },
+    { Key::PicFolder },
+    { Key::VidSave },
+    { Key::NoCap },
+    { Key::ToolTip },
+    { Key::AutoDir, Copy::IsRead },
+    { Key::NoWin },
+    { Key::LoadVid },
+    { Key::HighQ },
+    { Key::BW },
+    { Key::NameFull },
+    { Key::AutoSave },
+    { Key::AutoFrame },
+    { Key::AutoNumber },
+    { Key::CaptureTime },
+    { Key::UsersCaptureTime },
+    { Key::sFontText },
+    { Key::PPosition },
+};
+
+constexpr Key SaveOrder[] = { Key::PositionX, Key::PositionY, Key::WordWrap, Key::AutoDir, Key::sFontText,
+    Key::OpPic, Key::OpThumb, Key::SetFocusYES, Key::OpenVidList, Key::UseWatermark, Key::WatermarkBATCH,
+    Key::AutoSave, Key::VidSave, Key::NoCap, Key::NoWin, Key::LoadVid, Key::FadeOuts, Key::VidWinOnly,
+    Key::SpecialFolder, Key::OldFolder, Key::Ext, Key::HighQ, Key::BW, Key::ToolTip, Key::PPosition,
+    Key::AutoCapture, Key::CaptureTime, Key::UsersCaptureTime, Key::AutoFrame, Key::AutoNumber, Key::NameFull };
+
+/// Of these the copy takes what the store has after the save.
+constexpr Key ReadBack[] = { Key::UsersCaptureTime, Key::AutoNumber };
+
+} // namespace
+
+Options::Options(Frame& frame, QWidget* owner, cSetDfltPrinter& defaultPrinter, AskColor askColor)
+    : DialogForm(owner)
+    , frame_(frame)
+    , fields_(frame.State())
+    , VideoSoftIndexTab1(new QTabWidget(this))
+{
+    setObjectName(QStringLiteral("Options"));
+    SetTitle(QStringLiteral("Options"));
+    Build(defaultPrinter, std::move(askColor));
+    AddShadow(*this, frame_.State());
+    Fill();
+    connect(VideoSoftIndexTab1, &QTabWidget::currentChanged, this, &Options::ComeTo);
+    frame_.State().ApplyToolTips(*this);
+}
+
+void Options::Build(cSetDfltPrinter& defaultPrinter, AskColor askColor)
+{
+    static constexpr FormButton<Options> CloseButton { 6, Face::Close, "Close without saving. ",
+        "Close without saving", [](Options& form) { form.reject(); } };
+    Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
+    VideoSoftIndexTab1->setObjectName(QStringLiteral("VideoSoftIndexTab1"));
+    VideoSoftIndexTab1->setUsesScrollButtons(false);
+    VideoSoftIndexTab1->setFocusPolicy(Qt::NoFocus); // its row of tabs takes the keys
+    VideoSoftIndexTab1->tabBar()->setFocusPolicy(Qt::TabFocus);
+    VideoSoftIndexTab1->tabBar()->setAccessibleName(QStringLiteral("Pages"));
+    AddPage(autoName_ = new AutoNamePage(frame_, fields_));
+    AddPage(new VideoPage(fields_));
+    AddPage(new WindowPage(fields_));
+    AddPage(new DisplayPage(frame_, fields_));
+    AddPage(new FormatPage(fields_));
+    AddPage(print_ = new PrintPage(frame_, fields_, defaultPrinter));
+    AddPage(new TimedPage(fields_));
+    AddPage(watermark_ = new WatermarkPage(frame_, fields_, std::move(askColor)));
+    auto* body = new QWidget(this);
+    auto* column = new QVBoxLayout(body);
+    column->setContentsMargins(2 * Gap, 2 * Gap, 2 * Gap, 2 * Gap);
+    column->setSpacing(2 * Gap);
+    column->addWidget(VideoSoftIndexTab1);
+    column->addWidget(BuildFoot());
+    AddBody(body);
+    KeepFitting();
+    VideoSoftIndexTab1->tabBar()->setFocus();
+}
+
+void Options::AddPage(QWidget* page)
+{
+    VideoSoftIndexTab1->addTab(page, QLatin1String(Pages[VideoSoftIndexTab1->count()].caption));
+}
+
+QWidget* Options::BuildFoot()
+{
+    auto* foot = new QWidget(this);
+    auto* row = new QHBoxLayout(foot);
+    row->setContentsMargins(Gap, 0, Gap, Gap);
+    row->addStretch();
+    auto* save = new Button_XP(foot);
+    save->setObjectName(QStringLiteral("Cmds(0)"));
+    save->setProperty("Tag", QStringLiteral("Keep everything on all pages, and close."));
+    save->SetCaption(QStringLiteral("&Save Options"));
+    save->Set(&ButtonProperties::XPShowBorderAlways, 1);
+    connect(save, &Button_XP::Click, this, &Options::Save);
+    row->addWidget(save);
+    return foot;
+}
+
+void Options::Fill()
+{
+    for (const FillStep& step : FillOrder)
+        step.copy == Copy::IsRead ? fields_.Restore(step.key) : fields_.Show(step.key);
+    autoName_->EnableImmediateSave();
+    watermark_->ShowStoredFont();
+    print_->ShowPreview();
+    print_->ShowPrinters();
+}
+
+void Options::ComeTo(int page)
+{
+    // What was chosen on a page whose group is not kept at once counts only while the page is in sight.
+    for (const int changed : { std::exchange(shownPage_, page), page })
+        if (const std::optional<Key> group = Pages[changed].group)
+            fields_.Restore(*group);
+}
+
+void Options::Save()
+{
+    for (const Key key : SaveOrder) {
+        fields_.Save(key);
+        if (std::ranges::count(ReadBack, key) > 0)
+            frame_.State().Reload(key, Reader::Options);
+    }
+    SwapCaptureCommands();
+    const QPointer<Options> alive(this);
+    if (!fields_.IsAllStored())
+        frame_.Errors().Show(this, QStringLiteral("Error!"),
+            QStringLiteral("The options could not be stored. They are used until the program ends."));
+    if (alive)
+        accept();
+}
+
+/// With a video open the frame's two buttons follow at once.
+void Options::SwapCaptureCommands()
+{
+    const ApplicationState& state = frame_.State();
+    if (state.VideoPath.isEmpty())
+        return;
+    frame_.EnableCommand(Command::Save, state.NoCap);
+    frame_.EnableCommand(Command::Capture, !state.NoCap);
+}
+
+void Options::done(int result)
+{
+    if (FadeAtClosing(*this, frame_.State()))
+        DialogForm::done(result);
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "app/Talk.h"
+#include "settingsui/OptionFields.h"
+#include "toolkit/DialogForm.h"
+
+class AutoNamePage;
+class Frame;
+class PrintPage;
+class QTabWidget;
+class WatermarkPage;
+class cSetDfltPrinter;
+
+/// Shows and edits the settings on eight pages. Modal. What is not saved by its one button is dropped, except
+/// by the controls that keep their value at once: groups of radio buttons but that of the background, the
+/// switches for the folder and the shadow, and what is browsed for or chosen in the font dialog.
+class Options : public DialogForm {
+    Q_OBJECT
+
+public:
+    /// The printer's changer keeps what was chosen for as long as it lives.
+    Options(Frame& frame, QWidget* owner, cSetDfltPrinter& defaultPrinter, AskColor askColor);
+
+    void done(int result) override;
+
+private:
+    void Build(cSetDfltPrinter& defaultPrinter, AskColor askColor);
+    QWidget* BuildFoot();
+    void AddPage(QWidget* page);
+    void Fill();
+    void ComeTo(int page);
+    void Save();
+    void SwapCaptureCommands();
+
+    Frame& frame_;
+    OptionFields fields_;
+    QTabWidget* VideoSoftIndexTab1;
+    AutoNamePage* autoName_ = nullptr;
+    PrintPage* print_ = nullptr;
+    WatermarkPage* watermark_ = nullptr;
+    int shownPage_ = 0;
+};

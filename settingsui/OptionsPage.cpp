@@ -1,0 +1,133 @@
+#include "settingsui/OptionsPage.h"
+
+#include "settingsui/OptionFields.h"
+#include "settingsui/NumberLine.h"
+#include "toolkit/Button_XP.h"
+#include "toolkit/xpcheckbox.h"
+#include "toolkit/xpradiobutton.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
+
+namespace {
+
+constexpr int NumberColumns = 6; // of a number's box, in average characters
+constexpr int PagesOfSlider = 20;
+
+} // namespace
+
+OptionsPage::OptionsPage(OptionFields& fields)
+    : fields_(fields)
+    , column_(new QVBoxLayout(this))
+{
+    column_->setContentsMargins(3 * Gap, 3 * Gap, 3 * Gap, 3 * Gap);
+    column_->setSpacing(2 * Gap);
+}
+
+QVBoxLayout& OptionsPage::AddGroup(QBoxLayout& layout, const char* heading)
+{
+    auto* group = new QGroupBox(QLatin1String(heading), this);
+    auto* column = new QVBoxLayout(group);
+    column->setContentsMargins(Gap, Gap, Gap, Gap);
+    column->setSpacing(Gap);
+    layout.addWidget(group);
+    return *column;
+}
+
+QBoxLayout& OptionsPage::AddRow(QBoxLayout& layout)
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(2 * Gap);
+    layout.addLayout(row);
+    return *row;
+}
+
+void OptionsPage::Name(QWidget& control, const char* name, const char* spoken, const char* tip)
+{
+    control.setObjectName(QLatin1String(name));
+    control.setAccessibleName(QString::fromLatin1(spoken).simplified());
+    control.setProperty("Tag", QLatin1String(tip));
+}
+
+xpcheckbox* OptionsPage::AddBox(QBoxLayout& layout, const BoxRow& row)
+{
+    auto* box = new xpcheckbox(this);
+    Name(*box, row.name, row.caption, row.tip);
+    box->SetCaption(QLatin1String(row.caption));
+    layout.addWidget(box);
+    fields_.Add(row.key, FieldOf(*box));
+    return box;
+}
+
+void OptionsPage::AddBoxes(std::span<const BoxRow> rows)
+{
+    for (const BoxRow& row : rows)
+        AddBox(*column_, row);
+}
+
+std::vector<xpradiobutton*> OptionsPage::AddChoices(
+    QBoxLayout& layout, Key key, Kept kept, std::span<const ChoiceRow> rows)
+{
+    std::vector<xpradiobutton*> buttons;
+    std::vector<Choice> choices;
+    for (const ChoiceRow& row : rows) {
+        auto* button = new xpradiobutton(this);
+        Name(*button, row.name, row.caption, row.tip);
+        button->SetCaption(QLatin1String(row.caption));
+        layout.addWidget(button);
+        const QString text = QLatin1String(row.text);
+        if (kept == Kept::AtOnce)
+            connect(button, &xpradiobutton::Click, this, [this, key, text] { fields_.Write(key, text); });
+        buttons.push_back(button);
+        choices.push_back({ button, text });
+    }
+    fields_.Add(key, FieldOf(choices));
+    return buttons;
+}
+
+void OptionsPage::AddPair(QBoxLayout& layout, Key key, const PairRow (&rows)[2])
+{
+    xpcheckbox* boxes[2] {};
+    for (int i = 0; i < 2; ++i) {
+        boxes[i] = new xpcheckbox(this);
+        Name(*boxes[i], rows[i].name, rows[i].spoken ? rows[i].spoken : rows[i].caption, rows[i].tip);
+        boxes[i]->SetCaption(QLatin1String(rows[i].caption));
+        layout.addWidget(boxes[i]);
+    }
+    fields_.Add(key, FieldOfPair(*boxes[0], *boxes[1]));
+}
+
+NumberLine* OptionsPage::AddNumber(QGridLayout& grid, int line, const NumberRow& row)
+{
+    auto* box = new QLineEdit(this);
+    Name(*box, row.box, row.spoken, row.tip);
+    box->setAlignment(Qt::AlignRight);
+    box->setFixedWidth(fontMetrics().averageCharWidth() * NumberColumns + 4 * Gap);
+    auto* slider = new QSlider(Qt::Horizontal, this);
+    Name(*slider, row.slider, row.spoken, row.tip);
+    slider->setRange(row.min, row.max);
+    slider->setPageStep(row.max / PagesOfSlider);
+    grid.setHorizontalSpacing(2 * Gap);
+    grid.setColumnStretch(3, 1);
+    grid.addWidget(new QLabel(QLatin1String(row.before), this), line, 0);
+    grid.addWidget(box, line, 1);
+    grid.addWidget(new QLabel(QLatin1String(row.after), this), line, 2);
+    grid.addWidget(slider, line, 3);
+    auto* number = new NumberLine(*box, *slider);
+    fields_.Add(row.key, FieldOf(*number));
+    return number;
+}
+
+Button_XP* OptionsPage::AddCommand(QBoxLayout& layout, int index, const char* caption, const char* tip)
+{
+    auto* button = new Button_XP(this);
+    button->setObjectName(QStringLiteral("Cmds(%1)").arg(index));
+    button->setProperty("Tag", QLatin1String(tip));
+    button->SetCaption(QLatin1String(caption));
+    button->Set(&ButtonProperties::XPShowBorderAlways, 1);
+    layout.addWidget(button);
+    return button;
+}

@@ -1,0 +1,81 @@
+#include "print/cSetDfltPrinter.h"
+
+#include "tests/testing/FakePrinters.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QString Alpha = QStringLiteral("Alpha");
+const QString Beta = QStringLiteral("Beta");
+
+} // namespace
+
+TEST(cSetDfltPrinter, TheDefaultFoundAtItsCreationIsTheCurrentOne)
+{
+    FakePrinters printers;
+    const cSetDfltPrinter choice(printers);
+    EXPECT_EQ(choice.OriginalPrinter, Alpha);
+    EXPECT_EQ(choice.CurrentPrinter, Alpha);
+}
+
+TEST(cSetDfltPrinter, AnotherPrinterBecomesTheDefault)
+{
+    FakePrinters printers;
+    cSetDfltPrinter choice(printers);
+    EXPECT_TRUE(choice.SetPrinterAsDefault(Beta));
+    EXPECT_EQ(choice.CurrentPrinter, Beta);
+    EXPECT_EQ(choice.OriginalPrinter, Alpha);
+    EXPECT_EQ(printers.list.defaultName, Beta);
+}
+
+TEST(cSetDfltPrinter, TheOldDefaultComesBackAtTheEnd)
+{
+    FakePrinters printers;
+    {
+        cSetDfltPrinter choice(printers);
+        choice.SetPrinterAsDefault(Beta);
+    }
+    EXPECT_EQ(printers.list.defaultName, Alpha);
+}
+
+TEST(cSetDfltPrinter, TheSameNameIsTrueWithoutAskingTheSystem)
+{
+    FakePrinters printers;
+    {
+        cSetDfltPrinter choice(printers);
+        printers.refusesDefault = true;
+        EXPECT_TRUE(choice.SetPrinterAsDefault(Alpha));
+    }
+    EXPECT_TRUE(printers.defaultsSet.isEmpty());
+    EXPECT_EQ(printers.timesListed, 1);
+}
+
+TEST(cSetDfltPrinter, AnEmptyNameIsTrueWhereThereIsNoDefault)
+{
+    FakePrinters printers;
+    printers.RemoveAll();
+    cSetDfltPrinter choice(printers);
+    EXPECT_EQ(choice.OriginalPrinter, QString());
+    EXPECT_TRUE(choice.SetPrinterAsDefault(QString()));
+    EXPECT_TRUE(printers.defaultsSet.isEmpty());
+}
+
+TEST(cSetDfltPrinter, AnEmptyNameIsFalseWhereThereIsADefault)
+{
+    FakePrinters printers;
+    cSetDfltPrinter choice(printers);
+    EXPECT_FALSE(choice.SetPrinterAsDefault(QString()));
+    EXPECT_EQ(choice.CurrentPrinter, Alpha);
+}
+
+TEST(cSetDfltPrinter, APrinterUnknownToTheSystemIsFalseAndChangesNothing)
+{
+    FakePrinters printers;
+    {
+        cSetDfltPrinter choice(printers);
+        EXPECT_FALSE(choice.SetPrinterAsDefault(QStringLiteral("Gamma")));
+        EXPECT_EQ(choice.CurrentPrinter, Alpha);
+    }
+    EXPECT_EQ(printers.list.defaultName, Alpha);
+}
