@@ -120,4 +120,7 @@ public:
     /// Lets what waits in the window system happen, as fades and boxes do too: whatever can go meanwhile must
     /// be looked at again afterwards.
     virtual void PumpEvents() = 0;
+    /// The same without keys and clicks, which wait: windows are painted in the middle of a step that takes
+    /// its time.
+    virtual void PumpPaintEvents() = 0;
 };

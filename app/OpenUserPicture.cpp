@@ -13,9 +13,10 @@ QImage OpenUserPicture(const QString& path, const std::function<void()>& whileWa
     });
 }
 
-std::vector<imaging::Page> OpenUserPages(const QString& path)
+std::vector<imaging::Page> OpenUserPages(const QString& path, const std::function<void()>& whileWaiting)
 {
     return AsControl([&] {
-        return imaging::DecodePagesConfined(WholeFile::Read(path, imaging::PictureFile::MaxFileBytes));
+        return imaging::DecodePagesConfined(
+            WholeFile::Read(path, imaging::PictureFile::MaxFileBytes), whileWaiting);
     });
 }

@@ -2,18 +2,32 @@
 
 #include "app/ApplicationState.h"
 #include "app/CaptureWindow.h"
+#include "app/ControlError.h"
 #include "app/Frame.h"
 #include "app/Lead.h"
 
+#include <functional>
+#include <optional>
+#include <vector>
+
 namespace {
+
+void OpenEdited(Frame& frame, const QImage& edited)
+{
+    frame.OpenViewer();
+    CaptureWindow* const viewer = frame.ActiveCaptureWindow();
+    if (!viewer)
+        throw ControlError(QStringLiteral("The new capture window was closed."));
+    viewer->ShowPicture(edited);
+}
 
 /// Without an edited picture the window takes what the clipboard holds.
 void OpenViewer(Frame& frame, const QImage& edited)
 {
-    frame.OpenViewer();
-    CaptureWindow* const viewer = edited.isNull() ? nullptr : frame.ActiveCaptureWindow();
-    if (viewer)
-        viewer->ShowPicture(edited);
+    if (edited.isNull())
+        frame.OpenViewer();
+    else
+        OpenEdited(frame, edited);
     frame.EnableCommand(Command::Save, true);
 }
 
@@ -27,40 +41,54 @@ void HoldForThumbnail(Frame& frame)
         hold.Paste(frame.SystemClipboard(), Lead::PasteTake);
 }
 
-void AddToStrip(Frame& frame, const QImage& edited)
+using Step = std::function<void()>;
+
+/// What is to be done, in its order.
+std::vector<Step> Steps(Frame& frame, int opThumb, const QImage& edited)
 {
-    frame.AddThumbnail();
-    if (!edited.isNull())
-        frame.ShowThumbnails();
+    const Step openViewer = [&] { OpenViewer(frame, edited); };
+    const Step addToStrip = [&] {
+        frame.AddThumbnail();
+        if (!edited.isNull())
+            frame.ShowThumbnails();
+    };
+    switch (opThumb) {
+    case ThumbnailOnly:
+        return { [&] { HoldForThumbnail(frame); }, addToStrip };
+    case ViewerAndThumbnail:
+        return { openViewer, addToStrip, [&] { frame.ShowFront(true); } };
+    case ViewerOnly:
+        return { openViewer };
+    default:
+        return {};
+    }
 }
 
-void Show(Frame& frame, Reader reader, const QImage& edited)
+int StoredOpThumb(ApplicationState& state, Reader reader)
 {
-    ApplicationState& state = frame.State();
     state.Reload(Key::OpThumb, reader);
-    switch (state.OpThumb) {
-    case ThumbnailOnly:
-        HoldForThumbnail(frame);
-        return AddToStrip(frame, edited);
-    case ViewerAndThumbnail:
-        OpenViewer(frame, edited);
-        AddToStrip(frame, edited);
-        return frame.ShowFront(true);
-    case ViewerOnly:
-        return OpenViewer(frame, edited);
-    default:
-        return;
-    }
+    return state.OpThumb;
 }
 
 } // namespace
 
 void ShowNewCapture(Frame& frame, Reader reader)
 {
-    Show(frame, reader, QImage());
+    for (const Step& step : Steps(frame, StoredOpThumb(frame.State(), reader), QImage()))
+        step();
 }
 
 void ShowEdited(Frame& frame, Reader reader, const QImage& edited)
 {
-    Show(frame, reader, edited);
+    std::optional<ControlError> first;
+    for (const Step& step : Steps(frame, StoredOpThumb(frame.State(), reader), edited)) {
+        try {
+            step();
+        } catch (const ControlError& error) {
+            if (!first)
+                first = error;
+        }
+    }
+    if (first)
+        throw ControlError(*first);
 }

@@ -23,9 +23,14 @@ function(taq_test name)
     endif()
 endfunction()
 
-# The reader of foreign pictures stands beside each program that opens them.
+# The reader of foreign pictures stands beside each program that opens them. ALONE is for a test that puts something
+# else in its place: it stands in a folder of its own.
 function(taq_with_reader name)
+    cmake_parse_arguments(READER "ALONE" "" "" ${ARGN})
     add_dependencies(${name} taq_reader)
+    if(READER_ALONE)
+        set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/${name}-alone)
+    endif()
     get_target_property(folder ${name} RUNTIME_OUTPUT_DIRECTORY)
     if(NOT folder)
         set(folder ${CMAKE_CURRENT_BINARY_DIR})

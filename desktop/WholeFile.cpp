@@ -38,7 +38,7 @@ Confirmed Resolve(const QString& path)
         FailToSave(path, EISDIR);
     if (!S_ISREG(status.st_mode))
         FailToSave(path, Cause::NotRegular, QStringLiteral("it is not an ordinary file."));
-    if (access(real.get(), W_OK) != 0)
+    if (faccessat(AT_FDCWD, real.get(), W_OK, AT_EACCESS) != 0)
         FailToSave(path, errno);
     return { real.get(), status.st_mode };
 }

@@ -3,11 +3,15 @@
 #include "app/ApplicationState.h"
 #include "app/Frame.h"
 #include "edit/OptionGroup.h"
+#include "imaging/ColorResolution.h"
 #include "toolkit/Style.h"
 
 #include <QGroupBox>
 #include <QScreen>
 #include <QVBoxLayout>
+
+using imaging::Dithering;
+using imaging::PaletteKind;
 
 namespace {
 
@@ -22,26 +26,24 @@ constexpr Option Depths[] = {
     { 32, "&32 Bits" },
 };
 constexpr Option Ditherings[] = {
-    { 0, "&No Dithering" },
-    { 1, "&Floyd Stein" },
-    { 2, "&Stucki" },
-    { 3, "&Burkes" },
-    { 4, "S&ierra" },
-    { 5, "S&tevenson Arce" },
-    { 6, "&Jarvis" },
-    { 7, "&Ordered" },
+    { int(Dithering::None), "&No Dithering" },
+    { int(Dithering::FloydSteinberg), "&Floyd Stein" },
+    { int(Dithering::Stucki), "&Stucki" },
+    { int(Dithering::Burkes), "&Burkes" },
+    { int(Dithering::Sierra), "S&ierra" },
+    { int(Dithering::StevensonArce), "S&tevenson Arce" },
+    { int(Dithering::Jarvis), "&Jarvis" },
+    { int(Dithering::Ordered), "&Ordered" },
 };
-enum PaletteIndex { OrderRgb = 0, Fixed = 1, OrderBgr = 4 };
 constexpr Option PaletteKinds[] = {
-    { Fixed, "Fi&xed" },
-    { 2, "O&ptimized" },
-    { 8, "I&dentity" },
+    { int(PaletteKind::Fixed), "Fi&xed" },
+    { int(PaletteKind::Optimized), "O&ptimized" },
+    { int(PaletteKind::Identity), "I&dentity" },
 };
 constexpr Option HighColors[] = {
-    { OrderRgb, "Order &RGB" },
-    { OrderBgr, "Order &BGR" },
+    { int(PaletteKind::OrderRgb), "Order &RGB" },
+    { int(PaletteKind::OrderBgr), "Order &BGR" },
 };
-enum DitheringIndex { NoDithering = 0, FloydStein = 1 };
 
 /// A box with a heading and a column of options in it.
 OptionGroup* AddGroup(QBoxLayout& layout, const char* heading, const char* name,
@@ -63,7 +65,6 @@ OptionGroup* AddGroup(QBoxLayout& layout, const char* heading, const char* name,
 
 ColorRes::ColorRes(Frame& frame, QWidget* owner, int bitmapBits)
     : FormDialog(frame.State(), owner, QStringLiteral("ColorRes"))
-    , frame_(frame)
 {
     SetTitle(QStringLiteral("Color Resolution"));
     Build();
@@ -102,9 +103,9 @@ void ColorRes::BuildChoices(QBoxLayout& row)
 void ColorRes::Load(int bitmapBits)
 {
     bits_->Choose(bitmapBits);
-    palettes_->Choose(Fixed);
-    highColor_->Choose(OrderBgr);
-    dithering_->Choose(bitmapBits > MostPaletteBits ? NoDithering : FloydStein);
+    palettes_->Choose(int(PaletteKind::Fixed));
+    highColor_->Choose(int(PaletteKind::OrderBgr));
+    dithering_->Choose(int(bitmapBits > MostPaletteBits ? Dithering::None : Dithering::FloydSteinberg));
     EnableFor(bitmapBits);
     bits_->checkedButton()->setFocus();
     adjustSize();
@@ -122,6 +123,11 @@ void ColorRes::EnableFor(int bits)
 int ColorRes::GetBits() const
 {
     return bits_->Chosen();
+}
+
+int ColorRes::GetColours() const
+{
+    return GetBits() <= MostPaletteBits ? 1 << GetBits() : 0;
 }
 
 int ColorRes::GetPalette() const

@@ -17,6 +17,8 @@ public:
     bool UserResult() const { return result() == Accepted; }
     /// What Lead::SetColorResolution takes.
     int GetBits() const;
+    /// As many as the depth has in a palette, 0 for a depth without one.
+    int GetColours() const;
     int GetPalette() const;
     int GetDither() const;
 
@@ -26,7 +28,6 @@ private:
     void Load(int bitmapBits);
     void EnableFor(int bits);
 
-    Frame& frame_;
     OptionGroup* bits_ = nullptr;
     OptionGroup* dithering_ = nullptr;
     OptionGroup* palettes_ = nullptr; ///< Palettes(1), (2), (8): for pictures with a palette

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "base/Rows.h"
+#include "imaging/Edges.h"
 
 #include <array>
+
+using imaging::SpatialCode;
 
 /// The edge filters of the visual editor.
 enum class EdgeFilter { Sobel, Prewitt, Shift, Edge, Count };
@@ -15,21 +18,26 @@ struct EdgeFilterRow {
     const char* objectName;
     const char* label;
     DirectionRead reads;
-    std::array<int, 4> codes; ///< of Lead::SpatialFilter, by the choice
+    std::array<SpatialCode, 4> codes; ///< by the choice
 };
 
 /// FilterType is 0 horizontal, 1 vertical; FilterDirection is 0 east, 1 west, 2 north, 3 south.
 inline constexpr std::array<EdgeFilterRow, size_t(EdgeFilter::Count)> EdgeFilterRows { {
-    { EdgeFilter::Sobel, "Command12", "Sobel", DirectionRead::FilterType, { 22, 23 } },
-    { EdgeFilter::Prewitt, "Command13", "Prewitt", DirectionRead::FilterType, { 24, 25 } },
+    { EdgeFilter::Sobel, "Command12", "Sobel", DirectionRead::FilterType,
+        { SpatialCode::SobelHorizontal, SpatialCode::SobelVertical } },
+    { EdgeFilter::Prewitt, "Command13", "Prewitt", DirectionRead::FilterType,
+        { SpatialCode::PrewittHorizontal, SpatialCode::PrewittVertical } },
     // Always horizontal: its vertical code, 28, waits for a third FilterType that nobody gives. Kept so.
-    { EdgeFilter::Shift, "Command14", "Shift", DirectionRead::FilterType, { 27, 27, 28 } },
-    { EdgeFilter::Edge, "Command15", "Edge", DirectionRead::FilterDirection, { 10, 14, 8, 12 } },
+    { EdgeFilter::Shift, "Command14", "Shift", DirectionRead::FilterType,
+        { SpatialCode::ShiftHorizontal, SpatialCode::ShiftHorizontal, SpatialCode::ShiftVertical } },
+    { EdgeFilter::Edge, "Command15", "Edge", DirectionRead::FilterDirection,
+        { SpatialCode::GradientEast, SpatialCode::GradientWest, SpatialCode::GradientNorth,
+            SpatialCode::GradientSouth } },
 } };
 static_assert(IsOneRowEach(EdgeFilterRows, &EdgeFilterRow::filter, size_t(EdgeFilter::Count)));
 
 /// The code of a filter for the direction chosen.
-constexpr int SpatialCodeOf(const EdgeFilterRow& row, int filterType, int filterDirection)
+constexpr SpatialCode SpatialCodeOf(const EdgeFilterRow& row, int filterType, int filterDirection)
 {
     return row.codes[size_t(row.reads == DirectionRead::FilterType ? filterType : filterDirection)];
 }

@@ -12,6 +12,7 @@ enum class EffectGroup { Image, Effects };
 /// One operation with an amount: its slider, which holds the amount to a range, and what it does to a
 /// picture.
 struct EffectRow {
+    const char* button; ///< object name of the button that applies it
     const char* label;
     EffectGroup group;
     int min;
@@ -28,12 +29,12 @@ std::span<const EffectRow, EffectRowCount> EffectRows();
 /// What the box beside a slider makes of its text.
 namespace AnswerText {
 
-/// The number of the text: that which it begins with, 0 for any other text.
+/// The number that the text begins with, rounded, a half to the even one; 0 for any other text.
 int Number(const QString& text);
 /// The text as it stands, or the bound that its number oversteps.
 QString Held(const QString& text, const EffectRow& row);
-/// Whether the text is the beginning of a number of the row that is still being typed: no sign, and too small
-/// for the range.
+/// Whether the text may be the beginning of a number of the row that is still being typed: no sign, and too
+/// small for the range.
 bool IsBeginning(const QString& text, const EffectRow& row);
 
 } // namespace AnswerText

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr NewSize::Side Sides[] { NewSize::Width, NewSize::Height };
-
 /// The length on one side that belongs to a length on the other.
 int Scaled(int length, int from, int to)
 {
@@ -72,7 +70,7 @@ bool NewSize::HoldBoxes()
     for (const Side side : Sides) {
         if (FieldCheck::NumberIn(boxes_[side]) < LargestNumber)
             continue;
-        MoveBar(side, bars_[side].maximum);
+        SetBar(side, bars_[side].maximum);
         boxes_[side] = QString::number(LargestNumber);
         wasTooLarge = true;
     }

@@ -10,6 +10,7 @@
 class NewSize {
 public:
     enum Side { Width, Height };
+    static constexpr Side Sides[] { Width, Height };
     static constexpr int WidestPicture = 16384;
     static constexpr int LargestNumber = 32767;
 
@@ -27,7 +28,6 @@ public:
 
     const Bar& BarOf(Side side) const { return bars_[side]; }
     QString BoxOf(Side side) const { return boxes_[side]; }
-    bool KeepsAspect() const { return keepsAspect_; }
     void SetKeepsAspect(bool keeps) { keepsAspect_ = keeps; }
 
     /// The user moved a bar: its box follows and, when the aspect ratio is kept, the other side.
@@ -37,7 +37,8 @@ public:
     /// The box of the aspect ratio was clicked, on or off: the height follows the width once.
     void Recouple();
 
-    /// A box that holds LargestNumber or more is set to it, and its bar to its end. True when there was one.
+    /// A box that holds LargestNumber or more is set to it, and its bar to its end; the other side stays.
+    /// True when there was one.
     bool HoldBoxes();
     /// Whether both boxes hold numbers of their bars' ranges.
     bool IsAcceptable() const;

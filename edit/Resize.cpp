@@ -2,7 +2,6 @@
 
 #include "app/ApplicationState.h"
 #include "app/Frame.h"
-#include "app/Lead.h"
 #include "toolkit/Style.h"
 #include "toolkit/xpcheckbox.h"
 
@@ -29,14 +28,12 @@ constexpr SideRow SideRows[] = {
     { "Value1Box", "Value1Bar", "Width", "Width slider" },
     { "Value2Box", "Value2Bar", "Height", "Height slider" },
 };
-constexpr NewSize::Side Sides[] { NewSize::Width, NewSize::Height };
 
 } // namespace
 
-Resize::Resize(Frame& frame, QWidget* owner, const Lead& picture)
+Resize::Resize(Frame& frame, QWidget* owner, QSize source)
     : FormDialog(frame.State(), owner, QStringLiteral("Resize"))
-    , frame_(frame)
-    , picture_(picture)
+    , size_(source)
     , AspectRatioBox(new xpcheckbox(this))
     , ResampleBox(new xpcheckbox(this))
 {
@@ -44,6 +41,7 @@ Resize::Resize(Frame& frame, QWidget* owner, const Lead& picture)
     Build();
     Bind();
     Dress();
+    InitTheForm();
 }
 
 void Resize::Build()
@@ -78,7 +76,7 @@ QWidget* Resize::BuildSides()
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(3 * Grid);
     grid->setVerticalSpacing(2 * Grid);
-    for (const NewSize::Side side : Sides) {
+    for (const NewSize::Side side : NewSize::Sides) {
         const SideRow& row = SideRows[side];
         auto* box = new QLineEdit(sides);
         box->setObjectName(QLatin1String(row.boxName));
@@ -99,7 +97,7 @@ QWidget* Resize::BuildSides()
 
 void Resize::Bind()
 {
-    for (const NewSize::Side side : Sides) {
+    for (const NewSize::Side side : NewSize::Sides) {
         connect(sides_[side].bar, &QSlider::valueChanged, this, [this, side](int value) {
             size_.MoveBar(side, value);
             ShowSize();
@@ -121,11 +119,8 @@ void Resize::Bind()
     });
 }
 
-void Resize::InitTheForm(Mode mode)
+void Resize::InitTheForm()
 {
-    const QSize source = mode == OfRegion ? QSize(picture_.RgnWidth(), picture_.RgnHeight())
-                                          : QSize(picture_.BitmapWidth(), picture_.BitmapHeight());
-    size_ = NewSize(source);
     ShowSize();
     ResampleBox->SetValue(xpcheckbox::Clear);
     AspectRatioBox->SetValue(xpcheckbox::Set);
@@ -136,7 +131,7 @@ void Resize::InitTheForm(Mode mode)
 
 void Resize::ShowSize()
 {
-    for (const NewSize::Side side : Sides) {
+    for (const NewSize::Side side : NewSize::Sides) {
         const auto& [box, bar] = sides_[side];
         const QSignalBlocker boxSilence(box);
         const QSignalBlocker barSilence(bar);

@@ -6,7 +6,6 @@
 #include <array>
 
 class Frame;
-class Lead;
 class QLineEdit;
 class QSlider;
 class xpcheckbox;
@@ -16,8 +15,6 @@ class Resize : public FormDialog {
     Q_OBJECT
 
 public:
-    /// What the size is asked of: the whole picture or its region.
-    enum Mode { OfBitmap = 0, OfRegion = 3 };
     struct Results {
         bool accepted;
         int width;
@@ -25,10 +22,9 @@ public:
         bool resample; ///< smoothly
     };
 
-    Resize(Frame& frame, QWidget* owner, const Lead& picture);
+    /// source is the size to begin with, that of a picture.
+    Resize(Frame& frame, QWidget* owner, QSize source);
 
-    /// Fills the form with the size of the picture, which holds one.
-    void InitTheForm(Mode mode);
     Results GetResults() const;
 
     /// Boxes beyond what is allowed are mended first, with a beep; a size that is none keeps the form open.
@@ -40,13 +36,12 @@ private:
         QSlider* bar;
     };
 
+    void InitTheForm();
     void Build();
     QWidget* BuildSides();
     void Bind();
     void ShowSize();
 
-    Frame& frame_;
-    const Lead& picture_;
     NewSize size_;
     std::array<SideControls, 2> sides_ {};
     xpcheckbox* AspectRatioBox;

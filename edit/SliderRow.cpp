@@ -43,9 +43,7 @@ SliderRow::SliderRow(int index, QWidget* parent)
 
 void SliderRow::Build(int index)
 {
-    const bool isImage = row_.group == EffectGroup::Image;
-    button_->setObjectName(
-        isImage ? QStringLiteral("ImageBut(%1)").arg(index) : QStringLiteral("EffectBut(%1)").arg(index - 6));
+    button_->setObjectName(QLatin1String(row_.button));
     button_->setProperty("Tag", QStringLiteral("Click to Apply"));
     const QString label = QLatin1String(row_.label);
     TScrolls->setObjectName(QStringLiteral("TScrolls(%1)").arg(index));
@@ -68,25 +66,29 @@ void SliderRow::Build(int index)
 void SliderRow::Bind()
 {
     connect(button_, &QPushButton::clicked, this, &SliderRow::Apply);
-    connect(Answer, &QLineEdit::returnPressed, this, &SliderRow::Apply);
+    // The box is still at work when it tells of the key, and the operation may end with the editor closed.
+    connect(Answer, &QLineEdit::returnPressed, this, &SliderRow::Apply, Qt::QueuedConnection);
     connect(Answer, &QLineEdit::textChanged, this, &SliderRow::TakeText);
-    connect(Answer, &QLineEdit::editingFinished, this,
-        [this] { Answer->setText(AnswerText::Held(Answer->text(), row_)); });
-    connect(TScrolls, &QSlider::valueChanged, this, [this](int value) {
-        if (AnswerText::Number(Answer->text()) != value)
-            Answer->setText(QString::number(value));
+    connect(Answer, &QLineEdit::editingFinished, this, [this] {
+        if (Answer->isModified())
+            ShowValue();
     });
+    connect(TScrolls, &QSlider::valueChanged, this, &SliderRow::ShowValue);
+}
+
+void SliderRow::ShowValue()
+{
+    Answer->setText(QString::number(Value()));
 }
 
 void SliderRow::TakeText(const QString& text)
 {
-    if (Answer->isModified() && AnswerText::IsBeginning(text, row_)) {
-        const QSignalBlocker silence(TScrolls); // its number would replace what is being typed
-        TScrolls->setValue(row_.min);
-        return;
-    }
-    if (const QString held = AnswerText::Held(text, row_); held != text)
+    // What is being typed stands until that is over; the slider's number would replace it.
+    const bool isTyped = Answer->isModified();
+    const bool isBeginning = isTyped && AnswerText::IsBeginning(text, row_);
+    if (const QString held = AnswerText::Held(text, row_); held != text && !isBeginning)
         return Answer->setText(held); // which comes back here
+    const QSignalBlocker silence(isTyped ? TScrolls : nullptr);
     TScrolls->setValue(AnswerText::Number(text));
 }
 
@@ -107,8 +109,13 @@ void SliderRow::SetText(const QString& text)
 
 void SliderRow::ShowAnswer()
 {
-    Answer->setText(QString::number(Value()));
-    default_ = AnswerText::Number(Answer->text());
+    ShowValue();
+    default_ = Value();
+}
+
+void SliderRow::SelectAnswer()
+{
+    Answer->selectAll();
 }
 
 void SliderRow::ReAnswer()

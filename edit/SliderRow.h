@@ -20,6 +20,7 @@ public:
     /// The width of the buttons at the left, the same for all rows.
     static int ButtonWidth(const QFontMetrics& metrics);
 
+    /// The slider's place.
     int Value() const;
     /// Held to the range.
     void SetValue(int value);
@@ -30,13 +31,17 @@ public:
     void ShowAnswer();
     /// Back to that place.
     void ReAnswer();
+    /// Selects the text of the box.
+    void SelectAnswer();
 
 Q_SIGNALS:
+    /// The button was pressed, or Enter in the box.
     void Apply();
 
 private:
     void Build(int index);
     void Bind();
+    void ShowValue();
     void TakeText(const QString& text);
 
     const EffectRow& row_;

@@ -11,6 +11,7 @@
 #include "edit/Resize.h"
 #include "toolkit/DigitLabel.h"
 #include "toolkit/Face.h"
+#include "toolkit/MovedInside.h"
 #include "toolkit/StripButton.h"
 #include "toolkit/Style.h"
 #include "toolkit/Twips.h"
@@ -19,8 +20,6 @@
 #include <QPointer>
 #include <QScreen>
 #include <QSlider>
-
-#include <algorithm>
 
 namespace {
 
@@ -46,32 +45,38 @@ QRect RoomOf(const QWidget& owner)
 
 } // namespace
 
-/// Cmd2(index): a plain edit, or an act of its own.
 struct Tools::Button {
-    int index;
+    const char* name;
     Face face;
-    const char* caption;
+    const char* caption; ///< for those who cannot see the picture
     const char* tip;
-    void (*operation)(Lead&);
-    void (Tools::*act)();
+    void (*act)(Tools& tools);
 };
+
+template <void (Lead::*operation)()> void Tools::EditBy(Tools& tools)
+{
+    tools.Edit([](Lead& picture) { (picture.*operation)(); });
+}
 
 const Tools::Button Tools::Buttons[] = {
-    { 0, Face::Resize, "Resize Capture", " Resize ", nullptr, &Tools::ImageResize_Click },
-    { 1, Face::Flip, "Flip", " Flip ", [](Lead& picture) { picture.Flip(); }, nullptr },
-    { 2, Face::Rotate, "Rotate", " Rotate ", QuarterTurned, nullptr },
-    { 3, Face::Reverse, "Reverse", " Reverse ", [](Lead& picture) { picture.Reverse(); }, nullptr },
-    { 4, Face::Grayscale, "B&W", " Grayscale ", [](Lead& picture) { picture.Grayscale(); }, nullptr },
-    { 5, Face::Undo, "Undo", " Undo ", nullptr, &Tools::Undo },
+    { "Cmd2(0)", Face::Resize, "Resize Capture", " Resize ",
+        [](Tools& tools) { tools.ImageResize_Click(); } },
+    { "Cmd2(1)", Face::Flip, "Flip", " Flip ", EditBy<&Lead::Flip> },
+    { "Cmd2(2)", Face::Rotate, "Rotate", " Rotate ", [](Tools& tools) { tools.Edit(QuarterTurned); } },
+    { "Cmd2(3)", Face::Reverse, "Reverse", " Reverse ", EditBy<&Lead::Reverse> },
+    { "Cmd2(4)", Face::Grayscale, "B&W", " Grayscale ", EditBy<&Lead::Grayscale> },
+    { "Cmd2(5)", Face::Undo, "Undo", " Undo ", [](Tools& tools) { tools.Undo(); } },
+    { "ToolButtons1", Face::VisualEditor, "Visual editor", " Visual Editor ",
+        [](Tools& tools) { tools.frame_.OpenVisual(); } },
 };
 
-struct Tools::SliderRow {
+struct Tools::PreviewRow {
     const char* tip;
     const char* readOut;
     void (*preview)(Lead& work, int value);
 };
 
-const Tools::SliderRow Tools::SliderRows[] = {
+const Tools::PreviewRow Tools::PreviewRows[] = {
     // Brightness drives gamma, whose neutral point is the slider's end: from there it only darkens. Kept so.
     { "Brightness", "LblBright", [](Lead& work, int value) { work.Gamma(value); } },
     { "Contrast", "Label2", [](Lead& work, int value) { work.Contrast(value * 10); } },
@@ -110,22 +115,14 @@ QWidget* Tools::BuildButtons()
     row->setSpacing(Grid);
     for (const Button& button : Buttons) {
         auto* control = new ToolButtons(strip);
-        control->setObjectName(QStringLiteral("Cmd2(%1)").arg(button.index));
+        control->setObjectName(QLatin1String(button.name));
         control->SetFace(button.face);
         control->setAccessibleName(QLatin1String(button.caption));
         control->setProperty("Tag", QLatin1String(button.tip));
-        connect(control, &StripButton::Click, this,
-            [this, &button] { button.operation ? Edit(button.operation) : (this->*button.act)(); });
+        connect(control, &StripButton::Click, this, [this, act = button.act] { act(*this); });
         row->addWidget(control);
     }
-    row->addStretch();
-    auto* visual = new ToolButtons(strip);
-    visual->setObjectName(QStringLiteral("ToolButtons1"));
-    visual->SetFace(Face::VisualEditor);
-    visual->setAccessibleName(QStringLiteral("Visual editor"));
-    visual->setProperty("Tag", QStringLiteral(" Visual Editor "));
-    connect(visual, &StripButton::Click, this, [this] { frame_.OpenVisual(); });
-    row->addWidget(visual);
+    row->insertStretch(row->count() - 1); // the editor stands apart from the edits
     return strip;
 }
 
@@ -137,7 +134,7 @@ QWidget* Tools::BuildSliders()
     grid->setHorizontalSpacing(2 * Grid);
     grid->setVerticalSpacing(Grid);
     for (const Slider slider : { Brightness, Contrast }) {
-        const SliderRow& row = SliderRows[slider];
+        const PreviewRow& row = PreviewRows[slider];
         auto* bar = new QSlider(Qt::Horizontal, sliders);
         bar->setObjectName(QStringLiteral("HSlider1(%1)").arg(int(slider)));
         bar->setAccessibleName(QLatin1String(row.tip));
@@ -153,7 +150,6 @@ QWidget* Tools::BuildSliders()
         grid->addWidget(bar, slider, 1);
         grid->addWidget(readOut, slider, 2);
         connect(bar, &QSlider::valueChanged, this, [this, slider](int value) { Preview(slider, value); });
-        HSlider1[slider] = bar;
         readOuts_[slider] = readOut;
     }
     return sliders;
@@ -176,14 +172,10 @@ void Tools::PlaceBelow(const QWidget* owner)
 {
     adjustSize();
     const QRect above(owner->mapToGlobal(QPoint(0, 0)), owner->size());
-    const QRect area = RoomOf(*owner);
-    QRect place(QPoint(above.left() + above.width() / 2 - width() / 2,
-                    above.top() + above.height() + BelowCapture.Pixels()),
-        size());
     // A large capture reaches to the end of its area; the tools stay in sight and off the transport.
-    place.moveLeft(std::max(area.left(), std::min(place.left(), area.right() + 1 - width())));
-    place.moveTop(std::max(area.top(), std::min(place.top(), area.bottom() + 1 - height())));
-    move(place.topLeft());
+    const QPoint below(
+        above.left() + above.width() / 2 - width() / 2, above.top() + above.height() + BelowCapture.Pixels());
+    move(MovedInside(RoomOf(*owner), QRect(below, size())).topLeft());
 }
 
 CaptureWindow* Tools::Capture()
@@ -225,7 +217,10 @@ void Tools::Undo()
     if (before.isNull())
         return;
     capture->Picture().SetBitmap(before);
+    const QPointer<Tools> alive(this);
     Refresh(*capture);
+    if (alive)
+        undo_.CountUndone();
 }
 
 /// Lets other events through, so the capture and these tools may be gone afterwards.
@@ -239,13 +234,15 @@ void Tools::Refresh(CaptureWindow& capture)
 /// Begins from ClipPic each time: what the other slider had shown is gone, and nothing is kept.
 void Tools::Preview(Slider slider, int value)
 {
-    readOuts_[slider]->setText(QString::number(value) + QLatin1Char('%'));
     CaptureWindow* const capture = Capture();
+    Lead work;
+    if (capture) {
+        work.SetPicture(capture->ClipPic());
+        IgnoreErrors([&] { PreviewRows[slider].preview(work, value); });
+    }
+    readOuts_[slider]->setText(QString::number(value) + QLatin1Char('%'));
     if (!capture)
         return;
-    Lead work;
-    work.SetPicture(capture->ClipPic());
-    IgnoreErrors([&] { SliderRows[slider].preview(work, value); });
     // Within the frame alone: the slider keeps the keyboard.
     frame_.ActiveForm()->setFocus();
     capture->Picture().SetBitmap(work.Bitmap());
@@ -257,8 +254,7 @@ void Tools::ImageResize_Click()
     CaptureWindow* const capture = Capture();
     if (!capture)
         return;
-    const QPointer<Resize> form = new Resize(frame_, this, capture->Picture());
-    form->InitTheForm(Resize::OfBitmap);
+    const QPointer<Resize> form = new Resize(frame_, this, capture->Picture().Bitmap().size());
     form->exec();
     if (!form)
         return;
@@ -300,6 +296,9 @@ void Tools::TellTooLarge()
 
 void Tools::done(int result)
 {
-    frame_.State().ToolsOpen = false;
+    const QPointer<Tools> alive(this);
+    ApplicationState& state = frame_.State();
     FormDialog::done(result);
+    if (!alive || !isVisible()) // shown again while they faded, they stay
+        state.ToolsOpen = false;
 }

@@ -9,7 +9,6 @@ class CaptureWindow;
 class Frame;
 class Lead;
 class QLabel;
-class QSlider;
 
 /// The small window of quick edits, above all others. It works on the active capture, looked up afresh at
 /// every use, so that undo may bring a picture of one capture into another.
@@ -21,6 +20,7 @@ public:
 
     /// Shows the window; a new one comes up below its owner, the window of a capture.
     void LTools(QWidget* owner);
+    /// Closes the window.
     void UnloadLTools() { close(); }
     /// Keeps the active capture for undo.
     void CopyLast();
@@ -32,9 +32,10 @@ public:
 private:
     enum Slider { Brightness, Contrast, SliderCount };
     struct Button;
-    struct SliderRow;
+    struct PreviewRow;
     static const Button Buttons[];
-    static const SliderRow SliderRows[];
+    static const PreviewRow PreviewRows[];
+    template <void (Lead::*operation)()> static void EditBy(Tools& tools);
 
     void Build();
     QWidget* BuildButtons();
@@ -51,6 +52,5 @@ private:
 
     Frame& frame_;
     UndoRing undo_;
-    std::array<QSlider*, SliderCount> HSlider1 {};
     std::array<QLabel*, SliderCount> readOuts_ {}; ///< LblBright, Label2
 };

@@ -15,8 +15,11 @@ QImage UndoRing::Undo()
     if (slots_.front().isNull())
         return {};
     undoCount_ = std::clamp(undoCount_, 1, Slots);
-    QImage picture = slots_[size_t(undoCount_ - 1)];
-    if (--undoCount_ == 0)
-        undoSlot_ = 0;
-    return picture;
+    return slots_[size_t(undoCount_ - 1)];
+}
+
+void UndoRing::CountUndone()
+{
+    if (--undoCount_ < 1)
+        undoCount_ = undoSlot_ = 0;
 }

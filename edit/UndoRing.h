@@ -18,9 +18,11 @@ public:
 
     /// Keeps a picture as it is before an edit.
     void CopyLast(const QImage& picture);
-    /// The picture to go back to, null while nothing was ever kept. Undo clears no slot: with all undone it
-    /// gives the picture in slot 1 again and again.
+    /// The picture to go back to, null while nothing was ever kept. No slot is ever cleared: with all undone
+    /// it is the picture in slot 1 again and again. Holds UndoCount to 1 to Slots.
     QImage Undo();
+    /// Counts one undone, after its picture was shown; an undo in between gives the same picture.
+    void CountUndone();
 
 private:
     std::array<QImage, Slots> slots_;

@@ -15,10 +15,10 @@
 #include "toolkit/ElidedLabel.h"
 #include "toolkit/PathText.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QPointer>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QScreen>
 
 #include <chrono>
@@ -56,16 +56,18 @@ void Visual::Load()
 {
     ApplicationState& state = frame_.State();
     state.VisualReady = false;
-    SetPointer(Pointer::Busy);
+    const Hourglass waiting;
     if (const CaptureWindow* const capture = frame_.ActiveCaptureWindow())
         Original->SetPicture(capture->ClipPic());
     if (!TakeOriginal()) {
-        SetPointer(Pointer::Normal);
+        const PointerPause pause;
         return frame_.Errors().Show(frame_.FrameWindow(), QStringLiteral("Error Opening Graphic"),
             QStringLiteral(" Is the video window on top?  If so, click on a capture so the visual editor can "
                            "see it."));
     }
     LoadClipboard();
+    for (SliderRow* const row : rows_)
+        row->SelectAnswer();
     state.Reload(Key::OldFolder2, Reader::Visual);
     ShowFolder();
     state.ApplyToolTips(*this);
@@ -75,7 +77,6 @@ void Visual::Load()
     show();
     Effect->setFocus();
     state.VisualReady = true;
-    SetPointer(Pointer::Normal);
 }
 
 void Visual::ComeBack()
@@ -153,6 +154,13 @@ void Visual::ShowProgress(int part)
     frame_.PumpEvents();
 }
 
+/// Nobody knows how long a file takes: the gauge goes round.
+void Visual::ShowWaiting()
+{
+    constexpr int rounds = 20; // steps
+    StatGauge->setValue((StatGauge->value() + StatGauge->maximum() / rounds) % StatGauge->maximum());
+}
+
 void Visual::EffectMe()
 {
     EndBusy(); // first: the gauge repaints at once, and with it all that waits to be
@@ -187,9 +195,12 @@ void Visual::closeEvent(QCloseEvent* event)
     SetPointer(Pointer::Normal);
     ClipTimer.stop();
     const QPointer<Visual> alive(this);
-    FadeAtClosing(*this, frame_.State());
-    if (!alive)
-        return;
+    if (!FadeAtClosing(*this, frame_.State())) {
+        if (!alive)
+            return;
+        isClosed_ = false; // shown again meanwhile
+        return event->ignore();
+    }
     Back1 = {};
     for (Lead* const control : { Effect, Undos, Original })
         control->SetBitmap({});

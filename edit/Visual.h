@@ -17,8 +17,8 @@ class PicturePane;
 class QAbstractButton;
 class QCheckBox;
 class QGridLayout;
+class QLayout;
 class QProgressBar;
-class QPushButton;
 class QSlider;
 class SliderRow;
 class StripButton;
@@ -41,12 +41,12 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    struct Command;
+    struct EditorButton;
     struct PlainOperation;
     struct Turn;
-    static const Command HistoryCommands[];
-    static const Command ClipboardCommands[];
-    static const Command FootCommands[];
+    static const EditorButton HistoryCommands[];
+    static const EditorButton ClipboardCommands[];
+    static const EditorButton FootCommands[];
     static const PlainOperation PlainOperations[];
     static const Turn Turns[];
     enum class Back { Kept, LeftAsItIs };
@@ -61,8 +61,10 @@ private:
     QWidget* BuildRows(EffectGroup group, const QString& heading);
     QWidget* BuildPlainOperations();
     QWidget* BuildRotation();
+    QLayout* BuildAngle();
+    QLayout* BuildTurns();
     QWidget* BuildFoot();
-    QAbstractButton* MakeButton(const Command& command, QWidget* parent);
+    QAbstractButton* MakeButton(const EditorButton& command, QWidget* parent);
     Lead* AddPreview(QGridLayout& grid, PicturePane*& pane, const char* name, const char* title);
 
     // Visual.cpp: the session
@@ -75,6 +77,7 @@ private:
     void BeginBusy();
     void EndBusy();
     void ShowProgress(int part);
+    void ShowWaiting();
     void EffectMe();
     void ShowEffect(const QImage& picture);
     void SetUndos(const QImage& picture);
@@ -82,7 +85,7 @@ private:
 
     // VisualCommands.cpp: what the buttons do
     /// Changes Effect and shows what became of it, whether or not that went well. False when the editor was
-    /// closed meanwhile.
+    /// closed meanwhile, and for a change that is asked for in the middle of another.
     bool Change(Back back, const std::function<void(Lead&)>& operation);
     void ApplyRow(int index);
     void ApplyEdgeFilter(const EdgeFilterRow& row);
@@ -95,6 +98,8 @@ private:
     void CopyEffect();
     void PasteUnder();
     void OpenDifferent();
+    /// False when the editor was closed meanwhile.
+    bool LoadOriginal();
     void SelectGraphicFile();
     void ChangeResolution();
     void ViewFullScreen();
@@ -128,5 +133,6 @@ private:
     QString file_; ///< last chosen to be edited instead
     int FilterType = 0;
     int FilterDirection = 0;
+    bool isChanging_ = false;
     bool isClosed_ = false;
 };

@@ -21,7 +21,6 @@
 #include <QSlider>
 
 #include <span>
-#include <utility>
 
 namespace {
 
@@ -91,7 +90,7 @@ template <typename Row> QAbstractButton* MakeOperationButton(const Row& row, QWi
 } // namespace
 
 /// A button of the editor: a caption, or a picture for those without one, and what it does.
-struct Visual::Command {
+struct Visual::EditorButton {
     const char* name;
     const char* caption; ///< or, with a picture, the name for those who cannot see it
     const char* tip;
@@ -116,7 +115,7 @@ struct Visual::Turn {
     int angle; ///< hundredths of a degree
 };
 
-const Visual::Command Visual::HistoryCommands[] = {
+const Visual::EditorButton Visual::HistoryCommands[] = {
     { "Command11", "Original", "You can always go back to this original as the 'Undo To'.",
         &Visual::BookmarkOriginal },
     { "Command9", "Undo To", "Go back to this after undesired effect.", &Visual::UndoTo },
@@ -124,13 +123,13 @@ const Visual::Command Visual::HistoryCommands[] = {
     { "Command10", "Set", "Set this change as the  'Undo To'. ", &Visual::SetBookmark },
 };
 
-const Visual::Command Visual::ClipboardCommands[] = {
+const Visual::EditorButton Visual::ClipboardCommands[] = {
     { "Command5", "C&opy", "Copy the effect to the clipboard.", &Visual::CopyEffect },
     { "Command3", "&Paste", "Lay the clipboard graphic under the effect.", &Visual::PasteUnder },
     { "ViewClip_Button", "A&dd Clipboard", "Add clipboard graphic to effect.", &Visual::ViewClipboard },
 };
 
-const Visual::Command Visual::FootCommands[] = {
+const Visual::EditorButton Visual::FootCommands[] = {
     { "Command19", "Load settings", "Load Filters, Effects settings.", &Visual::LoadSliders, Face::Open },
     { "Command20", "Save settings", "Save Image, Filters, Effects settings.", &Visual::SaveSliders,
         Face::SaveCapture },
@@ -184,7 +183,7 @@ void Visual::Build()
     SetBody(body);
 }
 
-QAbstractButton* Visual::MakeButton(const Command& command, QWidget* parent)
+QAbstractButton* Visual::MakeButton(const EditorButton& command, QWidget* parent)
 {
     QAbstractButton* const button = MakeOperationButton(command, parent);
     connect(button, &QAbstractButton::clicked, this, command.act);
@@ -221,7 +220,7 @@ QWidget* Visual::BuildHistory()
     grid->addWidget(originalPane_, 0, 0, Qt::AlignHCenter);
     grid->addWidget(undosPane_, 0, 1, Qt::AlignHCenter);
     int place = 2;
-    for (const Command& command : HistoryCommands) {
+    for (const EditorButton& command : HistoryCommands) {
         grid->addWidget(MakeButton(command, box), place / 2, place % 2);
         ++place;
     }
@@ -313,21 +312,31 @@ QWidget* Visual::BuildRotation()
     auto* column = new QVBoxLayout(box);
     column->setContentsMargins(Grid, Grid, Grid, Grid);
     column->setSpacing(2 * Grid);
+    column->addLayout(BuildAngle());
+    Check1 = new QCheckBox(QStringLiteral("Resize to fit?"), box);
+    Check1->setObjectName(QStringLiteral("Check1"));
+    column->addWidget(Check1);
+    column->addLayout(BuildTurns());
+    return box;
+}
+
+QLayout* Visual::BuildAngle()
+{
     auto* line = new QGridLayout;
     Space(*line);
     line->setColumnMinimumWidth(0, SliderRow::ButtonWidth(fontMetrics()));
     line->setColumnStretch(1, 1);
-    auto* apply = new QPushButton(QStringLiteral("Angle"), box);
+    auto* apply = new QPushButton(QStringLiteral("Angle"), this);
     apply->setObjectName(QStringLiteral("AngleBut"));
     apply->setProperty("Tag", QStringLiteral("Click to Apply"));
     connect(apply, &QPushButton::clicked, this, &Visual::TurnByAngle);
-    Angle = new QSlider(Qt::Horizontal, box);
+    Angle = new QSlider(Qt::Horizontal, this);
     Angle->setObjectName(QStringLiteral("Angle"));
     Angle->setAccessibleName(QStringLiteral("Angle slider"));
     Angle->setProperty("Tag", QStringLiteral("Tenths of a degree, clockwise."));
     Angle->setRange(-AngleEnd, AngleEnd);
     Angle->setPageStep(AngleStep);
-    auto* readOut = new DigitLabel(box);
+    auto* readOut = new DigitLabel(this);
     readOut->setObjectName(QStringLiteral("AnswerAngle"));
     readOut->SetSample(QStringLiteral("-3600"));
     readOut->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -337,14 +346,15 @@ QWidget* Visual::BuildRotation()
     line->addWidget(apply, 0, 0);
     line->addWidget(Angle, 0, 1);
     line->addWidget(readOut, 0, 2);
-    column->addLayout(line);
-    Check1 = new QCheckBox(QStringLiteral("Resize to fit?"), box);
-    Check1->setObjectName(QStringLiteral("Check1"));
-    column->addWidget(Check1);
+    return line;
+}
+
+QLayout* Visual::BuildTurns()
+{
     auto* turns = new QHBoxLayout;
     Space(*turns);
     for (const Turn& turn : Turns) {
-        auto* button = new QPushButton(QString::fromUtf8(turn.caption), box);
+        auto* button = new QPushButton(QString::fromUtf8(turn.caption), this);
         button->setObjectName(QStringLiteral("Rotate(%1)").arg(turn.index));
         button->setAccessibleName(QLatin1String(turn.title));
         button->setProperty("Tag", QLatin1String(turn.title));
@@ -353,8 +363,7 @@ QWidget* Visual::BuildRotation()
         });
         turns->addWidget(button);
     }
-    column->addLayout(turns);
-    return box;
+    return turns;
 }
 
 QWidget* Visual::BuildFoot()
@@ -363,7 +372,7 @@ QWidget* Visual::BuildFoot()
     auto* row = new QHBoxLayout(foot);
     Space(*row);
     row->setContentsMargins(0, 0, SizeGrip::Side, 0);
-    constexpr Command open { "VideoSoftElastic6", "Open Different &Graphic File To Edit",
+    constexpr EditorButton open { "VideoSoftElastic6", "Open Different &Graphic File To Edit",
         "Load new graphic to edit.", &Visual::OpenDifferent };
     row->addWidget(MakeButton(open, foot));
     LblFolder = new ElidedLabel(foot);
@@ -376,7 +385,7 @@ QWidget* Visual::BuildFoot()
     StatGauge->setTextVisible(false);
     StatGauge->setFixedSize(GaugeSize);
     row->addWidget(StatGauge);
-    for (const Command& command : FootCommands) {
+    for (const EditorButton& command : FootCommands) {
         QAbstractButton* const button = MakeButton(command, foot);
         row->addWidget(button);
     }

@@ -17,7 +17,6 @@
 #include "edit/SliderRow.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QPointer>
 #include <QSlider>
@@ -26,19 +25,24 @@ namespace {
 
 constexpr auto GraphicFilter =
     "Graphic files|*.bmp;*.jpg;*.jpeg;*.tga;*.gif;*.tif;*.tiff;*.png;*.psd|All files|*";
-constexpr int MostPaletteBits = 8;
 
 } // namespace
 
 bool Visual::Change(Back back, const std::function<void(Lead&)>& operation)
 {
+    if (isChanging_) // a key held down would begin one within another without end
+        return false;
     const QPointer<Visual> alive(this);
     EndClipboardView();
     BeginBusy();
     if (back == Back::Kept)
         Back1 = Effect->Bitmap();
+    isChanging_ = true;
     IgnoreErrors([&] { operation(*Effect); });
-    if (!alive || isClosed_)
+    if (!alive)
+        return false;
+    isChanging_ = false;
+    if (isClosed_)
         return false;
     EffectMe();
     Effect->ForceRepaint();
@@ -67,7 +71,7 @@ void Visual::ApplyRow(int index)
 void Visual::ApplyEdgeFilter(const EdgeFilterRow& row)
 {
     GetFilt();
-    const int code = SpatialCodeOf(row, FilterType, FilterDirection);
+    const int code = int(SpatialCodeOf(row, FilterType, FilterDirection));
     Change(Back::Kept, [code](Lead& effect) { effect.SpatialFilter(code); });
 }
 
@@ -95,6 +99,7 @@ void Visual::UndoTo()
 
 void Visual::SetBookmark()
 {
+    EndClipboardView();
     SetUndos(Effect->Bitmap());
     Effect->setFocus();
 }
@@ -112,15 +117,15 @@ void Visual::ViewClipboard()
         Back1 = Effect->Bitmap();
     ClipTimer.start();
     ShowEffect(Lead1->Bitmap());
+    Effect->setFocus();
 }
 
 void Visual::CopyEffect()
 {
     const Hourglass waiting;
-    IgnoreErrors([&] {
-        Effect->Copy(frame_.SystemClipboard(), true);
-        Lead1->Paste(frame_.SystemClipboard(), Lead::PasteTake);
-    });
+    EndClipboardView();
+    IgnoreErrors([&] { Effect->Copy(frame_.SystemClipboard(), true); });
+    IgnoreErrors([&] { Lead1->Paste(frame_.SystemClipboard(), Lead::PasteTake); });
     clipPane_->Arrange();
     Lead1->ForceRepaint();
     RefreshClipboardState();
@@ -142,22 +147,41 @@ void Visual::OpenDifferent()
     if (!alive || isClosed_)
         return;
     ClipTimer.stop();
-    if (!file_.isEmpty()) {
-        // Windows are painted while a large picture is decoded; clicks wait.
-        const auto paint = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
-        try {
-            const QImage picture = OpenUserPicture(file_, paint);
-            if (!alive || isClosed_)
-                return;
-            Original->SetBitmap(picture);
-            if (imaging::IsAnimated(picture))
-                frame_.State().CurrentFile = file_; // which the whole screen takes the other pages from
-        } catch (const ControlError& error) {
-            frame_.SetStatusAlert(StatusLabel::Operation, error.Reason());
-        }
-    }
+    if (!LoadOriginal())
+        return;
     TakeOriginal();
     LoadClipboard();
+    Effect->setFocus();
+}
+
+bool Visual::LoadOriginal()
+{
+    if (file_.isEmpty())
+        return true;
+    Frame& frame = frame_;
+    const QPointer<Visual> alive(this);
+    const auto isOpen = [&alive] { return alive && !alive->isClosed_; };
+    const auto wait = [&] {
+        if (isOpen())
+            alive->ShowWaiting();
+        frame.PumpPaintEvents();
+    };
+    QImage picture;
+    QString reason;
+    try {
+        picture = OpenUserPicture(QString(file_), wait);
+    } catch (const ControlError& error) {
+        reason = error.Reason();
+    }
+    if (!isOpen())
+        return false;
+    if (picture.isNull())
+        frame.SetStatusAlert(StatusLabel::Operation, reason);
+    else
+        Original->SetBitmap(picture);
+    if (imaging::IsAnimated(picture))
+        frame.State().CurrentFile = file_; // which the whole screen takes the other pages from
+    return true;
 }
 
 void Visual::SelectGraphicFile()
@@ -179,29 +203,24 @@ void Visual::SelectGraphicFile()
 
 void Visual::ChangeResolution()
 {
-    const Hourglass waiting;
+    if (isChanging_)
+        return;
     EndClipboardView();
     Back1 = Effect->Bitmap();
     const QPointer<Visual> alive(this);
     const QPointer<ColorRes> form = new ColorRes(frame_, this, Effect->BitmapBits());
-    {
-        const PointerPause pause;
-        form->exec();
-    }
+    form->exec();
     if (!alive || isClosed_ || !form)
         return;
-    if (form->UserResult()) {
-        const int bits = form->GetBits();
-        const int colours = bits <= MostPaletteBits ? 1 << bits : 0;
-        IgnoreErrors(
-            [&] { Effect->SetColorResolution(bits, form->GetPalette(), form->GetDither(), colours); });
-        if (!alive || isClosed_)
-            return;
-    }
+    const auto change = [bits = form->GetBits(), palette = form->GetPalette(), dither = form->GetDither(),
+                            colours = form->GetColours()](
+                            Lead& effect) { effect.SetColorResolution(bits, palette, dither, colours); };
+    const bool isAccepted = form->UserResult();
     delete form;
-    EffectMe();
-    Effect->ForceRepaint();
-    Effect->setFocus();
+    if (isAccepted)
+        Change(Back::LeftAsItIs, change);
+    else
+        Effect->setFocus();
 }
 
 void Visual::ViewFullScreen()
@@ -242,14 +261,20 @@ void Visual::LoadSliders()
     Effect->setFocus();
 }
 
+/// Closes only when the picture has come to where it was to go.
 void Visual::Accept()
 {
+    Frame& frame = frame_;
     const QPointer<Visual> alive(this);
     const Hourglass waiting;
     EndClipboardView();
     const QImage picture = Effect->Bitmap();
     IgnoreErrors([&] { Effect->Copy(frame_.SystemClipboard(), true); });
-    IgnoreErrors([&] { ShowEdited(frame_, Reader::Visual, picture); });
+    try {
+        ShowEdited(frame, Reader::Visual, picture);
+    } catch (const ControlError& error) {
+        return frame.SetStatusAlert(StatusLabel::Operation, error.Reason());
+    }
     if (alive)
         close();
 }

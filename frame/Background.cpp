@@ -23,14 +23,18 @@ QImage ComposeBackground(const QImage& source, QSize clientSize, Placement place
     return target;
 }
 
-const QImage& BackgroundPicture::Of(const QString& path)
+QImage BackgroundPicture::Of(const QString& path, const std::function<void()>& whileWaiting)
 {
     const QDateTime written = QFileInfo(path).lastModified();
     if (path == path_ && written == written_)
         return picture_;
     path_ = path;
+    const QString asked = path; // the setting may change while its file is read
     written_ = written;
     picture_ = QImage();
-    IgnoreErrors([&] { picture_ = OpenUserPicture(path); });
+    QImage picture;
+    IgnoreErrors([&] { picture = OpenUserPicture(asked, whileWaiting); });
+    if (path_ == asked && written_ == written) // and no other was asked for meanwhile
+        picture_ = picture;
     return picture_;
 }

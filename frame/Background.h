@@ -5,6 +5,8 @@
 #include <QImage>
 #include <QSize>
 
+#include <functional>
+
 enum class Placement { Tiled, LowerRight };
 
 /// The frame's background for a client area of clientSize pixels: the source tiled from the upper left, or
@@ -15,8 +17,9 @@ QImage ComposeBackground(const QImage& source, QSize clientSize, Placement place
 /// The picture file behind the frame's windows, decoded anew only when the file changes.
 class BackgroundPicture {
 public:
-    /// Null when the file cannot be read.
-    const QImage& Of(const QString& path);
+    /// Null when the file cannot be read. whileWaiting is called meanwhile; what asks for the same file then
+    /// gets null.
+    QImage Of(const QString& path, const std::function<void()>& whileWaiting);
 
 private:
     QString path_;

@@ -3,13 +3,12 @@
 #include "desktop/Documents.h"
 #include "desktop/WholeFile.h"
 #include "toolkit/HeadButtons.h"
+#include "toolkit/MovedInside.h"
 #include "toolkit/Style.h"
 
 #include <QScreen>
 #include <QTextBrowser>
 #include <QUrl>
-
-#include <algorithm>
 
 namespace {
 
@@ -28,9 +27,7 @@ QString GuideStyle()
 QRect Inside(const QRect& area, QRect place)
 {
     place.setSize(place.size().boundedTo(area.size()).expandedTo(LeastSize));
-    place.moveLeft(std::max(area.left(), std::min(place.left(), area.right() - place.width() + 1)));
-    place.moveTop(std::max(area.top(), std::min(place.top(), area.bottom() - place.height() + 1)));
-    return place;
+    return MovedInside(area, place);
 }
 
 } // namespace

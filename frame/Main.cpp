@@ -183,6 +183,11 @@ void Main::PumpEvents()
     QCoreApplication::processEvents();
 }
 
+void Main::PumpPaintEvents()
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
 bool Main::StartDoc(const QString& document)
 {
     if (!HelpWindow::IsGuide(document))

@@ -91,6 +91,7 @@ public:
     void OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems, const QWidget& button,
         std::function<void(int)> chosen) override;
     void PumpEvents() override;
+    void PumpPaintEvents() override;
 
     /// Asks for videos and opens them, whatever window asks. The open stays in progress when nothing is
     /// chosen.

@@ -72,7 +72,9 @@ bool Main::eventFilter(QObject* watched, QEvent* event)
 
 QImage Main::PicSource()
 {
-    return state_.BackgroundFile.isEmpty() ? QImage() : background_.Of(state_.BackgroundFile);
+    return state_.BackgroundFile.isEmpty()
+        ? QImage()
+        : background_.Of(state_.BackgroundFile, [this] { PumpPaintEvents(); });
 }
 
 void Main::ApplyBackground()
@@ -85,7 +87,7 @@ void Main::ApplyBackground()
     if (state_.OpPic == 0 || state_.OpPic == 1)
         state_.TileBackground = state_.OpPic == 0;
     state_.Reload(Key::PicFolder);
-    const QImage& picSource = background_.Of(state_.BackgroundFile);
+    const QImage picSource = background_.Of(state_.BackgroundFile, [this] { PumpPaintEvents(); });
     if (picSource.isNull())
         return; // without its picture the frame stays plain
     const Placement placement = state_.TileBackground ? Placement::Tiled : Placement::LowerRight;

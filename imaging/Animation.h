@@ -23,6 +23,6 @@ int PagesOf(const QByteArray& file);
 
 /// The pages of a file, as many as a bounded memory takes, decoded where DecodeConfined does it. Throws
 /// PictureError.
-std::vector<Page> DecodePagesConfined(const QByteArray& file, const std::function<void()>& whileWaiting = {});
+std::vector<Page> DecodePagesConfined(const QByteArray& file, const std::function<void()>& whileWaiting);
 
 } // namespace imaging

@@ -13,6 +13,7 @@
 #include <QProcess>
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -21,8 +22,7 @@ namespace imaging {
 namespace {
 
 using namespace std::chrono_literals;
-constexpr auto LongestWait = 30s;
-constexpr auto Tick = 50ms;
+constexpr std::chrono::milliseconds Tick = 50ms;
 constexpr int BitsOfPages = 32;
 constexpr qsizetype MostPageBytes = qsizetype(96) << 20; // the reading program needs eight times as much
 
@@ -43,7 +43,8 @@ public:
         : file_(memfd_create("picture", MFD_CLOEXEC | MFD_ALLOW_SEALING))
         , size_(size_t(size))
     {
-        if (!file_.IsOpen() || ftruncate(file_.Number(), off_t(size)) != 0)
+        // Memory that is only promised would end the program where it is touched and not there.
+        if (!file_.IsOpen() || posix_fallocate(file_.Number(), 0, off_t(size)) != 0)
             FailForMemory();
         if (fcntl(file_.Number(), F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_SEAL) != 0)
             FailForMemory();
@@ -71,11 +72,15 @@ QString ReaderProgram()
     return QFile::exists(installed) ? installed : folder + QStringLiteral("/taq-reader");
 }
 
-/// Runs the reading program to its end, which takes it from the other one's hands: what it wrote stays as it
-/// is.
-void RunReader(int in, int out, const QStringList& more, const std::function<void()>& whileWaiting)
+/// Bits of a pixel of a picture as answered.
+int BitsOf(const ReaderAnswer& answer)
 {
-    QProcess reader;
+    return QImage::toPixelFormat(QImage::Format(answer.format)).bitsPerPixel();
+}
+
+/// Starts the reading program with these two open files and what else it is told.
+void StartReader(QProcess& reader, int in, int out, const QStringList& more)
+{
     QProcessEnvironment environment;
     environment.insert(QStringLiteral("OMP_THREAD_LIMIT"), QStringLiteral("1")); // it may not start threads
     reader.setProcessEnvironment(environment);
@@ -90,35 +95,37 @@ void RunReader(int in, int out, const QStringList& more, const std::function<voi
     if (!reader.waitForStarted())
         throw PictureError(QStringLiteral(
             "A part of the program that opens pictures is missing. Install the program again."));
-    const QDeadlineTimer end(LongestWait);
+}
+
+/// Waits until the reading program has ended or was ended: from then on nobody changes the shared memory.
+void AwaitEnd(QProcess& reader, const std::function<void()>& whileWaiting, QDeadlineTimer end)
+{
     while (reader.state() != QProcess::NotRunning && !end.hasExpired())
-        if (!reader.waitForFinished(int(std::chrono::milliseconds(Tick).count())) && whileWaiting)
+        if (!reader.waitForFinished(int(Tick.count())))
             whileWaiting();
     if (reader.state() != QProcess::NotRunning) {
         reader.kill();
         reader.waitForFinished();
-        FailAsDamaged();
     }
+    if (reader.exitStatus() == QProcess::NormalExit && reader.exitCode() == ReaderNotConfined)
+        throw PictureError(QStringLiteral("This picture cannot be opened safely on this system."));
     if (reader.exitStatus() != QProcess::NormalExit || reader.exitCode() != 0)
         FailAsDamaged();
 }
 
-void CheckReason(const char* reason)
+/// Whether the answer is a picture whose rows fit into this many bytes. It need not have the size that the
+/// file's header told: the first picture of a GIF may be smaller than its screen.
+bool Fits(const ReaderAnswer& answer, qsizetype bytes)
 {
-    if (reason[0] != '\0')
-        throw PictureError(QString::fromUtf8(reason, qsizetype(strnlen(reason, Answer::MaxReason))));
-}
-
-/// Whether the answer is a picture of the size that the file's header told, lying or standing.
-bool Fits(const Answer& answer, const PictureHeader& header)
-{
-    const bool isAsTold = answer.width == header.width && answer.height == header.height;
-    const bool isTurned = answer.width == header.height && answer.height == header.width;
     const bool hasPalette = answer.format == QImage::Format_Indexed8;
     const bool isKnown =
         hasPalette || answer.format == QImage::Format_BGR888 || answer.format == QImage::Format_ARGB32;
-    return (isAsTold || isTurned) && isKnown
-        && (hasPalette ? answer.colours >= 1 && answer.colours <= Answer::MaxColours : answer.colours == 0);
+    if (!isKnown || !IsPictureSize(answer.width, answer.height))
+        return false;
+    if (RowBytes(answer.width, BitsOf(answer)) * answer.height > bytes)
+        return false;
+    return hasPalette ? answer.colours >= 1 && answer.colours <= ReaderAnswer::MaxColours
+                      : answer.colours == 0;
 }
 
 /// Every pixel has a colour: one without would be read beyond the palette.
@@ -132,17 +139,29 @@ bool IsWithinPalette(const QImage& picture)
     return true;
 }
 
-QImage PictureOf(const char* shared, const PictureHeader& header)
+/// Throws the reader's reason, if it gave one, as a line that can be shown, whatever it wrote.
+void CheckReason(const char (&reason)[ReaderAnswer::MaxReason])
 {
-    Answer answer;
+    QString line = QString::fromUtf8(reason, qsizetype(strnlen(reason, sizeof reason)));
+    for (QChar& character : line)
+        if (!character.isPrint())
+            character = QLatin1Char(' ');
+    line = line.simplified();
+    if (!line.isEmpty())
+        throw PictureError(line);
+}
+
+/// The picture in shared memory, whose rows have room for this many bytes.
+QImage PictureOf(const char* shared, qsizetype bytes)
+{
+    ReaderAnswer answer;
     std::memcpy(&answer, shared, sizeof answer);
     CheckReason(answer.reason);
-    if (!Fits(answer, header))
+    if (!Fits(answer, bytes))
         FailAsDamaged();
     const auto format = QImage::Format(answer.format);
-    const qsizetype row = RowBytes(answer.width, QImage::toPixelFormat(format).bitsPerPixel());
-    QImage picture = QImage(
-        reinterpret_cast<const uchar*>(shared + Answer::PixelsAt), answer.width, answer.height, row, format)
+    QImage picture = QImage(reinterpret_cast<const uchar*>(shared + ReaderAnswer::PixelsAt), answer.width,
+        answer.height, RowBytes(answer.width, BitsOf(answer)), format)
                          .copy();
     if (picture.isNull())
         FailForMemory();
@@ -152,6 +171,15 @@ QImage PictureOf(const char* shared, const PictureHeader& header)
             FailAsDamaged();
     }
     return picture;
+}
+
+/// Runs the reading program to its end over these two memories.
+void RunReader(const SharedMemory& in, const SharedMemory& out, const QStringList& more,
+    const std::function<void()>& whileWaiting, std::chrono::milliseconds longestWait)
+{
+    QProcess reader;
+    StartReader(reader, in.Number(), out.Number(), more);
+    AwaitEnd(reader, whileWaiting, QDeadlineTimer(longestWait));
 }
 
 void Fill(const SharedMemory& memory, const QByteArray& file)
@@ -187,15 +215,17 @@ std::vector<Page> PagesFrom(const char* shared, QSize size, int most)
 
 } // namespace
 
-QImage DecodeConfined(const QByteArray& file, const std::function<void()>& whileWaiting)
+QImage DecodeConfined(
+    const QByteArray& file, const std::function<void()>& whileWaiting, std::chrono::milliseconds longestWait)
 {
     const PictureHeader header = PictureFile::CheckedHeader(file);
     const SharedMemory in(file.size());
     Fill(in, file);
     constexpr int mostBits = 32;
-    const SharedMemory out(Answer::PixelsAt + RowBytes(header.width, mostBits) * header.height);
-    RunReader(in.Number(), out.Number(), {}, whileWaiting);
-    QImage picture = PictureOf(out.Bytes(), header);
+    const qsizetype bytes = RowBytes(header.width, mostBits) * header.height;
+    const SharedMemory out(ReaderAnswer::PixelsAt + bytes);
+    RunReader(in, out, {}, whileWaiting, longestWait);
+    QImage picture = PictureOf(out.Bytes(), bytes);
     SetAnimated(picture, PagesOf(file) > 1);
     return picture;
 }
@@ -209,7 +239,7 @@ std::vector<Page> DecodePagesConfined(const QByteArray& file, const std::functio
     const SharedMemory in(file.size());
     Fill(in, file);
     const SharedMemory out(PagesAnswer::PixelsAt + pageBytes * pages);
-    RunReader(in.Number(), out.Number(), { QString::number(pages) }, whileWaiting);
+    RunReader(in, out, { QString::number(pages) }, whileWaiting, LongestWait);
     return PagesFrom(out.Bytes(), QSize(int(header.width), int(header.height)), pages);
 }
 

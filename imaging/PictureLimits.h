@@ -8,10 +8,16 @@ namespace imaging {
 inline constexpr int MaxSide = 16384;
 inline constexpr qint64 MaxPixels = 64'000'000;
 
+/// Whether a picture may have this size.
+constexpr bool IsPictureSize(qint64 width, qint64 height)
+{
+    return width > 0 && height > 0 && width <= MaxSide && height <= MaxSide && width * height <= MaxPixels;
+}
+
 /// Throws PictureError, which names the size, for one that no picture may have.
 inline void CheckPictureSize(qint64 width, qint64 height)
 {
-    if (width > 0 && height > 0 && width <= MaxSide && height <= MaxSide && width * height <= MaxPixels)
+    if (IsPictureSize(width, height))
         return;
     const QString what = width > 0 && height > 0 ? QStringLiteral("The picture is too large: %1x%2.")
                                                  : QStringLiteral("A picture cannot have the size %1x%2.");

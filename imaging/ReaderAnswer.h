@@ -3,9 +3,11 @@
 #include <QRgb>
 #include <QtGlobal>
 
+namespace imaging {
+
 /// What the reading program leaves in the memory it shares with the program that asked: this head, and from
 /// PixelsAt on the rows, each padded to four bytes.
-struct Answer {
+struct ReaderAnswer {
     static constexpr qsizetype PixelsAt = 4096;
     static constexpr int MaxColours = 256;
     static constexpr int MaxReason = 512;
@@ -17,7 +19,7 @@ struct Answer {
     QRgb palette[MaxColours];
     char reason[MaxReason]; ///< why there is no picture, UTF-8 and ended by a NUL; empty when there is one
 };
-static_assert(sizeof(Answer) <= Answer::PixelsAt);
+static_assert(sizeof(ReaderAnswer) <= ReaderAnswer::PixelsAt);
 
 /// The same for all pages of a picture that moves: from PixelsAt on one page behind the other, each of the
 /// size that the file's header tells, 32 bits a pixel.
@@ -27,12 +29,17 @@ struct PagesAnswer {
 
     qint32 pages; ///< as many as stand there
     qint32 hundredths[MaxPages]; ///< of a second that each is to be seen
-    char reason[Answer::MaxReason]; ///< as in Answer
+    char reason[ReaderAnswer::MaxReason]; ///< as in ReaderAnswer
 };
 static_assert(sizeof(PagesAnswer) <= PagesAnswer::PixelsAt);
+
+/// The reading program's exit code where the system does not let it confine itself.
+inline constexpr int ReaderNotConfined = 2;
 
 /// Bytes from one row to the next.
 constexpr qsizetype RowBytes(qsizetype width, int bitsPerPixel)
 {
     return (width * bitsPerPixel + 31) / 32 * 4;
 }
+
+} // namespace imaging

@@ -1,7 +1,6 @@
 #include "settingsui/Options.h"
 
 #include "app/ApplicationState.h"
-#include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "settingsui/AutoNamePage.h"
 #include "settingsui/DisplayPage.h"
@@ -11,6 +10,7 @@
 #include "settingsui/WatermarkPage.h"
 #include "toolkit/Button_XP.h"
 #include "toolkit/HeadButtons.h"
+#include "toolkit/Style.h"
 
 #include <QHBoxLayout>
 #include <QPointer>
@@ -22,8 +22,6 @@
 #include <utility>
 
 namespace {
-
-constexpr int Gap = 4; // the grid
 
 /// A page's caption, and the group of radio buttons on it that is set from the store whenever the page comes
 /// up: a click on any radio button of the dialog clears all others.
@@ -98,18 +96,16 @@ constexpr Key ReadBack[] = { Key::UsersCaptureTime, Key::AutoNumber };
 } // namespace
 
 Options::Options(Frame& frame, QWidget* owner, cSetDfltPrinter& defaultPrinter, AskColor askColor)
-    : DialogForm(owner)
+    : FormDialog(frame.State(), owner, QStringLiteral("Options"))
     , frame_(frame)
     , fields_(frame.State())
     , VideoSoftIndexTab1(new QTabWidget(this))
 {
-    setObjectName(QStringLiteral("Options"));
     SetTitle(QStringLiteral("Options"));
     Build(defaultPrinter, std::move(askColor));
-    AddShadow(*this, frame_.State());
     Fill();
     connect(VideoSoftIndexTab1, &QTabWidget::currentChanged, this, &Options::ComeTo);
-    frame_.State().ApplyToolTips(*this);
+    Dress();
 }
 
 void Options::Build(cSetDfltPrinter& defaultPrinter, AskColor askColor)
@@ -132,8 +128,8 @@ void Options::Build(cSetDfltPrinter& defaultPrinter, AskColor askColor)
     AddPage(watermark_ = new WatermarkPage(frame_, fields_, std::move(askColor)));
     auto* body = new QWidget(this);
     auto* column = new QVBoxLayout(body);
-    column->setContentsMargins(2 * Gap, 2 * Gap, 2 * Gap, 2 * Gap);
-    column->setSpacing(2 * Gap);
+    column->setContentsMargins(2 * Grid, 2 * Grid, 2 * Grid, 2 * Grid);
+    column->setSpacing(2 * Grid);
     column->addWidget(VideoSoftIndexTab1);
     column->addWidget(BuildFoot());
     AddBody(body);
@@ -150,7 +146,7 @@ QWidget* Options::BuildFoot()
 {
     auto* foot = new QWidget(this);
     auto* row = new QHBoxLayout(foot);
-    row->setContentsMargins(Gap, 0, Gap, Gap);
+    row->setContentsMargins(Grid, 0, Grid, Grid);
     row->addStretch();
     auto* save = new Button_XP(foot);
     save->setObjectName(QStringLiteral("Cmds(0)"));
@@ -204,10 +200,4 @@ void Options::SwapCaptureCommands()
         return;
     frame_.EnableCommand(Command::Save, state.NoCap);
     frame_.EnableCommand(Command::Capture, !state.NoCap);
-}
-
-void Options::done(int result)
-{
-    if (FadeAtClosing(*this, frame_.State()))
-        DialogForm::done(result);
 }

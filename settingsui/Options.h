@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/FormDialog.h"
 #include "app/Talk.h"
 #include "settingsui/OptionFields.h"
-#include "toolkit/DialogForm.h"
 
 class AutoNamePage;
 class Frame;
@@ -14,14 +14,12 @@ class cSetDfltPrinter;
 /// Shows and edits the settings on eight pages. Modal. What is not saved by its one button is dropped, except
 /// by the controls that keep their value at once: groups of radio buttons but that of the background, the
 /// switches for the folder and the shadow, and what is browsed for or chosen in the font dialog.
-class Options : public DialogForm {
+class Options : public FormDialog {
     Q_OBJECT
 
 public:
     /// The printer's changer keeps what was chosen for as long as it lives.
     Options(Frame& frame, QWidget* owner, cSetDfltPrinter& defaultPrinter, AskColor askColor);
-
-    void done(int result) override;
 
 private:
     void Build(cSetDfltPrinter& defaultPrinter, AskColor askColor);

@@ -3,6 +3,7 @@
 #include "settingsui/NumberLine.h"
 #include "settingsui/OptionFields.h"
 #include "toolkit/Button_XP.h"
+#include "toolkit/Style.h"
 #include "toolkit/xpcheckbox.h"
 #include "toolkit/xpradiobutton.h"
 
@@ -23,16 +24,16 @@ OptionsPage::OptionsPage(OptionFields& fields)
     : fields_(fields)
     , column_(new QVBoxLayout(this))
 {
-    column_->setContentsMargins(3 * Gap, 3 * Gap, 3 * Gap, 3 * Gap);
-    column_->setSpacing(2 * Gap);
+    column_->setContentsMargins(3 * Grid, 3 * Grid, 3 * Grid, 3 * Grid);
+    column_->setSpacing(2 * Grid);
 }
 
 QVBoxLayout& OptionsPage::AddGroup(QBoxLayout& layout, const char* heading)
 {
     auto* group = new QGroupBox(QLatin1String(heading), this);
     auto* column = new QVBoxLayout(group);
-    column->setContentsMargins(Gap, Gap, Gap, Gap);
-    column->setSpacing(Gap);
+    column->setContentsMargins(Grid, Grid, Grid, Grid);
+    column->setSpacing(Grid);
     layout.addWidget(group);
     return *column;
 }
@@ -40,7 +41,7 @@ QVBoxLayout& OptionsPage::AddGroup(QBoxLayout& layout, const char* heading)
 QBoxLayout& OptionsPage::AddRow(QBoxLayout& layout)
 {
     auto* row = new QHBoxLayout;
-    row->setSpacing(2 * Gap);
+    row->setSpacing(2 * Grid);
     layout.addLayout(row);
     return *row;
 }
@@ -105,12 +106,12 @@ NumberLine* OptionsPage::AddNumber(QGridLayout& grid, int line, const NumberRow&
     auto* box = new QLineEdit(this);
     Name(*box, row.box, row.spoken, row.tip);
     box->setAlignment(Qt::AlignRight);
-    box->setFixedWidth(fontMetrics().averageCharWidth() * NumberColumns + 4 * Gap);
+    box->setFixedWidth(fontMetrics().averageCharWidth() * NumberColumns + 4 * Grid);
     auto* slider = new QSlider(Qt::Horizontal, this);
     Name(*slider, row.slider, row.spoken, row.tip);
     slider->setRange(row.min, row.max);
     slider->setPageStep(row.max / PagesOfSlider);
-    grid.setHorizontalSpacing(2 * Gap);
+    grid.setHorizontalSpacing(2 * Grid);
     grid.setColumnStretch(3, 1);
     grid.addWidget(new QLabel(QLatin1String(row.before), this), line, 0);
     grid.addWidget(box, line, 1);

@@ -63,7 +63,6 @@ public:
     explicit OptionsPage(OptionFields& fields);
 
 protected:
-    static constexpr int Gap = 4; ///< the grid
     /// When a choice among radio buttons is kept: at once, or by the save only.
     enum class Kept { AtOnce, BySave };
 

@@ -1,9 +1,9 @@
 #include "settingsui/Power.h"
 
 #include "app/ApplicationState.h"
-#include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "toolkit/HeadButtons.h"
+#include "toolkit/Style.h"
 #include "toolkit/xpcheckbox.h"
 
 #include <QGridLayout>
@@ -13,7 +13,6 @@
 
 namespace {
 
-constexpr int Gap = 4; // the grid
 constexpr int Columns = 2;
 constexpr QPoint FromCorner(24, 64); ///< of the frame's window: below its title and beside its edge
 
@@ -65,24 +64,20 @@ const std::array<Power::Row, 8> Power::Rows { {
 } };
 
 Power::Power(Frame& frame)
-    : DialogForm(frame.FrameWindow())
+    : FormDialog(frame.State(), frame.FrameWindow(), QStringLiteral("Power"))
     , frame_(frame)
 {
-    setObjectName(QStringLiteral("Power"));
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
     setAttribute(Qt::WA_DeleteOnClose);
     SetTitle(QStringLiteral("Control Panel"));
     Build();
-    AddShadow(*this, frame_.State());
     Fill();
     Bind();
-    frame_.State().ApplyToolTips(*this);
+    Dress();
 }
 
 void Power::Build()
 {
-    static constexpr FormButton<Power> CloseButton { 0, Face::Close, "Close", "Close control panel",
-        [](Power& form) { form.close(); } };
     auto* restore = new smallXPbuttons(this);
     restore->setObjectName(QStringLiteral("smallXPbuttons1"));
     restore->SetFace(Face::Undo);
@@ -90,13 +85,13 @@ void Power::Build()
     restore->setProperty("Tag", QStringLiteral("Restore"));
     connect(restore, &smallXPbuttons::Click, this, &Power::Fill);
     Head().AddButton(restore);
-    Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
+    AddCloseButton("Close", "Close control panel");
 
     auto* body = new QWidget(this);
     auto* grid = new QGridLayout(body);
-    grid->setContentsMargins(3 * Gap, 2 * Gap, 3 * Gap, 2 * Gap);
-    grid->setHorizontalSpacing(4 * Gap);
-    grid->setVerticalSpacing(Gap);
+    grid->setContentsMargins(3 * Grid, 2 * Grid, 3 * Grid, 2 * Grid);
+    grid->setHorizontalSpacing(4 * Grid);
+    grid->setVerticalSpacing(Grid);
     const int lines = int(Rows.size()) / Columns;
     for (int i = 0; i < int(Rows.size()); ++i) {
         auto* box = new xpcheckbox(body);
@@ -141,10 +136,4 @@ void Power::Open()
     show();
     raise();
     activateWindow();
-}
-
-void Power::done(int result)
-{
-    if (FadeAtClosing(*this, frame_.State()))
-        DialogForm::done(result);
 }

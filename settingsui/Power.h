@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/DialogForm.h"
+#include "app/FormDialog.h"
 
 #include <array>
 
@@ -9,7 +9,7 @@ class xpcheckbox;
 
 /// A small window with the settings that are switched most. What is switched here holds for the run: nothing
 /// is stored. Deletes itself when it is closed.
-class Power : public DialogForm {
+class Power : public FormDialog {
     Q_OBJECT
 
 public:
@@ -17,8 +17,6 @@ public:
 
     /// Shows it in front; a new one comes up at the upper right of the frame's window.
     void Open();
-
-    void done(int result) override;
 
 private:
     struct Row;

@@ -42,9 +42,9 @@ PrintPage::PrintPage(Frame& frame, OptionFields& fields, cSetDfltPrinter& defaul
     , AAPrintPicture1(new AAPrintPicture(frame, this))
 {
     QBoxLayout& halves = AddRow(Column());
-    halves.setSpacing(4 * Gap);
+    halves.setSpacing(4 * Grid);
     auto* left = new QVBoxLayout;
-    left->setSpacing(2 * Gap);
+    left->setSpacing(2 * Grid);
     halves.addLayout(left, 1);
     for (const BoxRow& row : Boxes)
         AddBox(*left, row);
@@ -93,7 +93,7 @@ void PrintPage::BuildPrinters(QBoxLayout& layout)
     QVBoxLayout& group = AddGroup(layout, "Select Default Printer");
     List1 = new QListWidget(this);
     Name(*List1, "List1", "Printers", "The printers of this system.");
-    List1->setMinimumHeight(fontMetrics().lineSpacing() * PrinterRows + 4 * Gap);
+    List1->setMinimumHeight(fontMetrics().lineSpacing() * PrinterRows + 4 * Grid);
     List1->setMinimumWidth(0);
     group.addWidget(List1, 1);
     whyNone_ = new QLabel(this);

@@ -10,6 +10,7 @@
 #include "text/GetFonts.h"
 #include "toolkit/Button_XP.h"
 #include "toolkit/ElidedLabel.h"
+#include "toolkit/Style.h"
 #include "toolkit/SystemColors.h"
 #include "toolkit/xpcheckbox.h"
 
@@ -75,7 +76,7 @@ void WatermarkPage::BuildWords()
     Text1 = new QPlainTextEdit(this);
     Name(*Text1, "Text1", "Text on captures", "The words in the font and colour that captures get.");
     Text1->setTabChangesFocus(true);
-    Text1->setFixedHeight(fontMetrics().lineSpacing() * TextLines + 4 * Gap);
+    Text1->setFixedHeight(fontMetrics().lineSpacing() * TextLines + 4 * Grid);
     Column().addWidget(Text1);
     Fields().Add(Key::sFontText, FieldOf(*Text1));
 }
@@ -122,7 +123,7 @@ void WatermarkPage::BuildFont()
 
 void WatermarkPage::BuildShadow(QBoxLayout& row)
 {
-    row.addSpacing(2 * Gap);
+    row.addSpacing(2 * Grid);
     xpcheckbox5 = AddBox(row, { Key::UseShadows, "xpcheckbox5", "", "The text's shadow." });
     xpcheckbox5->setAccessibleName(QStringLiteral("Shadow"));
     LabelShadow = new QLabel(this);

@@ -62,7 +62,8 @@ void FullS::Build()
 /// The file may hold something else by now, or be gone: then the picture stands still.
 void FullS::LoadPages()
 {
-    IgnoreErrors([&] { pages_ = OpenUserPages(frame_.State().CurrentFile); });
+    IgnoreErrors(
+        [&] { pages_ = OpenUserPages(frame_.State().CurrentFile, [this] { frame_.PumpPaintEvents(); }); });
     if (pages_.size() < 2 || pages_.front().picture != picture_.convertToFormat(QImage::Format_ARGB32))
         pages_.clear();
     pageTimer_.setObjectName(QStringLiteral("PageTimer"));

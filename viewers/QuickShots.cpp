@@ -215,7 +215,7 @@ void QuickShots::closeEvent(QCloseEvent* event)
     frame_.State().QuickShotsOpen = false;
     frame_.State().SelectedBitmap = {};
     const QPointer<QuickShots> alive(this);
-    FadeAtClosing(*this, frame_.State());
+    FadeAtClosing(*this, frame_.State()); // shown again or not: what comes next goes to a strip of its own
     if (alive)
         ChildForm::closeEvent(event);
 }

@@ -232,7 +232,8 @@ void Viewer::closeEvent(QCloseEvent* event)
             state.Tools->close(); // they have nothing left to work on
     }
     const QPointer<Viewer> alive(this);
-    FadeAtClosing(*this, frame_.State());
+    FadeAtClosing(
+        *this, frame_.State()); // its answer is known: nobody shows one again that is on its way out
     if (alive)
         ChildForm::closeEvent(event);
 }

@@ -8,6 +8,7 @@
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -26,7 +27,7 @@ constexpr Limit Limits[] = {
     { RLIMIT_CORE, 0 },
 };
 
-/// Memory, clocks, signals to itself and its own end.
+/// Memory, clocks and its own end; a few more only with certain values.
 constexpr int Allowed[] = {
     SCMP_SYS(brk),
     SCMP_SYS(munmap),
@@ -46,7 +47,6 @@ constexpr int Allowed[] = {
     SCMP_SYS(sched_getaffinity),
     SCMP_SYS(getpid),
     SCMP_SYS(gettid),
-    SCMP_SYS(tgkill),
     SCMP_SYS(rt_sigaction),
     SCMP_SYS(rt_sigprocmask),
     SCMP_SYS(rt_sigreturn),
@@ -64,12 +64,14 @@ bool FilterCalls()
     const std::unique_ptr<void, decltype(&seccomp_release)> filter(
         seccomp_init(SCMP_ACT_ERRNO(EPERM)), &seccomp_release);
     const auto allow = [&](int call) { return seccomp_rule_add(filter.get(), SCMP_ACT_ALLOW, call, 0) == 0; };
-    const auto allowWithoutCode = [&](int call) {
-        const scmp_arg_cmp isNoCode = SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0);
-        return seccomp_rule_add(filter.get(), SCMP_ACT_ALLOW, call, 1, isNoCode) == 0;
+    const auto allowOnly = [&](int call, const scmp_arg_cmp& values) {
+        return seccomp_rule_add(filter.get(), SCMP_ACT_ALLOW, call, 1, values) == 0;
     };
-    return filter && std::ranges::all_of(Allowed, allow) && allowWithoutCode(SCMP_SYS(mmap))
-        && allowWithoutCode(SCMP_SYS(mprotect)) && seccomp_load(filter.get()) == 0;
+    const scmp_arg_cmp isNoCode = SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0);
+    const scmp_arg_cmp isThisProcess = SCMP_A0(SCMP_CMP_EQ, scmp_datum_t(getpid()));
+    return filter && std::ranges::all_of(Allowed, allow) && allowOnly(SCMP_SYS(mmap), isNoCode)
+        && allowOnly(SCMP_SYS(mprotect), isNoCode) && allowOnly(SCMP_SYS(tgkill), isThisProcess)
+        && seccomp_load(filter.get()) == 0;
 #endif
 }
 
@@ -77,10 +79,11 @@ bool FilterCalls()
 
 bool ConfineThisProcess()
 {
+    constexpr unsigned firstOfOthers = STDERR_FILENO + 1;
     const auto set = [](const Limit& limit) {
         const rlimit both { limit.value, limit.value };
         return setrlimit(limit.resource, &both) == 0;
     };
-    return prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 && prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0
-        && std::ranges::all_of(Limits, set) && FilterCalls();
+    return close_range(firstOfOthers, ~0U, 0) == 0 && prctl(PR_SET_PDEATHSIG, SIGKILL) == 0
+        && prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && std::ranges::all_of(Limits, set) && FilterCalls();
 }

@@ -11,6 +11,9 @@
 #include <sys/mman.h>
 #include <sys/stat.h>
 
+using imaging::PagesAnswer;
+using imaging::ReaderAnswer;
+
 namespace {
 
 struct Mapped {
@@ -30,21 +33,21 @@ Mapped Map(const char* descriptor, int protection)
 
 template <typename Kind> void Refuse(Kind& answer, const char* reason)
 {
-    std::strncpy(answer.reason, reason, Answer::MaxReason - 1);
+    std::strncpy(answer.reason, reason, ReaderAnswer::MaxReason - 1);
 }
 
 void Give(Mapped out, const QImage& picture)
 {
-    Answer& answer = *static_cast<Answer*>(out.bytes);
-    const qsizetype row = RowBytes(picture.width(), picture.depth());
-    if (row * picture.height() > out.size - Answer::PixelsAt)
+    ReaderAnswer& answer = *static_cast<ReaderAnswer*>(out.bytes);
+    const qsizetype row = imaging::RowBytes(picture.width(), picture.depth());
+    if (row * picture.height() > out.size - ReaderAnswer::PixelsAt)
         return Refuse(answer, "The picture is damaged or incomplete."); // larger than its own header says
     answer.width = picture.width();
     answer.height = picture.height();
     answer.format = picture.format();
     answer.colours = qint32(picture.colorCount());
     std::ranges::copy(picture.colorTable(), answer.palette);
-    auto* to = static_cast<char*>(out.bytes) + Answer::PixelsAt;
+    auto* to = static_cast<char*>(out.bytes) + ReaderAnswer::PixelsAt;
     for (int y = 0; y < picture.height(); ++y, to += row)
         std::memcpy(to, picture.constScanLine(y), size_t(std::min(row, picture.bytesPerLine())));
 }
@@ -70,7 +73,7 @@ template <typename Kind, typename Decode> void Answering(Mapped out, Decode&& de
     try {
         imaging::PictureFile::Initialise();
         if (!ConfineThisProcess())
-            std::_Exit(EXIT_FAILURE);
+            std::_Exit(imaging::ReaderNotConfined);
         decode();
     } catch (const imaging::PictureError& error) {
         Refuse(*static_cast<Kind*>(out.bytes), error.what());
@@ -85,12 +88,12 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
     const int pages = argc == 4 ? std::atoi(argv[3]) : 0;
     const Mapped in = Map(argv[1], PROT_READ), out = Map(argv[2], PROT_READ | PROT_WRITE);
-    if (!in.bytes || !out.bytes || out.size < (pages > 0 ? PagesAnswer::PixelsAt : Answer::PixelsAt))
+    if (!in.bytes || !out.bytes || out.size < (pages > 0 ? PagesAnswer::PixelsAt : ReaderAnswer::PixelsAt))
         return EXIT_FAILURE;
     const QByteArray file = QByteArray::fromRawData(static_cast<char*>(in.bytes), in.size);
     if (pages > 0)
         Answering<PagesAnswer>(out, [&] { GivePages(out, imaging::PictureFile::DecodePages(file, pages)); });
     else
-        Answering<Answer>(out, [&] { Give(out, imaging::PictureFile::Decode(file)); });
+        Answering<ReaderAnswer>(out, [&] { Give(out, imaging::PictureFile::Decode(file)); });
     std::_Exit(EXIT_SUCCESS); // the libraries' farewells want what was given up
 }

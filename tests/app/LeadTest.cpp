@@ -422,8 +422,16 @@ TEST_F(LeadTest, WithoutBackEraseTheGroundIsLeftAlone)
 
 TEST_F(LeadTest, FlagsAndModesHaveTheirNumbers)
 {
+    EXPECT_EQ(Lead::PasteTake, 0);
     EXPECT_EQ(Lead::PasteTest, 16384);
+    EXPECT_EQ(Lead::SizePlain, 0);
+    EXPECT_EQ(Lead::SizeSmooth, 1);
+    EXPECT_EQ(Lead::UnderlayTile, 0);
+    EXPECT_EQ(Lead::UnderlayStretch, 1);
+    EXPECT_EQ(Lead::ScaleTwips, 1);
     EXPECT_EQ(Lead::ScalePixels, 3);
+    EXPECT_EQ(Lead::ActualSize, 0);
+    EXPECT_EQ(Lead::ZoomSize, 4);
 }
 
 TEST_F(LeadTest, MuchSmallerAPictureShowsTheMeanOfThePixelsThatFallTogether)

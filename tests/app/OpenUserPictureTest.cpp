@@ -21,7 +21,7 @@ protected:
     QString Path(const char* name) const { return folder_.filePath(QLatin1String(name)); }
     QString Refusal(const char* name) const
     {
-        return ReasonOf([&] { OpenUserPicture(Path(name)); });
+        return ReasonOf([&] { OpenUserPicture(Path(name), [] {}); });
     }
 };
 
@@ -33,7 +33,7 @@ TEST_F(OpenUserPictureTest, APictureComesAtItsOwnDepthWhateverItsName)
     picture.fill(QColor(10, 200, 30));
     ASSERT_TRUE(
         MakeFile(Path("%s|msl:x.txt"), imaging::PictureFile::Encode(picture, imaging::Png, 24, 0).Joined()));
-    EXPECT_EQ(OpenUserPicture(Path("%s|msl:x.txt")), picture);
+    EXPECT_EQ(OpenUserPicture(Path("%s|msl:x.txt"), [] {}), picture);
 }
 
 TEST_F(OpenUserPictureTest, WhatIsNoPictureIsRefusedInWords)

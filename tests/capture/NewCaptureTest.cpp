@@ -1,6 +1,8 @@
 #include "capture/NewCapture.h"
 
+#include "tests/testing/EditSamples.h"
 #include "tests/testing/FakeCapture.h"
+#include "tests/testing/ReasonOf.h"
 
 #include <gtest/gtest.h>
 
@@ -8,9 +10,7 @@ namespace {
 
 QImage Filled(QColor color)
 {
-    QImage picture(20, 10, QImage::Format_BGR888);
-    picture.fill(color);
-    return picture;
+    return EditSamples::Filled(color, { 20, 10 });
 }
 
 class NewCaptureTest : public testing::Test {
@@ -24,8 +24,7 @@ protected:
     }
     void Open(const char* opThumb)
     {
-        ASSERT_TRUE(frame.state.Settings.SaveSetting(
-            QStringLiteral("Options"), QStringLiteral("OpThumb"), QLatin1String(opThumb)));
+        ASSERT_TRUE(frame.Store("OpThumb", opThumb));
         ShowEdited(frame, Reader::Tools, Filled(Qt::green));
     }
     QStringList Opened()
@@ -72,4 +71,38 @@ TEST_F(NewCaptureTest, With0AndAnEmptyClipboardTheThumbnailIsWhatWasHeldAndSavin
     EXPECT_EQ(frame.hold.Bitmap(), Filled(Qt::blue));
     EXPECT_FALSE(frame.enabled.value(Command::Save));
     EXPECT_EQ(Opened().first(), QStringLiteral("AddThumbnail"));
+}
+
+TEST_F(NewCaptureTest, AnotherSettingShowsItNowhere)
+{
+    Open("3");
+    EXPECT_EQ(Opened(), QStringList());
+    EXPECT_TRUE(opened.lead.Bitmap().isNull());
+}
+
+TEST_F(NewCaptureTest, AClipboardThatGivesNothingStillLeavesAThumbnailOfWhatWasHeldAndIsTold)
+{
+    frame.hold.SetBitmap(Filled(Qt::blue));
+    frame.clipboard.picture = Filled(Qt::red);
+    frame.clipboard.givesNone = true;
+    EXPECT_EQ(ReasonOf([this] { Open("0"); }), QStringLiteral("There is no picture on the clipboard."));
+    EXPECT_EQ(Opened(), QStringList({ QStringLiteral("AddThumbnail"), QStringLiteral("ShowThumbnails") }));
+    EXPECT_EQ(frame.hold.Bitmap(), Filled(Qt::blue));
+}
+
+TEST_F(NewCaptureTest, WithoutItsWindowAnEditStillComesOnTheStripAndTheFailureIsTold)
+{
+    frame.whenViewerOpens = {};
+    EXPECT_EQ(ReasonOf([this] { Open("1"); }), QStringLiteral("The new capture window was closed."));
+    EXPECT_TRUE(Opened().contains(QStringLiteral("AddThumbnail")));
+    EXPECT_FALSE(frame.enabled.value(Command::Save));
+}
+
+TEST_F(NewCaptureTest, ACaptureFromTheClipboardEndsWithTheFirstFailure)
+{
+    frame.clipboard.picture = Filled(Qt::red);
+    frame.clipboard.givesNone = true;
+    ASSERT_TRUE(frame.Store("OpThumb", "0"));
+    EXPECT_FALSE(ReasonOf([this] { ShowNewCapture(frame, Reader::Capture); }).isEmpty());
+    EXPECT_EQ(Opened(), QStringList());
 }

@@ -9,7 +9,7 @@ namespace {
 
 int Code(EdgeFilter filter, int filterType, int filterDirection)
 {
-    return SpatialCodeOf(EdgeFilterRows[size_t(filter)], filterType, filterDirection);
+    return int(SpatialCodeOf(EdgeFilterRows[size_t(filter)], filterType, filterDirection));
 }
 
 } // namespace
@@ -28,6 +28,7 @@ TEST(EdgeFiltersTest, ShiftIsAlways27)
 {
     EXPECT_EQ(Code(EdgeFilter::Shift, 0, 0), 27);
     EXPECT_EQ(Code(EdgeFilter::Shift, 1, 0), 27) << "with \"Vertical\" too";
+    EXPECT_EQ(Code(EdgeFilter::Shift, 2, 0), 28) << "of a type that nobody gives";
 }
 
 TEST(EdgeFiltersTest, EdgeGoesByTheDirection)
@@ -41,12 +42,12 @@ TEST(EdgeFiltersTest, EdgeGoesByTheDirection)
 TEST(EdgeFiltersTest, ThePictureControlKnowsEveryCode)
 {
     for (const EdgeFilterRow& row : EdgeFilterRows) {
-        for (const int code : row.codes) {
-            if (code == 0)
+        for (const SpatialCode code : row.codes) {
+            if (code == SpatialCode()) // of a direction that the filter does not read
                 continue;
             Lead lead;
             lead.SetBitmap(QImage(4, 4, QImage::Format_BGR888));
-            EXPECT_NO_THROW(lead.SpatialFilter(code)) << code;
+            EXPECT_NO_THROW(lead.SpatialFilter(int(code))) << int(code);
         }
     }
 }

@@ -2,11 +2,13 @@
 
 #include "app/Lead.h"
 
+#include <climits>
 #include <gtest/gtest.h>
 
 namespace {
 
 struct Expected {
+    const char* button;
     const char* label;
     int min;
     int max;
@@ -14,18 +16,18 @@ struct Expected {
     int largeStep;
 };
 constexpr Expected Table[] = {
-    { "Contrast", -1000, 1000, 0, 10 },
-    { "Brightness", -1000, 1000, 0, 10 },
-    { "Hue", -180, 180, 0, 30 },
-    { "Saturation", -1000, 1000, 0, 10 },
-    { "Gamma", 1, 500, 100, 10 },
-    { "Sharpen", -1000, 1000, 100, 10 },
-    { "Oil", 2, 20, 2, 1 },
-    { "Emboss", 0, 1000, 2, 1 },
-    { "Mosaic", 0, 1000, 3, 5 },
-    { "Posterize", 2, 64, 2, 5 },
-    { "Median", 2, 25, 3, 5 },
-    { "Solarize", 0, 255, 3, 5 },
+    { "ImageBut(0)", "Contrast", -1000, 1000, 0, 10 },
+    { "ImageBut(1)", "Brightness", -1000, 1000, 0, 10 },
+    { "ImageBut(2)", "Hue", -180, 180, 0, 30 },
+    { "ImageBut(3)", "Saturation", -1000, 1000, 0, 10 },
+    { "ImageBut(4)", "Gamma", 1, 500, 100, 10 },
+    { "ImageBut(5)", "Sharpen", -1000, 1000, 100, 10 },
+    { "EffectBut(0)", "Oil", 2, 20, 2, 1 },
+    { "EffectBut(1)", "Emboss", 0, 1000, 2, 1 },
+    { "EffectBut(2)", "Mosaic", 0, 1000, 3, 5 },
+    { "EffectBut(3)", "Posterize", 2, 64, 2, 5 },
+    { "EffectBut(4)", "Median", 2, 25, 3, 5 },
+    { "EffectBut(5)", "Solarize", 0, 255, 3, 5 },
 };
 
 QImage Ramp()
@@ -50,6 +52,7 @@ TEST(EffectRowsTest, TheTwelveRowsHaveTheirRangesStartsAndSteps)
     for (size_t index = 0; index < EffectRowCount; ++index) {
         const EffectRow& row = EffectRows()[index];
         const Expected& expected = Table[index];
+        EXPECT_STREQ(row.button, expected.button);
         EXPECT_STREQ(row.label, expected.label);
         EXPECT_EQ(row.min, expected.min) << row.label;
         EXPECT_EQ(row.max, expected.max) << row.label;
@@ -115,6 +118,16 @@ TEST(AnswerTextTest, ATextInTheRangeStandsAsItIs)
         EXPECT_EQ(AnswerText::Held(QLatin1String(text), Row(Contrast)), QLatin1String(text));
     EXPECT_EQ(AnswerText::Number(QStringLiteral("12 percent")), 12);
     EXPECT_EQ(AnswerText::Number(QString()), 0);
+}
+
+TEST(AnswerTextTest, DecimalsAreReadAndRoundedAHalfToTheEvenNumber)
+{
+    const std::pair<const char*, int> cases[] { { "2.4", 2 }, { "2.6", 3 }, { "2.5", 2 }, { "3.5", 4 },
+        { "-1.5", -2 }, { ".7", 1 }, { "5.", 5 }, { "1.9 percent", 2 }, { "99999999999", INT_MAX } };
+    for (const auto& [text, number] : cases)
+        EXPECT_EQ(AnswerText::Number(QLatin1String(text)), number) << text;
+    EXPECT_EQ(AnswerText::Held(QStringLiteral("1000.2"), Row(Contrast)), QStringLiteral("1000"));
+    EXPECT_EQ(AnswerText::Held(QStringLiteral("999.6"), Row(Contrast)), QStringLiteral("999.6"));
 }
 
 TEST(AnswerTextTest, DigitsBelowTheRangeMayBeTheBeginningOfANumber)

@@ -58,7 +58,7 @@ TEST(NewSizeTest, WhatIsTypedStandsWhereTheOtherSideCannotMatchItExactly)
     TypeKeys(size, Width, QStringLiteral("1000"));
     EXPECT_EQ(size.BoxOf(Width), QStringLiteral("1000"));
     EXPECT_EQ(size.BarOf(Width).value, 1000);
-    EXPECT_NEAR(size.BarOf(Height).value, 562.5, 0.5);
+    EXPECT_EQ(size.BarOf(Height).value, 563);
 }
 
 TEST(NewSizeTest, AHeightOutsideItsBarIsNotTaken)
@@ -96,6 +96,7 @@ TEST(NewSizeTest, ANumberBeyondTheBarMovesNothingAndBecomes32767WhenAccepted)
     EXPECT_TRUE(size.HoldBoxes());
     EXPECT_EQ(size.BoxOf(Width), QStringLiteral("32767"));
     EXPECT_EQ(size.BarOf(Width).value, 16384);
+    EXPECT_EQ(size.BarOf(Height).value, 3000) << "as the last number of the range left it";
     EXPECT_FALSE(size.IsAcceptable()) << "32767 is above the bar's end";
 }
 

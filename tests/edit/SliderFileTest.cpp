@@ -1,6 +1,8 @@
 #include "edit/SliderFile.h"
 
 #include "app/ControlError.h"
+#include "tests/testing/Files.h"
+#include "tests/testing/OrdinaryUser.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -11,22 +13,14 @@ namespace {
 
 constexpr SliderFile::Values Values { -1000, 12, -180, 0, 100, 5, 2, 3, 4, 64, 25, 255 };
 
+constexpr QFile::Permissions EverythingToEverybody { 0x7777 };
+
 class SliderFileTest : public testing::Test {
 protected:
     QTemporaryDir folder;
     QString path = folder.filePath(QStringLiteral("Settings.Ini"));
 
-    void Write(const QByteArray& bytes)
-    {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(bytes), bytes.size());
-    }
-    QByteArray Written()
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-    }
+    void Write(const QByteArray& bytes) { ASSERT_TRUE(MakeFile(path, bytes)); }
 };
 
 } // namespace
@@ -34,7 +28,7 @@ protected:
 TEST_F(SliderFileTest, TheFileHasOneNumberALineAndNothingElse)
 {
     SliderFile::Save(path, Values);
-    EXPECT_EQ(Written(), "-1000\r\n12\r\n-180\r\n0\r\n100\r\n5\r\n2\r\n3\r\n4\r\n64\r\n25\r\n255\r\n");
+    EXPECT_EQ(FileBytes(path), "-1000\r\n12\r\n-180\r\n0\r\n100\r\n5\r\n2\r\n3\r\n4\r\n64\r\n25\r\n255\r\n");
 }
 
 TEST_F(SliderFileTest, WhatIsSavedIsLoaded)
@@ -90,9 +84,13 @@ TEST_F(SliderFileTest, AThirteenthLineIsAFailure)
 TEST_F(SliderFileTest, AProtectedFileKeepsItsContent)
 {
     Write("old");
+    ASSERT_TRUE(QFile::setPermissions(folder.path(), EverythingToEverybody));
     ASSERT_TRUE(QFile::setPermissions(path, QFile::ReadOwner));
-    SliderFile::Save(path, Values);
-    EXPECT_EQ(Written(), "old");
+    {
+        const OrdinaryUser user;
+        SliderFile::Save(path, Values);
+    }
+    EXPECT_EQ(FileBytes(path), "old");
 }
 
 TEST_F(SliderFileTest, AFileThatCannotBeWrittenIsNoFailure)

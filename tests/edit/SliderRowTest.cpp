@@ -113,5 +113,48 @@ TEST(SliderRowTest, TheButtonAndEnterApply)
     QSignalSpy applied(&row, &SliderRow::Apply);
     QTest::mouseClick(row.findChild<QWidget*>(QStringLiteral("ImageBut(0)")), Qt::LeftButton);
     QTest::keyClick(&row.Box(), Qt::Key_Return);
-    EXPECT_EQ(applied.count(), 2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return applied.count() == 2; }));
+}
+
+TEST(SliderRowTest, EnterIsToldOnceTheBoxIsDoneWithIt)
+{
+    Shown row(Contrast);
+    QSignalSpy applied(&row, &SliderRow::Apply);
+    QObject::connect(&row.Box(), &QLineEdit::editingFinished, [&] { EXPECT_EQ(applied.count(), 0); });
+    QTest::keyClick(&row.Box(), Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return applied.count() == 1; }));
+}
+
+TEST(SliderRowTest, WhatIsTypedStandsUntilTypingEndsAndIsTheSlidersNumberThen)
+{
+    Shown row(Contrast);
+    row.Type("007 or so");
+    EXPECT_EQ(row.Value(), 7);
+    EXPECT_EQ(row.Box().text(), QStringLiteral("007 or so"));
+    QTest::keyClick(&row.Box(), Qt::Key_Return);
+    row.Expect(7);
+}
+
+TEST(SliderRowTest, AMoveOfTheSliderReplacesATextOfItsOwnNumberToo)
+{
+    Shown row(Gamma);
+    row.SetValue(140);
+    row.SetText(QStringLiteral("141 as usual"));
+    row.Expect(141);
+}
+
+TEST(SliderRowTest, PassingThroughTheBoxLeavesALoadedText)
+{
+    Shown row(Gamma);
+    row.SetText(QStringLiteral("100 as usual"));
+    row.Box().setFocus();
+    row.Slider().setFocus();
+    EXPECT_EQ(row.Box().text(), QStringLiteral("100 as usual"));
+}
+
+TEST(SliderRowTest, DecimalsAreRounded)
+{
+    Shown row(Gamma);
+    row.Type("120.6");
+    EXPECT_EQ(row.Value(), 121);
 }

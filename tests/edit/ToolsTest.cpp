@@ -2,26 +2,27 @@
 
 #include "edit/Resize.h"
 #include "tests/testing/AccessFaults.h"
+#include "tests/testing/EditSamples.h"
 #include "tests/testing/FakeCapture.h"
 #include "tests/testing/RunningDialog.h"
+#include "toolkit/ucShadow.h"
 #include "toolkit/xpcheckbox.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
 #include <QSlider>
+#include <QTimer>
 
 #include <gtest/gtest.h>
+
+using EditSamples::Done;
 
 namespace {
 
 QImage Ramp(QSize size = { 12, 8 })
 {
-    QImage picture(size, QImage::Format_BGR888);
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x)
-            picture.setPixelColor(x, y, QColor((x * 19) % 256, (y * 29) % 256, 77));
-    return picture;
+    return EditSamples::Ramp(size);
 }
 
 class ToolsTest : public testing::Test {
@@ -48,6 +49,14 @@ protected:
         tools->LTools(&capture.form);
     }
 
+    /// As on a desktop where windows can be seen through.
+    void LetFade()
+    {
+        frame.state.FadeOuts = true;
+        delete tools->findChild<ucShadow*>(QString(), Qt::FindDirectChildrenOnly);
+        new ucShadow(tools, [] { return Compositing { .windows = true, .children = true, .themes = true }; });
+    }
+
     template <typename Widget = QWidget> Widget* Find(const char* name)
     {
         return tools->findChild<Widget*>(QLatin1String(name));
@@ -55,13 +64,6 @@ protected:
     void Click(const char* name) { QTest::mouseClick(Find(name), Qt::LeftButton); }
     QSlider& Slider(int index) { return *Find<QSlider>(index == 0 ? "HSlider1(0)" : "HSlider1(1)"); }
     QString ReadOut(const char* name) { return Find<QLabel>(name)->text(); }
-    static QImage Done(QImage picture, void (*operation)(Lead&))
-    {
-        Lead lead;
-        lead.SetBitmap(picture);
-        operation(lead);
-        return lead.Bitmap();
-    }
     void ResizeTo(const char* width, bool resample = false)
     {
         WhenOpen<Resize>([=](Resize& form) {
@@ -71,11 +73,6 @@ protected:
             QTest::mouseClick(form.findChild<QWidget*>(QStringLiteral("Ok")), Qt::LeftButton);
         });
         Click("Cmd2(0)");
-    }
-    void StoreOpThumb(const char* value)
-    {
-        ASSERT_TRUE(frame.state.Settings.SaveSetting(
-            QStringLiteral("Options"), QStringLiteral("OpThumb"), QLatin1String(value)));
     }
 };
 
@@ -88,6 +85,97 @@ TEST_F(ToolsTest, TheFlagTellsThatTheWindowIsOpen)
     tools->UnloadLTools();
     EXPECT_FALSE(frame.state.ToolsOpen);
     EXPECT_FALSE(tools && tools->isVisible());
+}
+
+TEST_F(ToolsTest, TheFlagTellsSoUntilTheWindowHasFaded)
+{
+    LetFade();
+    bool whileFading = false;
+    QTimer::singleShot(0, tools, [&] { whileFading = frame.state.ToolsOpen; });
+    tools->UnloadLTools();
+    EXPECT_TRUE(whileFading);
+    EXPECT_FALSE(frame.state.ToolsOpen);
+}
+
+TEST_F(ToolsTest, ToolsThatAreShownAgainWhileTheyFadeStayOpen)
+{
+    LetFade();
+    QTimer::singleShot(0, tools, [this] { tools->LTools(&capture.form); });
+    tools->UnloadLTools();
+    ASSERT_TRUE(tools);
+    EXPECT_TRUE(tools->isVisible());
+    EXPECT_TRUE(frame.state.ToolsOpen);
+}
+
+TEST_F(ToolsTest, TheWindowAndItsControlsBearTheirTexts)
+{
+    struct Text {
+        const char* name;
+        const char* title;
+        const char* tip;
+    };
+    constexpr Text texts[] {
+        { "Cmd2(0)", "Resize Capture", " Resize " },
+        { "Cmd2(1)", "Flip", " Flip " },
+        { "Cmd2(2)", "Rotate", " Rotate " },
+        { "Cmd2(3)", "Reverse", " Reverse " },
+        { "Cmd2(4)", "B&W", " Grayscale " },
+        { "Cmd2(5)", "Undo", " Undo " },
+        { "HSlider1(0)", "Brightness", "Brightness" },
+        { "HSlider1(1)", "Contrast", "Contrast" },
+    };
+    EXPECT_EQ(tools->windowTitle(), QStringLiteral("Graphic Edit Tools"));
+    frame.state.ToolTip = false;
+    Tools silent(frame);
+    for (const Text& text : texts) {
+        ASSERT_TRUE(Find(text.name)) << text.name;
+        EXPECT_EQ(Find(text.name)->accessibleName(), QLatin1String(text.title));
+        EXPECT_EQ(Find(text.name)->toolTip(), QLatin1String(text.tip));
+        EXPECT_EQ(silent.findChild<QWidget*>(QLatin1String(text.name))->toolTip(), QString()) << text.name;
+    }
+}
+
+TEST_F(ToolsTest, TheSlidersGoFromNoneToAHundredPercent)
+{
+    for (const int index : { 0, 1 }) {
+        EXPECT_EQ(Slider(index).minimum(), 0);
+        EXPECT_EQ(Slider(index).maximum(), 100);
+        EXPECT_EQ(Slider(index).value(), 0);
+    }
+    EXPECT_EQ(ReadOut("LblBright"), QStringLiteral("0%"));
+    EXPECT_EQ(ReadOut("Label2"), QStringLiteral("0%"));
+}
+
+TEST_F(ToolsTest, APreviewLetsOtherEventsThroughOnceWhenItStandsInTheCapture)
+{
+    QImage whenPumped;
+    frame.whenPumped = [&] { whenPumped = capture.lead.Bitmap(); };
+    Slider(1).setValue(50);
+    EXPECT_EQ(frame.log.count(QStringLiteral("PumpEvents")), 1);
+    EXPECT_EQ(whenPumped, Done(Ramp(), [](Lead& lead) { lead.Contrast(500); }));
+}
+
+TEST_F(ToolsTest, AnUndoInTheYieldOfAnotherBringsBackTheSamePicture)
+{
+    Click("Cmd2(3)");
+    Click("Cmd2(1)");
+    const QImage reversed = Done(Ramp(), [](Lead& lead) { lead.Reverse(); });
+    frame.whenPumped = [this] {
+        frame.whenPumped = {};
+        Click("Cmd2(5)");
+    };
+    Click("Cmd2(5)");
+    EXPECT_EQ(capture.lead.Bitmap(), reversed);
+    Click("Cmd2(5)");
+    EXPECT_EQ(capture.lead.Bitmap(), Ramp()) << "both were counted";
+}
+
+TEST_F(ToolsTest, ClosingInTheYieldOfAnUndoIsSafe)
+{
+    Click("Cmd2(1)");
+    frame.whenPumped = [this] { delete tools; };
+    Click("Cmd2(5)");
+    EXPECT_EQ(capture.lead.Bitmap(), Ramp());
 }
 
 TEST_F(ToolsTest, ANewWindowComesUpTenTwipsBelowTheMiddleOfTheCapture)
@@ -188,6 +276,7 @@ TEST_F(ToolsTest, TheBrightnessSliderDrivesGammaAndReadsPercent)
 {
     Slider(0).setValue(40);
     EXPECT_EQ(capture.lead.Bitmap(), Done(Ramp(), [](Lead& lead) { lead.Gamma(40); }));
+    EXPECT_NE(capture.lead.Bitmap(), Ramp());
     EXPECT_EQ(ReadOut("LblBright"), QStringLiteral("40%"));
     Slider(0).setValue(100);
     EXPECT_EQ(capture.lead.Bitmap(), Ramp()) << "the neutral point";
@@ -240,16 +329,25 @@ TEST_F(ToolsTest, UndoAfterAPreviewLeavesTheSliderWhereItIs)
 TEST_F(ToolsTest, WithoutACaptureInFrontNothingHappensAndTheUserIsTold)
 {
     frame.activeWindow = nullptr;
-    for (const char* button : { "Cmd2(0)", "Cmd2(1)", "Cmd2(5)" })
+    const auto expectTold = [this](const char* what) {
+        EXPECT_EQ(frame.status.take(StatusLabel::Operation), QStringLiteral("Click on a capture first"))
+            << what;
+        EXPECT_TRUE(frame.alerts.remove(StatusLabel::Operation)) << what;
+        EXPECT_EQ(capture.lead.Bitmap(), Ramp()) << what;
+    };
+    for (const char* button : { "Cmd2(0)", "Cmd2(1)", "Cmd2(2)", "Cmd2(3)", "Cmd2(4)", "Cmd2(5)" }) {
         Click(button);
+        expectTold(button);
+    }
     Slider(0).setValue(10);
-    EXPECT_EQ(capture.lead.Bitmap(), Ramp());
-    EXPECT_EQ(frame.status.value(StatusLabel::Operation), QStringLiteral("Click on a capture first"));
+    expectTold("brightness");
+    Slider(1).setValue(10);
+    expectTold("contrast");
 }
 
 TEST_F(ToolsTest, ResizingOpensANewCaptureAndLeavesTheOldOne)
 {
-    StoreOpThumb("2");
+    ASSERT_TRUE(frame.Store("OpThumb", "2"));
     FakeCapture opened { QImage() };
     frame.whenViewerOpens = [&] { opened.MakeActive(frame); };
     ResizeTo("6", true);
@@ -262,7 +360,7 @@ TEST_F(ToolsTest, ResizingOpensANewCaptureAndLeavesTheOldOne)
 
 TEST_F(ToolsTest, WithoutResamplingPixelsArePicked)
 {
-    StoreOpThumb("2");
+    ASSERT_TRUE(frame.Store("OpThumb", "2"));
     FakeCapture opened { QImage() };
     frame.whenViewerOpens = [&] { opened.MakeActive(frame); };
     ResizeTo("6");
@@ -289,15 +387,6 @@ TEST_F(ToolsTest, TheLastButtonOpensTheVisualEditor)
 {
     Click("ToolButtons1");
     EXPECT_EQ(frame.log.last(), QStringLiteral("OpenVisual"));
-}
-
-TEST_F(ToolsTest, TheButtonsBearTheirTipsUnlessTipsAreOff)
-{
-    EXPECT_EQ(Find("Cmd2(4)")->toolTip(), QStringLiteral(" Grayscale "));
-    EXPECT_EQ(Find("HSlider1(0)")->toolTip(), QStringLiteral("Brightness"));
-    frame.state.ToolTip = false;
-    Tools silent(frame);
-    EXPECT_EQ(silent.findChild<QWidget*>(QStringLiteral("Cmd2(4)"))->toolTip(), QString());
 }
 
 TEST_F(ToolsTest, EveryControlHasANameAndIsReachedByKeys)

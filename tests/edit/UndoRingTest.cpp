@@ -19,6 +19,14 @@ int EditOf(const QImage& picture)
     return picture.isNull() ? 0 : int(picture.pixel(0, 0) & 0xFF);
 }
 
+/// The edit whose picture an undo brings back, shown and counted.
+int Undone(UndoRing& ring)
+{
+    const int edit = EditOf(ring.Undo());
+    ring.CountUndone();
+    return edit;
+}
+
 UndoRing After(int edits)
 {
     UndoRing ring;
@@ -41,7 +49,7 @@ TEST_P(UndoOrder, UndoReadsTheRingByCount)
     EXPECT_EQ(ring.UndoCount(), GetParam().edits);
     std::string undone;
     for (int press = 0; press < 6; ++press)
-        undone += std::to_string(EditOf(ring.Undo()));
+        undone += std::to_string(Undone(ring));
     EXPECT_EQ(undone, GetParam().undone);
     EXPECT_EQ(ring.UndoCount(), 0);
     EXPECT_EQ(ring.UndoSlot(), 0);
@@ -70,19 +78,39 @@ TEST(UndoRingTest, TheFifthEditTakesTheFirstSlotAndTheCountGoesOn)
 TEST(UndoRingTest, AnUndoLeavesTheSlotSoANewEditGoesOneAboveTheOneReadNext)
 {
     UndoRing ring = After(2);
-    EXPECT_EQ(EditOf(ring.Undo()), 2);
+    EXPECT_EQ(Undone(ring), 2);
     EXPECT_EQ(ring.UndoSlot(), 2);
     ring.CopyLast(Before(3));
     EXPECT_EQ(ring.UndoSlot(), 3);
-    EXPECT_EQ(EditOf(ring.Undo()), 2) << "slot 2, not the newest in slot 3";
+    EXPECT_EQ(Undone(ring), 2) << "slot 2, not the newest in slot 3";
 }
 
 TEST(UndoRingTest, WithAllUndoneTheFirstSlotComesBackAndANewEditReplacesIt)
 {
     UndoRing ring = After(1);
-    ring.Undo();
-    EXPECT_EQ(EditOf(ring.Undo()), 1);
+    Undone(ring);
+    EXPECT_EQ(Undone(ring), 1);
     ring.CopyLast(Before(2));
     EXPECT_EQ(ring.UndoSlot(), 1);
-    EXPECT_EQ(EditOf(ring.Undo()), 2);
+    EXPECT_EQ(Undone(ring), 2);
+}
+
+TEST(UndoRingTest, AnUndoBeforeTheLastOneIsCountedGivesTheSamePicture)
+{
+    UndoRing ring = After(3);
+    EXPECT_EQ(EditOf(ring.Undo()), 3);
+    EXPECT_EQ(ring.UndoCount(), 3);
+    EXPECT_EQ(Undone(ring), 3);
+    ring.CountUndone();
+    EXPECT_EQ(ring.UndoCount(), 1);
+}
+
+TEST(UndoRingTest, TheCountNeverFallsBelowNone)
+{
+    UndoRing ring = After(1);
+    ring.Undo();
+    ring.CountUndone();
+    ring.CountUndone();
+    EXPECT_EQ(ring.UndoCount(), 0);
+    EXPECT_EQ(ring.UndoSlot(), 0);
 }

@@ -7,9 +7,11 @@
 #include "imaging/FormatTable.h"
 #include "imaging/PictureFile.h"
 #include "tests/testing/AccessFaults.h"
+#include "tests/testing/EditSamples.h"
 #include "tests/testing/FakeCapture.h"
 #include "tests/testing/Files.h"
 #include "tests/testing/MovingGif.h"
+#include "tests/testing/OrdinaryUser.h"
 #include "tests/testing/RunningDialog.h"
 
 #include <QCheckBox>
@@ -24,31 +26,11 @@
 
 #include <gtest/gtest.h>
 
+using EditSamples::Done;
+using EditSamples::Filled;
+using EditSamples::Ramp;
+
 namespace {
-
-QImage Ramp(QSize size = { 60, 40 })
-{
-    QImage picture(size, QImage::Format_BGR888);
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x)
-            picture.setPixelColor(x, y, QColor((x * 4) % 256, (y * 6) % 256, (x * y) % 256));
-    return picture;
-}
-
-QImage Filled(QColor color)
-{
-    QImage picture(16, 16, QImage::Format_BGR888);
-    picture.fill(color);
-    return picture;
-}
-
-QImage Done(QImage picture, const std::function<void(Lead&)>& operation)
-{
-    Lead lead;
-    lead.SetBitmap(picture);
-    operation(lead);
-    return lead.Bitmap();
-}
 
 class VisualTest : public testing::Test {
 protected:
@@ -102,11 +84,10 @@ protected:
         lead.Save(path, imaging::Png, 24, 0, false);
         return path;
     }
-    void StoreOpThumb(const char* value)
-    {
-        ASSERT_TRUE(frame.state.Settings.SaveSetting(
-            QStringLiteral("Options"), QStringLiteral("OpThumb"), QLatin1String(value)));
-    }
+    /// Other settings of the sliders, line by line.
+    void WriteSettings(const QByteArray& lines) { ASSERT_TRUE(MakeFile(SettingsFile(), lines)); }
+    QProgressBar& Gauge() { return Find<QProgressBar>(QStringLiteral("StatGauge")); }
+    QString Folder() { return Find<QLabel>(QStringLiteral("LblFolder")).text(); }
 };
 
 } // namespace
@@ -184,6 +165,7 @@ TEST_F(VisualTest, EveryRowAppliesItsSliderAndGoesBackToItsStart)
         EXPECT_EQ(Effect(), Done(before, [&](Lead& lead) { row.apply(lead, value, 0); })) << row.label;
         EXPECT_EQ(Slider(index).value(), row.start) << row.label;
         EXPECT_EQ(Answer(index).text(), QString::number(row.start)) << row.label;
+        EXPECT_NE(Effect(), before) << row.label;
         Click("Command18");
         EXPECT_EQ(Effect(), before) << row.label;
     }
@@ -249,6 +231,7 @@ TEST_F(VisualTest, OperationsWithoutAmountApplyAtOnce)
     for (const auto& [button, operation] : operations) {
         Click(button);
         EXPECT_EQ(Effect(), Done(Ramp(), [&](Lead& lead) { (lead.*operation)(); })) << button;
+        EXPECT_NE(Effect(), Ramp()) << button;
         Click("Command18");
         EXPECT_EQ(Effect(), Ramp()) << button;
     }
@@ -293,9 +276,22 @@ TEST_F(VisualTest, TheAngleWithResizingGrowsThePicture)
 TEST_F(VisualTest, TheLowestAngleIsAWholeTurn)
 {
     Open();
-    Find<QSlider>(QStringLiteral("Angle")).setValue(-3600);
+    QSlider& angle = Find<QSlider>(QStringLiteral("Angle"));
+    angle.setValue(-9999);
+    EXPECT_EQ(angle.value(), -3600);
     Click("AngleBut");
     EXPECT_EQ(Effect(), Done(Ramp(), [](Lead& lead) { lead.Rotate(-36000, false, Qt::white); }));
+    EXPECT_EQ(angle.value(), 0);
+}
+
+TEST_F(VisualTest, TheAngleIsSteppedOverByBack)
+{
+    Open();
+    Click("Command4");
+    Find<QSlider>(QStringLiteral("Angle")).setValue(300);
+    Click("AngleBut");
+    Click("Command18");
+    EXPECT_EQ(Effect(), Ramp()) << "before the invert";
 }
 
 TEST_F(VisualTest, BackTwiceChangesNothingMore)
@@ -379,13 +375,20 @@ TEST_F(VisualTest, CopyPutsThePictureOnTheClipboardAndIntoItsView)
 
 TEST_F(VisualTest, PasteLaysTheClipboardUnderThePicture)
 {
+    QImage halves = Filled(Qt::red);
+    for (int y = 0; y < halves.height(); ++y)
+        halves.setPixelColor(0, y, Qt::blue);
+    frame.clipboard.picture = halves;
+    const auto underlaid = [&](int flag) {
+        return Done(Ramp(), [&](Lead& lead) { lead.Underlay(halves, flag); });
+    };
+    ASSERT_NE(underlaid(Lead::UnderlayTile), underlaid(Lead::UnderlayStretch));
     Open();
     for (const auto& [option, flag] : { std::pair("Option3(0)", int(Lead::UnderlayTile)),
              std::pair("Option3(1)", int(Lead::UnderlayStretch)) }) {
         Choose(option);
         Click("Command3");
-        EXPECT_EQ(Effect(), Done(Ramp(), [f = flag](Lead& lead) { lead.Underlay(Filled(Qt::red), f); }))
-            << option;
+        EXPECT_EQ(Effect(), underlaid(flag)) << option;
         Click("Command18");
         EXPECT_EQ(Effect(), Ramp());
     }
@@ -398,6 +401,8 @@ TEST_F(VisualTest, AnotherGraphicReplacesEverything)
     frame.dialogs.openNames.push(path);
     Click("VideoSoftElastic6");
     EXPECT_EQ(frame.dialogs.title, QStringLiteral("Select Graphic To Edit"));
+    EXPECT_EQ(frame.dialogs.extension, QStringLiteral("jpg"));
+    EXPECT_EQ(frame.dialogs.owner, visual);
     for (const char* control : { "Effect", "Undos", "Original" })
         EXPECT_EQ(Control(control).Bitmap().convertToFormat(QImage::Format_RGB32),
             Filled(Qt::green).convertToFormat(QImage::Format_RGB32))
@@ -437,13 +442,14 @@ TEST_F(VisualTest, AFileThatIsNoPictureLeavesTheOriginal)
 {
     Open();
     Click("Command4");
-    QFile file(frame.folder.filePath(QStringLiteral("broken.jpg")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("no picture");
-    file.close();
-    frame.dialogs.openNames.push(file.fileName());
+    const QString path = frame.folder.filePath(QStringLiteral("broken.jpg"));
+    ASSERT_TRUE(MakeFile(path, "no picture"));
+    frame.dialogs.openNames.push(path);
     Click("VideoSoftElastic6");
     EXPECT_EQ(Effect(), Ramp());
+    EXPECT_EQ(frame.status.value(StatusLabel::Operation),
+        QStringLiteral("The file is not a picture of a known kind."));
+    EXPECT_TRUE(frame.alerts.contains(StatusLabel::Operation));
 }
 
 TEST_F(VisualTest, TheSlidersPlacesAtOpeningAnotherGraphicAreTheirNewStarts)
@@ -486,18 +492,34 @@ TEST_F(VisualTest, ACancelledResolutionLeavesThePictureYetBackStandsOnIt)
 
 TEST_F(VisualTest, SavedSlidersAreLoadedAgain)
 {
+    constexpr int values[EffectRowCount] { -300, 20, -30, 40, 50, 60, 7, 80, 90, 10, 11, 200 };
     Open();
     frame.errors.Expect(QStringLiteral(" SAVED! "), QStringLiteral("  The settings have been saved.  "));
-    Slider(0).setValue(-300);
-    Slider(11).setValue(200);
+    for (int index = 0; index < EffectRowCount; ++index)
+        Slider(index).setValue(values[index]);
     Click("Command20");
-    Slider(0).setValue(5);
-    Slider(11).setValue(5);
+    for (int index = 0; index < EffectRowCount; ++index)
+        Slider(index).setValue(5);
     Click("Command19");
-    EXPECT_EQ(Slider(0).value(), -300);
-    EXPECT_EQ(Answer(0).text(), QStringLiteral("-300"));
-    EXPECT_EQ(Slider(11).value(), 200);
+    for (int index = 0; index < EffectRowCount; ++index) {
+        EXPECT_EQ(Slider(index).value(), values[index]) << index;
+        EXPECT_EQ(Answer(index).text(), QString::number(values[index])) << index;
+    }
     EXPECT_EQ(Effect(), Ramp()) << "loading applies nothing";
+}
+
+TEST_F(VisualTest, SavedIsSaidOfAProtectedFileToo)
+{
+    WriteSettings("old");
+    ASSERT_TRUE(QFile::setPermissions(frame.state.Beside(QString()), QFile::Permissions(0x7777)));
+    ASSERT_TRUE(QFile::setPermissions(SettingsFile(), QFile::ReadOwner));
+    Open();
+    frame.errors.Expect(QStringLiteral(" SAVED! "), QStringLiteral("  The settings have been saved.  "));
+    {
+        const OrdinaryUser user;
+        Click("Command20");
+    }
+    EXPECT_EQ(FileBytes(SettingsFile()), "old");
 }
 
 TEST_F(VisualTest, SavedIsSaidEvenWhereNothingCouldBeWritten)
@@ -518,10 +540,7 @@ TEST_F(VisualTest, LoadingWithoutAFileDoesNothing)
 
 TEST_F(VisualTest, AShortFileGivesTheLowestValuesOfTheRowsItLeavesOut)
 {
-    QFile file(SettingsFile());
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("9999\r\n\r\n12 or so\r\n");
-    file.close();
+    WriteSettings("9999\r\n\r\n12 or so\r\n");
     Open();
     Click("Command19");
     EXPECT_EQ(Answer(0).text(), QStringLiteral("1000"));
@@ -535,10 +554,7 @@ TEST_F(VisualTest, AShortFileGivesTheLowestValuesOfTheRowsItLeavesOut)
 
 TEST_F(VisualTest, LoadedValuesStandUntilTheFirstApplyWhichGoesBackToTheSessionsStart)
 {
-    QFile file(SettingsFile());
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray("50\r\n").repeated(12));
-    file.close();
+    WriteSettings(QByteArray("50\r\n").repeated(12));
     Open();
     Click("Command19");
     EXPECT_EQ(Slider(4).value(), 50);
@@ -548,10 +564,7 @@ TEST_F(VisualTest, LoadedValuesStandUntilTheFirstApplyWhichGoesBackToTheSessions
 
 TEST_F(VisualTest, AFileWithAThirteenthNumberIsToldAndChangesNothing)
 {
-    QFile file(SettingsFile());
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray("50\r\n").repeated(13));
-    file.close();
+    WriteSettings(QByteArray("50\r\n").repeated(13));
     Open();
     frame.errors.Expect(
         QStringLiteral("Error!"), QStringLiteral("The settings file has more than 12 numbers."));
@@ -561,7 +574,7 @@ TEST_F(VisualTest, AFileWithAThirteenthNumberIsToldAndChangesNothing)
 
 TEST_F(VisualTest, AcceptMakesANewCaptureAndCloses)
 {
-    StoreOpThumb("2");
+    ASSERT_TRUE(frame.Store("OpThumb", "2"));
     FakeCapture opened { QImage() };
     frame.whenViewerOpens = [&] { opened.MakeActive(frame); };
     Open();
@@ -576,7 +589,7 @@ TEST_F(VisualTest, AcceptMakesANewCaptureAndCloses)
 
 TEST_F(VisualTest, AcceptingThumbnailsOnlyTakesTheClipboard)
 {
-    StoreOpThumb("0");
+    ASSERT_TRUE(frame.Store("OpThumb", "0"));
     Open();
     Click("Command7");
     EXPECT_EQ(frame.hold.Bitmap(), Ramp());
@@ -586,7 +599,7 @@ TEST_F(VisualTest, AcceptingThumbnailsOnlyTakesTheClipboard)
 
 TEST_F(VisualTest, AcceptingThumbnailsOnlyWithAClipboardClearedMeanwhileTakesWhatWasHeld)
 {
-    StoreOpThumb("0");
+    ASSERT_TRUE(frame.Store("OpThumb", "0"));
     frame.hold.SetBitmap(Filled(Qt::yellow));
     frame.enabled[Command::Save] = true;
     Open();
@@ -594,6 +607,21 @@ TEST_F(VisualTest, AcceptingThumbnailsOnlyWithAClipboardClearedMeanwhileTakesWha
     Click("Command7");
     EXPECT_FALSE(frame.enabled.value(Command::Save));
     EXPECT_EQ(frame.hold.Bitmap(), Filled(Qt::yellow));
+    EXPECT_TRUE(frame.log.contains(QStringLiteral("AddThumbnail")));
+    EXPECT_FALSE(visual->isVisible());
+}
+
+TEST_F(VisualTest, AnAcceptedPictureThatCameNowhereStaysInTheEditorAndTheUserIsTold)
+{
+    ASSERT_TRUE(frame.Store("OpThumb", "0"));
+    Open();
+    Click("Command4");
+    const QImage inverted = Effect();
+    frame.clipboard.givesNone = true;
+    Click("Command7");
+    EXPECT_TRUE(visual->isVisible());
+    EXPECT_EQ(Effect(), inverted);
+    EXPECT_TRUE(frame.alerts.contains(StatusLabel::Operation));
     EXPECT_TRUE(frame.log.contains(QStringLiteral("AddThumbnail")));
 }
 
@@ -614,14 +642,15 @@ TEST_F(VisualTest, TheGaugeRunsWhileAnOperationDoesAndEventsAreLetThrough)
     int most = 0;
     bool wasBusy = false;
     frame.whenPumped = [&] {
-        most = std::max(most, Find<QProgressBar>(QStringLiteral("StatGauge")).value());
+        most = std::max(most, Gauge().value());
         wasBusy = wasBusy || frame.state.VisualBusy;
     };
     Click("EffectBut(4)");
     EXPECT_GT(most, 0);
+    EXPECT_EQ(Gauge().maximum(), 1000);
     EXPECT_LE(most, 1000);
     EXPECT_TRUE(wasBusy);
-    EXPECT_EQ(Find<QProgressBar>(QStringLiteral("StatGauge")).value(), 0);
+    EXPECT_EQ(Gauge().value(), 0);
 }
 
 TEST_F(VisualTest, ClosingInTheMiddleOfAnOperationIsSafe)
@@ -672,6 +701,226 @@ TEST_F(VisualTest, ClosingBehindTheFullScreenIsSafe)
     Click("Command17");
     EXPECT_FALSE(visual);
     EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+}
+
+TEST_F(VisualTest, EnterInABoxAppliesItsRow)
+{
+    Open();
+    Answer(0).setText(QStringLiteral("300"));
+    QTest::keyClick(&Answer(0), Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Slider(0).value() == 0; }));
+    EXPECT_EQ(Effect(), Done(Ramp(), [](Lead& lead) { lead.Contrast(300); }));
+}
+
+TEST_F(VisualTest, ClosingInTheMiddleOfAnOperationBegunByEnterIsSafe)
+{
+    capture.ShowPicture(Ramp({ 600, 400 }));
+    Open();
+    frame.whenPumped = [this] { delete visual; };
+    QTest::keyClick(&Answer(10), Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !visual; }));
+}
+
+TEST_F(VisualTest, AnEditorClosedByItsButtonInTheMiddleOfAnOperationStaysEmpty)
+{
+    capture.ShowPicture(Ramp({ 600, 400 }));
+    Open();
+    frame.whenPumped = [this] { visual->close(); };
+    Click("EffectBut(4)");
+    EXPECT_FALSE(visual->isVisible());
+    EXPECT_TRUE(Effect().isNull());
+    EXPECT_FALSE(frame.state.VisualBusy);
+}
+
+TEST_F(VisualTest, AnOperationWithinAnotherIsNotBegun)
+{
+    const QImage large = Ramp({ 600, 400 });
+    capture.ShowPicture(large);
+    Open();
+    frame.whenPumped = [this] {
+        Click("Command4");
+        Click("ImageBut(5)");
+    };
+    Click("EffectBut(4)");
+    EXPECT_EQ(Effect(), Done(large, [](Lead& lead) { lead.Median(3); }));
+    frame.whenPumped = {};
+    Click("Command18");
+    EXPECT_EQ(Effect(), large);
+}
+
+TEST_F(VisualTest, BackInTheMiddleOfAnOperationDropsWhatItMakes)
+{
+    const QImage large = Ramp({ 600, 400 });
+    capture.ShowPicture(large);
+    Open();
+    frame.whenPumped = [this] { Click("Command18"); };
+    Click("EffectBut(4)");
+    EXPECT_EQ(Effect(), large);
+}
+
+TEST_F(VisualTest, ClosingLetsGoOfThePicturesAndEndsTheClipboardsTimer)
+{
+    Open();
+    ViewClip().click();
+    visual->close();
+    for (const char* control : { "Effect", "Undos", "Original" })
+        EXPECT_TRUE(Control(control).Bitmap().isNull()) << control;
+    EXPECT_FALSE(ClipTimer().isActive());
+}
+
+TEST_F(VisualTest, EveryCommandEndsWithTheKeyboardOnThePicture)
+{
+    Open();
+    WriteSettings("1\r\n");
+    frame.errors.Expect(QStringLiteral(" SAVED! "), QStringLiteral("  The settings have been saved.  "));
+    WhenOpen<ColorRes>([](ColorRes& form) { form.reject(); });
+    frame.dialogs.openNames.push(QString());
+    for (const char* command : { "Command18", "Command9", "Command10", "Command11", "Command5", "Command3",
+             "Command12", "Command13", "Command14", "Command15", "Command1", "Command2", "Command4",
+             "Command6", "Image3", "Rotate(0)", "Rotate(1)", "Rotate(2)", "AngleBut", "ImageBut(0)",
+             "EffectBut(5)", "Command16", "Command19", "Command20", "VideoSoftElastic6" }) {
+        Answer(3).setFocus();
+        Click(command);
+        EXPECT_EQ(visual->focusWidget(), &Control("Effect")) << command;
+    }
+}
+
+TEST_F(VisualTest, TheControlsBearTheirTexts)
+{
+    struct Text {
+        const char* name;
+        const char* caption; ///< empty for a picture
+        const char* tip;
+    };
+    constexpr auto direction = "Click to Apply - Pick direction first.", apply = "Click to Apply";
+    constexpr Text texts[] {
+        { "Command18", "Back", "Go back to the last change." },
+        { "Command9", "Undo To", "Go back to this after undesired effect." },
+        { "Command10", "Set", "Set this change as the  'Undo To'. " },
+        { "Command11", "Original", "You can always go back to this original as the 'Undo To'." },
+        { "VideoSoftElastic6", "Open Different &Graphic File To Edit", "Load new graphic to edit." },
+        { "ViewClip_Button", "A&dd Clipboard", "Add clipboard graphic to effect." },
+        { "Command5", "C&opy", nullptr },
+        { "Command3", "&Paste", nullptr },
+        { "Command16", "R&esolution", "Change resolution" },
+        { "Command17", "View &Full Screen", nullptr },
+        { "Command7", "&Accept", "Accept effect and create it. You must still save it once it's loaded." },
+        { "Command8", "&Cancel", "Cancel effect." },
+        { "Command1", "Stre&tch", "Stretch" },
+        { "Command2", "", "Black and white - grayscale" },
+        { "Command4", "&Invert", "Invert" },
+        { "Command6", "&Reverse", "Reverse" },
+        { "Command12", "Sobel", direction },
+        { "Command13", "Prewitt", direction },
+        { "Command14", "Shift", direction },
+        { "Command15", "Edge", direction },
+        { "ImageBut(0)", "Contrast", apply },
+        { "EffectBut(5)", "Solarize", apply },
+        { "AngleBut", "Angle", apply },
+        { "Check1", "Resize to fit?", nullptr },
+        { "Option1(0)", "Horizontal", nullptr },
+        { "Option1(1)", "Vertical", nullptr },
+        { "Option2(0)", "East", nullptr },
+        { "Option2(1)", "West", nullptr },
+        { "Option2(2)", "North", nullptr },
+        { "Option2(3)", "South", nullptr },
+        { "Option3(0)", "Tile", nullptr },
+        { "Option3(1)", "Stretch", nullptr },
+        { "Command19", "", "Load Filters, Effects settings." },
+        { "Command20", "", "Save Image, Filters, Effects settings." },
+    };
+    for (const bool hasTips : { true, false }) {
+        frame.state.ToolTip = hasTips;
+        Open();
+        for (const Text& text : texts) {
+            auto& button = Find<QAbstractButton>(QLatin1String(text.name));
+            EXPECT_EQ(button.text(), QLatin1String(text.caption)) << text.name;
+            const QString tip = hasTips ? QLatin1String(text.tip) : QLatin1String();
+            EXPECT_TRUE(button.toolTip() == tip || (hasTips && !text.tip)) << text.name;
+        }
+    }
+}
+
+TEST_F(VisualTest, TheBoxesAreSelectedAtTheOpening)
+{
+    Open();
+    for (int index = 0; index < EffectRowCount; ++index)
+        EXPECT_EQ(Answer(index).selectedText(), QString::number(EffectRows()[size_t(index)].start)) << index;
+}
+
+TEST_F(VisualTest, WithoutAFolderStoredTheLabelNamesTheProgramsOwn)
+{
+    ASSERT_TRUE(frame.Store("OldFolder2", "   "));
+    Open();
+    EXPECT_EQ(Folder(), frame.state.Beside(QStringLiteral("AutoSave")) + QLatin1Char('/'));
+}
+
+TEST_F(VisualTest, AStoredFolderStandsInTheLabelWithoutItsBlanks)
+{
+    ASSERT_TRUE(frame.Store("OldFolder2", "  /somewhere/else "));
+    Open();
+    EXPECT_EQ(Folder(), QStringLiteral("/somewhere/else"));
+}
+
+TEST_F(VisualTest, ComingBackToTheWindowRefreshesTheClipboardButtons)
+{
+    Open();
+    frame.clipboard.picture = {};
+    Q_EMIT visual->Activated();
+    EXPECT_FALSE(ViewClip().isEnabled());
+    frame.clipboard.picture = Filled(Qt::green);
+    Q_EMIT visual->Activated();
+    EXPECT_TRUE(ViewClip().isEnabled());
+}
+
+TEST_F(VisualTest, AClipboardThatGivesNothingAtTheOpeningIsOffered)
+{
+    frame.clipboard.givesNone = true;
+    Open();
+    EXPECT_TRUE(frame.state.VisualReady);
+    EXPECT_TRUE(ViewClip().isEnabled());
+    EXPECT_TRUE(Control("Lead1").Bitmap().isNull());
+}
+
+TEST_F(VisualTest, ACopyThatIsRefusedStillPastesWhatIsThere)
+{
+    Open();
+    frame.clipboard.picture = Filled(Qt::green);
+    frame.clipboard.isHeldElsewhere = true;
+    Click("Command5");
+    EXPECT_EQ(Control("Lead1").Bitmap(), Filled(Qt::green));
+}
+
+TEST_F(VisualTest, AcceptDuringTheFourSecondsGivesThePictureItself)
+{
+    ASSERT_TRUE(frame.Store("OpThumb", "2"));
+    FakeCapture opened { QImage() };
+    frame.whenViewerOpens = [&] { opened.MakeActive(frame); };
+    Open();
+    ViewClip().click();
+    Click("Command7");
+    EXPECT_EQ(opened.lead.Bitmap(), Ramp());
+}
+
+TEST_F(VisualTest, SetDuringTheFourSecondsBookmarksThePictureItself)
+{
+    Open();
+    Click("Command4");
+    const QImage inverted = Effect();
+    ViewClip().click();
+    Click("Command10");
+    EXPECT_EQ(Control("Undos").Bitmap(), inverted);
+    EXPECT_EQ(Effect(), inverted);
+    EXPECT_FALSE(ClipTimer().isActive());
+}
+
+TEST_F(VisualTest, CopyDuringTheFourSecondsCopiesThePictureItself)
+{
+    Open();
+    ViewClip().click();
+    Click("Command5");
+    EXPECT_EQ(frame.clipboard.picture, Ramp());
+    EXPECT_EQ(Effect(), Ramp());
 }
 
 TEST_F(VisualTest, EveryControlHasANameAndIsReachedByKeys)

@@ -1,44 +1,31 @@
 // Automatic captures through the whole program on real media: what stands on the disk is told by the
 // pictures' own bar codes.
-#include "app/ApplicationState.h"
-#include "frame/Main.h"
 #include "imaging/PictureFile.h"
 #include "media/player/PlayerControl.h"
 #include "tests/clips/BarCode.h"
 #include "tests/clips/Clips.h"
+#include "tests/frame/PartsOf.h"
 #include "tests/testing/Await.h"
-#include "tests/testing/FakeClipboard.h"
-#include "tests/testing/FakeDocuments.h"
-#include "tests/testing/FakePrinters.h"
 #include "tests/testing/Files.h"
-#include "tests/testing/ScriptedTalk.h"
 
 #include <QDir>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-class AutomaticCapture : public testing::Test {
+class AutomaticCapture : public testing::Test, protected FrameNeighbours {
 protected:
     static constexpr std::chrono::seconds Patience { 60 };
 
-    QTemporaryDir folder;
-    ApplicationState state { folder.path(), folder.filePath(QStringLiteral("settings")) };
-    FakeClipboard clipboard;
-    ScriptedDialogs dialogs;
-    ScriptedErrors errors;
-    FakeDocuments documents;
-    FakePrinters printers;
     std::unique_ptr<Main> main;
 
     static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
     void SetUp() override
     {
-        main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors, documents, printers, wallpaper,
-            [](QWidget* parent) { return new PlayerControl(parent); } });
+        main = std::make_unique<Main>(
+            PartsOf(*this, [](QWidget* parent) { return new PlayerControl(parent); }));
         main->show();
         QDir::setCurrent(folder.path());
     }

@@ -1,5 +1,12 @@
 #include "frame/Background.h"
 
+#include "imaging/FormatTable.h"
+#include "imaging/PictureFile.h"
+#include "tests/testing/Files.h"
+#include "tests/testing/OtherReader.h"
+
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -11,6 +18,21 @@ QImage Dot()
     source.setPixelColor(0, 0, Qt::red);
     return source;
 }
+
+class BackgroundPictureTest : public testing::Test {
+protected:
+    QTemporaryDir folder;
+    QString path = folder.filePath(QStringLiteral("ground.png"));
+    BackgroundPicture background;
+
+    static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
+    void SetUp() override
+    {
+        ASSERT_TRUE(MakeFile(path,
+            imaging::PictureFile::Encode(Dot().convertToFormat(QImage::Format_BGR888), imaging::Png, 24, 0)
+                .Joined()));
+    }
+};
 
 } // namespace
 
@@ -38,4 +60,40 @@ TEST(Background, WithoutAPictureIsPlainGround)
 {
     EXPECT_EQ(ComposeBackground(QImage(), { 4, 4 }, Placement::Tiled, Qt::black).pixelColor(2, 2),
         QColor(Qt::black));
+}
+
+TEST_F(BackgroundPictureTest, TheFileIsReadOnce)
+{
+    EXPECT_EQ(background.Of(path, [] {}).size(), QSize(2, 2));
+    const OtherReader none({});
+    ASSERT_TRUE(none.HasMoved());
+    EXPECT_EQ(background.Of(path, [] {}).size(), QSize(2, 2));
+}
+
+TEST_F(BackgroundPictureTest, WhoAsksForItWhileItIsReadGetsNothingAndReadsNothing)
+{
+    const QString sign = folder.filePath(QStringLiteral("sign"));
+    const OtherReader slow(OtherReader::WaitFor(sign) + OtherReader::TheProgramItself());
+    ASSERT_TRUE(slow.IsThere());
+    int calls = 0;
+    const QImage picture = background.Of(path, [&] {
+        ++calls;
+        EXPECT_TRUE(background.Of(path, [] { ADD_FAILURE() << "read once more"; }).isNull());
+        EXPECT_TRUE(MakeFile(sign, "now"));
+    });
+    EXPECT_GE(calls, 1);
+    EXPECT_EQ(picture.size(), QSize(2, 2));
+}
+
+TEST_F(BackgroundPictureTest, AnotherFileAskedForMeanwhileIsNotReplacedByTheFirst)
+{
+    const QString sign = folder.filePath(QStringLiteral("sign"));
+    const QString other = folder.filePath(QStringLiteral("no such file"));
+    const OtherReader slow(OtherReader::WaitFor(sign) + OtherReader::TheProgramItself());
+    ASSERT_TRUE(slow.IsThere());
+    background.Of(path, [&] {
+        EXPECT_TRUE(background.Of(other, [] {}).isNull());
+        EXPECT_TRUE(MakeFile(sign, "now"));
+    });
+    EXPECT_TRUE(background.Of(other, [] { ADD_FAILURE() << "it was kept"; }).isNull());
 }

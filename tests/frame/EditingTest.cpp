@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QScrollBar>
 
 namespace {
 
@@ -106,7 +107,12 @@ TEST_F(EditingTest, AResizedCaptureComesInAWindowThatShowsAllOfIt)
     ClickOn(*state.Tools, "Cmd2(0)");
     const auto viewers = main->findChildren<Viewer*>();
     ASSERT_EQ(viewers.size(), 2);
-    EXPECT_EQ(ActiveViewer()->Picture().BitmapWidth(), 40);
+    const Lead& picture = ActiveViewer()->Picture();
+    EXPECT_EQ(picture.BitmapWidth(), 40);
+    EXPECT_GE(picture.ClientWidth(), picture.BitmapWidth());
+    EXPECT_GE(picture.ClientHeight(), picture.BitmapHeight());
+    for (const QScrollBar* bar : picture.findChildren<QScrollBar*>())
+        EXPECT_FALSE(bar->isVisible());
     EXPECT_EQ(ActiveViewer()->ClipPic(), ActiveViewer()->Picture().Bitmap());
     EXPECT_TRUE(IsEnabled(Command::Save));
 }

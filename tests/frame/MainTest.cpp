@@ -73,7 +73,7 @@ TEST_F(MainTest, WhereNothingMayStandBesideTheProgramTheFirstStartTellsWhereCapt
     const auto start = [&] {
         ApplicationState installed(prefix.filePath(QStringLiteral("bin")),
             prefix.filePath(QStringLiteral("settings")), prefix.filePath(QStringLiteral("data")));
-        Main second({ installed, clipboard, dialogs, errors, documents, wallpaper, {} });
+        Main second({ installed, clipboard, dialogs, errors, documents, printers, wallpaper, {} });
         second.show();
         QCoreApplication::processEvents();
         return installed.IsHomeNew;

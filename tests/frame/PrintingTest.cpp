@@ -30,7 +30,7 @@ protected:
     {
         cups = std::make_unique<CupsPrinters>([this] { whileWaiting(); }, longestWait);
         main = std::make_unique<Main>(FrameParts { state, clipboard, dialogs, errors, documents, *cups,
-            [](QWidget* parent) { return new FakePlayer(parent); } });
+            wallpaper, [](QWidget* parent) { return new FakePlayer(parent); } });
         main->show();
         clipboard.picture = QImage(320, 180, QImage::Format_BGR888);
         clipboard.picture.fill(Qt::red);

@@ -54,8 +54,7 @@ void ShowEditing(const Take& take)
         tools.findChild<QSlider*>(QStringLiteral("HSlider1(1)"))->setValue(0);
         take(QStringLiteral("tools"), tools);
     }
-    Resize resize(frame, nullptr, capture.lead);
-    resize.InitTheForm(Resize::OfBitmap);
+    Resize resize(frame, nullptr, capture.lead.Bitmap().size());
     take(QStringLiteral("resize"), resize);
     ColorRes deep(frame, nullptr, 24);
     take(QStringLiteral("color-resolution-24"), deep);

@@ -57,7 +57,7 @@ TEST_F(AnimationTest, OfAFileThatIsCutOffOrDamagedTheWholePagesCount)
 
 TEST_F(AnimationTest, EachPageIsThePictureAsItIsToBeSeenAndForHowLong)
 {
-    const std::vector<Page> pages = DecodePagesConfined(three);
+    const std::vector<Page> pages = DecodePagesConfined(three, [] {});
     ASSERT_EQ(pages.size(), 3U);
     for (const Page& page : pages) {
         EXPECT_EQ(page.picture.size(), Size);
@@ -76,23 +76,24 @@ TEST_F(AnimationTest, APictureOfAnotherKindIsItsOnePage)
 {
     QImage picture(Size, QImage::Format_BGR888);
     picture.fill(Qt::blue);
-    const std::vector<Page> pages = DecodePagesConfined(PictureFile::Encode(picture, Bmp, 24, 0).Joined());
+    const std::vector<Page> pages =
+        DecodePagesConfined(PictureFile::Encode(picture, Bmp, 24, 0).Joined(), [] {});
     ASSERT_EQ(pages.size(), 1U);
     EXPECT_EQ(pages[0].picture.convertToFormat(QImage::Format_BGR888), picture);
 }
 
 TEST_F(AnimationTest, NotAPictureIsRefused)
 {
-    EXPECT_THROW(DecodePagesConfined("text"), PictureError);
-    EXPECT_THROW(DecodePagesConfined(three.left(40)), PictureError);
+    EXPECT_THROW(DecodePagesConfined("text", [] {}), PictureError);
+    EXPECT_THROW(DecodePagesConfined(three.left(40), [] {}), PictureError);
 }
 
 TEST_F(AnimationTest, OnlyAPictureWithMorePagesIsMarkedAsMoving)
 {
-    const QImage moving = DecodeConfined(three);
+    const QImage moving = DecodeConfined(three, [] {});
     EXPECT_TRUE(IsAnimated(moving));
     EXPECT_TRUE(IsAnimated(PictureFile::Decode(three)));
     EXPECT_TRUE(IsAnimated(QImage(moving))) << "wherever it is shared to";
-    EXPECT_FALSE(IsAnimated(DecodeConfined(MovingGif(Size).Page(Whole, 1, 0).File())));
+    EXPECT_FALSE(IsAnimated(DecodeConfined(MovingGif(Size).Page(Whole, 1, 0).File(), [] {})));
     EXPECT_FALSE(IsAnimated({}));
 }

@@ -2,11 +2,13 @@
 #include "imaging/reader/Confinement.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -50,6 +52,30 @@ TEST_F(Confinement, NoNetworkCanBeReached)
 TEST_F(Confinement, NoProcessCanBeStarted)
 {
     EXPECT_EQ(InConfinement([] { return fork() < 0 ? errno : 0; }), EPERM);
+}
+
+TEST_F(Confinement, NoOtherProcessIsSignalled)
+{
+    const pid_t parent = getpid();
+    EXPECT_EQ(
+        InConfinement([parent] { return syscall(SYS_tgkill, parent, parent, 0) < 0 ? errno : 0; }), EPERM);
+}
+
+TEST_F(Confinement, TheProcessCanStillEndItself)
+{
+    EXPECT_EQ(InConfinement([]() -> int { std::abort(); }), -SIGABRT);
+}
+
+TEST_F(Confinement, WhatWasOpenAlreadyIsClosed)
+{
+    const int inherited = open("/etc/passwd", O_RDONLY);
+    ASSERT_GT(inherited, STDERR_FILENO);
+    EXPECT_EQ(InConfinement([inherited] {
+        char byte = 0;
+        return read(inherited, &byte, 1) < 0 ? errno : 0;
+    }),
+        EBADF);
+    close(inherited);
 }
 
 TEST_F(Confinement, NoMemoryBecomesCode)

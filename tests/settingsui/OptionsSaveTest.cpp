@@ -42,7 +42,7 @@ TEST_F(OptionsSave, SavingWhatWasFilledKeepsEveryDefault)
     for (const QString& key : StoredKeys()) {
         const auto* row = std::ranges::find_if(
             SettingsKeys, [&key](const SettingsKey& one) { return QLatin1String(one.name) == key; });
-        EXPECT_EQ(state.TextOf(row->key), DefaultText(row->key, Reader::Options, state.ApplicationFolder()))
+        EXPECT_EQ(state.TextOf(row->key), DefaultText(row->key, Reader::Options, state.Folders().Home()))
             << key.toStdString();
     }
 }

@@ -9,6 +9,7 @@ class FakeClipboard : public Clipboard {
 public:
     bool isHeldElsewhere = false;
     bool losesWhatItGets = false;
+    bool givesNone = false; ///< it says that it has a picture and gives none
     QImage picture;
     QWidget* owner = nullptr;
     QStringList log;
@@ -33,5 +34,5 @@ public:
     void Close() override { log << QStringLiteral("Close"); }
 
     bool HasPicture() const override { return !picture.isNull(); }
-    QImage Picture() const override { return picture; }
+    QImage Picture() const override { return givesNone ? QImage() : picture; }
 };

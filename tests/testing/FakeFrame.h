@@ -30,10 +30,18 @@ public:
     std::function<void()> whenPumped;
     QImage fullScreen; ///< the picture last shown on the whole screen
     std::function<void()> whileFullScreen;
+    std::function<void()> whenPaintsPumped;
     int checkedInMenus = 0;
     std::function<void(int)> chosenInMenus;
 
     FakeFrame() { state.LoadApplicationState(window); }
+
+    /// Stores an option as the options window does.
+    bool Store(const char* key, const char* value)
+    {
+        return state.Settings.SaveSetting(
+            QStringLiteral("Options"), QLatin1String(key), QLatin1String(value));
+    }
 
     ApplicationState& State() override { return state; }
     Clipboard& SystemClipboard() override { return clipboard; }
@@ -116,6 +124,11 @@ public:
         log << QStringLiteral("PumpEvents");
         if (whenPumped)
             whenPumped();
+    }
+    void PumpPaintEvents() override
+    {
+        if (whenPaintsPumped)
+            whenPaintsPumped();
     }
 
 private:

@@ -142,7 +142,7 @@ TEST_F(FullSTest, TheseKeysEndTheViewAndOthersDoNot)
 TEST_F(FullSTest, APictureThatMovesIsPlayedFromCurrentFileOverAndOver)
 {
     frame.state.CurrentFile = MakeMoving("a.gif", 20);
-    Show(OpenUserPicture(frame.state.CurrentFile));
+    Show(OpenUserPicture(frame.state.CurrentFile, [] {}));
     for (const QColor& colour : { QColor(Qt::blue), QColor(Qt::red), QColor(Qt::blue) })
         EXPECT_TRUE(QTest::qWaitFor([&] { return Shown() == colour; }));
     EXPECT_EQ(ViewFactor().text(), QStringLiteral("100 %"));
@@ -153,7 +153,7 @@ TEST_F(FullSTest, APictureThatMovesIsPlayedFromCurrentFileOverAndOver)
 
 TEST_F(FullSTest, WhenCurrentFileHoldsSomethingElseThePictureStandsStill)
 {
-    const QImage picture = OpenUserPicture(MakeMoving("a.gif", 20));
+    const QImage picture = OpenUserPicture(MakeMoving("a.gif", 20), [] {});
     const QString none = frame.folder.filePath(QStringLiteral("missing.gif"));
     for (const QString& file : { MakeMoving("b.gif", 30), none, QString() }) {
         frame.state.CurrentFile = file;
@@ -167,7 +167,7 @@ TEST_F(FullSTest, AnEditedPictureMovesNoMore)
 {
     frame.state.CurrentFile = MakeMoving("a.gif", 20);
     Lead lead;
-    lead.SetBitmap(OpenUserPicture(frame.state.CurrentFile));
+    lead.SetBitmap(OpenUserPicture(frame.state.CurrentFile, [] {}));
     lead.Invert();
     Show(lead.Bitmap());
     EXPECT_FALSE(form->IsPlaying());
