@@ -46,17 +46,17 @@ using Step = std::function<void()>;
 /// What is to be done, in its order.
 std::vector<Step> Steps(Frame& frame, int opThumb, const QImage& edited)
 {
-    const Step openViewer = [&] { OpenViewer(frame, edited); };
-    const Step addToStrip = [&] {
+    const Step openViewer = [&frame, edited] { OpenViewer(frame, edited); };
+    const Step addToStrip = [&frame, edited] {
         frame.AddThumbnail();
         if (!edited.isNull())
             frame.ShowThumbnails();
     };
     switch (opThumb) {
     case ThumbnailOnly:
-        return { [&] { HoldForThumbnail(frame); }, addToStrip };
+        return { [&frame] { HoldForThumbnail(frame); }, addToStrip };
     case ViewerAndThumbnail:
-        return { openViewer, addToStrip, [&] { frame.ShowFront(true); } };
+        return { openViewer, addToStrip, [&frame] { frame.ShowFront(true); } };
     case ViewerOnly:
         return { openViewer };
     default:

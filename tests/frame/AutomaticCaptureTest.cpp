@@ -24,8 +24,8 @@ protected:
     static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
     void SetUp() override
     {
-        main = std::make_unique<Main>(
-            PartsOf(*this, [](QWidget* parent) { return new PlayerControl(parent); }));
+        main =
+            std::make_unique<Main>(PartsOf(*this, [](QWidget* parent) { return new PlayerControl(parent); }));
         main->show();
         QDir::setCurrent(folder.path());
     }

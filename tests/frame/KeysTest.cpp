@@ -247,7 +247,7 @@ TEST_F(KeysTest, TheGuideTellsEveryKeyAndNoOther)
         told << cell.captured(1);
     // Those of boxes and of the walk through a window are no second way to a button.
     QSet<QString> expected { QStringLiteral("Esc"), QStringLiteral("Tab, Shift+Tab"),
-        QStringLiteral("F6, Shift+F6") };
+        QStringLiteral("F6, Shift+F6"), QStringLiteral("Enter") };
     for (const KeyRow& row : KeyTable)
         expected << QLatin1String(row.guide);
     EXPECT_EQ(told, expected);

@@ -1,7 +1,7 @@
 // The main function of every test program: one QApplication, and a Qt warning during a test fails it.
 #include <QApplication>
 #include <QFont>
-#include <QStandardPaths>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,9 @@ void FailOnWarning(QtMsgType type, const QMessageLogContext&, const QString& mes
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    QStandardPaths::setTestModeEnabled(true);
+    const QTemporaryDir home; // nothing of the user's is read, and no run sees what another one stored
+    for (const char* place : { "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME" })
+        qputenv(place, home.filePath(QLatin1String(place)).toLocal8Bit());
     qputenv("PULSE_SERVER", "unix:/nonexistent"); // nobody wants to hear the tests of the machine he works on
     QApplication application(argc, argv);
     application.setFont(QFont(QStringLiteral("DejaVu Sans"), 10));

@@ -154,7 +154,7 @@ TEST_F(FrameOnScreen, TwoCapturesAVideoAndAStripCloseWithItWhateverTheirOrder)
         OpenSample();
         Click("Cmds(8)");
         Click("Cmds(8)");
-        ASSERT_EQ(main.findChildren<Viewer*>().size(), 2);
+        ASSERT_EQ(main.findChildren<Viewer*>().size(), 2) << "before " << front << " was in front";
         ASSERT_EQ(main.findChildren<QuickShots*>().size(), 1);
         main.AddChild(&Find(front));
         main.close();
