@@ -71,6 +71,7 @@ Main::Main(const FrameParts& parts)
 Main::~Main()
 {
     UnloadForms();
+    defaultPrinter_.reset(); // windows are painted while the printers are asked, so this one must stand yet
 }
 
 void Main::Bind()
