@@ -45,7 +45,7 @@ copy()
     echo "$name made: $(stat -c %s "$out/$name") bytes"
 }
 
-copy play30.mp4 big_gop50.mp4 -itsscale 0.83333333
+copy play_minute.mp4 big_gop50.mp4 -itsscale 0.83333333 -stream_loop 3
 copy hours.mp4 small_gop50.mp4 -stream_loop 359
 copy long.mp4 big_gop50.mp4 -stream_loop 9
 copy long.ts big_gop50.mp4 -stream_loop 9

@@ -1,5 +1,6 @@
 #include "video/Transport.h"
 
+#include "tests/testing/PaintCount.h"
 #include "tests/video/VideoFixture.h"
 #include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
@@ -306,6 +307,23 @@ TEST_F(TransportTest, TheSliderSeeksAndShowsItsOwnPercent)
     EXPECT_EQ(Status(StatusLabel::Position), QStringLiteral("00:06:40  -  00:06:40"));
     transport.Scroll(99);
     EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("0%"));
+}
+
+TEST_F(TransportTest, ASliderThatIsHiddenFollowsWithoutBeingPainted)
+{
+    PaintCount paints(*pane.trkPosition);
+    const auto follow = [&](int from) {
+        for (int position = from; position < from + 1000; position += 100) {
+            transport.FollowProgress(position);
+            QCoreApplication::processEvents();
+        }
+        return paints.count;
+    };
+    EXPECT_GT(follow(0), 0);
+    pane.hide();
+    paints.count = 0;
+    EXPECT_EQ(follow(5000), 0);
+    EXPECT_EQ(pane.trkPosition->Value(), 5900);
 }
 
 TEST_F(TransportTest, AMoveOfTheSlidersHandleMovesTheVideo)
