@@ -33,6 +33,7 @@ QStringList FirstPlaces()
 QList<QStringList> CommandsFor(const QString& path, const QString& properties)
 {
     QList<QStringList> commands;
+    bool hasPlace = false;
     const auto write = [&](const QString& place) {
         for (const QString& value : { QString(), path })
             commands << Writing(place + QLatin1String(PictureKey), QStringLiteral("string"), value);
@@ -44,12 +45,13 @@ QList<QStringList> CommandsFor(const QString& path, const QString& properties)
         const QString property = line.section(u' ', 0, 0, QString::SectionSkipEmpty);
         const QString value = line.section(u' ', 1, -1, QString::SectionSkipEmpty).trimmed();
         const QString place = property.section(u'/', 0, -2);
-        if (property.endsWith(QLatin1String(PictureKey)))
+        if (property.endsWith(QLatin1String(PictureKey))) {
+            hasPlace = true;
             write(place);
-        else if (property.endsWith(QLatin1String(StyleKey)) && value == QLatin1String(NoPicture))
+        } else if (property.endsWith(QLatin1String(StyleKey)) && value == QLatin1String(NoPicture))
             zoom(place);
     }
-    if (commands.isEmpty())
+    if (!hasPlace)
         for (const QString& place : FirstPlaces()) {
             write(place);
             zoom(place);

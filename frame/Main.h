@@ -197,6 +197,7 @@ private:
     QPointer<Visual> visual_;
     QPointer<Power> power_;
     bool areOptionsOpening_ = false;
+    bool isPrinting_ = false;
     std::optional<cSetDfltPrinter> defaultPrinter_; ///< from the first opening of the options on
     bool areToolsUnwanted_ = false; ///< they come up with a capture no more
     QTimer Timer1; ///< the print button follows the capture windows

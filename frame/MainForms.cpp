@@ -178,6 +178,7 @@ void Main::ShowPower()
 
 void Main::ShowFullScreen(const QImage& picture)
 {
+    const Hourglass waiting; // while the pages of one that moves are read
     const QPointer<FullS> form = new FullS(*this, picture);
     const PointerPause pause;
     form->exec();

@@ -10,6 +10,8 @@
 #include "video/TransportPane.h"
 #include "video/ltmmPlay.h"
 
+#include <QScopedValueRollback>
+
 namespace {
 
 void Press(QAbstractButton& button)
@@ -74,6 +76,10 @@ void Main::CopyActiveCapture()
 
 void Main::PrintActiveCapture()
 {
+    // A print lets events through while the printer is asked, the second press of a double click among them.
+    if (isPrinting_)
+        return;
+    const QScopedValueRollback printing(isPrinting_, true);
     if (CaptureWindow* const capture = ActiveCaptureWindow())
         return capture->PrintMe();
     SetStatusAlert(StatusLabel::Operation, QStringLiteral("The active window holds no capture."));

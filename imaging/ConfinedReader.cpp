@@ -105,7 +105,8 @@ void AwaitEnd(QProcess& reader, const std::function<void()>& whileWaiting, QDead
             whileWaiting();
     if (reader.state() != QProcess::NotRunning) {
         reader.kill();
-        reader.waitForFinished();
+        if (!reader.waitForFinished())
+            FailAsDamaged();
     }
     if (reader.exitStatus() == QProcess::NormalExit && reader.exitCode() == ReaderNotConfined)
         throw PictureError(QStringLiteral("This picture cannot be opened safely on this system."));

@@ -158,6 +158,15 @@ TEST_F(XfceTest, AFreshDesktopGetsThePictureOnEveryScreenFillingIt)
     EXPECT_EQ(Query({ "-p", place + "/image-style" }), QStringLiteral("5"));
 }
 
+TEST_F(XfceTest, AStyleWithoutAPictureIsNoPlaceToPutItIn)
+{
+    Query({ "-n", "-t", "int", "-p", "/backdrop/screen0/monitorHDMI-1/workspace0/image-style", "-s", "0" });
+    EXPECT_EQ(Set(wallpaper).result, Result::Set);
+    const QString place = QStringLiteral("/backdrop/screen0/monitor%1/workspace0")
+                              .arg(QGuiApplication::primaryScreen()->name());
+    EXPECT_EQ(Query({ "-p", place + "/last-image" }), picture);
+}
+
 TEST_F(XfceTest, EveryScreenAndWorkspaceThatIsKnownGetsThePicture)
 {
     const QStringList places { "/backdrop/screen0/monitorHDMI-1/workspace0",

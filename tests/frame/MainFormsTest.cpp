@@ -292,6 +292,19 @@ TEST_F(MainFormsTest, PrintFramePrintsTheActiveCapture)
     EXPECT_EQ(printers.jobs[0].title, QStringLiteral("TAQ Video Capture Pro"));
 }
 
+TEST_F(MainFormsTest, ADoubleClickOnPrintFramePrintsOnePage)
+{
+    Store("OpThumb", "2");
+    OpenOne();
+    Click("Cmds(8)");
+    printers.whenAsked = [this] { Click("Cmds(6)"); };
+    Click("Cmds(6)");
+    EXPECT_EQ(printers.jobs.size(), 1);
+    printers.whenAsked = {};
+    Click("Cmds(6)");
+    EXPECT_EQ(printers.jobs.size(), 2) << "the next print is a print again";
+}
+
 TEST_F(MainFormsTest, PrintFrameOverAVideoSaysThatThereIsNoCapture)
 {
     Store("OpThumb", "2");

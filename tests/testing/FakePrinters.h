@@ -14,6 +14,7 @@ public:
     bool failsMetrics = false;
     bool failsPrint = false;
     std::function<void()> whilePrinting;
+    std::function<void()> whenAsked; ///< for its margins
     QList<PrintJob> jobs;
     QList<Paper> papers; ///< of which the metrics were asked
     QStringList defaultsSet; ///< all that was asked, refused or not
@@ -42,6 +43,8 @@ public:
     SheetMetrics Metrics(const Paper& paper) override
     {
         papers << paper;
+        if (whenAsked)
+            whenAsked();
         if (failsMetrics)
             throw PrinterError(QStringLiteral("The printer does not answer."));
         const QSize sheet(Pixels(paper.size.width()), Pixels(paper.size.height()));
