@@ -6,6 +6,7 @@
 #include "imaging/ColorResolution.h"
 #include "toolkit/Style.h"
 
+#include <QAbstractButton>
 #include <QGroupBox>
 #include <QScreen>
 #include <QVBoxLayout>
