@@ -311,6 +311,7 @@ TEST_F(TransportTest, TheSliderSeeksAndShowsItsOwnPercent)
 
 TEST_F(TransportTest, ASliderThatIsHiddenFollowsWithoutBeingPainted)
 {
+    pane.trkPosition->SetMax(player.TrackingMax());
     PaintCount paints(*pane.trkPosition);
     const auto follow = [&](int from) {
         for (int position = from; position < from + 1000; position += 100) {
