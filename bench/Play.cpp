@@ -109,8 +109,7 @@ void ComparePlaying(LiveProgram& program, const QString& clip)
             { { "the program", [&] { return PlayThrough(program, played); },
                 &peer == peers.data() ? 0 : Goal } });
     std::printf("| pictures painted of %d | at the least %.0f, half the rounds %.0f | | | | | | %d |\n",
-        Pictures, Quantile(played.painted, 0), Quantile(played.painted, 0.5),
-        Pictures * 99 / 100);
+        Pictures, Quantile(played.painted, 0), Quantile(played.painted, 0.5), Pictures * 99 / 100);
     std::printf("| pictures late or never | at the most %.0f, half the rounds %.0f | | | | | | %d |\n",
         Quantile(played.late, 1), Quantile(played.late, 0.5), Pictures / 100);
 }
