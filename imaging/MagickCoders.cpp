@@ -239,7 +239,7 @@ std::vector<Page> DecodePages(const QByteArray& file, int most)
     const Raised raised;
     const std::unique_ptr<MagickLib::ImageInfo, decltype(&MagickLib::DestroyImageInfo)> info(
         MagickLib::CloneImageInfo(nullptr), &MagickLib::DestroyImageInfo);
-    std::strcpy(info->magick, CoderOf(Gif).reader); // NOLINT: a short text of ours
+    qstrncpy(info->magick, CoderOf(Gif).reader, sizeof info->magick);
     info->subimage = 0;
     info->subrange = static_cast<unsigned long>(most);
     const Pictures parts(
