@@ -136,6 +136,8 @@ private:
     bool IsFullScreen();
     void LeaveFullScreen();
     bool HasCaptures() const;
+    /// A file into the player, past the selection.
+    void ShowDropped(const QString& file);
     /// The transport for a video dropped where none was open; the rest of the state stays as it was.
     void ShowDroppedVideo();
     void Download();

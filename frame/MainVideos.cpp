@@ -14,6 +14,8 @@
 #include <QDropEvent>
 #include <QMdiArea>
 #include <QMimeData>
+#include <QPointer>
+#include <QScopeGuard>
 
 #include <utility>
 
@@ -75,10 +77,10 @@ void Main::OpenListed()
 void Main::OpenVideoNow_Click()
 {
     state_.OpeningNow = true;
+    auto end = qScopeGuard([this] { state_.OpeningNow = false; });
     if (!AskForVideos())
-        return;
+        return end.dismiss();
     OpenSelection();
-    state_.OpeningNow = false;
 }
 
 void Main::OpenFromVideoWindow()
@@ -166,16 +168,23 @@ void Main::dragEnterEvent(QDragEnterEvent* event)
 void Main::dropEvent(QDropEvent* event)
 {
     CurrentVideo().StopCapture();
-    ltmmPlay& player = CurrentPlayer();
-    player.Stop();
+    CurrentPlayer().Stop();
     const QString file = FirstFile(*event->mimeData());
     if (file.isEmpty())
         return;
-    const bool isFirst = player.SourceKind() == ltmmPlay::NoSource;
-    AddChild(&CurrentVideo());
-    player.SetSourceFile(file);
     event->acceptProposedAction();
-    if (isFirst && player.SourceKind() != ltmmPlay::NoSource)
+    ShowDropped(file);
+}
+
+void Main::ShowDropped(const QString& file)
+{
+    const QPointer<ltmmPlay> player = &CurrentPlayer();
+    const bool isFirst = player->SourceKind() == ltmmPlay::NoSource;
+    AddChild(&CurrentVideo());
+    if (player)
+        player->SetSourceFile(file);
+    // While the player tells that it cannot open the file, its window may be closed.
+    if (isFirst && player && state_.CurrentVideo && player->SourceKind() != ltmmPlay::NoSource)
         ShowDroppedVideo();
 }
 

@@ -14,6 +14,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -169,6 +170,41 @@ TEST_F(MainVideosTest, WhateverIsDroppedStopsTheVideoAndOnlyAFileOfThisMachineTh
     here.setUrls({ QUrl(QStringLiteral("file://localhost/films/b.avi")) });
     Drop(here);
     EXPECT_EQ(player->file, QStringLiteral("/films/b.avi"));
+}
+
+TEST_F(MainVideosTest, AnOpenThatBreaksOffIsInProgressNoMore)
+{
+    const auto breakOff = [] { throw std::bad_alloc(); };
+    dialogs.openNames.push(QString());
+    dialogs.whileShown = breakOff;
+    EXPECT_THROW(main->OpenVideoNow_Click(), std::bad_alloc);
+    EXPECT_FALSE(state.OpeningNow);
+    dialogs.whileShown = nullptr;
+    dialogs.openNames = {};
+    OpenOne();
+    dialogs.openNames.push(folder.filePath(QStringLiteral("b.avi")));
+    player->whenAsked = [&](const char*) { breakOff(); };
+    EXPECT_THROW(main->OpenVideoNow_Click(), std::bad_alloc);
+    EXPECT_FALSE(state.OpeningNow);
+    player->whenAsked = [](const char*) {};
+}
+
+TEST_F(MainVideosTest, TheVideoWindowMayGoWhileADroppedFileIsToldToBeNone)
+{
+    for (const char* file : { "a.avi", "refused.avi" }) {
+        QMimeData data;
+        data.setUrls({ QUrl::fromLocalFile(folder.filePath(QLatin1String(file))) });
+        ASSERT_NE(&main->CurrentPlayer(), nullptr);
+        player->refused = folder.filePath(QStringLiteral("refused.avi"));
+        player->whenLoaded = [&] {
+            player->whenLoaded = [] {};
+            delete state.CurrentVideo;
+        };
+        EXPECT_TRUE(Drop(data)) << file;
+        EXPECT_TRUE(player.isNull()) << file;
+        EXPECT_FALSE(Find("BottomPane")->isVisible()) << file;
+        EXPECT_FALSE(IsEnabled(Command::Capture)) << file;
+    }
 }
 
 TEST_F(MainVideosTest, AFileDroppedIntoTheEmptyFrameCanBePlayedAndCaptured)

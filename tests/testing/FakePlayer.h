@@ -49,11 +49,16 @@ public:
     /// Told of each call that gives or takes the video, before it is carried out.
     std::function<void(const char* call)> whenAsked = [](const char*) {};
 
+    /// Told when a file or an address was loaded or refused, as the last of that call.
+    std::function<void()> whenLoaded = [] {};
+
     void SetSourceFile(const QString& name) override
     {
         whenAsked("SetSourceFile");
         wasCancelled = !name.isEmpty() && name == cancelled;
         file = name == refused || wasCancelled ? QString() : name;
+        const auto told = whenLoaded; // which may end this object
+        told();
     }
     bool WasCancelled() const override { return wasCancelled; }
     QString SourceFile() const override { return file; }
