@@ -1,6 +1,11 @@
-// How a video comes into the frame: by the dialog, the list, an address or a drop.
+// How a video comes into the frame: by the dialog, the list, an address, a drop or the command line.
 #include "app/ApplicationState.h"
+#include "app/ControlError.h"
 #include "app/Hourglass.h"
+#include "app/Lead.h"
+#include "app/OpenUserPicture.h"
+#include "app/Talk.h"
+#include "frame/CommandLine.h"
 #include "frame/DroppedFile.h"
 #include "frame/Main.h"
 #include "toolkit/Twips.h"
@@ -16,6 +21,7 @@
 #include <QMimeData>
 #include <QPointer>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -83,6 +89,44 @@ void Main::OpenVideoNow_Click()
     OpenSelection();
 }
 
+void Main::OpenGiven(const CommandLine& given)
+{
+    if (!given.videos.isEmpty()) {
+        SelectFiles(state_, given.videos);
+        transport_->EnableList();
+        OpenSelection();
+    } else if (!given.others.isEmpty()) {
+        OpenUnlisted(given.others.first());
+    } else if (!given.addresses.isEmpty()) {
+        Download(given.addresses.first());
+    }
+    for (const QString& picture : given.pictures)
+        OpenPicture(picture);
+}
+
+void Main::OpenUnlisted(const QString& file)
+{
+    SelectFiles(state_, { file });
+    state_.VideoPath = file;
+    state_.FromList = true;
+    OpenSelection();
+}
+
+/// As a thumbnail comes into a window of its own.
+void Main::OpenPicture(const QString& file)
+{
+    try {
+        const Hourglass waiting;
+        const QScopedValueRollback picked(
+            state_.SelectedBitmap, OpenUserPicture(file, [this] { PumpPaintEvents(); }));
+        state_.UseSelectedBitmap = true;
+        OpenViewer();
+        EnableCommand(Command::Save, true); // with an empty clipboard too
+    } catch (const ControlError& error) {
+        errors_.Show(this, QStringLiteral("Error!"), error.Reason());
+    }
+}
+
 void Main::OpenFromVideoWindow()
 {
     const bool hasChosen = AskForVideos();
@@ -108,13 +152,15 @@ void Main::RevealVideoWindow()
     OpenCommands();
 }
 
-void Main::Download()
+void Main::Download(const QString& address)
 {
     VideoWindow& window = CurrentVideo();
     window.StopCapture();
     window.Player().Stop();
     const QPointer<URLfrm> form = new URLfrm(*this, window, this);
     form->move(area_->mapToGlobal(QPoint(AddressMargin.Pixels(), AddressMargin.Pixels())));
+    if (!address.isEmpty())
+        form->Try(address);
     const bool isLoaded = form->exec() == QDialog::Accepted;
     delete form;
     if (!isLoaded)
