@@ -374,6 +374,25 @@ TEST_F(ToolsTest, ACancelledResizeOpensNothing)
     EXPECT_FALSE(frame.log.contains(QStringLiteral("OpenViewer")));
 }
 
+TEST_F(ToolsTest, ACancelledResizeLeavesTheReadOutOfContrast)
+{
+    Slider(1).setValue(30);
+    WhenOpen<Resize>([](Resize& form) { form.reject(); });
+    Click("Cmd2(0)");
+    EXPECT_EQ(ReadOut("Label2"), QStringLiteral("30%"));
+}
+
+TEST_F(ToolsTest, ASizeBeyondTheMemoryEmptiesTheReadOutOfContrast)
+{
+    Slider(0).setValue(20);
+    Slider(1).setValue(30);
+    frame.errors.Expect(
+        QStringLiteral("Error"), QStringLiteral("Not enough memory available.  Try a smaller size."));
+    ResizeTo("16384");
+    EXPECT_EQ(ReadOut("Label2"), QString());
+    EXPECT_EQ(ReadOut("LblBright"), QStringLiteral("20%"));
+}
+
 TEST_F(ToolsTest, ASizeBeyondTheMemoryIsToldAndOpensNothing)
 {
     frame.errors.Expect(
