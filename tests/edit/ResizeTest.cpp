@@ -97,6 +97,36 @@ TEST_F(ResizeTest, AcceptGivesTheSizeAndTheWayOfResampling)
     EXPECT_TRUE(results.resample);
 }
 
+TEST_F(ResizeTest, OnlyASetResampleBoxAsksForSmoothing)
+{
+    for (const auto& [value, isSmooth] :
+        { std::pair(xpcheckbox::Grey, false), { xpcheckbox::Set, true }, { xpcheckbox::Clear, false } }) {
+        Find<xpcheckbox>("ResampleBox")->SetValue(value);
+        Click("Ok");
+        EXPECT_EQ(form->GetResults().resample, isSmooth) << value;
+        form->show();
+    }
+}
+
+TEST_F(ResizeTest, AClickedGreyResampleBoxIsSetBeforeItTurnsOver)
+{
+    auto& box = *Find<xpcheckbox>("ResampleBox");
+    QList<int> meanwhile;
+    QObject::connect(&box, &xpcheckbox::Click, &box, [&] { meanwhile << box.Value(); });
+    box.SetValue(xpcheckbox::Grey);
+    Click("ResampleBox");
+    EXPECT_EQ(meanwhile, QList<int> { xpcheckbox::Set });
+    EXPECT_EQ(box.Value(), int(xpcheckbox::Clear));
+}
+
+TEST_F(ResizeTest, AClickTurnsResamplingOnAndOff)
+{
+    for (const bool isSmooth : { true, false }) {
+        Click("ResampleBox");
+        EXPECT_EQ(form->GetResults().resample, isSmooth);
+    }
+}
+
 TEST_F(ResizeTest, CancelAcceptsNothing)
 {
     Click("cancel");
