@@ -146,7 +146,8 @@ TEST_F(ResizeTest, AnEmptiedBoxKeepsTheDialogOpen)
 TEST_F(ResizeTest, ANumberBeyondAllBecomes32767AndKeepsTheDialogOpen)
 {
     Type("Value1Box", "40000");
-    EXPECT_EQ(Bar("Value1Bar").value(), 4000);
+    EXPECT_EQ(Bar("Value1Bar").value(), 4000) << "the last one in the range";
+    EXPECT_EQ(Box("Value1Box").text(), QStringLiteral("40000"));
     Click("Ok");
     EXPECT_EQ(Bar("Value1Bar").value(), 16384);
     EXPECT_EQ(Bar("Value2Bar").value(), 3000);
