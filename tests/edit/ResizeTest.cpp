@@ -4,6 +4,7 @@
 #include "tests/testing/FakeCapture.h"
 #include "toolkit/xpcheckbox.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSlider>
@@ -39,6 +40,13 @@ protected:
         QTest::keyClick(&Box(name), Qt::Key_Delete);
         QTest::keyClicks(&Box(name), QLatin1String(text));
     }
+    /// The text to the left of a box.
+    static QString LabelBefore(const QLineEdit& box)
+    {
+        const QPoint before(0, box.geometry().center().y());
+        const auto* label = qobject_cast<QLabel*>(box.parentWidget()->childAt(before));
+        return label ? label->text() : QString();
+    }
     void Click(const char* name) { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
 };
 
@@ -55,6 +63,15 @@ TEST_F(ResizeTest, OpensWithThePicturesSizeTheRatioOnAndResamplingOff)
     EXPECT_EQ(Find<xpcheckbox>("ResampleBox")->Value(), int(xpcheckbox::Clear));
     EXPECT_EQ(Box("Value1Box").selectedText(), QStringLiteral("640"));
     EXPECT_EQ(Box("Value2Box").selectedText(), QStringLiteral("480"));
+}
+
+TEST_F(ResizeTest, TheControlsBearTheirCaptions)
+{
+    for (const auto& [name, caption] : { std::pair("AspectRatioBox", "Maintain Aspect-Ratio"),
+             { "ResampleBox", "Resample" }, { "Ok", "Accept" }, { "cancel", "Cancel" } })
+        EXPECT_EQ(Find<QAbstractButton>(name)->text(), QLatin1String(caption)) << name;
+    for (const auto& [name, caption] : { std::pair("Value1Box", "Width"), { "Value2Box", "Height" } })
+        EXPECT_EQ(LabelBefore(Box(name)), QLatin1String(caption)) << name;
 }
 
 TEST_F(ResizeTest, WhatIsTypedMovesTheOtherSideAndStands)
