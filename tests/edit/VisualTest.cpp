@@ -25,6 +25,7 @@
 #include <QSlider>
 #include <QTimer>
 
+#include <array>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -499,6 +500,30 @@ TEST_F(VisualTest, AnotherResolutionShowsALargePictureInTheSamePlaceAtTheSameSiz
     EXPECT_EQ(effect.geometry(), place);
     EXPECT_EQ(QSizeF(effect.DstWidth(), effect.DstHeight()), QSizeF(place.size()));
     EXPECT_EQ(effect.grab().toImage(), seen);
+}
+
+TEST_F(VisualTest, TheOrderThatIsChosenIsThatOfTheBytesOfAPixel)
+{
+    const QImage deep = Filled(QColor(10, 20, 30));
+    const QImage flat = Done(deep, [](Lead& lead) { lead.SetColorResolution(8, 2, 0, 256); });
+    for (const QImage& before : { flat, deep })
+        for (const auto& [order, bytes] :
+            { std::pair("Palettes(0)", std::array { 10, 20, 30 }), { "Palettes(4)", { 30, 20, 10 } } }) {
+            capture.ShowPicture(before);
+            Open();
+            ChangeResolution({ "Bits(24)", order });
+            const QImage effect = Effect();
+            ASSERT_EQ(effect.depth(), 24);
+            for (int place = 0; place < 3; ++place)
+                EXPECT_EQ(effect.constScanLine(0)[place], bytes[size_t(place)]) << order << before.depth();
+        }
+}
+
+TEST_F(VisualTest, AnOrderOfBytesIsNotAskedOfAPictureWithAPalette)
+{
+    Open();
+    ChangeResolution({ "Palettes(0)", "Bits(8)" });
+    EXPECT_EQ(Effect(), Done(Ramp(), [](Lead& lead) { lead.SetColorResolution(8, 1, 0, 256); }));
 }
 
 TEST_F(VisualTest, ACancelledResolutionLeavesThePictureYetBackStandsOnIt)
