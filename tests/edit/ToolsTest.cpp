@@ -155,6 +155,23 @@ TEST_F(ToolsTest, APreviewLetsOtherEventsThroughOnceWhenItStandsInTheCapture)
     EXPECT_EQ(whenPumped, Done(Ramp(), [](Lead& lead) { lead.Contrast(500); }));
 }
 
+TEST_F(ToolsTest, APreviewGivesTheActiveChildTheFocusOfItsWindowAndTheSliderKeepsTheKeyboard)
+{
+    QWidget window;
+    QWidget child(&window);
+    QLineEdit other(&window);
+    frame.activeForm = &child;
+    window.show();
+    other.setFocus();
+    tools->activateWindow();
+    Slider(1).setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Slider(1).hasFocus(); }));
+    ASSERT_EQ(window.focusWidget(), &other);
+    Slider(1).setValue(50);
+    EXPECT_EQ(window.focusWidget(), &child);
+    EXPECT_TRUE(Slider(1).hasFocus());
+}
+
 TEST_F(ToolsTest, AnUndoInTheYieldOfAnotherBringsBackTheSamePicture)
 {
     Click("Cmd2(3)");
