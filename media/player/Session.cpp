@@ -164,9 +164,8 @@ Shot Session::Pause()
 void Session::Redraw(const Shot& shown)
 {
     wires_.OrderRedraw(shown);
-    // The engine lets go of a walk, whose pictures were drawn for what was looked at before, and goes on with
-    // it afterwards: who expects them goes on expecting. Where it is not to be woken, the queue being full, it
-    // is awake.
+    // The engine lets go of a walk, whose pictures were drawn for the view of before, and goes on with it
+    // afterwards: who expects them goes on expecting. When the queue is full it is awake, and the walk ends.
     const bool isWalking = wires_.shelf.Hold();
     const bool isHeard = commands_.Push([isWalking](Engine& engine) {
         engine.Work();
