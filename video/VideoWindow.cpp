@@ -136,7 +136,11 @@ void VideoWindow::BindPlayer()
         if (!ltmmPlay1->FullScreen())
             Q_EMIT Head().MoveRequested(QCursor::pos());
     });
-    connect(ltmmPlay1, &ltmmPlay::PlayerError, this, &VideoWindow::TellError);
+    connect(ltmmPlay1, &ltmmPlay::PlayerError, this, [this](int code) {
+        if (run_)
+            run_->PlayerFailed();
+        TellError(code);
+    });
 }
 
 void VideoWindow::OpenVideo()
@@ -222,11 +226,20 @@ template <typename Run> void VideoWindow::StartRun()
     run_->Start();
 }
 
+/// What is on the screen of a picture that was taken goes with the timer that would have taken it off.
+void VideoWindow::StopFlashing()
+{
+    if (!FlashTimer.isActive())
+        return;
+    FlashTimer.stop();
+    frame_.ShowStatus(StatusLabel::Watermark, false);
+}
+
 /// What stands in the player is the user's again.
 void VideoWindow::ShowRunOver()
 {
     const bool hasVideo = ltmmPlay1->SourceKind() != ltmmPlay::NoSource;
-    FlashTimer.stop();
+    StopFlashing();
     transport_.ObeyLoop();
     transport_.EnableVideoControls(hasVideo, *ltmmPlay1);
     frame_.SetEnabled(hasVideo);
@@ -236,7 +249,7 @@ void VideoWindow::ShowRunOver()
 
 void VideoWindow::StopCapture()
 {
-    FlashTimer.stop();
+    StopFlashing();
     const std::unique_ptr<AutoRun> run = std::move(run_);
     const bool isGoing = run && !run->IsOver();
     // What it has shown at its end may be out of date by now.
@@ -360,7 +373,7 @@ void VideoWindow::ShowProgress(int position)
         if (EndReached) {
             frame_.ShowStatus(StatusLabel::Flashing, false);
             frame_.ShowStatus(StatusLabel::Watermark, false);
-            FlashTimer.stop();
+            StopFlashing();
             Timer3.stop();
         }
     }
