@@ -4,6 +4,7 @@
 #include "video/ltmmPlay.h"
 
 #include <functional>
+#include <utility>
 
 /// A player without media: it remembers what it was told, counts the stills it gave and fails when a test
 /// says so.
@@ -43,6 +44,7 @@ public:
 
     /// An address or file that cannot be opened.
     QString refused;
+    QString beginning; ///< the file that is being loaded
     /// One whose opening the user cancels.
     QString cancelled;
 
@@ -55,10 +57,25 @@ public:
     void SetSourceFile(const QString& name) override
     {
         whenAsked("SetSourceFile");
+        beginning.clear();
         wasCancelled = !name.isEmpty() && name == cancelled;
         file = name == refused || wasCancelled ? QString() : name;
         const auto told = whenLoaded; // which may end this object
         told();
+    }
+    void BeginSourceFile(const QString& name) override
+    {
+        file.clear();
+        beginning = name;
+        QMetaObject::invokeMethod(
+            this,
+            [this, name] {
+                if (std::exchange(beginning, QString()) != name)
+                    return;
+                SetSourceFile(name);
+                Q_EMIT SourceOpened();
+            },
+            Qt::QueuedConnection);
     }
     bool WasCancelled() const override { return wasCancelled; }
     QString SourceFile() const override { return file; }
@@ -71,6 +88,7 @@ public:
     void ResetSource() override
     {
         whenAsked("ResetSource");
+        beginning.clear();
         file.clear();
         memory.clear();
     }
