@@ -54,7 +54,7 @@ constexpr struct {
 /// A file by its full path, an address as it stands.
 QString FullText(const QByteArray& argument)
 {
-    if (const QString file = FileOf(QUrl::fromEncoded(argument)); !file.isEmpty())
+    if (QString file = FileOf(QUrl::fromEncoded(argument)); !file.isEmpty())
         return file;
     QString text = FileName::FromBytes(argument);
     if (!IsAddress(text) && !text.startsWith(u'/'))
