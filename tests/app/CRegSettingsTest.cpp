@@ -104,7 +104,8 @@ TEST_F(CRegSettingsTest, AStarStandsForTheUnnamedValue)
 TEST_F(CRegSettingsTest, SeveralAreWrittenInTheirOrder)
 {
     const std::vector<Setting> settings { { QStringLiteral("Ext"), QStringLiteral(".jpg") },
-        { QStringLiteral("BW"), QStringLiteral("True") }, { QStringLiteral("*"), QStringLiteral("unnamed") } };
+        { QStringLiteral("BW"), QStringLiteral("True") },
+        { QStringLiteral("*"), QStringLiteral("unnamed") } };
     ASSERT_TRUE(settings_.SaveSettings(Section, settings));
     EXPECT_EQ(FileBytes(settings_.FilePath()), "[Options]\nExt=.jpg\nBW=True\n=unnamed\n");
 }
