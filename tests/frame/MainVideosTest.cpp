@@ -1,6 +1,7 @@
 // How videos come into the frame: by the dialog, the list, an address or a drop.
 #include "desktop/FileName.h"
 #include "tests/frame/FrameFixture.h"
+#include "tests/testing/Await.h"
 #include "tests/testing/RunningDialog.h"
 #include "toolkit/ChildForm.h"
 #include "video/URLfrm.h"
@@ -414,12 +415,21 @@ TEST_F(MainVideosTest, AFileChosenByTheVideoWindowsOwnOpenButtonIsOpened)
     EXPECT_TRUE(Form("VideoWindow").isVisible());
 }
 
+TEST_F(MainVideosTest, AVideoOfTheListHasItsCommandsThoughARunEndedWithABrokenOne)
+{
+    OpenTwo();
+    main->SetEnabled(false);
+    Click("CmdList(1)");
+    EXPECT_TRUE(IsEnabled(Command::Stretch));
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+}
+
 TEST_F(MainVideosTest, ADownloadEndsAnAutomaticCaptureEvenUnused)
 {
     Store("UsersCaptureTime", "1000");
     state.AutoCapture = state.CaptureTime = true;
     OpenOne();
-    ASSERT_EQ(player->state, ltmmPlay::Running);
+    ASSERT_TRUE(Await([this] { return player->state == ltmmPlay::Running; }, std::chrono::seconds(20)));
     ASSERT_FALSE(IsEnabled(Command::Capture));
     WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
     Click("Cmds(4)");
