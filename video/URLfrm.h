@@ -28,4 +28,5 @@ private:
     QPointer<VideoWindow> window_;
     QLineEdit* edtURL;
     TAQbutton* CmdOK;
+    bool isLoading_ = false;
 };
