@@ -173,6 +173,7 @@ void Main::dropEvent(QDropEvent* event)
         return;
     const bool isFirst = player.SourceKind() == ltmmPlay::NoSource;
     AddChild(&CurrentVideo());
+    const Hourglass waiting;
     player.SetSourceFile(file);
     event->acceptProposedAction();
     if (isFirst && player.SourceKind() != ltmmPlay::NoSource)
