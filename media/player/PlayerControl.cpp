@@ -32,7 +32,6 @@ PlayerControl::PlayerControl(QWidget* parent, OpeningWait awaitOpening, SoundDev
     , progress_([this] { ReportProgress(); })
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     QPalette ground = palette();
     ground.setColor(QPalette::Window, StyleColor(Token::Ground));
@@ -46,7 +45,7 @@ PlayerControl::~PlayerControl()
 
 void PlayerControl::SetSourceFile(const QString& file)
 {
-    Drop();
+    ResetSource();
     if (file.isEmpty())
         return;
     file_ = file;
@@ -56,7 +55,7 @@ void PlayerControl::SetSourceFile(const QString& file)
 
 void PlayerControl::SetSourceMemory(const QByteArray& block)
 {
-    Drop();
+    ResetSource();
     memory_ = block;
     kind_ = MemorySource;
     Open({ media::Source::Kind::Memory, block });
