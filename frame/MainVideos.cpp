@@ -69,6 +69,7 @@ void Main::OpenListed()
     // One that is closing is in sight too, and stays for the video only when it is shown again.
     if (!window.isVisible() || window.Closing || window.CurrentShape() == ChildForm::Shape::Minimized)
         AddChild(&window);
+    SetEnabled(true); // a run over the list may have ended with a broken one
     window.OpenVideo();
 }
 

@@ -2,6 +2,7 @@
 #include "app/Hourglass.h"
 #include "desktop/FileName.h"
 #include "tests/frame/FrameFixture.h"
+#include "tests/testing/Await.h"
 #include "tests/testing/RunningDialog.h"
 #include "toolkit/ChildForm.h"
 #include "toolkit/TitleStrip.h"
@@ -480,12 +481,21 @@ TEST_F(MainVideosTest, AFileChosenByTheVideoWindowsOwnOpenButtonIsOpened)
     EXPECT_TRUE(Form("VideoWindow").isVisible());
 }
 
+TEST_F(MainVideosTest, AVideoOfTheListHasItsCommandsThoughARunEndedWithABrokenOne)
+{
+    OpenTwo();
+    main->SetEnabled(false);
+    Click("CmdList(1)");
+    EXPECT_TRUE(IsEnabled(Command::Stretch));
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+}
+
 TEST_F(MainVideosTest, ADownloadEndsAnAutomaticCaptureEvenUnused)
 {
     Store("UsersCaptureTime", "1000");
     state.AutoCapture = state.CaptureTime = true;
     OpenOne();
-    ASSERT_EQ(player->state, ltmmPlay::Running);
+    ASSERT_TRUE(Await([this] { return player->state == ltmmPlay::Running; }, std::chrono::seconds(20)));
     ASSERT_FALSE(IsEnabled(Command::Capture));
     WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
     Click("Cmds(4)");

@@ -4,6 +4,7 @@
 #include "video/ltmmPlay.h"
 
 #include <functional>
+#include <utility>
 
 /// A player without media: it remembers what it was told, counts the stills it gave and fails when a test
 /// says so.
@@ -44,6 +45,7 @@ public:
 
     /// An address or file that cannot be opened.
     QString refused;
+    QString beginning; ///< the file that is being loaded
     /// One whose opening the user cancels.
     QString cancelled;
 
@@ -53,8 +55,23 @@ public:
     void SetSourceFile(const QString& name) override
     {
         whenAsked("SetSourceFile");
+        beginning.clear();
         wasCancelled = !name.isEmpty() && name == cancelled;
         file = name == refused || wasCancelled ? QString() : name;
+    }
+    void BeginSourceFile(const QString& name) override
+    {
+        file.clear();
+        beginning = name;
+        QMetaObject::invokeMethod(
+            this,
+            [this, name] {
+                if (std::exchange(beginning, QString()) != name)
+                    return;
+                SetSourceFile(name);
+                Q_EMIT SourceOpened();
+            },
+            Qt::QueuedConnection);
     }
     bool WasCancelled() const override { return wasCancelled; }
     QString SourceFile() const override { return file; }
@@ -67,6 +84,7 @@ public:
     void ResetSource() override
     {
         whenAsked("ResetSource");
+        beginning.clear();
         file.clear();
         memory.clear();
     }
