@@ -81,7 +81,7 @@ void PlayerControl::ResetSource()
 
 void PlayerControl::BeginSourceFile(const QString& file)
 {
-    Drop();
+    ResetSource();
     file_ = file;
     kind_ = FileSource;
     if (Begin(SourceOf(file)))
