@@ -292,8 +292,9 @@ TEST_F(TimedRunTest, TheNextVideoOpensWhileTheErrorOfTheLastOneStands)
     frame.errors.Expect(QStringLiteral("Error Abort"),
         QStringLiteral("Abort, Error Playing.     Error Code: Reason 1.  Or file is not complete, or it is "
                        "corrupt"));
-    frame.errors.whileShown
-        = [this] { EXPECT_TRUE(Await([&] { return player->opened == QStringList({ A, C }); })); };
+    frame.errors.whileShown = [this] {
+        EXPECT_TRUE(Await([&] { return player->opened == QStringList({ A, C }); }));
+    };
     RunByTime({ A, C }, 1);
     ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
     player->Stop();
