@@ -1,4 +1,5 @@
 // How videos come into the frame: by the dialog, the list, an address or a drop.
+#include "app/Hourglass.h"
 #include "app/Lead.h"
 #include "desktop/FileName.h"
 #include "frame/CommandLine.h"
@@ -6,6 +7,7 @@
 #include "tests/testing/Await.h"
 #include "tests/testing/RunningDialog.h"
 #include "toolkit/ChildForm.h"
+#include "toolkit/TitleStrip.h"
 #include "video/URLfrm.h"
 
 #include <QAbstractButton>
@@ -38,6 +40,12 @@ protected:
         Click("Cmds(0)");
     }
     void OpenTwo() { OpenThese({ QStringLiteral("a.avi"), QStringLiteral("b.avi") }); }
+    /// From now on the list shows itself when several videos are opened.
+    void LetTheListOpen()
+    {
+        Store("OpenVidList", "False");
+        state.Reload(Key::OpenVidList);
+    }
     void ShowListByThePopup() { ChooseInPopup(0); }
     void DownloadHoliday()
     {
@@ -200,8 +208,7 @@ TEST_F(MainVideosTest, TheVideoWindowsOwnOpenButtonReadsTheAutomaticCaptureAnew)
 
 TEST_F(MainVideosTest, ASecondSelectionShowsItsOwnList)
 {
-    Store("OpenVidList", "False");
-    state.Reload(Key::OpenVidList);
+    LetTheListOpen();
     for (const QString& pair : { QStringLiteral("a.avi b.avi"), QStringLiteral("c.avi d.avi") }) {
         const QStringList names = pair.split(u' ');
         OpenThese(names);
@@ -222,6 +229,21 @@ TEST_F(MainVideosTest, AFileDroppedOnTheFrameGoesToThePlayerAndChangesNothingEls
     EXPECT_EQ(FileName::ToBytes(player->file), QByteArray("/films/caf\xE9.avi"));
     EXPECT_TRUE(Find("VideoWindow")->isVisible());
     EXPECT_EQ(state.VideoPath, QString());
+}
+
+TEST_F(MainVideosTest, ThePointerIsBusyWhileADroppedFileOpens)
+{
+    OpenOne();
+    Pointer whileOpening = Pointer::Normal;
+    player->whenAsked = [&](const char* call) {
+        if (qstrcmp(call, "SetSourceFile") == 0)
+            whileOpening = CurrentPointer();
+    };
+    QMimeData data;
+    data.setUrls({ QUrl(QStringLiteral("file:///films/b.avi")) });
+    Drop(data);
+    EXPECT_EQ(whileOpening, Pointer::Busy);
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
 }
 
 TEST_F(MainVideosTest, WhateverIsDroppedStopsTheVideoAndOnlyAFileOfThisMachineThatComesFirstIsTaken)
@@ -343,8 +365,7 @@ TEST_F(MainVideosTest, TheVideoListComesBackFromItsStripWhereItWas)
 
 TEST_F(MainVideosTest, WalkingTheListLeavesItInFrontAndInItsPlace)
 {
-    Store("OpenVidList", "False");
-    state.Reload(Key::OpenVidList);
+    LetTheListOpen();
     OpenTwo();
     const QRect place(40, 30, 280, 200);
     Form("VideoList").setGeometry(place);
@@ -358,6 +379,18 @@ TEST_F(MainVideosTest, WalkingTheListLeavesItInFrontAndInItsPlace)
     ASSERT_EQ(player->file, folder.filePath(QStringLiteral("a.avi")));
     EXPECT_EQ(main->ActiveForm(), &Form("VideoWindow"));
     EXPECT_EQ(Form("VideoList").geometry(), place);
+}
+
+TEST_F(MainVideosTest, AListThatWasClosedComesBackWithTheNextVideo)
+{
+    LetTheListOpen();
+    OpenTwo();
+    ClickOn("VideoList", "Cmds(0)");
+    DeleteClosed();
+    ASSERT_EQ(Find("VideoList"), nullptr);
+    Click("CmdList(1)");
+    ASSERT_NE(Find("VideoList"), nullptr);
+    EXPECT_TRUE(Find("VideoList")->isVisible());
 }
 
 TEST_F(MainVideosTest, ThePopupShowsNoListWithoutAVideo)
@@ -395,6 +428,17 @@ TEST_F(MainVideosTest, CancelRestsOnceADownloadIsCancelledOrAFileIsOpened)
     ASSERT_TRUE(IsEnabled(Command::Cancel));
     OpenOne();
     EXPECT_FALSE(IsEnabled(Command::Cancel));
+}
+
+TEST_F(MainVideosTest, AVideoWindowThatIsClosedLeavesNoDownloadToCancel)
+{
+    DownloadHoliday();
+    ASSERT_TRUE(IsEnabled(Command::Cancel));
+    Find("VideoWindow")->close();
+    DeleteClosed();
+    Click("Cmds(5)");
+    EXPECT_FALSE(IsEnabled(Command::Cancel));
+    EXPECT_EQ(Find("VideoWindow"), nullptr) << "nor a window for it that nobody sees";
 }
 
 TEST_F(MainVideosTest, ACancelledDialogLeavesNoListToWalkAndTheOpenInProgress)
@@ -504,6 +548,28 @@ TEST_F(MainVideosTest, TheFirstNextPlaysTheFirstVideoAndTheSecondTheThird)
         Click("CmdList(1)");
         EXPECT_EQ(player->file, folder.filePath(QLatin1String(name)));
     }
+}
+
+TEST_F(MainVideosTest, InAWindowThatStandsTheFirstNextOfAnotherSelectionPlaysItsSecond)
+{
+    OpenThese({ QStringLiteral("a.avi"), QStringLiteral("b.avi"), QStringLiteral("c.avi") });
+    Click("CmdList(1)");
+    ASSERT_EQ(player->file, folder.filePath(QStringLiteral("a.avi")));
+    OpenThese({ QStringLiteral("d.avi"), QStringLiteral("e.avi"), QStringLiteral("f.avi") });
+    Click("CmdList(1)");
+    EXPECT_EQ(player->file, folder.filePath(QStringLiteral("e.avi")));
+}
+
+TEST_F(MainVideosTest, AWalkPastTheVideosOfASelectionLeadsToNoVideoAndCannotGoOn)
+{
+    OpenThese({ QStringLiteral("a.avi"), QStringLiteral("b.avi"), QStringLiteral("n.txt") });
+    Click("CmdList(1)");
+    ASSERT_EQ(player->file, folder.filePath(QStringLiteral("a.avi")));
+    Click("CmdList(1)");
+    EXPECT_EQ(player->file, QString());
+    EXPECT_EQ(Form("VideoWindow").Head().Title(), QString());
+    for (const char* button : { "CmdList(0)", "CmdList(1)", "Cmd2(0)" })
+        EXPECT_FALSE(Find(button)->isEnabled()) << button;
 }
 
 TEST_F(MainVideosTest, AFileChosenByTheVideoWindowsOwnOpenButtonIsOpened)

@@ -201,6 +201,17 @@ TEST_F(TimedRunTest, AVideoChosenFromTheListLeavesTheRunAndOpensAsUsual)
     EXPECT_EQ(player->stillsGiven, given);
 }
 
+TEST_F(TimedRunTest, AnOpenCountsTheCapturesAnew)
+{
+    RunQuickly({ A, C });
+    ASSERT_TRUE(AwaitCaptures(3));
+    ASSERT_GE(window->UserCaptures(), 2);
+    state.VideoPath = state.Videos.value(2);
+    state.FromList = true;
+    window->OpenVideo();
+    EXPECT_EQ(window->UserCaptures(), 0);
+}
+
 TEST_F(TimedRunTest, TheWindowsOtherButtonsLetItGoOn)
 {
     RunQuickly({ A });
@@ -238,6 +249,18 @@ TEST_F(TimedRunTest, AfterTheLastVideoNothingMoreIsWrittenAndTheCommandsComeBack
     ASSERT_TRUE(AwaitOver());
     EXPECT_FALSE(ticking.TicksOn());
     EXPECT_TRUE(pane.Cmd2[PlayButton]->isEnabled());
+}
+
+TEST_F(TimedRunTest, AfterTheEndTheLabelFlashesNoMore)
+{
+    RunByTime({ A }, 1);
+    ASSERT_TRUE(Await([&] { return frame.statusShown.value(StatusLabel::Flashing); })) << "it flashes";
+    Progress(10'000);
+    ASSERT_TRUE(AwaitOver());
+    frame.ShowStatus(StatusLabel::Flashing, true);
+    window->resize(20, 20); // two seconds later the window grows
+    ASSERT_TRUE(Await([&] { return window->height() >= 53; }));
+    EXPECT_TRUE(frame.statusShown.value(StatusLabel::Flashing)) << "nothing has hidden it in that time";
 }
 
 TEST_F(TimedRunTest, AWmvIsCapturedByTimeAsAnyOther)
