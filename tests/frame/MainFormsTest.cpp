@@ -1,4 +1,5 @@
 // The child windows of the frame: how they come, stand in front or behind, and go.
+#include "app/Lead.h"
 #include "capture/CaptureCurrentFrame.h"
 #include "tests/frame/FrameFixture.h"
 #include "toolkit/ChildForm.h"
@@ -50,7 +51,7 @@ TEST_F(MainFormsTest, ThumbnailsAloneOpenNoCaptureWindow)
 
 TEST_F(MainFormsTest, ThePickedThumbnailStandsInTheCaptureWindowThatItsButtonOpens)
 {
-    state.OpThumb = 0;
+    Store("OpThumb", "0");
     OpenOne();
     for (const int shot : { 20, 70 }) {
         player->frame = shot;

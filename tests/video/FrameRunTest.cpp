@@ -1,6 +1,7 @@
+#include "tests/testing/PaintCount.h"
 #include "tests/testing/SmallDisk.h"
 #include "tests/video/AutoRunFixture.h"
-#include "toolkit/StripButton.h"
+#include "toolkit/PositionSlider.h"
 #include "toolkit/TitleStrip.h"
 
 namespace {
@@ -26,6 +27,7 @@ TEST_F(FrameRunTest, TheFramesAskedForAreWrittenInTheirOrder)
     ASSERT_TRUE(AwaitOver());
     EXPECT_EQ(FramesWritten(), (Frames { 0, 10, 20 }));
     EXPECT_EQ(FilesWritten(), 3);
+    EXPECT_EQ(player->lastTimeout, 5000);
 }
 
 TEST_F(FrameRunTest, AVideoOfFewerFramesThanTheStepGivesAFirstFileAndOneLast)
@@ -48,10 +50,43 @@ TEST_F(FrameRunTest, TheLabelTellsTheTimedIntervalAsFrameNumber)
 {
     Store("UsersCaptureTime", QStringLiteral("7"));
     RunByFrames({ A }, 10);
-    EXPECT_TRUE(frame.statusShown.value(StatusLabel::AutoCapture));
+    for (const StatusLabel label :
+        { StatusLabel::AutoCapture, StatusLabel::Operation, StatusLabel::Position })
+        EXPECT_TRUE(frame.statusShown.value(label));
     ASSERT_TRUE(AwaitLabel(QStringLiteral("Captured first frame.     Total Captures = 1")));
     ASSERT_TRUE(AwaitOver());
     EXPECT_EQ(Status(StatusLabel::AutoCapture), "Captured frame at Frame #: 14    Total Captures = 3");
+    EXPECT_EQ(frame.errors.lastOwner, nullptr) << "no summary is shown besides";
+}
+
+TEST_F(FrameRunTest, TheLabelsOfTheVideoComeBackAfterEachVideo)
+{
+    player->whenStillIsTaken = [this] {
+        for (const StatusLabel label : { StatusLabel::Operation, StatusLabel::Position })
+            frame.ShowStatus(label, false);
+    };
+    RunByFrames({ A }, 10);
+    ASSERT_TRUE(AwaitOver());
+    EXPECT_TRUE(frame.statusShown.value(StatusLabel::Operation));
+    EXPECT_TRUE(frame.statusShown.value(StatusLabel::Position));
+}
+
+TEST_F(FrameRunTest, EachVideoBeginsAtItsStartAndSoDoesTheSlider)
+{
+    Open({ C });
+    pane.trkPosition->SetMax(8000);
+    Progress(7000);
+    ASSERT_EQ(pane.trkPosition->Value(), 7000);
+    double position = -1;
+    player->whenStillIsTaken = [&] {
+        if (player->stillsGiven == 1)
+            position = player->CurrentPosition();
+    };
+    RunByFrames({ A }, 10);
+    ASSERT_TRUE(AwaitOver());
+    EXPECT_EQ(position, 0);
+    EXPECT_EQ(pane.trkPosition->Max(), player->TrackingMax());
+    EXPECT_EQ(pane.trkPosition->Value(), 0);
 }
 
 TEST_F(FrameRunTest, ARunOverSeveralVideosCountsOneMore)
@@ -99,7 +134,12 @@ TEST_F(FrameRunTest, AWmvIsRefusedAndPlaysAndTheRunWaitsForIt)
 {
     frame.errors.Expect(QLatin1String(RefusalTitle), QLatin1String(RefusalText));
     RunByFrames({ A, Wmv, C }, 10);
+    pane.trkPosition->SetMax(8000);
+    pane.trkPosition->SetValue(7000);
     ASSERT_TRUE(Await([&] { return player->opened.size() == 2 && player->state == ltmmPlay::Running; }));
+    EXPECT_EQ(pane.trkPosition->Max(), player->TrackingMax());
+    EXPECT_EQ(pane.trkPosition->Value(), 0);
+    EXPECT_EQ(player->CurrentPosition(), 0);
     EXPECT_TRUE(pane.Cmd2[PauseButton]->isEnabled());
     Progress(9000);
     QCoreApplication::processEvents();
@@ -156,6 +196,7 @@ TEST_F(FrameRunTest, ASingleFrameIsToldAndNothingIsWritten)
     RunByFrames({ A }, 10);
     ASSERT_TRUE(AwaitOver());
     EXPECT_EQ(FilesWritten(), 0);
+    ExpectTheVideosButtonsToWork();
 }
 
 TEST_F(FrameRunTest, AFileOfAnyOtherTypeIsLeftOutWithoutAWord)
@@ -186,6 +227,7 @@ TEST_F(FrameRunTest, FiveVideosWithAWmvABrokenOneAndATextFileGiveThePicturesOfTh
     ASSERT_TRUE(AwaitOver());
     EXPECT_EQ(player->opened, (QStringList { A, Wmv, B, C }));
     EXPECT_EQ(FramesWritten(), (Frames { 0, 10, 20, 10, 20 }));
+    ExpectTheVideosButtonsToWork();
 }
 
 TEST_F(FrameRunTest, AFrameThatIsRefusedEndsItsVideoAndTheRunGoesOn)
@@ -199,6 +241,16 @@ TEST_F(FrameRunTest, AFrameThatIsRefusedEndsItsVideoAndTheRunGoesOn)
     EXPECT_EQ(FrameIn(7), 10);
     EXPECT_EQ(FrameIn(8), 20);
     EXPECT_EQ(FilesWritten(), 7);
+    ExpectTheVideosButtonsToWork();
+}
+
+TEST_F(FrameRunTest, AfterAFrameThatIsRefusedTheTitleNamesThePictureWrittenLast)
+{
+    player->refusedFrames = { 20 };
+    RunByFrames({ A }, 10);
+    ASSERT_TRUE(AwaitOver());
+    EXPECT_EQ(window->Head().Title(), PicturePath(2));
+    EXPECT_EQ(state.VideoPath, PicturePath(2));
 }
 
 TEST_F(FrameRunTest, AFolderRemovedInTheMiddleEndsTheVideoAndTheNextGoesOnWhereItIsBack)
@@ -242,6 +294,31 @@ TEST_F(FrameRunTest, TheWindowsCloseButtonLeavesTheRun)
     RunByFrames({ A, B }, 10);
     ASSERT_TRUE(Await([&] { return FilesWritten() > 5; }));
     ExpectTheCloseButtonToLeaveTheRun();
+}
+
+TEST_F(FrameRunTest, ClosingTheWindowLeavesTheRun)
+{
+    player->frameCounts[A] = 30'000;
+    RunByFrames({ A, B }, 10);
+    ASSERT_TRUE(Await([&] { return FilesWritten() > 5; }));
+    int more = 0;
+    player->whenStillIsTaken = [&] { ++more; };
+    frame.own = &spare;
+    window->close();
+    ASSERT_TRUE(Await([&] { return window.isNull(); }));
+    EXPECT_EQ(more, 0);
+    EXPECT_TRUE(AreAllWhole());
+}
+
+TEST_F(FrameRunTest, TheWindowRepaintsWhileTheRunGoesOn)
+{
+    player->frameCounts[A] = 30'000;
+    RunByFrames({ A }, 10);
+    ASSERT_TRUE(Await([&] { return FilesWritten() > 2; }));
+    PaintCount paints(*window);
+    window->update();
+    EXPECT_TRUE(Await([&] { return paints.count > 0; }));
+    EXPECT_FALSE(frame.enabled.value(Command::Capture)) << "it goes on";
 }
 
 TEST_F(FrameRunTest, TheWindowsOpenButtonLeavesTheRunAndGivesTheVideoToTheUser)
