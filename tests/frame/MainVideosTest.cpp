@@ -467,8 +467,8 @@ TEST_F(MainVideosTest, TheVideoWindowsOwnOpenButtonTurnsARunByFramesIntoOneByTim
     Store("Ext", ".png");
     dialogs.openNames.push(folder.filePath(QStringLiteral("c.avi")));
     ClickOn("VideoWindow", "Cmds(3)");
-    EXPECT_TRUE(QTest::qWaitFor(
-        [this] { return QFile::exists(state.Beside(QStringLiteral("AutoFrame/auto1.png"))); }));
+    const QString first = state.Beside(QStringLiteral("AutoFrame/auto1.png"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(first); }, 10'000));
     EXPECT_EQ(player->file, folder.filePath(QStringLiteral("c.avi")));
     EXPECT_EQ(player->state, ltmmPlay::Running);
     EXPECT_FALSE(IsEnabled(Command::Capture));

@@ -130,6 +130,21 @@ protected:
         return std::ranges::none_of(FilesIn(PictureFolder()),
             [this](const QString& file) { return QImage(PictureFolder() + u'/' + file).isNull(); });
     }
+    /// The message of a .wmv that frames are asked of.
+    void ExpectRefusal()
+    {
+        frame.errors.Expect(QStringLiteral("Auto Frame Capture"),
+            QStringLiteral("The frame command is not supported by this video format.\n"
+                           "Multi capture not enabled.\n"
+                           "Turn off this feature for this video, reload it, and use the capture button."));
+    }
+    /// The message of a video of one frame.
+    void ExpectSingleFrame()
+    {
+        frame.errors.Expect(QStringLiteral("Capture Not Supported"),
+            QStringLiteral("The frame command is not supported by this video format. Turn off this feature "
+                           "for this video and use the capture button."));
+    }
     void ExpectTheVideosButtonsToWork() const
     {
         for (const StripButton* button : pane.Cmd2)

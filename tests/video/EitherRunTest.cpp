@@ -15,7 +15,10 @@ protected:
     void Begin(const QStringList& names)
     {
         player->rate = 50; // the pictures of a timed run come in quick succession
-        IsTimed() ? RunByTime(names, 1) : RunByFrames(names, 10);
+        if (IsTimed())
+            RunByTime(names, 1);
+        else
+            RunByFrames(names, 10);
     }
     /// Plays the video of a timed run to its end; the other comes to it by itself.
     void PlayToEnd()
