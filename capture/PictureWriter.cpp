@@ -20,6 +20,7 @@ struct Job {
     QImage picture; ///< null for one that is not to be had
     AutoName names;
     PictureWriter::Finish finish;
+    PictureWriter::AfterFailure afterFailure;
     int turn; ///< pictures that are dropped together
 };
 
@@ -53,7 +54,7 @@ public:
     /// Whether the thread has ended within Patience.
     bool Close();
     void Work();
-    void Put(const QImage& picture, const AutoName& names, const Finish& finish);
+    void Put(const QImage& picture, const AutoName& names, const Finish& finish, AfterFailure afterFailure);
     void Drop();
     void Restart();
     int Turn() const { return turn_; }
@@ -104,7 +105,7 @@ void PictureWriter::Desk::Write(const Job& job)
         number_ = number;
     if (job.picture.isNull())
         return;
-    if (!isWritten && job.turn == turn_) {
+    if (!isWritten && job.turn == turn_ && job.afterFailure == AfterFailure::Stop) {
         hasFailed_ = true;
         jobs_.clear();
     }
@@ -115,15 +116,19 @@ void PictureWriter::Desk::Tell(const Job& job, const QString& path)
 {
     if (owner_)
         QMetaObject::invokeMethod(
-            owner_, [owner = owner_, turn = job.turn, path] { owner->Tell(turn, path); },
+            owner_,
+            [owner = owner_, turn = job.turn, path, afterFailure = job.afterFailure] {
+                owner->Tell(turn, path, afterFailure);
+            },
             Qt::QueuedConnection);
 }
 
-void PictureWriter::Desk::Put(const QImage& picture, const AutoName& names, const Finish& finish)
+void PictureWriter::Desk::Put(
+    const QImage& picture, const AutoName& names, const Finish& finish, AfterFailure afterFailure)
 {
     const std::lock_guard lock(mutex_);
     if (!hasFailed_)
-        jobs_.push_back({ picture, names, finish, turn_ });
+        jobs_.push_back({ picture, names, finish, afterFailure, turn_ });
     changed_.notify_all();
 }
 
@@ -164,16 +169,17 @@ PictureWriter::~PictureWriter()
         thread_.detach();
 }
 
-void PictureWriter::Write(const QImage& picture, const AutoName& names, const Finish& finish)
+void PictureWriter::Write(
+    const QImage& picture, const AutoName& names, const Finish& finish, AfterFailure afterFailure)
 {
     Start();
     ++waiting_;
-    desk_->Put(picture, names, finish);
+    desk_->Put(picture, names, finish, afterFailure);
 }
 
 void PictureWriter::Skip(const AutoName& names)
 {
-    desk_->Put({}, names, {});
+    desk_->Put({}, names, {}, AfterFailure::GoOn);
 }
 
 void PictureWriter::Start()
@@ -199,15 +205,16 @@ void PictureWriter::Restart()
     desk_->Restart();
 }
 
-void PictureWriter::Tell(int turn, const QString& path)
+void PictureWriter::Tell(int turn, const QString& path, AfterFailure afterFailure)
 {
     if (turn != desk_->Turn())
         return;
+    --waiting_;
     if (!path.isEmpty()) {
-        --waiting_;
         Q_EMIT Written(path);
         return;
     }
-    Drop();
+    if (afterFailure == AfterFailure::Stop)
+        Drop();
     Q_EMIT Failed();
 }

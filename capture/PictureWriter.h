@@ -23,7 +23,10 @@ public:
     /// its file before it is told, finish does on the thread; when that throws ControlError the picture
     /// counts as failed and its file stands. Throws ControlError when there is no thread to be had.
     using Finish = std::function<void(const QString& path)>;
-    void Write(const QImage& picture, const AutoName& names, const Finish& finish = {});
+    /// What becomes of the pictures handed over after one that fails: written all the same, or dropped.
+    enum class AfterFailure { GoOn, Stop };
+    void Write(const QImage& picture, const AutoName& names, const Finish& finish = {},
+        AfterFailure afterFailure = AfterFailure::Stop);
     /// The next free number was for a picture that is not to be had: it is passed over.
     void Skip(const AutoName& names);
     /// Pictures handed over whose result has not been told.
@@ -36,13 +39,13 @@ public:
 Q_SIGNALS:
     /// The picture stands on the disk.
     void Written(const QString& path);
-    /// It does not; what was handed over after it was dropped.
+    /// It does not.
     void Failed();
 
 private:
     class Desk;
     void Start();
-    void Tell(int turn, const QString& path);
+    void Tell(int turn, const QString& path, AfterFailure afterFailure);
 
     std::shared_ptr<Desk> desk_;
     std::thread thread_;

@@ -5,6 +5,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -53,20 +54,19 @@ void GnomeWallpaper::Set(const QString& path, Done done)
 
 void GnomeWallpaper::Write(const char* key, const QString& value, const Done& done, const Next& next)
 {
-    RunTool(owner_, QLatin1String(Program),
-        { QStringLiteral("set"), QLatin1String(keys_.schema), QLatin1String(key), value },
-        [=](const ToolAnswer& answer) {
-            answer.IsGood() ? next(answer.output) : done({ Result::NotSet, answer.fault });
-        });
+    Run({ QStringLiteral("set"), QLatin1String(keys_.schema), QLatin1String(key), value }, done, next);
 }
 
 void GnomeWallpaper::Read(const char* key, const Done& done, const Next& next)
 {
-    RunTool(owner_, QLatin1String(Program),
-        { QStringLiteral("get"), QLatin1String(keys_.schema), QLatin1String(key) },
-        [=](const ToolAnswer& answer) {
-            answer.IsGood() ? next(answer.output) : done({ Result::NotSet, answer.fault });
-        });
+    Run({ QStringLiteral("get"), QLatin1String(keys_.schema), QLatin1String(key) }, done, next);
+}
+
+void GnomeWallpaper::Run(const QStringList& arguments, const Done& done, const Next& next)
+{
+    RunTool(owner_, QLatin1String(Program), arguments, [=](const ToolAnswer& answer) {
+        answer.IsGood() ? next(answer.output) : done({ Result::NotSet, answer.fault });
+    });
 }
 
 /// Older desktops have no such key.

@@ -3,6 +3,10 @@
 #include "desktop/Wallpaper.h"
 
 #include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
 
 /// Where a desktop of this family keeps its background.
 struct BackgroundKeys {
@@ -30,6 +34,8 @@ private:
     using Next = std::function<void(const QString& output)>;
     void Write(const char* key, const QString& value, const Done& done, const Next& next);
     void Read(const char* key, const Done& done, const Next& next);
+    /// Runs the program; next gets its output, done its failure.
+    void Run(const QStringList& arguments, const Done& done, const Next& next);
     void WriteForDark(const QString& value, const Done& done);
     void MakeVisible(const QString& value, const Done& done);
     void Verify(const QString& value, const Done& done);

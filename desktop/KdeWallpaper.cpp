@@ -6,6 +6,7 @@
 #include <QDBusPendingReply>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QString>
 #include <QUrl>
 
 namespace {

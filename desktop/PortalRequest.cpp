@@ -1,6 +1,7 @@
 #include "desktop/PortalRequest.h"
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QRandomGenerator>
@@ -60,8 +61,8 @@ void PortalRequest::Answer(uint response, const QVariantMap&)
         return End({});
     case Cancelled:
         return End({ Wallpaper::Result::Declined, QStringLiteral("The wallpaper was declined.") });
-    default:
-        return End({ Wallpaper::Result::NotSet, QStringLiteral("The desktop refused the wallpaper.") });
+    default: // nobody was asked, or nobody could be: another way may lead there
+        return End({ Wallpaper::Result::NotHere, QStringLiteral("The desktop refused the wallpaper.") });
     }
 }
 

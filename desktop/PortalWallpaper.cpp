@@ -5,11 +5,14 @@
 #include "desktop/PortalRequest.h"
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusUnixFileDescriptor>
 #include <QGuiApplication>
+#include <QVariant>
 #include <QWindow>
 
 #include <fcntl.h>
+#include <utility>
 
 namespace {
 

@@ -1,78 +1,38 @@
 #include "desktop/RootWallpaper.h"
 
+#include "desktop/XRoot.h"
+
 #include <QGuiApplication>
 #include <QImage>
+#include <QList>
 #include <QPainter>
+#include <QRect>
 #include <QScreen>
 
-#include <xcb/xcb.h>
-
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
+#include <array>
 #include <memory>
-#include <vector>
 
 namespace {
 
-constexpr int FewestBits = 24; // a pixel; servers with fewer are none that pictures are looked at on
-constexpr uint32_t MostWords = 4096; // of a property that is read
+constexpr std::array CommonMarks { "_XROOTPMAP_ID", "ESETROOT_PMAP_ID" };
+constexpr auto OwnMark = "_TAQ_ROOT_PIXMAP"; // the picture on the root is this program's
 
-template <typename Reply> using Answer = std::unique_ptr<Reply, decltype(&std::free)>;
-template <typename Reply> Answer<Reply> Taken(Reply* reply)
-{
-    return Answer<Reply>(reply, &std::free);
-}
+using Own = std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)>;
 
 /// A connection of its own: what was made on it outlives it once that is said, and nothing else should.
-class Server {
-public:
-    Server()
-        : connection_(xcb_connect(nullptr, &number_))
-    {
-    }
-    ~Server() { xcb_disconnect(connection_); }
-    Server(const Server&) = delete;
-    Server& operator=(const Server&) = delete;
-
-    bool IsThere() const { return xcb_connection_has_error(connection_) == 0; }
-    xcb_connection_t* Connection() const { return connection_; }
-    xcb_screen_t* Screen() const
-    {
-        auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection_));
-        for (int i = 0; i < number_ && screens.rem > 1; ++i)
-            xcb_screen_next(&screens);
-        return screens.data;
-    }
-    xcb_atom_t Atom(const char* name) const
-    {
-        const auto answer = Taken(xcb_intern_atom_reply(
-            connection_, xcb_intern_atom(connection_, 0, uint16_t(std::strlen(name)), name), nullptr));
-        return answer ? answer->atom : xcb_atom_t(XCB_ATOM_NONE);
-    }
-    /// The words of a property, none when it is not there.
-    std::vector<uint32_t> Property(xcb_window_t window, const char* name) const
-    {
-        const auto answer = Taken(xcb_get_property_reply(connection_,
-            xcb_get_property(connection_, 0, window, Atom(name), XCB_ATOM_ANY, 0, MostWords), nullptr));
-        if (!answer || answer->format != 32)
-            return {};
-        const auto* words = static_cast<const uint32_t*>(xcb_get_property_value(answer.get()));
-        return { words, words + answer->value_len };
-    }
-
-private:
-    int number_ = 0;
-    xcb_connection_t* connection_;
-};
+Own OwnConnection()
+{
+    return Own(xcb_connect(nullptr, nullptr), &xcb_disconnect);
+}
 
 /// Whether some program has laid its own window over the root.
-bool HasDesktopWindow(const Server& server)
+bool HasDesktopWindow(const XRoot& root)
 {
-    const xcb_atom_t kind = server.Atom("_NET_WM_WINDOW_TYPE_DESKTOP");
-    const auto windows = server.Property(server.Screen()->root, "_NET_CLIENT_LIST");
+    const xcb_atom_t kind = root.Atom("_NET_WM_WINDOW_TYPE_DESKTOP");
+    const auto windows = root.Property(root.Window(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW);
     return std::ranges::any_of(windows, [&](xcb_window_t window) {
-        const auto kinds = server.Property(window, "_NET_WM_WINDOW_TYPE");
+        const auto kinds = root.Property(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM);
         return std::ranges::find(kinds, kind) != kinds.end();
     });
 }
@@ -88,25 +48,36 @@ QList<QRect> Monitors()
     return monitors;
 }
 
-/// The whole root, every monitor filled with the middle of the picture.
+/// The middle of the picture in the shape of a monitor, at its size. Cut before it is scaled: what is far
+/// from that shape would grow beyond all memory.
+QImage Fitted(const QImage& picture, QSize monitor)
+{
+    QRect part(QPoint(), monitor.scaled(picture.size(), Qt::KeepAspectRatio).expandedTo({ 1, 1 }));
+    part.moveCenter(picture.rect().center());
+    return picture.copy(part).scaled(monitor, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+/// The whole root, every monitor filled. Null when there is no memory for it.
 QImage Composed(const QImage& picture, QSize root)
 {
     QImage all(root, QImage::Format_RGB32);
+    if (all.isNull())
+        return {};
     all.fill(Qt::black);
     QPainter painter(&all);
     for (const QRect& monitor : Monitors()) {
-        const QImage part =
-            picture.scaled(monitor.size(), Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
-        const QPoint cut((part.width() - monitor.width()) / 2, (part.height() - monitor.height()) / 2);
-        painter.drawImage(monitor.topLeft(), part, QRect(cut, monitor.size()));
+        const QImage part = Fitted(picture, monitor.size());
+        if (part.isNull())
+            return {};
+        painter.drawImage(monitor.topLeft(), part);
     }
     return all;
 }
 
 /// In pieces that a request can hold.
-void Send(const Server& server, xcb_pixmap_t pixmap, const QImage& picture)
+void Send(const XRoot& root, xcb_pixmap_t pixmap, const QImage& picture)
 {
-    xcb_connection_t* const connection = server.Connection();
+    xcb_connection_t* const connection = root.Connection();
     const xcb_gcontext_t context = xcb_generate_id(connection);
     xcb_create_gc(connection, context, pixmap, 0, nullptr);
     constexpr qsizetype head = 64;
@@ -115,61 +86,74 @@ void Send(const Server& server, xcb_pixmap_t pixmap, const QImage& picture)
     for (int y = 0; y < picture.height(); y += rows) {
         const int count = std::min(rows, picture.height() - y);
         xcb_put_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, context, uint16_t(picture.width()),
-            uint16_t(count), 0, int16_t(y), 0, server.Screen()->root_depth,
+            uint16_t(count), 0, int16_t(y), 0, root.Screen().root_depth,
             uint32_t(picture.bytesPerLine() * count), picture.constScanLine(y));
     }
     xcb_free_gc(connection, context);
 }
 
-/// Tells programs that look through themselves at the background which one it is, and frees the one before,
-/// which was kept by a program that is gone.
-void Announce(const Server& server, xcb_pixmap_t pixmap)
+/// The picture that this program set before, XCB_NONE when there is none or another program set one since.
+xcb_pixmap_t OwnPicture(const XRoot& root)
 {
-    const xcb_window_t root = server.Screen()->root;
-    const auto before = server.Property(root, "ESETROOT_PMAP_ID");
-    if (!before.empty() && before == server.Property(root, "_XROOTPMAP_ID"))
-        xcb_kill_client(server.Connection(), before.front());
-    for (const char* name : { "_XROOTPMAP_ID", "ESETROOT_PMAP_ID" })
-        xcb_change_property(server.Connection(), XCB_PROP_MODE_REPLACE, root, server.Atom(name),
+    const auto own = root.Property(root.Window(), OwnMark, XCB_ATOM_PIXMAP);
+    const bool isShown = std::ranges::all_of(CommonMarks,
+        [&](const char* mark) { return root.Property(root.Window(), mark, XCB_ATOM_PIXMAP) == own; });
+    return own.size() == 1 && isShown ? own.front() : xcb_pixmap_t(XCB_NONE);
+}
+
+/// Tells programs that look through themselves at the background which one it is.
+void Announce(const XRoot& root, xcb_pixmap_t pixmap)
+{
+    for (const char* mark : { CommonMarks[0], CommonMarks[1], OwnMark })
+        xcb_change_property(root.Connection(), XCB_PROP_MODE_REPLACE, root.Window(), root.Atom(mark),
             XCB_ATOM_PIXMAP, 32, 1, &pixmap);
 }
 
-bool Show(const Server& server, const QImage& picture)
+/// False when the server refused it; what stood there before stays then.
+bool Show(const XRoot& root, const QImage& picture)
 {
-    xcb_connection_t* const connection = server.Connection();
-    const xcb_screen_t& screen = *server.Screen();
+    xcb_connection_t* const connection = root.Connection();
     const xcb_pixmap_t pixmap = xcb_generate_id(connection);
-    xcb_create_pixmap(
-        connection, screen.root_depth, pixmap, screen.root, screen.width_in_pixels, screen.height_in_pixels);
-    Send(server, pixmap, Composed(picture, { screen.width_in_pixels, screen.height_in_pixels }));
-    xcb_change_window_attributes(connection, screen.root, XCB_CW_BACK_PIXMAP, &pixmap);
-    xcb_clear_area(connection, 0, screen.root, 0, 0, 0, 0);
-    Announce(server, pixmap);
+    xcb_create_pixmap(connection, root.Screen().root_depth, pixmap, root.Window(), uint16_t(picture.width()),
+        uint16_t(picture.height()));
+    Send(root, pixmap, picture);
+    if (!root.TookAll())
+        return false;
+    xcb_change_window_attributes(connection, root.Window(), XCB_CW_BACK_PIXMAP, &pixmap);
+    xcb_clear_area(connection, 0, root.Window(), 0, 0, 0, 0);
+    const xcb_pixmap_t before = OwnPicture(root);
+    Announce(root, pixmap);
     xcb_set_close_down_mode(connection, XCB_CLOSE_DOWN_RETAIN_PERMANENT);
-    // An answer comes only when all before it was taken.
-    const auto end = Taken(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
-    return end != nullptr && server.IsThere();
+    if (!root.TookAll())
+        return false;
+    // Only what is surely ours: whoever set another picture may be running, and XCB_NONE names many.
+    if (before != XCB_NONE)
+        Taken(xcb_request_check(connection, xcb_kill_client_checked(connection, before)));
+    return true;
 }
 
 } // namespace
 
 bool RootWallpaper::CanSet() const
 {
-    if (QGuiApplication::platformName() != QLatin1String("xcb"))
-        return false;
-    const Server server;
-    return server.IsThere() && !HasDesktopWindow(server);
+    const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 && !HasDesktopWindow(XRoot(x11->connection()));
 }
 
 void RootWallpaper::Set(const QString& path, Done done)
 {
-    const Server server;
-    if (!server.IsThere() || server.Screen()->root_depth < FewestBits)
-        return done({ Result::NotSet, QStringLiteral("The screen cannot show a wallpaper.") });
+    const Own connection = OwnConnection();
+    const bool isThere = xcb_connection_has_error(connection.get()) == 0;
+    if (!isThere || !XRoot(connection.get()).TakesRgb32())
+        return done({ Result::NotHere, QStringLiteral("The screen cannot show a wallpaper.") });
+    const XRoot root(connection.get());
     const QImage picture(path);
     if (picture.isNull())
         return done({ Result::NotSet, QStringLiteral("The picture could not be read.") });
-    if (!Show(server, picture))
+    const QImage all = Composed(picture, { root.Screen().width_in_pixels, root.Screen().height_in_pixels });
+    if (all.isNull())
+        return done({ Result::NotSet, QStringLiteral("There is not enough memory for the wallpaper.") });
+    if (!Show(root, all))
         return done({ Result::NotSet, QStringLiteral("The screen did not take the wallpaper.") });
     done({});
 }

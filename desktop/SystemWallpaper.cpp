@@ -2,20 +2,20 @@
 
 #include "desktop/GnomeWallpaper.h"
 #include "desktop/KdeWallpaper.h"
-#include "desktop/NoWallpaper.h"
 #include "desktop/PortalWallpaper.h"
 #include "desktop/RootWallpaper.h"
 #include "desktop/XfceWallpaper.h"
 
+#include <QString>
+#include <QStringList>
+#include <QtGlobal>
+
 #include <algorithm>
+#include <memory>
+#include <string_view>
 #include <utility>
 
 namespace {
-
-template <typename Way, typename... Values> void Add(SystemWallpaper::Ways& ways, const Values&... values)
-{
-    ways.push_back(std::make_unique<Way>(values...));
-}
 
 /// Where a desktop has no portal of its own, another's answers in its place: it writes a setting that this
 /// desktop never looks at, and says that all went well.
@@ -44,16 +44,16 @@ SystemWallpaper::Ways SystemWallpaper::WaysOf(const QStringList& desktops)
         keys = keys ? keys : GnomeWallpaper::KeysOf(desktop);
     if (keys) {
         if (HasOwnPortal(*keys))
-            Add<PortalWallpaper>(ways);
+            ways.push_back(std::make_unique<PortalWallpaper>());
         ways.push_back(std::make_unique<GnomeWallpaper>(*keys));
     } else if (desktops.contains(QLatin1String("KDE"))) {
-        Add<PortalWallpaper>(ways);
-        Add<KdeWallpaper>(ways);
+        ways.push_back(std::make_unique<PortalWallpaper>());
+        ways.push_back(std::make_unique<KdeWallpaper>());
     } else if (desktops.contains(QLatin1String("XFCE"))) {
-        Add<XfceWallpaper>(ways);
+        ways.push_back(std::make_unique<XfceWallpaper>());
     } else {
-        Add<RootWallpaper>(ways);
-        Add<PortalWallpaper>(ways);
+        ways.push_back(std::make_unique<RootWallpaper>());
+        ways.push_back(std::make_unique<PortalWallpaper>());
     }
     return ways;
 }
@@ -65,7 +65,9 @@ bool SystemWallpaper::CanSet() const
 
 void SystemWallpaper::Set(const QString& path, Done done)
 {
-    NoWallpaper().Set(path, [&](const Outcome& noWay) { Try(0, path, noWay, done); });
+    const Outcome noWay { Result::NotHere,
+        QStringLiteral("This desktop does not let a program set its wallpaper.") };
+    Try(0, path, noWay, done);
 }
 
 void SystemWallpaper::Try(size_t way, const QString& path, const Outcome& last, const Done& done)

@@ -4,6 +4,8 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QString>
+#include <QStringList>
 
 namespace {
 
@@ -28,15 +30,23 @@ QStringList FirstPlaces()
     return places;
 }
 
+/// Another spelling of the same file.
+QString Respelled(const QString& path)
+{
+    return path.section(u'/', 0, -2) + QStringLiteral("/./") + path.section(u'/', -1);
+}
+
 /// What has to be written, from the list of properties with their values, a line each. A value that does not
-/// change is passed over by the desktop, and with it the new content of the same file: so it does change.
+/// change is passed over by the desktop, and with it the new content of the same file: so its spelling does
+/// change, and at every moment the desktop has a picture to show.
 QList<QStringList> CommandsFor(const QString& path, const QString& properties)
 {
     QList<QStringList> commands;
     bool hasPlace = false;
-    const auto write = [&](const QString& place) {
-        for (const QString& value : { QString(), path })
-            commands << Writing(place + QLatin1String(PictureKey), QStringLiteral("string"), value);
+    const auto write = [&](const QString& place, const QString& before) {
+        if (before == path)
+            commands << Writing(place + QLatin1String(PictureKey), QStringLiteral("string"), Respelled(path));
+        commands << Writing(place + QLatin1String(PictureKey), QStringLiteral("string"), path);
     };
     const auto zoom = [&](const QString& place) {
         commands << Writing(place + QLatin1String(StyleKey), QStringLiteral("int"), QLatin1String(Zoomed));
@@ -47,13 +57,13 @@ QList<QStringList> CommandsFor(const QString& path, const QString& properties)
         const QString place = property.section(u'/', 0, -2);
         if (property.endsWith(QLatin1String(PictureKey))) {
             hasPlace = true;
-            write(place);
+            write(place, value);
         } else if (property.endsWith(QLatin1String(StyleKey)) && value == QLatin1String(NoPicture))
             zoom(place);
     }
     if (!hasPlace)
         for (const QString& place : FirstPlaces()) {
-            write(place);
+            write(place, {});
             zoom(place);
         }
     return commands;

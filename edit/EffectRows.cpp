@@ -65,5 +65,5 @@ QString AnswerText::Held(const QString& text, const EffectRow& row)
 bool AnswerText::IsBeginning(const QString& text, const EffectRow& row)
 {
     const bool isDigits = std::ranges::all_of(text, [](QChar character) { return character.isDigit(); });
-    return isDigits && Number(text) < row.min;
+    return (isDigits || text == QLatin1String("-")) && Number(text) < row.min;
 }

@@ -33,8 +33,8 @@ namespace AnswerText {
 int Number(const QString& text);
 /// The text as it stands, or the bound that its number oversteps.
 QString Held(const QString& text, const EffectRow& row);
-/// Whether the text may be the beginning of a number of the row that is still being typed: no sign, and too
-/// small for the range.
+/// Whether the text may be the beginning of a number that is still being typed: digits that are too small for
+/// the range, or a minus alone.
 bool IsBeginning(const QString& text, const EffectRow& row);
 
 } // namespace AnswerText

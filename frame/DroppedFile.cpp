@@ -5,11 +5,15 @@
 #include <QMimeData>
 #include <QUrl>
 
+QString FileOf(const QUrl& address)
+{
+    const bool isHere = address.host().isEmpty() || address.host() == QLatin1String("localhost");
+    if (!address.isLocalFile() || !isHere)
+        return {};
+    return FileName::FromBytes(QByteArray::fromPercentEncoding(address.path(QUrl::FullyEncoded).toLatin1()));
+}
+
 QString FirstFile(const QMimeData& data)
 {
-    const QUrl first = data.urls().value(0);
-    const bool isHere = first.host().isEmpty() || first.host() == QLatin1String("localhost");
-    if (!first.isLocalFile() || !isHere)
-        return {};
-    return FileName::FromBytes(QByteArray::fromPercentEncoding(first.path(QUrl::FullyEncoded).toLatin1()));
+    return FileOf(data.urls().value(0));
 }

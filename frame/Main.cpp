@@ -2,6 +2,7 @@
 
 #include "app/ApplicationState.h"
 #include "app/Lead.h"
+#include "app/PopupItem.h"
 #include "app/Talk.h"
 #include "capture/CaptureCurrentFrame.h"
 #include "capture/SaveCapture.h"
@@ -29,7 +30,6 @@
 #include <QFileInfo>
 #include <QLabel>
 
-#include <array>
 #include <chrono>
 #include <utility>
 
@@ -225,13 +225,14 @@ void Main::OpenMenus(PopupOwner kind, const QStringList& items, int checkedItems
 
 void Main::ShowPopup()
 {
-    const QStringList items { QStringLiteral("  Video List"), QStringLiteral("  View Full Screen"),
-        QStringLiteral("  Close All Windows"), QStringLiteral("  Control Panel"), QStringLiteral("  About") };
-    OpenMenus(PopupOwner::Frame, items, 0, *Image3, [this](int item) {
-        constexpr std::array Actions { &Main::ShowVideoListIfVideo, &Main::mnuFullScreen_Click,
-            &Main::CloseAllWindows, &Main::ShowPower, &Main::ShowAbout };
-        (this->*Actions[size_t(item)])();
-    });
+    static constexpr PopupItem<Main> Items[] {
+        { "  Video List", [](Main& main) { main.ShowVideoListIfVideo(); } },
+        { "  View Full Screen", [](Main& main) { main.mnuFullScreen_Click(); } },
+        { "  Close All Windows", [](Main& main) { main.CloseAllWindows(); } },
+        { "  Control Panel", [](Main& main) { main.ShowPower(); } },
+        { "  About", [](Main& main) { main.ShowAbout(); } },
+    };
+    OpenMenus(PopupOwner::Frame, CaptionsOf(Items), 0, *Image3, [this](int item) { Items[item].act(*this); });
 }
 
 void Main::TellHome()

@@ -34,6 +34,7 @@ class TransportPane;
 class VideoList;
 class Visual;
 enum class KeyAction;
+struct CommandLine;
 
 /// What the frame stands on, made by main and outliving it.
 struct FrameParts {
@@ -96,6 +97,9 @@ public:
     /// Asks for videos and opens them, whatever window asks. The open stays in progress when nothing is
     /// chosen.
     void OpenVideoNow_Click();
+    /// Opens what the program was started with: its videos or, without any, the first other file or address;
+    /// and each of its pictures.
+    void OpenGiven(const CommandLine& given);
     /// Brings a capture window to the top by its place in the kid table.
     void MakeKidActive(int index);
     /// Opens a document: a guide in the help window, anything else by the desktop. False when it is missing
@@ -127,6 +131,9 @@ private:
     bool AskForVideos();
     void OpenSelection();
     void OpenFromVideoWindow();
+    /// Opens one file past the selection and its extension test.
+    void OpenUnlisted(const QString& file);
+    void OpenPicture(const QString& file);
     /// The commands for a video that did not come by OpenVideo; the settings may keep Capture closed.
     void OpenCommands();
     /// Opens what the list or its buttons chose; a video window in sight keeps its place.
@@ -136,9 +143,12 @@ private:
     bool IsFullScreen();
     void LeaveFullScreen();
     bool HasCaptures() const;
+    /// A file into the player, past the selection.
+    void ShowDropped(const QString& file);
     /// The transport for a video dropped where none was open; the rest of the state stays as it was.
     void ShowDroppedVideo();
-    void Download();
+    /// Asks for an address; one that is given is tried at once.
+    void Download(const QString& address = {});
     void CancelDownload();
     void RevealVideoWindow();
     void ShowVideoList();

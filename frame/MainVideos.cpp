@@ -1,6 +1,11 @@
-// How a video comes into the frame: by the dialog, the list, an address or a drop.
+// How a video comes into the frame: by the dialog, the list, an address, a drop or the command line.
 #include "app/ApplicationState.h"
+#include "app/ControlError.h"
 #include "app/Hourglass.h"
+#include "app/Lead.h"
+#include "app/OpenUserPicture.h"
+#include "app/Talk.h"
+#include "frame/CommandLine.h"
 #include "frame/DroppedFile.h"
 #include "frame/Main.h"
 #include "toolkit/Twips.h"
@@ -14,6 +19,9 @@
 #include <QDropEvent>
 #include <QMdiArea>
 #include <QMimeData>
+#include <QPointer>
+#include <QScopeGuard>
+#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -69,16 +77,55 @@ void Main::OpenListed()
     // One that is closing is in sight too, and stays for the video only when it is shown again.
     if (!window.isVisible() || window.Closing || window.CurrentShape() == ChildForm::Shape::Minimized)
         AddChild(&window);
+    SetEnabled(true); // a run over the list may have ended with a broken one
     window.OpenVideo();
 }
 
 void Main::OpenVideoNow_Click()
 {
     state_.OpeningNow = true;
+    auto end = qScopeGuard([this] { state_.OpeningNow = false; });
     if (!AskForVideos())
-        return;
+        return end.dismiss();
     OpenSelection();
-    state_.OpeningNow = false;
+}
+
+void Main::OpenGiven(const CommandLine& given)
+{
+    if (!given.videos.isEmpty()) {
+        SelectFiles(state_, given.videos);
+        transport_->EnableList();
+        OpenSelection();
+    } else if (!given.others.isEmpty()) {
+        OpenUnlisted(given.others.first());
+    } else if (!given.addresses.isEmpty()) {
+        Download(given.addresses.first());
+    }
+    for (const QString& picture : given.pictures)
+        OpenPicture(picture);
+}
+
+void Main::OpenUnlisted(const QString& file)
+{
+    SelectFiles(state_, { file });
+    state_.VideoPath = file;
+    state_.FromList = true;
+    OpenSelection();
+}
+
+/// As a thumbnail comes into a window of its own.
+void Main::OpenPicture(const QString& file)
+{
+    try {
+        const Hourglass waiting;
+        const QScopedValueRollback picked(
+            state_.SelectedBitmap, OpenUserPicture(file, [this] { PumpPaintEvents(); }));
+        state_.UseSelectedBitmap = true;
+        OpenViewer();
+        EnableCommand(Command::Save, true); // with an empty clipboard too
+    } catch (const ControlError& error) {
+        errors_.Show(this, QStringLiteral("Error!"), error.Reason());
+    }
 }
 
 void Main::OpenFromVideoWindow()
@@ -106,13 +153,15 @@ void Main::RevealVideoWindow()
     OpenCommands();
 }
 
-void Main::Download()
+void Main::Download(const QString& address)
 {
     VideoWindow& window = CurrentVideo();
     window.StopCapture();
     window.Player().Stop();
     const QPointer<URLfrm> form = new URLfrm(*this, window, this);
     form->move(area_->mapToGlobal(QPoint(AddressMargin.Pixels(), AddressMargin.Pixels())));
+    if (!address.isEmpty())
+        form->Try(address);
     const bool isLoaded = form->exec() == QDialog::Accepted;
     delete form;
     if (!isLoaded)
@@ -166,16 +215,23 @@ void Main::dragEnterEvent(QDragEnterEvent* event)
 void Main::dropEvent(QDropEvent* event)
 {
     CurrentVideo().StopCapture();
-    ltmmPlay& player = CurrentPlayer();
-    player.Stop();
+    CurrentPlayer().Stop();
     const QString file = FirstFile(*event->mimeData());
     if (file.isEmpty())
         return;
-    const bool isFirst = player.SourceKind() == ltmmPlay::NoSource;
-    AddChild(&CurrentVideo());
-    player.SetSourceFile(file);
     event->acceptProposedAction();
-    if (isFirst && player.SourceKind() != ltmmPlay::NoSource)
+    ShowDropped(file);
+}
+
+void Main::ShowDropped(const QString& file)
+{
+    const QPointer<ltmmPlay> player = &CurrentPlayer();
+    const bool isFirst = player->SourceKind() == ltmmPlay::NoSource;
+    AddChild(&CurrentVideo());
+    if (player)
+        player->SetSourceFile(file);
+    // While the player tells that it cannot open the file, its window may be closed.
+    if (isFirst && player && state_.CurrentVideo && player->SourceKind() != ltmmPlay::NoSource)
         ShowDroppedVideo();
 }
 

@@ -11,8 +11,10 @@
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QProcess>
+#include <QProcessEnvironment>
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <cstring>
 #include <fcntl.h>
@@ -36,6 +38,16 @@ constexpr qsizetype MostPageBytes = qsizetype(96) << 20; // the reading program 
     throw PictureError(QStringLiteral("This picture is damaged or too large and could not be opened."));
 }
 
+/// Memory that is only promised would end the program where it is touched and not there. A signal in the
+/// middle takes back what was got.
+bool Reserve(int file, qsizetype size)
+{
+    int error = EINTR;
+    while (error == EINTR)
+        error = posix_fallocate(file, 0, off_t(size));
+    return error == 0;
+}
+
 /// Memory that two programs share and neither can make larger or smaller.
 class SharedMemory {
 public:
@@ -43,8 +55,7 @@ public:
         : file_(memfd_create("picture", MFD_CLOEXEC | MFD_ALLOW_SEALING))
         , size_(size_t(size))
     {
-        // Memory that is only promised would end the program where it is touched and not there.
-        if (!file_.IsOpen() || posix_fallocate(file_.Number(), 0, off_t(size)) != 0)
+        if (!file_.IsOpen() || !Reserve(file_.Number(), size))
             FailForMemory();
         if (fcntl(file_.Number(), F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_SEAL) != 0)
             FailForMemory();
@@ -101,7 +112,7 @@ void StartReader(QProcess& reader, int in, int out, const QStringList& more)
 void AwaitEnd(QProcess& reader, const std::function<void()>& whileWaiting, QDeadlineTimer end)
 {
     while (reader.state() != QProcess::NotRunning && !end.hasExpired())
-        if (!reader.waitForFinished(int(Tick.count())))
+        if (!reader.waitForFinished(int(Tick.count())) && whileWaiting)
             whileWaiting();
     if (reader.state() != QProcess::NotRunning) {
         reader.kill();

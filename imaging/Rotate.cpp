@@ -7,6 +7,7 @@
 #include "imaging/TrueColour.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <opencv2/imgproc.hpp>
 #include <optional>
@@ -88,41 +89,73 @@ QImage OntoFrame(const QImage& picture, const cv::Matx23d& way, QSize frame, cv:
     return result;
 }
 
-/// Where a block of a picture stands once it has made a quarter turn.
-cv::Rect Turned(cv::Rect block, cv::Size picture, cv::RotateFlags turn)
+/// Where the pixels of a quarter turn come from: the one that becomes the first of the result, and how many
+/// bytes there are from it to those that come to its right and below it.
+struct Walk {
+    const uchar* first;
+    ptrdiff_t right;
+    ptrdiff_t down;
+};
+
+Walk WalkOf(const cv::Mat& from, cv::RotateFlags turn)
 {
+    const auto line = ptrdiff_t(from.step), pixel = ptrdiff_t(from.elemSize());
     if (turn == cv::ROTATE_90_CLOCKWISE)
-        return { picture.height - block.br().y, block.x, block.height, block.width };
-    return { block.y, picture.width - block.br().x, block.height, block.width };
+        return { from.ptr(from.rows - 1), -line, pixel };
+    return { from.ptr(0, from.cols - 1), line, -pixel };
 }
 
-/// Block by block, for the pixels of a column stand far apart in memory.
-void TurnBlocks(const cv::Mat& from, cv::Mat& to, cv::RotateFlags turn)
+/// The walk is a copy: what is written could change it otherwise, for all that the compiler knows.
+template <typename Pixel> void WriteTile(Walk walk, cv::Mat& to, const cv::Rect& tile)
 {
-    constexpr int side = 64;
-    const cv::Rect whole({}, from.size());
-    cv::parallel_for_(cv::Range(0, (from.rows + side - 1) / side), [&](const cv::Range& part) {
-        for (int y = part.start * side; y < std::min(part.end * side, from.rows); y += side)
-            for (int x = 0; x < from.cols; x += side) {
-                const cv::Rect block = cv::Rect(x, y, side, side) & whole;
-                cv::Mat target = to(Turned(block, from.size(), turn));
-                cv::rotate(from(block), target, turn);
-            }
+    const cv::Point end = tile.br();
+    for (int y = tile.y; y < end.y; ++y) {
+        const uchar* at = walk.first + tile.x * walk.right + y * walk.down;
+        auto* const row = reinterpret_cast<Pixel*>(to.ptr(y));
+        for (int x = tile.x; x < end.x; ++x, at += walk.right)
+            row[x] = *reinterpret_cast<const Pixel*>(at);
+    }
+}
+
+/// Every row of the result is written once and in its order, in tiles, for the pixels of a column stand far
+/// apart in memory: a tile is as high as some cache lines of the picture are long, and so narrow that all
+/// these lines stay near the processor.
+template <size_t bytes> void TurnPixels(const Walk& walk, cv::Mat& to)
+{
+    constexpr int high = 128, wide = 16;
+    const cv::Rect whole({}, to.size());
+    cv::parallel_for_(cv::Range(0, (to.rows + high - 1) / high), [&](const cv::Range& part) {
+        for (int band = part.start; band < part.end; ++band)
+            for (int x = 0; x < to.cols; x += wide)
+                WriteTile<std::array<uchar, bytes>>(walk, to, cv::Rect(x, band * high, wide, high) & whole);
     });
+}
+
+void TurnByQuarters(const cv::Mat& from, cv::Mat& to, cv::RotateFlags turn)
+{
+    if (turn == cv::ROTATE_180)
+        return cv::rotate(from, to, turn);
+    const Walk walk = WalkOf(from, turn);
+    switch (from.elemSize()) {
+    case 1:
+        return TurnPixels<1>(walk, to);
+    case 2:
+        return TurnPixels<2>(walk, to);
+    case 3:
+        return TurnPixels<3>(walk, to);
+    case 4:
+        return TurnPixels<4>(walk, to);
+    default: // deeper than any capture
+        cv::rotate(from, to, turn);
+    }
 }
 
 QImage QuarterTurned(const QImage& picture, cv::RotateFlags turn)
 {
     const QImage whole = WholeBytes(picture);
-    const bool isHalf = turn == cv::ROTATE_180;
-    QImage result = LikePicture(whole, isHalf ? whole.size() : whole.size().transposed());
+    QImage result = LikePicture(whole, turn == cv::ROTATE_180 ? whole.size() : whole.size().transposed());
     cv::Mat to = OwnPixelsOf(result);
-    WithMatrices([&] {
-        if (isHalf)
-            cv::rotate(PixelsOf(whole), to, turn);
-        else
-            TurnBlocks(PixelsOf(whole), to, turn);
-    });
+    WithMatrices([&] { TurnByQuarters(PixelsOf(whole), to, turn); });
     return result;
 }
 

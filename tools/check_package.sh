@@ -26,6 +26,9 @@ share=$root/usr/share
 echo "desktop entry and software centre's page"
 desktop-file-validate "$share"/applications/*.desktop
 appstreamcli validate --no-net "$share"/metainfo/*.xml > "$work/metainfo.log" || { cat "$work/metainfo.log"; exit 1; }
+types=$(sed -n 's/^MimeType=//p' "$share"/applications/*.desktop | tr ';' '\n' | sort | xargs)
+told=$(sed -n 's|.*<mediatype>\(.*\)</mediatype>.*|\1|p' "$share"/metainfo/*.xml | sort | xargs)
+[ "$types" = "$told" ] || { echo "the desktop entry opens $types, the software centre's page says $told" >&2; exit 1; }
 icon=$(sed -n 's/^Icon=//p' "$share"/applications/*.desktop)
 for side in 16 48 256; do
     [ "$(identify -format '%wx%h' "$share/icons/hicolor/${side}x${side}/apps/$icon.png")" = "${side}x${side}" ]

@@ -1,6 +1,6 @@
 #!/bin/bash
 # use_installed.sh PREFIX VIDEO HOME: uses an installed program as a person would, by its windows and keys, with a home of
-# its own: the note of the first start, the guide, a video, a capture that is saved. Runs on the screen of with_display.sh.
+# its own: the note of the first start, a video, a capture that is saved, the guide; a start with a video. Runs on the screen of with_display.sh.
 set -euo pipefail
 [ $# -eq 3 ] || { echo "usage: $0 PREFIX VIDEO HOME" >&2; exit 2; }
 prefix=$1 video=$(realpath "$2") home=$3
@@ -42,7 +42,7 @@ save_capture()
     xdotool key s
     xdotool key ctrl+s
     sleep 0.5
-    [ -s "$captures/auto1.bmp" ]
+    [ -s "$1" ]
 }
 is_active() { [ "$(xdotool getactivewindow getwindowname)" = "$1" ]; }
 
@@ -56,11 +56,20 @@ until_true "the open dialog stands" is_other_than "TAQ Pro v2.1"
 xdotool type --delay 5 "$video"
 xdotool key Return
 until_true "the dialog is gone" is_active "TAQ Pro v2.1"
-until_true "a capture is saved in $captures" save_capture
+until_true "a capture is saved in $captures" save_capture "$captures/auto1.bmp"
 taken=$(identify -format '%wx%h' "$captures/auto1.bmp")
 [ "$taken" = "$size" ] || give_up "the capture is $taken, the video $size"
 xdotool key F1
 until_true "the guide opens" is_active "Help"
+
+kill "$program"
+wait "$program" || true
+rm "$captures"/*
+"$prefix/bin/taq" "$video" &
+program=$!
+until_true "a capture of the video given at the start is saved" save_capture "$captures/auto1.bmp"
+taken=$(identify -format '%wx%h' "$captures/auto1.bmp")
+[ "$taken" = "$size" ] || give_up "the capture is $taken, the video given at the start $size"
 
 [ ! -e "$prefix/bin/AutoSave" ] || give_up "something was made among the system's programs"
 echo "saved $captures/auto1.bmp, $taken"

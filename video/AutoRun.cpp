@@ -2,30 +2,24 @@
 
 #include "app/ApplicationState.h"
 #include "app/Frame.h"
-#include "app/Hourglass.h"
 #include "capture/ApplyWatermarkToFile.h"
-#include "capture/PictureWriter.h"
 #include "capture/SavePicture.h"
 #include "video/Opening.h"
 #include "video/Transport.h"
 #include "video/VideoNames.h"
 #include "video/ltmmPlay.h"
 
-AutoRun::AutoRun(const Parts& parts)
+AutoRun::AutoRun(const Parts& parts, PictureWriter::AfterFailure afterFailure)
     : parts_(parts)
+    , afterFailure_(afterFailure)
 {
-    // A player that gives up in the middle does not come to the end of its video.
-    connect(
-        &parts_.player, &ltmmPlay::PlayerError, this,
-        [this] {
-            if (parts_.player.State() == ltmmPlay::Stopped)
-                VideoEnded();
-        },
-        Qt::QueuedConnection);
+    connect(&parts_.player, &ltmmPlay::SourceOpened, this, &AutoRun::FinishLoading);
 }
 
 AutoRun::~AutoRun()
 {
+    if (opening_)
+        parts_.player.ResetSource();
     parts_.writer.Drop();
     Quieten();
 }
@@ -58,32 +52,46 @@ void AutoRun::GoOn()
     StartVideo(list_.at(next_++));
 }
 
-bool AutoRun::LoadVideo(const QString& path)
+void AutoRun::LoadVideo(const QString& path)
 {
     ApplicationState& state = State();
     state.CurrentFile = path;
     state.VideoPath = path;
     state.VideoExt = VideoExtension(path);
-    {
-        const Hourglass waiting;
-        parts_.player.SetSourceFile(path);
-    }
+    opening_.emplace();
+    parts_.player.BeginSourceFile(path);
+}
+
+void AutoRun::FinishLoading()
+{
+    opening_.reset();
     parts_.player.SetPlayCount(1); // a video that is repeated for ever would be captured for ever
     parts_.transport.ReleasePause();
     parts_.transport.StartVideo();
     parts_.frame.ShowStatus(StatusLabel::Position, true);
     Q_EMIT VideoLoaded();
-    return parts_.player.SourceKind() != ltmmPlay::NoSource;
+    Opened(parts_.player.SourceKind() != ltmmPlay::NoSource);
+}
+
+/// A player that gives up in the middle does not come to the end of its video.
+void AutoRun::PlayerFailed()
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (parts_.player.State() == ltmmPlay::Stopped)
+                VideoEnded();
+        },
+        Qt::QueuedConnection);
 }
 
 void AutoRun::TakeStill()
 {
     const QImage still = parts_.player.GetStillPicture(StillTimeout);
-    const std::optional<FileText> text = TextForFiles(State(), names_->At(1));
-    if (!text)
-        return parts_.writer.Write(still, *names_);
-    parts_.writer.Write(
-        still, *names_, [text = *text](const QString& path) { ApplyWatermarkToFile(path, text); });
+    PictureWriter::Finish finish;
+    if (const std::optional<FileText> text = TextForFiles(State(), names_->At(1)))
+        finish = [text = *text](const QString& path) { ApplyWatermarkToFile(path, text); };
+    parts_.writer.Write(still, *names_, finish, afterFailure_);
 }
 
 void AutoRun::Count(const QString& path)

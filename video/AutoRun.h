@@ -1,7 +1,9 @@
 #pragma once
 
+#include "app/Hourglass.h"
 #include "capture/AutoName.h"
 #include "capture/AutoTally.h"
+#include "capture/PictureWriter.h"
 
 #include <QObject>
 #include <QStringList>
@@ -10,7 +12,6 @@
 
 class ApplicationState;
 class Frame;
-class PictureWriter;
 class Transport;
 class ltmmPlay;
 
@@ -36,6 +37,8 @@ public:
     void Start();
     /// What plays has come to its end.
     virtual void VideoEnded() = 0;
+    /// To be called before anybody is told of the player's error and answers it: the run goes on meanwhile.
+    void PlayerFailed();
     const AutoTally& Tally() const { return tally_; }
     bool IsOver() const { return isOver_; }
 
@@ -49,11 +52,14 @@ protected:
     /// Pictures that wait to be written at most. A disk that cannot follow holds up the run.
     static constexpr int MostWaiting = 3;
 
-    explicit AutoRun(const Parts& parts);
+    /// afterFailure: what becomes of the pictures behind one that cannot be written.
+    AutoRun(const Parts& parts, PictureWriter::AfterFailure afterFailure);
 
     /// Reads what holds for the whole run.
     virtual void Prepare() = 0;
     virtual void StartVideo(const QString& path) = 0;
+    /// What LoadVideo was asked for is in the player, or was refused by it; the window follows in either case.
+    virtual void Opened(bool isLoaded) = 0;
     /// What is told once picture and text stand on the disk.
     virtual QString CountedText() const = 0;
 
@@ -61,8 +67,8 @@ protected:
     /// Goes on with the next video when the events at hand are done.
     void NextVideo();
     bool IsLastVideo() const { return next_ == list_.size(); }
-    /// False when the player refuses it; the window follows in either case.
-    bool LoadVideo(const QString& path);
+    /// Begins to load it; Opened tells the end.
+    void LoadVideo(const QString& path);
     /// Takes the still of the frame that is shown and hands it to the writer, which burns the user's text
     /// into its file. Throws ControlError.
     void TakeStill();
@@ -78,11 +84,14 @@ protected:
 
 private:
     void GoOn();
+    void FinishLoading();
     /// Takes the eye-catching colour off what was told last: nothing is running any more.
     void Quieten() const;
 
+    const PictureWriter::AfterFailure afterFailure_;
     QString told_; ///< of the picture counted last
     QStringList list_;
     qsizetype next_ = 0; ///< place of the next video in list_
+    std::optional<Hourglass> opening_; ///< as long as a video is being loaded
     bool isOver_ = false;
 };

@@ -31,7 +31,7 @@ constexpr auto SingleFrameText = "The frame command is not supported by this vid
 } // namespace
 
 FrameRun::FrameRun(const Parts& parts)
-    : AutoRun(parts)
+    : AutoRun(parts, PictureWriter::AfterFailure::Stop)
 {
     countTimer_.setSingleShot(true);
     countTimer_.setInterval(CountInterval);
@@ -60,9 +60,16 @@ void FrameRun::StartVideo(const QString& path)
     steps_.reset();
     parts_.transport.EnablePlaying(false);
     ShowVideoNumber();
-    if (VideoExtension(path) == QLatin1String(".wmv"))
-        return Refuse(path);
-    if (!LoadVideo(path))
+    isRefused_ = VideoExtension(path) == QLatin1String(".wmv");
+    if (!isRefused_ || Tell(QLatin1String(RefusalTitle), QLatin1String(RefusalText)))
+        LoadVideo(path);
+}
+
+void FrameRun::Opened(bool isLoaded)
+{
+    if (isRefused_)
+        return isLoaded ? PlayThrough() : NextVideo();
+    if (!isLoaded)
         return EndVideo();
     stage_ = Stage::Counting;
     AwaitCount();
@@ -146,12 +153,8 @@ void FrameRun::EndVideo()
 
 /// The format is told apart by its name, whatever the player could do with it. The video plays, and the run
 /// waits for it.
-void FrameRun::Refuse(const QString& path)
+void FrameRun::PlayThrough()
 {
-    if (!Tell(QLatin1String(RefusalTitle), QLatin1String(RefusalText)))
-        return;
-    if (!LoadVideo(path))
-        return NextVideo();
     parts_.player.Stop();
     parts_.transport.EnableVideoControls(true, parts_.player);
     parts_.player.Run();

@@ -18,6 +18,7 @@ public:
 protected:
     void Prepare() override;
     void StartVideo(const QString& path) override;
+    void Opened(bool isLoaded) override;
     QString CountedText() const override { return tally_.FrameText(); }
 
 private:
@@ -30,6 +31,7 @@ private:
     };
 
     void AwaitCount();
+    void PlayThrough();
     void Step();
     void TakeNext();
     void Continue();
@@ -38,7 +40,6 @@ private:
     /// Nothing more is taken of this video; it ends with its last picture on the disk.
     void Drain();
     void EndVideo();
-    void Refuse(const QString& path);
     /// False when the run was left while the message stood.
     bool Tell(const QString& title, const QString& message);
 
@@ -46,6 +47,7 @@ private:
     int autoNumber_ = 0;
     std::optional<FrameSteps> steps_;
     std::optional<int> frame_; ///< to be taken next
+    bool isRefused_ = false; ///< the format of the current video
     bool isExpected_ = false; ///< the player was told of frame_
     bool isContinuing_ = false; ///< a step is on its way
     QTimer countTimer_;

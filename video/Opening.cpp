@@ -9,14 +9,23 @@
 #include "toolkit/PathText.h"
 #include "video/VideoNames.h"
 
-void ShowOpenDialog(Frame& frame, const std::function<void()>& unloadList)
+namespace {
+
+void ForgetSelection(ApplicationState& state)
 {
-    ApplicationState& state = frame.State();
     state.FileCount = 0;
     state.FileNames.clear();
     state.VideoCount = 0;
     state.ListIndex = 1;
     state.VideoPath.clear();
+}
+
+} // namespace
+
+void ShowOpenDialog(Frame& frame, const std::function<void()>& unloadList)
+{
+    ApplicationState& state = frame.State();
+    ForgetSelection(state);
     unloadList();
 
     state.Reload(Key::OldDir);
@@ -35,6 +44,16 @@ void ShowOpenDialog(Frame& frame, const std::function<void()>& unloadList)
     state.OpenCancelled = !ParseMultiFileName(chosen, state.FileFolder, state.FileNames, state.FileCount);
 }
 
+void SelectFiles(ApplicationState& state, const QStringList& paths)
+{
+    ForgetSelection(state);
+    state.FileNames = paths;
+    state.FileCount = qint32(paths.size());
+    const QString first = paths.value(0);
+    state.FileFolder = first.left(PathText::LastSeparator(first));
+    IgnoreErrors([&] { SetCurrentFolder(state.FileFolder + PathText::Separator()); });
+}
+
 void KeepVideos(ApplicationState& state)
 {
     state.VideoCount = 0;
@@ -47,7 +66,8 @@ void KeepVideos(ApplicationState& state)
             continue;
         TestVideoExtension(state, name);
         if (!state.NotVideo)
-            state.Videos[++state.VideoCount] = folder + PathText::Separator() + name;
+            state.Videos[++state.VideoCount] =
+                name.startsWith(PathText::Separator()) ? name : folder + PathText::Separator() + name;
         state.NotVideo = false;
     }
     state.VideoPath = state.Videos.value(1);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -18,8 +19,12 @@ inline constexpr auto OpenFilter =
 /// FileCount, or sets OpenCancelled. unloadList closes the list of the old selection.
 void ShowOpenDialog(Frame& frame, const std::function<void()>& unloadList);
 
-/// Fills Videos with the full paths, in the current folder, of those FileNames that count as videos;
-/// VideoPath is the first of them, "" when there is none.
+/// Makes these full paths the selection in place of a choice in the dialog. As that does, it leaves the
+/// process's current folder at the first one's, where it may be entered.
+void SelectFiles(ApplicationState& state, const QStringList& paths);
+
+/// Fills Videos with the full paths, in the current folder unless they are such already, of those FileNames
+/// that count as videos; VideoPath is the first of them, "" when there is none.
 void KeepVideos(ApplicationState& state);
 
 /// VideoName and VideoFolder of a path or an address; one without a separator leaves both as they were.

@@ -11,12 +11,12 @@
 #include <utility>
 
 TimedRun::TimedRun(const Parts& parts)
-    : AutoRun(parts)
+    : AutoRun(parts, PictureWriter::AfterFailure::GoOn)
 {
     CapTimer.setTimerType(Qt::PreciseTimer);
     connect(&CapTimer, &QTimer::timeout, this, &TimedRun::Tick);
     connect(&parts_.writer, &PictureWriter::Written, this, &TimedRun::Written);
-    connect(&parts_.writer, &PictureWriter::Failed, this, &TimedRun::LeaveWhenWritten);
+    connect(&parts_.writer, &PictureWriter::Failed, this, &TimedRun::MakeRoom);
 }
 
 void TimedRun::Prepare()
@@ -31,11 +31,17 @@ void TimedRun::StartVideo(const QString& path)
     State().Reload(Key::Ext);
     names_.emplace(State().Beside(QStringLiteral("AutoFrame")), State().CurrentExt);
     tally_.StartVideo();
-    if (!LoadVideo(path))
+    LoadVideo(path);
+}
+
+void TimedRun::Opened(bool isLoaded)
+{
+    if (!isLoaded)
         return NextVideo();
     parts_.transport.EnablePauseAndSound();
     parts_.player.Run();
     isPlaying_ = true;
+    isDue_ = false;
     CapTimer.start(TimedSteps::FirstDelay(interval_));
 }
 
@@ -54,6 +60,7 @@ void TimedRun::LeaveWhenWritten()
     if (!isEnding_ || parts_.writer.Waiting() > 0)
         return;
     isEnding_ = false;
+    parts_.frame.ShowStatus(StatusLabel::Watermark, false); // the last picture may have shown it again
     NextVideo();
 }
 
@@ -66,14 +73,18 @@ void TimedRun::Tick()
         StatusLabel::Flashing, isRunning ? QStringLiteral("Auto") : QStringLiteral("Paused"));
     if (!isRunning)
         return;
-    if (parts_.writer.Waiting() < MostWaiting)
-        TakeNext();
+    isDue_ = true;
+    TakeDue();
     CapTimer.start(TimedSteps::NextDelay(parts_.player.CurrentPosition(), interval_, parts_.player.Rate()));
     Q_EMIT PictureTaken();
 }
 
-void TimedRun::TakeNext()
+/// A disk that cannot follow delays a picture, and does not take it away.
+void TimedRun::TakeDue()
 {
+    if (!isDue_ || parts_.writer.Waiting() >= MostWaiting)
+        return;
+    isDue_ = false;
     try {
         TakeStill();
     } catch (const ControlError&) {
@@ -84,5 +95,11 @@ void TimedRun::TakeNext()
 void TimedRun::Written(const QString& path)
 {
     Count(path);
+    MakeRoom();
+}
+
+void TimedRun::MakeRoom()
+{
+    TakeDue();
     LeaveWhenWritten();
 }

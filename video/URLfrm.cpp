@@ -12,6 +12,7 @@
 
 #include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QTimer>
 
 namespace {
 
@@ -52,6 +53,13 @@ void URLfrm::ShowWhetherEnough()
     const bool isEnough = edtURL->text().size() >= ShortestAddress;
     SetTitle(QLatin1String(isEnough ? Prompt : Example));
     CmdOK->setEnabled(isEnough);
+}
+
+void URLfrm::Try(const QString& address)
+{
+    edtURL->setText(address);
+    if (CmdOK->isEnabled())
+        QTimer::singleShot(0, this, &URLfrm::Download);
 }
 
 void URLfrm::Download()

@@ -17,6 +17,9 @@ class URLfrm : public FormDialog {
 public:
     URLfrm(Frame& frame, VideoWindow& window, QWidget* owner);
 
+    /// Takes an address as if it were typed and, when it is long enough, confirmed once the window stands.
+    void Try(const QString& address);
+
 private:
     void Build();
     void ShowWhetherEnough();

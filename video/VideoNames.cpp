@@ -11,12 +11,17 @@ QString VideoExtension(const QString& name)
     return name.right(4).toLower().trimmed();
 }
 
-void TestVideoExtension(ApplicationState& state, const QString& name)
+bool IsVideoName(const QString& name)
 {
     static constexpr std::array Extensions { "mpeg", ".mpg", ".avi", ".swf", ".mpa", ".wmv", ".asx" };
     const QString extension = VideoExtension(name);
-    state.NotVideo = std::ranges::none_of(
+    return std::ranges::any_of(
         Extensions, [&](const char* known) { return extension == QLatin1String(known); });
+}
+
+void TestVideoExtension(ApplicationState& state, const QString& name)
+{
+    state.NotVideo = !IsVideoName(name);
 }
 
 VideoPathParts SplitVideoPath(const QString& path)

@@ -7,8 +7,11 @@ class ApplicationState;
 /// The last four characters of a name, lower case, trimmed after they were cut: ".avi", "mpeg".
 QString VideoExtension(const QString& name);
 
-/// Sets NotVideo to whether a name does not count as a video. The four characters alone decide, with or
-/// without a point before "mpeg".
+/// Whether a name counts as one of a video. The four characters alone decide, with or without a point before
+/// "mpeg".
+bool IsVideoName(const QString& name);
+
+/// Sets NotVideo to whether a name does not.
 void TestVideoExtension(ApplicationState& state, const QString& name);
 
 /// A path split at its last separator: the native one for files, only "\" for a web address, so that an

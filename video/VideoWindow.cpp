@@ -5,6 +5,7 @@
 #include "app/FormShadow.h"
 #include "app/Frame.h"
 #include "app/Hourglass.h"
+#include "app/PopupItem.h"
 #include "app/Talk.h"
 #include "app/TimeText.h"
 #include "desktop/FileName.h"
@@ -34,9 +35,20 @@ constexpr Twips PlayerMarginWidth = 150_twips;
 constexpr Twips PlayerMarginHeight = 500_twips;
 constexpr Twips SmallestSide = 800_twips;
 
-const QStringList SizeItems { QStringLiteral("  Normal Video Size"), QStringLiteral("  Three Quarter"),
-    QStringLiteral("  Half Size"), QStringLiteral("  Double Size"), QStringLiteral("  Close Captioning") };
-constexpr int CaptionItem = 4;
+template <ltmmPlay::DisplayMode mode> constexpr PopupItem<ltmmPlay> SizeItem(const char* caption)
+{
+    return { caption, [](ltmmPlay& player) { player.SetDisplaySize(mode); },
+        [](const ltmmPlay& player) { return player.DisplaySize() == mode; } };
+}
+
+constexpr PopupItem<ltmmPlay> SizeItems[] {
+    SizeItem<ltmmPlay::Normal>("  Normal Video Size"),
+    SizeItem<ltmmPlay::ThreeQuarters>("  Three Quarter"),
+    SizeItem<ltmmPlay::Half>("  Half Size"),
+    SizeItem<ltmmPlay::Double>("  Double Size"),
+    { "  Close Captioning", [](ltmmPlay& player) { player.ToggleClosedCaption(); },
+        [](const ltmmPlay& player) { return player.ClosedCaption(); } },
+};
 
 } // namespace
 
@@ -124,7 +136,11 @@ void VideoWindow::BindPlayer()
         if (!ltmmPlay1->FullScreen())
             Q_EMIT Head().MoveRequested(QCursor::pos());
     });
-    connect(ltmmPlay1, &ltmmPlay::PlayerError, this, &VideoWindow::TellError);
+    connect(ltmmPlay1, &ltmmPlay::PlayerError, this, [this](int code) {
+        if (run_)
+            run_->PlayerFailed();
+        TellError(code);
+    });
 }
 
 void VideoWindow::OpenVideo()
@@ -210,11 +226,20 @@ template <typename Run> void VideoWindow::StartRun()
     run_->Start();
 }
 
+/// What is on the screen of a picture that was taken goes with the timer that would have taken it off.
+void VideoWindow::StopFlashing()
+{
+    if (!FlashTimer.isActive())
+        return;
+    FlashTimer.stop();
+    frame_.ShowStatus(StatusLabel::Watermark, false);
+}
+
 /// What stands in the player is the user's again.
 void VideoWindow::ShowRunOver()
 {
     const bool hasVideo = ltmmPlay1->SourceKind() != ltmmPlay::NoSource;
-    FlashTimer.stop();
+    StopFlashing();
     transport_.ObeyLoop();
     transport_.EnableVideoControls(hasVideo, *ltmmPlay1);
     frame_.SetEnabled(hasVideo);
@@ -224,7 +249,7 @@ void VideoWindow::ShowRunOver()
 
 void VideoWindow::StopCapture()
 {
-    FlashTimer.stop();
+    StopFlashing();
     const std::unique_ptr<AutoRun> run = std::move(run_);
     const bool isGoing = run && !run->IsOver();
     // What it has shown at its end may be out of date by now.
@@ -326,18 +351,12 @@ void VideoWindow::GrowToMinimum()
 
 void VideoWindow::ShowSizePopup()
 {
-    int checked = ltmmPlay1->ClosedCaption() ? 1 << CaptionItem : 0;
-    if (ltmmPlay1->DisplaySize() >= ltmmPlay::Normal)
-        checked |= 1 << (ltmmPlay1->DisplaySize() - ltmmPlay::Normal);
     const QPointer<ltmmPlay> player = ltmmPlay1; // the window may close while its popup stands
-    frame_.OpenMenus(PopupOwner::VideoWindow, SizeItems, checked, *sizes_, [player](int item) {
-        if (!player)
-            return;
-        if (item == CaptionItem)
-            player->ToggleClosedCaption();
-        else
-            player->SetDisplaySize(ltmmPlay::DisplayMode(ltmmPlay::Normal + item));
-    });
+    frame_.OpenMenus(PopupOwner::VideoWindow, CaptionsOf(SizeItems), CheckedOf(SizeItems, *ltmmPlay1),
+        *sizes_, [player](int item) {
+            if (player)
+                SizeItems[item].act(*player);
+        });
 }
 
 void VideoWindow::ShowProgress(int position)
@@ -354,7 +373,7 @@ void VideoWindow::ShowProgress(int position)
         if (EndReached) {
             frame_.ShowStatus(StatusLabel::Flashing, false);
             frame_.ShowStatus(StatusLabel::Watermark, false);
-            FlashTimer.stop();
+            StopFlashing();
             Timer3.stop();
         }
     }

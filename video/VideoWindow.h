@@ -80,6 +80,7 @@ private:
     void GrowToMinimum();
     bool StartsRun();
     template <typename Run> void StartRun();
+    void StopFlashing();
     void ShowRunOver();
 
     void ShowProgress(int position);

@@ -38,6 +38,9 @@ public:
     /// source. While an address opens, events are handled and the user can cancel; the player may be gone
     /// afterwards.
     virtual void SetSourceFile(const QString& file) = 0;
+    /// Drops the source and begins to load another, without a wait: there is none until SourceOpened tells
+    /// that the first frame stands on the screen, or that the attempt has failed.
+    virtual void BeginSourceFile(const QString& file) = 0;
     virtual QString SourceFile() const = 0;
     virtual Source SourceKind() const = 0;
     /// Whether there is no source because the user did not wait for it to open.
@@ -130,6 +133,8 @@ public:
     }
 
 Q_SIGNALS:
+    /// What BeginSourceFile began has come to its end.
+    void SourceOpened();
     /// The place on the tracking scale; at most ten times a second, and at every step, seek and end.
     void PlaybackProgress(int position);
     /// Selection bounds on the tracking scale.

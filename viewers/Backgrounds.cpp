@@ -15,6 +15,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -74,9 +75,11 @@ void MakeProgramWallpaper(Frame& frame, const Lead* capture)
     const Hourglass waiting;
     ApplicationState& state = frame.State();
     try {
-        state.BackgroundFile = SaveForProgram(state, capture);
-        if (!state.Store(Key::PicFolder))
+        QString before = std::exchange(state.BackgroundFile, SaveForProgram(state, capture));
+        if (!state.Store(Key::PicFolder)) {
+            state.BackgroundFile = std::move(before); // which the settings still name
             throw ControlError(QStringLiteral("The settings could not be saved."));
+        }
         frame.SetStatus(StatusLabel::Operation, QStringLiteral("Wallpaper Saved"));
     } catch (const ControlError& error) {
         Tell(frame, error.Reason());

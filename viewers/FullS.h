@@ -6,6 +6,9 @@
 #include <QImage>
 #include <QTimer>
 
+#include <cstddef>
+#include <vector>
+
 class Frame;
 class Lead;
 class QLabel;

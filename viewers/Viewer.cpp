@@ -6,6 +6,7 @@
 #include "app/Frame.h"
 #include "app/Hourglass.h"
 #include "app/Lead.h"
+#include "app/PopupItem.h"
 #include "app/RaiseUnderMouse.h"
 #include "app/Talk.h"
 #include "capture/SaveCapture.h"
@@ -19,7 +20,6 @@
 #include <QHBoxLayout>
 #include <QPointer>
 
-#include <array>
 #include <utility>
 
 namespace {
@@ -204,15 +204,16 @@ void Viewer::Zoom(Qt::MouseButton button)
 
 void Viewer::ShowPopup()
 {
-    const QStringList items { QStringLiteral("  Save"), QStringLiteral("  Edit Tools"),
-        QStringLiteral("  Help"), QStringLiteral("  Exit Viewer") };
+    static constexpr PopupItem<Viewer> Items[] {
+        { "  Save", [](Viewer& viewer) { viewer.Save(); } },
+        { "  Edit Tools", [](Viewer& viewer) { viewer.frame_.OpenTools(); } },
+        { "  Help", [](Viewer& viewer) { viewer.frame_.OpenHelp(); } },
+        { "  Exit Viewer", [](Viewer& viewer) { viewer.close(); } },
+    };
     const QPointer<Viewer> alive(this);
-    frame_.OpenMenus(PopupOwner::Viewer, items, 0, *menu_, [alive](int item) {
-        constexpr std::array Actions { +[](Viewer& viewer) { viewer.Save(); },
-            +[](Viewer& viewer) { viewer.frame_.OpenTools(); },
-            +[](Viewer& viewer) { viewer.frame_.OpenHelp(); }, +[](Viewer& viewer) { viewer.close(); } };
+    frame_.OpenMenus(PopupOwner::Viewer, CaptionsOf(Items), 0, *menu_, [alive](int item) {
         if (alive)
-            Actions[size_t(item)](*alive);
+            Items[item].act(*alive);
     });
 }
 

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <sys/mman.h>
 #include <sys/stat.h>
+#include <vector>
 
 using imaging::PagesAnswer;
 using imaging::ReaderAnswer;
@@ -52,18 +53,20 @@ void Give(Mapped out, const QImage& picture)
         std::memcpy(to, picture.constScanLine(y), size_t(std::min(row, picture.bytesPerLine())));
 }
 
-void GivePages(Mapped out, const std::vector<imaging::Page>& pages)
+/// The memory has room for so many pages of the size that the file's header tells, and whoever asked takes
+/// every page for one of that size.
+void GivePages(Mapped out, const std::vector<imaging::Page>& pages, int most)
 {
+    const qsizetype room = (out.size - PagesAnswer::PixelsAt) / most;
     PagesAnswer& answer = *static_cast<PagesAnswer*>(out.bytes);
     auto* to = static_cast<char*>(out.bytes) + PagesAnswer::PixelsAt;
-    const char* const end = static_cast<char*>(out.bytes) + out.size;
     for (const imaging::Page& page : pages) {
-        const qsizetype bytes = page.picture.sizeInBytes();
-        if (answer.pages == PagesAnswer::MaxPages || bytes > end - to)
-            return Refuse(answer, "The picture is damaged or incomplete."); // larger than its own header says
-        std::memcpy(to, page.picture.constBits(), size_t(bytes));
+        const bool isExpected = page.picture.sizeInBytes() == room;
+        if (answer.pages == std::min(most, PagesAnswer::MaxPages) || !isExpected)
+            return Refuse(answer, "The picture is damaged or incomplete."); // not what its own header says
+        std::memcpy(to, page.picture.constBits(), size_t(room));
         answer.hundredths[answer.pages++] = qint32(page.time.count() / 10);
-        to += bytes;
+        to += room;
     }
 }
 
@@ -92,7 +95,8 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
     const QByteArray file = QByteArray::fromRawData(static_cast<char*>(in.bytes), in.size);
     if (pages > 0)
-        Answering<PagesAnswer>(out, [&] { GivePages(out, imaging::PictureFile::DecodePages(file, pages)); });
+        Answering<PagesAnswer>(
+            out, [&] { GivePages(out, imaging::PictureFile::DecodePages(file, pages), pages); });
     else
         Answering<ReaderAnswer>(out, [&] { Give(out, imaging::PictureFile::Decode(file)); });
     std::_Exit(EXIT_SUCCESS); // the libraries' farewells want what was given up

@@ -6,12 +6,14 @@
 #include "toolkit/Style.h"
 #include <QPointer>
 #include <system_error>
+#include <utility>
 
 using namespace player;
 using namespace std::chrono_literals;
 
 namespace {
 
+constexpr auto OpeningPoll = 10ms; // between two looks whether a source has opened
 constexpr auto CountPatience = 30s; // for the index of a large file
 constexpr auto DurationPatience = 2s; // only where the container tells nothing
 
@@ -31,6 +33,14 @@ PlayerControl::PlayerControl(QWidget* parent, OpeningWait awaitOpening, SoundDev
     , running_(std::make_shared<std::atomic<int>>(0))
     , progress_([this] { ReportProgress(); })
 {
+    openingWatch_.setInterval(OpeningPoll);
+    connect(&openingWatch_, &QTimer::timeout, this, [this] {
+        if (!opening_->HasOpened())
+            return;
+        openingWatch_.stop();
+        Finish();
+        Q_EMIT SourceOpened();
+    });
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -70,40 +80,50 @@ void PlayerControl::ResetSource()
         Q_EMIT SelectionChanged(0, 0);
 }
 
+void PlayerControl::BeginSourceFile(const QString& file)
+{
+    Drop();
+    file_ = file;
+    kind_ = FileSource;
+    if (Begin(SourceOf(file)))
+        openingWatch_.start();
+    else
+        QMetaObject::invokeMethod(this, &PlayerControl::SourceOpened, Qt::QueuedConnection);
+}
+
 void PlayerControl::Open(const media::Source& source)
+{
+    if (!Begin(source))
+        return;
+    if (source.kind != media::Source::Kind::Address || !awaitOpening_ || IsStillWanted())
+        Finish();
+}
+
+/// False when the means are lacking, which is told.
+bool PlayerControl::Begin(const media::Source& source)
 {
     try {
         if (*running_ >= MaxOrphans)
             throw media::MediaError(media::Failure::NoResources, "too many sources hang");
         mail_ = std::make_shared<Mailbox>(this, [this](const Mail& mail) { Read(mail); });
-        session_ = Session::Start(source, view_, mail_, running_, makeSound_);
-        if (source.kind == media::Source::Kind::Address && awaitOpening_ && !IsStillWanted())
-            return;
-        Adopt(session_->First());
+        opening_ = Session::Start(source, view_, mail_, running_, makeSound_);
+        return true;
     } catch (const media::MediaError& error) {
-        Drop();
-        return Tell(error.failure);
+        Fail(error.failure);
     } catch (const std::system_error&) { // no thread to be had
-        Drop();
-        return Tell(media::Failure::NoResources);
+        Fail(media::Failure::NoResources);
     }
-    if (session_->Known().isLive)
-        SetRate(1); // that of the video before may be another
-    natural_ = session_->Known().size;
-    TakeOwnSize();
-    Q_EMIT SelectionChanged(0, TrackingScale::Max);
-    Q_EMIT PositionChanged();
-    progress_.Force();
+    return false;
 }
 
 /// Waits for an address under the user's eyes. Events are handled meanwhile: the player may go, or be given
 /// another source.
 bool PlayerControl::IsStillWanted()
 {
-    const std::shared_ptr<Session> opening = session_;
+    const std::shared_ptr<Session> opening = opening_;
     const QPointer<PlayerControl> self(this);
     const bool isOver = awaitOpening_(*this, [opening] { return opening->HasOpened(); });
-    if (!self || session_ != opening)
+    if (!self || opening_ != opening)
         return false;
     if (!isOver) {
         Drop();
@@ -112,11 +132,38 @@ bool PlayerControl::IsStillWanted()
     return isOver;
 }
 
+/// Takes what was opened into use, waiting for it if need be.
+void PlayerControl::Finish()
+{
+    try {
+        const Shot first = opening_->First();
+        session_ = std::move(opening_);
+        Adopt(first);
+    } catch (const media::MediaError& error) {
+        return Fail(error.failure);
+    }
+    if (session_->Known().isLive)
+        SetRate(1); // that of the video before may be another
+    natural_ = session_->Known().size;
+    Look(); // the window may have changed meanwhile
+    TakeOwnSize();
+    Q_EMIT SelectionChanged(0, TrackingScale::Max);
+    Q_EMIT PositionChanged();
+    progress_.Force();
+}
+
+void PlayerControl::Fail(media::Failure failure)
+{
+    Drop();
+    Tell(failure);
+}
+
 void PlayerControl::Drop()
 {
-    if (session_)
-        session_->Close();
-    session_.reset();
+    openingWatch_.stop();
+    for (std::shared_ptr<Session>* session : { &opening_, &session_ })
+        if (const std::shared_ptr<Session> gone = std::exchange(*session, nullptr))
+            gone->Close();
     progress_.Cancel();
     strides_.Forget();
     trackingPut_.reset();
@@ -142,7 +189,7 @@ void PlayerControl::Tell(media::Failure failure)
 void PlayerControl::Read(const Mail& mail)
 {
     const QPointer<PlayerControl> self(this);
-    const std::shared_ptr<Session> session = session_;
+    const std::shared_ptr<Session> session = session_ ? session_ : opening_;
     if (mail.redrawn && mail.redrawn->number == shown_.number) {
         shown_.screen = mail.redrawn->screen;
         update();

@@ -6,6 +6,7 @@
 #include "media/player/Session.h"
 #include "media/player/StrideWatch.h"
 #include "video/ltmmPlay.h"
+#include <QTimer>
 #include <set>
 
 /// The player control on the engine of media/: one engine thread per source, which this widget waits for
@@ -21,11 +22,12 @@ public:
     ~PlayerControl() override;
 
     void SetSourceFile(const QString& file) override;
-    QString SourceFile() const override { return file_; }
-    Source SourceKind() const override { return kind_; }
+    void BeginSourceFile(const QString& file) override;
+    QString SourceFile() const override { return session_ ? file_ : QString(); }
+    Source SourceKind() const override { return session_ ? kind_ : NoSource; }
     bool WasCancelled() const override { return wasCancelled_; }
     void SetSourceMemory(const QByteArray& block) override;
-    QByteArray SourceMemory() const override { return memory_; }
+    QByteArray SourceMemory() const override { return session_ ? memory_ : QByteArray(); }
     void ResetSource() override;
 
     void Run() override;
@@ -95,7 +97,10 @@ protected:
 
 private:
     void Open(const media::Source& source);
+    bool Begin(const media::Source& source);
     bool IsStillWanted();
+    void Finish();
+    void Fail(media::Failure failure);
     void Drop();
     void Tell(media::Failure failure);
     void Read(const player::Mail& mail);
@@ -129,6 +134,8 @@ private:
     player::SoundDeviceMaker makeSound_;
     std::shared_ptr<std::atomic<int>> running_;
     std::shared_ptr<player::Mailbox> mail_;
+    std::shared_ptr<player::Session> opening_; ///< of a source that is not in use yet
+    QTimer openingWatch_;
     std::shared_ptr<player::Session> session_;
     player::Shot shown_;
     player::StrideWatch strides_;

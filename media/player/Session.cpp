@@ -39,6 +39,7 @@ std::shared_ptr<Session> Session::Start(const media::Source& source, const View&
 Session::Session(
     const media::Source& source, const View& view, std::shared_ptr<Mailbox> mail, SoundDeviceMaker makeSound)
     : source_(source)
+    , openedBy_(std::chrono::steady_clock::now() + OpenPatience)
 {
     wires_.mail = std::move(mail);
     wires_.makeSound = std::move(makeSound);
@@ -88,12 +89,12 @@ void Session::Close()
 
 bool Session::HasOpened() const
 {
-    return first_.wait_for(0s) == std::future_status::ready;
+    return std::chrono::steady_clock::now() >= openedBy_ || first_.wait_for(0s) == std::future_status::ready;
 }
 
 Shot Session::First()
 {
-    if (first_.wait_for(OpenPatience) != std::future_status::ready)
+    if (first_.wait_until(openedBy_) != std::future_status::ready)
         throw NoAnswer();
     return first_.get();
 }
@@ -163,8 +164,16 @@ Shot Session::Pause()
 void Session::Redraw(const Shot& shown)
 {
     wires_.OrderRedraw(shown);
-    wires_.DropShelf();
-    commands_.Push([](Engine&) {}); // wakes the engine; when the queue is full it is awake
+    // The engine lets go of a walk, whose pictures were drawn for the view of before, and goes on with it
+    // afterwards: who expects them goes on expecting. When the queue is full it is awake, and the walk ends.
+    const bool isWalking = wires_.shelf.Hold();
+    const bool isHeard = commands_.Push([isWalking](Engine& engine) {
+        engine.Work();
+        if (isWalking)
+            engine.WalkAhead();
+    });
+    if (!isHeard)
+        wires_.DropShelf();
 }
 
 void Session::WalkAhead(int first, int stride)

@@ -75,6 +75,7 @@ private:
     media::Source source_;
     Wires wires_;
     CommandQueue commands_;
+    std::chrono::steady_clock::time_point openedBy_; ///< or it has failed
     std::promise<Shot> opened_;
     std::future<Shot> first_ = opened_.get_future();
     std::promise<void> ended_;

@@ -25,6 +25,7 @@ void StillShelf::Plan(int first, int stride, int last)
     passed_ = first;
     stride_ = stride;
     last_ = last;
+    isHeld_ = false;
     changed_.notify_all();
 }
 
@@ -32,7 +33,7 @@ std::vector<int> StillShelf::Wanted() const
 {
     const std::lock_guard lock(mutex_);
     std::vector<int> numbers;
-    if (stride_ == 0)
+    if (stride_ == 0 || isHeld_)
         return numbers;
     for (qint64 number = next_; number <= last_ && numbers.size() < PlanLength; number += stride_)
         numbers.push_back(int(number));
@@ -50,7 +51,7 @@ bool StillShelf::HasRoomFor(const Shot& shot) const
 bool StillShelf::Put(const Shot& shot)
 {
     std::unique_lock lock(mutex_);
-    const auto isGone = [&] { return stride_ == 0 || shot.number != next_; };
+    const auto isGone = [&] { return stride_ == 0 || isHeld_ || shot.number != next_; };
     const auto isPassed = [&] { return shot.number < passed_; };
     changed_.wait(lock, [&] { return isGone() || isPassed() || HasRoomFor(shot); });
     if (isGone())
@@ -94,6 +95,23 @@ std::optional<Shot> StillShelf::Take(int number, std::chrono::milliseconds limit
     shots_.pop_front();
     changed_.notify_all();
     return shot;
+}
+
+bool StillShelf::Hold()
+{
+    const std::lock_guard lock(mutex_);
+    if (!shots_.empty())
+        next_ = shots_.front().number;
+    shots_.clear();
+    isHeld_ = true;
+    changed_.notify_all();
+    return stride_ > 0;
+}
+
+void StillShelf::Release()
+{
+    const std::lock_guard lock(mutex_);
+    isHeld_ = false;
 }
 
 bool StillShelf::Drop()

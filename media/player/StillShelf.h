@@ -26,6 +26,10 @@ public:
     bool Put(const Shot& shot);
     /// The picture, waiting for it as long as it is planned; none when it is not, or when limit has passed.
     std::optional<Shot> Take(int number, std::chrono::milliseconds limit);
+    /// Drops the pictures and lets go who fills it; what was planned of them stays planned until Release lets
+    /// it be wanted again. Whether there is a plan.
+    bool Hold();
+    void Release();
     /// Drops the plan and the pictures, and lets go who waits; whether there was a plan.
     bool Drop();
 
@@ -42,6 +46,7 @@ private:
     int passed_ = 0; ///< what comes before it is not wanted any more
     int stride_ = 0; ///< 0 without a plan
     int last_ = -1;
+    bool isHeld_ = false;
 };
 
 } // namespace player

@@ -90,6 +90,19 @@ TEST_F(PictureWriterTest, AfterAFailureNothingThatWasHandedOverBeforeItWasToldIs
     EXPECT_EQ(ShadeOf(2), 4);
 }
 
+TEST_F(PictureWriterTest, AFailureThatEndsNothingLosesItsOwnPictureOnly)
+{
+    const AutoName nowhere(folder.filePath(QStringLiteral("missing")), QStringLiteral(".bmp"));
+    writer.Write(Grey(1), nowhere, {}, PictureWriter::AfterFailure::GoOn);
+    Put(2);
+    Put(3);
+    ASSERT_TRUE(Await(written, 2));
+    EXPECT_EQ(failed.size(), 1);
+    EXPECT_EQ(writer.Waiting(), 0);
+    EXPECT_EQ(ShadeOf(2), 2);
+    EXPECT_EQ(ShadeOf(3), 3);
+}
+
 TEST_F(PictureWriterTest, ANumberThatWasTriedIsNotTriedAgain)
 {
     writer.Skip(names);

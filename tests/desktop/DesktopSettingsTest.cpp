@@ -4,7 +4,9 @@
 #include "desktop/XfceWallpaper.h"
 #include "tests/desktop/PrivateSession.h"
 
+#include <QDBusVariant>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QUrl>
@@ -42,6 +44,26 @@ protected:
     {
         Query({ "-p", "/", "-r", "-R" }); // the service lives as long as the bus
         PrivateSession::TearDown();
+    }
+};
+
+/// The pictures that XFCE's settings take, in turn.
+class StoredPictures : public QObject {
+    Q_OBJECT
+
+public:
+    QStringList values;
+
+    StoredPictures()
+    {
+        QDBusConnection::sessionBus().connect(QString(), QStringLiteral("/org/xfce/Xfconf"),
+            QStringLiteral("org.xfce.Xfconf"), QStringLiteral("PropertyChanged"), this,
+            SLOT(Note(QString, QString, QDBusVariant)));
+    }
+    Q_SLOT void Note(const QString&, const QString& property, const QDBusVariant& value)
+    {
+        if (property.endsWith(QLatin1String("/last-image")))
+            values << value.variant().toString();
     }
 };
 
@@ -180,6 +202,16 @@ TEST_F(XfceTest, EveryScreenAndWorkspaceThatIsKnownGetsThePicture)
         EXPECT_EQ(Query({ "-p", place + "/last-image" }), picture) << qPrintable(place);
     EXPECT_EQ(Query({ "-p", places[0] + "/image-style" }), QStringLiteral("5")) << "it showed no picture";
     EXPECT_EQ(Query({ "-p", places[1] + "/image-style" }), QStringLiteral("1"));
+}
+
+TEST_F(XfceTest, AtEveryMomentTheDesktopHasAPictureToShow)
+{
+    EXPECT_EQ(Set(wallpaper).result, Result::Set);
+    StoredPictures stored;
+    EXPECT_EQ(Set(wallpaper).result, Result::Set);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return stored.values.value(1) == picture; }, Patience));
+    for (const QString& value : stored.values)
+        EXPECT_EQ(QFileInfo(value).canonicalFilePath(), picture) << qPrintable(value);
 }
 
 TEST_F(XfceTest, TheSameFileAgainIsAChangeThatTheDesktopSees)

@@ -1,6 +1,8 @@
 // The real portal, with the test in the place of the desktop behind it.
 #include "desktop/PortalWallpaper.h"
+#include "desktop/SystemWallpaper.h"
 #include "tests/desktop/PrivateSession.h"
+#include "tests/testing/FakeWallpaper.h"
 
 #include <QDBusAbstractAdaptor>
 #include <QDBusConnectionInterface>
@@ -9,6 +11,9 @@
 #include <QFile>
 #include <QImage>
 #include <QUrl>
+
+#include <memory>
+#include <utility>
 
 namespace {
 
@@ -148,13 +153,29 @@ TEST_F(PortalWallpaperTest, AUserWhoSaysNoHasDeclined)
     EXPECT_EQ(Set(wallpaper).result, Result::Declined);
 }
 
-TEST_F(PortalWallpaperTest, ADesktopThatFailsIsTold)
+TEST_F(PortalWallpaperTest, ADesktopThatFailsWithoutTheUsersNoIsNoWay)
 {
     backend.response = 2;
     StartPortal();
     const Wallpaper::Outcome outcome = Set(wallpaper);
-    EXPECT_EQ(outcome.result, Result::NotSet);
+    EXPECT_EQ(outcome.result, Result::NotHere);
     EXPECT_EQ(outcome.reason, QStringLiteral("The desktop refused the wallpaper."));
+}
+
+TEST_F(PortalWallpaperTest, OnlyTheUsersNoKeepsTheNextWayFromBeingTried)
+{
+    StartPortal();
+    for (const auto& [response, expected] : { std::pair(1U, Result::Declined), { 2U, Result::Set } }) {
+        backend.response = response;
+        auto next = std::make_unique<FakeWallpaper>();
+        const FakeWallpaper& tried = *next;
+        SystemWallpaper::Ways ways;
+        ways.push_back(std::make_unique<PortalWallpaper>());
+        ways.push_back(std::move(next));
+        SystemWallpaper system(std::move(ways));
+        EXPECT_EQ(Set(system).result, expected) << response;
+        EXPECT_EQ(tried.given, response == 1 ? QStringList() : QStringList { picture }) << response;
+    }
 }
 
 TEST_F(PortalWallpaperTest, APictureThatCannotBeReadIsTold)

@@ -3,7 +3,9 @@
 #include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
 
+#include <QGroupBox>
 #include <QRadioButton>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -22,6 +24,12 @@ protected:
     }
     QRadioButton& Option(const char* name) { return *form->findChild<QRadioButton*>(QLatin1String(name)); }
     bool IsSet(const char* name) { return Option(name).isChecked(); }
+    static void ChooseAnother(const QRadioButton& option)
+    {
+        for (QRadioButton* const other : option.parentWidget()->findChildren<QRadioButton*>())
+            if (other != &option)
+                return other->setChecked(true);
+    }
     bool IsEnabled(const char* name) { return Option(name).isEnabled(); }
     int EnabledDitherings()
     {
@@ -32,7 +40,59 @@ protected:
     }
 };
 
+struct Caption {
+    const char* name;
+    const char* text;
+    const char* group;
+    int bits; ///< a depth at which it can be chosen
+};
+constexpr Caption Captions[] {
+    { "Bits(1)", "&1 Bit", "Pixel Depth", 8 },
+    { "Bits(4)", "&4 Bits", "Pixel Depth", 8 },
+    { "Bits(8)", "&8 Bits", "Pixel Depth", 24 },
+    { "Bits(16)", "1&6 Bits", "Pixel Depth", 8 },
+    { "Bits(24)", "&24 Bits", "Pixel Depth", 8 },
+    { "Bits(32)", "&32 Bits", "Pixel Depth", 8 },
+    { "Dithering(0)", "&No Dithering", "Dithering Methods", 8 },
+    { "Dithering(1)", "&Floyd Stein", "Dithering Methods", 8 },
+    { "Dithering(2)", "&Stucki", "Dithering Methods", 8 },
+    { "Dithering(3)", "&Burkes", "Dithering Methods", 8 },
+    { "Dithering(4)", "S&ierra", "Dithering Methods", 8 },
+    { "Dithering(5)", "S&tevenson Arce", "Dithering Methods", 8 },
+    { "Dithering(6)", "&Jarvis", "Dithering Methods", 8 },
+    { "Dithering(7)", "&Ordered", "Dithering Methods", 8 },
+    { "Palettes(1)", "Fi&xed", "Palettes", 8 },
+    { "Palettes(2)", "O&ptimized", "Palettes", 8 },
+    { "Palettes(8)", "I&dentity", "Palettes", 8 },
+    { "Palettes(0)", "Order &RGB", "High Color", 24 },
+    { "Palettes(4)", "Order &BGR", "High Color", 24 },
+};
+
 } // namespace
+
+TEST_F(ColorResTest, TheOptionsBearTheirCaptionsEachInItsGroup)
+{
+    Open(24);
+    for (const Caption& caption : Captions) {
+        EXPECT_EQ(Option(caption.name).text(), QLatin1String(caption.text));
+        const auto* group = qobject_cast<QGroupBox*>(Option(caption.name).parentWidget());
+        EXPECT_TRUE(group && group->title() == QLatin1String(caption.group)) << caption.name;
+    }
+    EXPECT_EQ(form->findChildren<QRadioButton*>().size(), qsizetype(std::size(Captions)));
+}
+
+TEST_F(ColorResTest, TheUnderlinedLetterOfAnOptionChoosesIt)
+{
+    for (const Caption& caption : Captions) {
+        Open(caption.bits);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        ChooseAnother(Option(caption.name));
+        ASSERT_FALSE(IsSet(caption.name)) << caption.name;
+        const QKeySequence mnemonic = QKeySequence::mnemonic(QLatin1String(caption.text));
+        QTest::keyClick(form.get(), mnemonic[0].key(), Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return IsSet(caption.name); })) << caption.name;
+    }
+}
 
 TEST_F(ColorResTest, ATrueColourPictureHasItsDitheringGreyAndBgrChosen)
 {

@@ -130,11 +130,11 @@ TEST(AnswerTextTest, DecimalsAreReadAndRoundedAHalfToTheEvenNumber)
     EXPECT_EQ(AnswerText::Held(QStringLiteral("999.6"), Row(Contrast)), QStringLiteral("999.6"));
 }
 
-TEST(AnswerTextTest, DigitsBelowTheRangeMayBeTheBeginningOfANumber)
+TEST(AnswerTextTest, DigitsBelowTheRangeOrAMinusMayBeTheBeginningOfANumber)
 {
     EXPECT_TRUE(AnswerText::IsBeginning(QStringLiteral("1"), Row(Oil)));
     EXPECT_TRUE(AnswerText::IsBeginning(QString(), Row(Oil)));
     EXPECT_FALSE(AnswerText::IsBeginning(QStringLiteral("2"), Row(Oil)));
-    EXPECT_FALSE(AnswerText::IsBeginning(QStringLiteral("-"), Row(Oil)));
+    EXPECT_TRUE(AnswerText::IsBeginning(QStringLiteral("-"), Row(Oil)));
     EXPECT_FALSE(AnswerText::IsBeginning(QStringLiteral("-5"), Row(Oil)));
 }

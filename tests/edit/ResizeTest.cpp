@@ -4,6 +4,7 @@
 #include "tests/testing/FakeCapture.h"
 #include "toolkit/xpcheckbox.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSlider>
@@ -39,6 +40,13 @@ protected:
         QTest::keyClick(&Box(name), Qt::Key_Delete);
         QTest::keyClicks(&Box(name), QLatin1String(text));
     }
+    /// The text to the left of a box.
+    static QString LabelBefore(const QLineEdit& box)
+    {
+        const QPoint before(0, box.geometry().center().y());
+        const auto* label = qobject_cast<QLabel*>(box.parentWidget()->childAt(before));
+        return label ? label->text() : QString();
+    }
     void Click(const char* name) { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
 };
 
@@ -55,6 +63,15 @@ TEST_F(ResizeTest, OpensWithThePicturesSizeTheRatioOnAndResamplingOff)
     EXPECT_EQ(Find<xpcheckbox>("ResampleBox")->Value(), int(xpcheckbox::Clear));
     EXPECT_EQ(Box("Value1Box").selectedText(), QStringLiteral("640"));
     EXPECT_EQ(Box("Value2Box").selectedText(), QStringLiteral("480"));
+}
+
+TEST_F(ResizeTest, TheControlsBearTheirCaptions)
+{
+    for (const auto& [name, caption] : { std::pair("AspectRatioBox", "Maintain Aspect-Ratio"),
+             { "ResampleBox", "Resample" }, { "Ok", "Accept" }, { "cancel", "Cancel" } })
+        EXPECT_EQ(Find<QAbstractButton>(name)->text(), QLatin1String(caption)) << name;
+    for (const auto& [name, caption] : { std::pair("Value1Box", "Width"), { "Value2Box", "Height" } })
+        EXPECT_EQ(LabelBefore(Box(name)), QLatin1String(caption)) << name;
 }
 
 TEST_F(ResizeTest, WhatIsTypedMovesTheOtherSideAndStands)
@@ -97,6 +114,36 @@ TEST_F(ResizeTest, AcceptGivesTheSizeAndTheWayOfResampling)
     EXPECT_TRUE(results.resample);
 }
 
+TEST_F(ResizeTest, OnlyASetResampleBoxAsksForSmoothing)
+{
+    for (const auto& [value, isSmooth] :
+        { std::pair(xpcheckbox::Grey, false), { xpcheckbox::Set, true }, { xpcheckbox::Clear, false } }) {
+        Find<xpcheckbox>("ResampleBox")->SetValue(value);
+        Click("Ok");
+        EXPECT_EQ(form->GetResults().resample, isSmooth) << value;
+        form->show();
+    }
+}
+
+TEST_F(ResizeTest, AClickedGreyResampleBoxIsSetBeforeItTurnsOver)
+{
+    auto& box = *Find<xpcheckbox>("ResampleBox");
+    QList<int> meanwhile;
+    QObject::connect(&box, &xpcheckbox::Click, &box, [&] { meanwhile << box.Value(); });
+    box.SetValue(xpcheckbox::Grey);
+    Click("ResampleBox");
+    EXPECT_EQ(meanwhile, QList<int> { xpcheckbox::Set });
+    EXPECT_EQ(box.Value(), int(xpcheckbox::Clear));
+}
+
+TEST_F(ResizeTest, AClickTurnsResamplingOnAndOff)
+{
+    for (const bool isSmooth : { true, false }) {
+        Click("ResampleBox");
+        EXPECT_EQ(form->GetResults().resample, isSmooth);
+    }
+}
+
 TEST_F(ResizeTest, CancelAcceptsNothing)
 {
     Click("cancel");
@@ -116,7 +163,8 @@ TEST_F(ResizeTest, AnEmptiedBoxKeepsTheDialogOpen)
 TEST_F(ResizeTest, ANumberBeyondAllBecomes32767AndKeepsTheDialogOpen)
 {
     Type("Value1Box", "40000");
-    EXPECT_EQ(Bar("Value1Bar").value(), 4000);
+    EXPECT_EQ(Bar("Value1Bar").value(), 4000) << "the last one in the range";
+    EXPECT_EQ(Box("Value1Box").text(), QStringLiteral("40000"));
     Click("Ok");
     EXPECT_EQ(Bar("Value1Bar").value(), 16384);
     EXPECT_EQ(Bar("Value2Bar").value(), 3000);

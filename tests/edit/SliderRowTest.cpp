@@ -66,6 +66,13 @@ TEST(SliderRowTest, ANumberBelowTheStartBecomesTheStart)
     row.Expect(2);
 }
 
+TEST(SliderRowTest, ANegativeNumberTypedWhereThereIsNoneBecomesTheStart)
+{
+    Shown row(Posterize);
+    row.Type("-5");
+    row.Expect(2);
+}
+
 TEST(SliderRowTest, ANumberWhoseFirstDigitIsTooSmallCanBeTyped)
 {
     Shown row(Oil);

@@ -155,6 +155,23 @@ TEST_F(ToolsTest, APreviewLetsOtherEventsThroughOnceWhenItStandsInTheCapture)
     EXPECT_EQ(whenPumped, Done(Ramp(), [](Lead& lead) { lead.Contrast(500); }));
 }
 
+TEST_F(ToolsTest, APreviewGivesTheActiveChildTheFocusOfItsWindowAndTheSliderKeepsTheKeyboard)
+{
+    QWidget window;
+    QWidget child(&window);
+    QLineEdit other(&window);
+    frame.activeForm = &child;
+    window.show();
+    other.setFocus();
+    tools->activateWindow();
+    Slider(1).setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Slider(1).hasFocus(); }));
+    ASSERT_EQ(window.focusWidget(), &other);
+    Slider(1).setValue(50);
+    EXPECT_EQ(window.focusWidget(), &child);
+    EXPECT_TRUE(Slider(1).hasFocus());
+}
+
 TEST_F(ToolsTest, AnUndoInTheYieldOfAnotherBringsBackTheSamePicture)
 {
     Click("Cmd2(3)");
@@ -372,6 +389,25 @@ TEST_F(ToolsTest, ACancelledResizeOpensNothing)
     WhenOpen<Resize>([](Resize& form) { form.reject(); });
     Click("Cmd2(0)");
     EXPECT_FALSE(frame.log.contains(QStringLiteral("OpenViewer")));
+}
+
+TEST_F(ToolsTest, ACancelledResizeLeavesTheReadOutOfContrast)
+{
+    Slider(1).setValue(30);
+    WhenOpen<Resize>([](Resize& form) { form.reject(); });
+    Click("Cmd2(0)");
+    EXPECT_EQ(ReadOut("Label2"), QStringLiteral("30%"));
+}
+
+TEST_F(ToolsTest, ASizeBeyondTheMemoryEmptiesTheReadOutOfContrast)
+{
+    Slider(0).setValue(20);
+    Slider(1).setValue(30);
+    frame.errors.Expect(
+        QStringLiteral("Error"), QStringLiteral("Not enough memory available.  Try a smaller size."));
+    ResizeTo("16384");
+    EXPECT_EQ(ReadOut("Label2"), QString());
+    EXPECT_EQ(ReadOut("LblBright"), QStringLiteral("20%"));
 }
 
 TEST_F(ToolsTest, ASizeBeyondTheMemoryIsToldAndOpensNothing)

@@ -18,13 +18,16 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
 #include <QTimer>
 
+#include <array>
 #include <gtest/gtest.h>
+#include <vector>
 
 using EditSamples::Done;
 using EditSamples::Filled;
@@ -86,6 +89,16 @@ protected:
     }
     /// Other settings of the sliders, line by line.
     void WriteSettings(const QByteArray& lines) { ASSERT_TRUE(MakeFile(SettingsFile(), lines)); }
+    /// Accepts these options in the dialog of colours.
+    void ChangeResolution(const std::vector<const char*>& options)
+    {
+        WhenOpen<ColorRes>([options](ColorRes& form) {
+            for (const char* option : options)
+                form.findChild<QRadioButton*>(QLatin1String(option))->click();
+            form.accept();
+        });
+        Click("Command16");
+    }
     QProgressBar& Gauge() { return Find<QProgressBar>(QStringLiteral("StatGauge")); }
     QString Folder() { return Find<QLabel>(QStringLiteral("LblFolder")).text(); }
 };
@@ -466,16 +479,51 @@ TEST_F(VisualTest, TheSlidersPlacesAtOpeningAnotherGraphicAreTheirNewStarts)
 TEST_F(VisualTest, ResolutionChangesTheDepth)
 {
     Open();
-    WhenOpen<ColorRes>([](ColorRes& form) {
-        form.findChild<QRadioButton*>(QStringLiteral("Bits(4)"))->click();
-        form.findChild<QRadioButton*>(QStringLiteral("Palettes(2)"))->click();
-        form.findChild<QRadioButton*>(QStringLiteral("Dithering(1)"))->click();
-        form.accept();
-    });
-    Click("Command16");
+    ChangeResolution({ "Bits(4)", "Palettes(2)", "Dithering(1)" });
     EXPECT_EQ(Effect(), Done(Ramp(), [](Lead& lead) { lead.SetColorResolution(4, 2, 1, 16); }));
     Click("Command18");
     EXPECT_EQ(Effect(), Ramp());
+}
+
+TEST_F(VisualTest, AnotherResolutionShowsALargePictureInTheSamePlaceAtTheSameSize)
+{
+    QImage halves = Filled(Qt::red, { 3000, 2000 });
+    QPainter(&halves).fillRect(0, 0, 3000, 1000, Qt::blue);
+    capture.ShowPicture(halves);
+    Open();
+    Lead& effect = Control("Effect");
+    const QRect place = effect.geometry();
+    const QImage seen = effect.grab().toImage();
+    ASSERT_TRUE(place.width() < halves.width() && place.height() < halves.height());
+    ChangeResolution({ "Bits(8)" });
+    EXPECT_EQ(effect.BitmapBits(), 8);
+    EXPECT_EQ(effect.geometry(), place);
+    EXPECT_EQ(QSizeF(effect.DstWidth(), effect.DstHeight()), QSizeF(place.size()));
+    EXPECT_EQ(effect.grab().toImage(), seen);
+}
+
+TEST_F(VisualTest, TheOrderThatIsChosenIsThatOfTheBytesOfAPixel)
+{
+    const QImage deep = Filled(QColor(10, 20, 30));
+    const QImage flat = Done(deep, [](Lead& lead) { lead.SetColorResolution(8, 2, 0, 256); });
+    for (const QImage& before : { flat, deep })
+        for (const auto& [order, bytes] :
+            { std::pair("Palettes(0)", std::array { 10, 20, 30 }), { "Palettes(4)", { 30, 20, 10 } } }) {
+            capture.ShowPicture(before);
+            Open();
+            ChangeResolution({ "Bits(24)", order });
+            const QImage effect = Effect();
+            ASSERT_EQ(effect.depth(), 24);
+            for (int place = 0; place < 3; ++place)
+                EXPECT_EQ(effect.constScanLine(0)[place], bytes[size_t(place)]) << order << before.depth();
+        }
+}
+
+TEST_F(VisualTest, AnOrderOfBytesIsNotAskedOfAPictureWithAPalette)
+{
+    Open();
+    ChangeResolution({ "Palettes(0)", "Bits(8)" });
+    EXPECT_EQ(Effect(), Done(Ramp(), [](Lead& lead) { lead.SetColorResolution(8, 1, 0, 256); }));
 }
 
 TEST_F(VisualTest, ACancelledResolutionLeavesThePictureYetBackStandsOnIt)

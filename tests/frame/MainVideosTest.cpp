@@ -1,6 +1,9 @@
 // How videos come into the frame: by the dialog, the list, an address or a drop.
+#include "app/Lead.h"
 #include "desktop/FileName.h"
+#include "frame/CommandLine.h"
 #include "tests/frame/FrameFixture.h"
+#include "tests/testing/Await.h"
 #include "tests/testing/RunningDialog.h"
 #include "toolkit/ChildForm.h"
 #include "video/URLfrm.h"
@@ -14,6 +17,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -44,6 +48,10 @@ protected:
         state.CaptureTime = isTimed;
         state.AutoFrame = !isTimed;
         OpenOne();
+        const auto isGoing = [&] {
+            return isTimed ? player->state == ltmmPlay::Running : player->stillsGiven > 0;
+        };
+        ASSERT_TRUE(Await(isGoing, std::chrono::seconds(20)));
         ASSERT_FALSE(IsEnabled(Command::Capture));
     }
     void ExpectTheRunIsLeft(bool isTimed)
@@ -123,6 +131,72 @@ TEST_F(MainVideosTest, OpensLetsEventsThroughAtItsEndAndTheOpenCommandDoesNot)
     }
 }
 
+TEST_F(MainVideosTest, VideosGivenAtTheStartAreAListWhoseFirstIsOpen)
+{
+    Store("OpenVidList", "False");
+    state.Reload(Key::OpenVidList);
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("films")));
+    const QStringList videos { folder.filePath(QStringLiteral("films/a.avi")),
+        folder.filePath(QStringLiteral("b.mpg")) };
+    CommandLine given;
+    given.videos = videos;
+    main->OpenGiven(given);
+    EXPECT_EQ(player->file, videos[0]);
+    EXPECT_EQ(state.VideoPath, videos[0]);
+    EXPECT_EQ(state.FileCount, 2);
+    EXPECT_EQ(state.Videos, QStringList({ QString(), videos[0], videos[1] }));
+    EXPECT_EQ(QDir::currentPath(), QDir(folder.filePath(QStringLiteral("films"))).canonicalPath())
+        << "as after the dialog";
+    EXPECT_TRUE(Find("BottomPane")->isVisible());
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+    EXPECT_TRUE(Find("VideoList")->isVisible());
+    EXPECT_EQ(Find<QListWidget>("VidList")->item(1)->text(), videos[1]);
+}
+
+TEST_F(MainVideosTest, AFileOfAnotherNameGivenAtTheStartIsLeftToThePlayer)
+{
+    CommandLine given;
+    given.others << QStringLiteral("/films/a.mp4") << QStringLiteral("/films/b.mp4");
+    main->OpenGiven(given);
+    EXPECT_EQ(player->file, QStringLiteral("/films/a.mp4"));
+    EXPECT_EQ(state.VideoPath, QStringLiteral("/films/a.mp4"));
+    EXPECT_TRUE(Find("Cmd2(0)")->isEnabled());
+    EXPECT_TRUE(IsEnabled(Command::Capture));
+    EXPECT_FALSE(Find("CmdList(1)")->isEnabled());
+}
+
+TEST_F(MainVideosTest, AnAddressGivenAtTheStartIsTriedAtOnce)
+{
+    CommandLine given;
+    given.addresses << QStringLiteral("http://example.org/a.mpg");
+    main->OpenGiven(given);
+    EXPECT_EQ(player->file, QStringLiteral("http://example.org/a.mpg"));
+    EXPECT_TRUE(Find("BottomPane")->isVisible());
+}
+
+TEST_F(MainVideosTest, PicturesGivenAtTheStartStandInWindowsOfTheirOwn)
+{
+    QImage picture(30, 20, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    CommandLine given;
+    for (const char* name : { "a.png", "b.bmp" }) {
+        given.pictures << folder.filePath(QLatin1String(name));
+        ASSERT_TRUE(picture.save(given.pictures.last()));
+    }
+    const QString missing = folder.filePath(QStringLiteral("missing.png"));
+    given.pictures << missing;
+    errors.Expect(
+        QStringLiteral("Error!"), QStringLiteral("%1 could not be opened: it is not there.").arg(missing));
+    main->OpenGiven(given);
+    EXPECT_EQ(state.KidCount, 2);
+    ASSERT_NE(main->ActiveCapture(), nullptr);
+    EXPECT_EQ(main->ActiveCapture()->Bitmap().size(), picture.size());
+    EXPECT_EQ(main->ActiveCapture()->Bitmap().pixelColor(0, 0), QColor(Qt::red));
+    EXPECT_TRUE(IsEnabled(Command::Save));
+    EXPECT_TRUE(state.SelectedBitmap.isNull()) << "no thumbnail was picked";
+    EXPECT_EQ(player, nullptr);
+}
+
 TEST_F(MainVideosTest, TheSizeButtonsSetTheDisplaySize)
 {
     OpenOne();
@@ -189,6 +263,41 @@ TEST_F(MainVideosTest, WhateverIsDroppedStopsTheVideoAndOnlyAFileOfThisMachineTh
     here.setUrls({ QUrl(QStringLiteral("file://localhost/films/b.avi")) });
     Drop(here);
     EXPECT_EQ(player->file, QStringLiteral("/films/b.avi"));
+}
+
+TEST_F(MainVideosTest, AnOpenThatBreaksOffIsInProgressNoMore)
+{
+    const auto breakOff = [] { throw std::bad_alloc(); };
+    dialogs.openNames.push(QString());
+    dialogs.whileShown = breakOff;
+    EXPECT_THROW(main->OpenVideoNow_Click(), std::bad_alloc);
+    EXPECT_FALSE(state.OpeningNow);
+    dialogs.whileShown = nullptr;
+    dialogs.openNames = {};
+    OpenOne();
+    dialogs.openNames.push(folder.filePath(QStringLiteral("b.avi")));
+    player->whenAsked = [&](const char*) { breakOff(); };
+    EXPECT_THROW(main->OpenVideoNow_Click(), std::bad_alloc);
+    EXPECT_FALSE(state.OpeningNow);
+    player->whenAsked = [](const char*) {};
+}
+
+TEST_F(MainVideosTest, TheVideoWindowMayGoWhileADroppedFileIsToldToBeNone)
+{
+    for (const char* file : { "a.avi", "refused.avi" }) {
+        QMimeData data;
+        data.setUrls({ QUrl::fromLocalFile(folder.filePath(QLatin1String(file))) });
+        ASSERT_NE(&main->CurrentPlayer(), nullptr);
+        player->refused = folder.filePath(QStringLiteral("refused.avi"));
+        player->whenLoaded = [&] {
+            player->whenLoaded = [] {};
+            delete state.CurrentVideo;
+        };
+        EXPECT_TRUE(Drop(data)) << file;
+        EXPECT_TRUE(player.isNull()) << file;
+        EXPECT_FALSE(Find("BottomPane")->isVisible()) << file;
+        EXPECT_FALSE(IsEnabled(Command::Capture)) << file;
+    }
 }
 
 TEST_F(MainVideosTest, AFileDroppedIntoTheEmptyFrameCanBePlayedAndCaptured)
@@ -432,6 +541,15 @@ TEST_F(MainVideosTest, AFileChosenByTheVideoWindowsOwnOpenButtonIsOpened)
     EXPECT_TRUE(Find("BottomPane")->isVisible());
     EXPECT_TRUE(IsEnabled(Command::Capture));
     EXPECT_TRUE(Form("VideoWindow").isVisible());
+}
+
+TEST_F(MainVideosTest, AVideoOfTheListHasItsCommandsThoughARunEndedWithABrokenOne)
+{
+    OpenTwo();
+    main->SetEnabled(false);
+    Click("CmdList(1)");
+    EXPECT_TRUE(IsEnabled(Command::Stretch));
+    EXPECT_TRUE(IsEnabled(Command::Capture));
 }
 
 TEST_F(MainVideosTest, ADownloadEndsAnAutomaticCaptureEvenUnused)

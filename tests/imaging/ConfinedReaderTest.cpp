@@ -10,13 +10,32 @@
 
 #include <QTemporaryDir>
 
+#include <cerrno>
 #include <cstddef>
 #include <gmock/gmock.h>
 #include <random>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 using imaging::DecodeConfined;
 using imaging::FormatRow;
 using imaging::FormatTable;
+
+namespace {
+
+int interruptions = 0; // of the next reservations of memory
+
+}
+
+/// Stands between the program and the system.
+extern "C" int posix_fallocate(int file, off_t from, off_t size)
+{
+    if (interruptions > 0) {
+        --interruptions;
+        return EINTR;
+    }
+    return syscall(SYS_fallocate, file, 0, from, size) == 0 ? 0 : errno;
+}
 
 namespace {
 
@@ -221,6 +240,20 @@ TEST_F(ConfinedReaderTest, AnAnswerThatDoesNotFitTheFileIsADamagedPicture)
     }
     const OtherReader honest(Answering({ 4, 4, indexed, 4 }, 3));
     EXPECT_EQ(Opened(SmallPng()).size(), QSize(4, 4));
+}
+
+TEST_F(ConfinedReaderTest, WhoHasNothingToDoMeanwhileWaitsAllTheSame)
+{
+    const OtherReader stopped("kill -STOP $$\n");
+    ASSERT_TRUE(stopped.IsThere());
+    EXPECT_EQ(ReasonOf([] { DecodeConfined(SmallPng(), {}, std::chrono::milliseconds(200)); }), Damaged);
+}
+
+TEST_F(ConfinedReaderTest, ASignalWhileMemoryIsReservedIsNoLackOfMemory)
+{
+    interruptions = 3;
+    EXPECT_EQ(Opened(SmallPng()).size(), QSize(4, 4));
+    EXPECT_EQ(interruptions, 0);
 }
 
 TEST_F(ConfinedReaderTest, TheWaitIsFilledWithTheCallersWork)

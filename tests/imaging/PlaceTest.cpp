@@ -57,6 +57,23 @@ TEST(Rotate, TurnsClockwiseByQuarters)
     EXPECT_EQ(turned(9000 + 36000), turned(9000));
 }
 
+TEST(Rotate, AQuarterMovesEveryPixelToItsPlaceAtEveryDepth)
+{
+    for (const int bits : Depths) {
+        const QImage photo = AtDepth(Pictures::Photo({ 301, 139 }), bits);
+        const QImage right = Rotated(photo, 9000, RotatedSize::Grown, Qt::white);
+        const QImage left = Rotated(photo, 27000, RotatedSize::Grown, Qt::white);
+        ASSERT_EQ(right.size(), photo.size().transposed()) << bits;
+        ASSERT_EQ(left.size(), photo.size().transposed()) << bits;
+        int misplaced = 0;
+        for (int y = 0; y < photo.height(); ++y)
+            for (int x = 0; x < photo.width(); ++x)
+                misplaced += right.pixel(photo.height() - 1 - y, x) != photo.pixel(x, y)
+                    || left.pixel(y, photo.width() - 1 - x) != photo.pixel(x, y);
+        EXPECT_EQ(misplaced, 0) << bits;
+    }
+}
+
 TEST(Rotate, AQuarterInItsOwnFrameMovesPixelsAsTheyAre)
 {
     const QImage photo = Pictures::Photo({ 60, 40 });

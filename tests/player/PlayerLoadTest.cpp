@@ -28,6 +28,49 @@ TEST_F(PlayerLoadTest, TheFirstFrameStandsOnTheScreenWhenTheLoadReturns)
     EXPECT_EQ(player_->SourceFile(), ClipPath(QStringLiteral("h264_closed.mp4")));
 }
 
+TEST_F(PlayerLoadTest, AVideoThatIsBegunStandsOnTheScreenWhenItIsToldOf)
+{
+    const QSignalSpy opened(player_.get(), &ltmmPlay::SourceOpened);
+    Load(QStringLiteral("h264_opengop.mp4"));
+    player_->BeginSourceFile(ClipPath(QStringLiteral("h264_closed.mp4")));
+    EXPECT_EQ(player_->SourceKind(), ltmmPlay::NoSource);
+    EXPECT_EQ(player_->SourceFile(), QString());
+    EXPECT_EQ(opened.size(), 0);
+    ASSERT_TRUE(Wait([&] { return opened.size() == 1; }));
+    EXPECT_EQ(player_->SourceFile(), ClipPath(QStringLiteral("h264_closed.mp4")));
+    EXPECT_EQ(Seen(), 0);
+    EXPECT_EQ(SeenTag(), 1);
+    EXPECT_EQ(player_->TrackingMax(), 10000);
+}
+
+TEST_F(PlayerLoadTest, AVideoIsShownAtTheSizeThatTheWindowTookWhileItWasBegun)
+{
+    player_->SetDisplaySize(ltmmPlay::StretchToWindow);
+    const QSignalSpy opened(player_.get(), &ltmmPlay::SourceOpened);
+    player_->BeginSourceFile(ClipPath(QStringLiteral("h264_closed.mp4")));
+    player_->resize(640, 480);
+    ASSERT_TRUE(Wait([&] { return opened.size() == 1; }));
+    EXPECT_TRUE(Wait([&] { return Seen() == 0; }));
+}
+
+TEST_F(PlayerLoadTest, AVideoThatCannotBeBegunIsToldOfAndLeavesNoSource)
+{
+    const QSignalSpy opened(player_.get(), &ltmmPlay::SourceOpened);
+    player_->BeginSourceFile(QStringLiteral("/nowhere/video.mp4"));
+    ASSERT_TRUE(Wait([&] { return opened.size() == 1 && errors_.size() == 1; }));
+    EXPECT_EQ(player_->SourceKind(), ltmmPlay::NoSource);
+}
+
+TEST_F(PlayerLoadTest, OneThatIsDroppedWhileItIsBegunIsToldOfNoMore)
+{
+    const QSignalSpy opened(player_.get(), &ltmmPlay::SourceOpened);
+    player_->BeginSourceFile(ClipPath(QStringLiteral("h264_closed.mp4")));
+    player_->ResetSource();
+    player_->BeginSourceFile(ClipPath(QStringLiteral("h264_opengop.mp4")));
+    ASSERT_TRUE(Wait([&] { return opened.size() == 1; }));
+    EXPECT_EQ(SeenTag(), 2);
+}
+
 TEST_F(PlayerLoadTest, AVideoHasItsFactsAtOnce)
 {
     Load(QStringLiteral("h264_closed.mp4"));

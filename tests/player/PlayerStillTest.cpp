@@ -123,6 +123,22 @@ TEST_F(PlayerStillTest, FramesThatAreExpectedAreToldOfWhenTheyAreReady)
     EXPECT_GT(ready.size(), 0);
 }
 
+TEST_F(PlayerStillTest, AWindowThatChangesItsSizeEndsNoExpectation)
+{
+    player_->SetDisplaySize(ltmmPlay::StretchToWindow);
+    Load(QStringLiteral("h264_longgop.mp4"));
+    ASSERT_TRUE(Wait([this] { return player_->HasFrameCount(); }));
+    const int last = (player_->FrameCount() - 1) / 10 * 10;
+    for (int number = 0; number <= last; number += 10) {
+        player_->ExpectFrames(number, 10);
+        player_->resize(320 + number, 240);
+        EXPECT_EQ(player_->IsFrameReady(last), number == last && player_->IsFrameReady(number)) << number;
+        ASSERT_TRUE(Wait([&] { return player_->IsFrameReady(number); }));
+        player_->SetCurrentFrame(number);
+        ASSERT_EQ(NumberIn(player_->GetStillPicture(5000)), number);
+    }
+}
+
 TEST_F(PlayerStillTest, ASeekOfTheUserEndsTheExpectationAndTheNextFrameIsStillTheOneAskedFor)
 {
     Load(QStringLiteral("h264_closed.mp4"));

@@ -108,6 +108,32 @@ TEST(StillShelfTest, DroppingThePlanLetsBothSidesGo)
     EXPECT_FALSE(shelf.Take(50, Forever));
 }
 
+TEST(StillShelfTest, WhatLayThereWhenThePlanIsHeldIsMadeAgainOnceItIsReleased)
+{
+    StillShelf shelf;
+    shelf.Plan(0, 10, 30);
+    ASSERT_TRUE(shelf.Put(ShotOf(0)));
+    ASSERT_TRUE(shelf.Put(ShotOf(10)));
+    ASSERT_TRUE(shelf.Take(0, Forever));
+    EXPECT_TRUE(shelf.Hold());
+    EXPECT_FALSE(shelf.Put(ShotOf(20))) << "who fills it is let go";
+    EXPECT_TRUE(shelf.Wanted().empty());
+    EXPECT_TRUE(shelf.Expects(10)) << "the caller goes on expecting";
+    EXPECT_FALSE(shelf.IsSettled(10));
+    shelf.Release();
+    EXPECT_EQ(shelf.Wanted(), std::vector<int>({ 10, 20, 30 }));
+    ASSERT_TRUE(shelf.Put(ShotOf(10)));
+    EXPECT_TRUE(shelf.Take(10, Forever));
+}
+
+TEST(StillShelfTest, WithoutAPlanThereIsNothingToHold)
+{
+    StillShelf shelf;
+    EXPECT_FALSE(shelf.Hold());
+    shelf.Plan(0, 10, 20);
+    EXPECT_TRUE(shelf.Put(ShotOf(0))) << "a new plan is not held";
+}
+
 TEST(StillShelfTest, LargePicturesAreHeldInSmallNumbers)
 {
     StillShelf shelf;

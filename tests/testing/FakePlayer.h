@@ -4,6 +4,7 @@
 #include "video/ltmmPlay.h"
 
 #include <functional>
+#include <utility>
 
 /// A player without media: it remembers what it was told, counts the stills it gave and fails when a test
 /// says so.
@@ -43,17 +44,38 @@ public:
 
     /// An address or file that cannot be opened.
     QString refused;
+    QString beginning; ///< the file that is being loaded
     /// One whose opening the user cancels.
     QString cancelled;
 
     /// Told of each call that gives or takes the video, before it is carried out.
     std::function<void(const char* call)> whenAsked = [](const char*) {};
 
+    /// Told when a file or an address was loaded or refused, as the last of that call.
+    std::function<void()> whenLoaded = [] {};
+
     void SetSourceFile(const QString& name) override
     {
         whenAsked("SetSourceFile");
+        beginning.clear();
         wasCancelled = !name.isEmpty() && name == cancelled;
         file = name == refused || wasCancelled ? QString() : name;
+        const auto told = whenLoaded; // which may end this object
+        told();
+    }
+    void BeginSourceFile(const QString& name) override
+    {
+        file.clear();
+        beginning = name;
+        QMetaObject::invokeMethod(
+            this,
+            [this, name] {
+                if (std::exchange(beginning, QString()) != name)
+                    return;
+                SetSourceFile(name);
+                Q_EMIT SourceOpened();
+            },
+            Qt::QueuedConnection);
     }
     bool WasCancelled() const override { return wasCancelled; }
     QString SourceFile() const override { return file; }
@@ -66,6 +88,7 @@ public:
     void ResetSource() override
     {
         whenAsked("ResetSource");
+        beginning.clear();
         file.clear();
         memory.clear();
     }

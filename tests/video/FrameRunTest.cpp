@@ -1,3 +1,4 @@
+#include "app/Hourglass.h"
 #include "tests/testing/PaintCount.h"
 #include "tests/testing/SmallDisk.h"
 #include "tests/video/AutoRunFixture.h"
@@ -461,9 +462,22 @@ TEST_F(FrameRunTest, AVideoOpenedAfterARunWhoseLastOneIsBrokenHasItsCommands)
     RunByFrames({ A, C }, 10);
     ASSERT_TRUE(Await([&] { return player->opened.size() == 2 && !pane.Cmd2[PlayButton]->isEnabled(); }));
     QCoreApplication::processEvents();
-    frame.SetEnabled(true); // as every open begins
+    frame.SetEnabled(true); // as every open begins, from the list too
     state.VideoPath = state.Videos.value(1);
     state.FromList = true;
     window->OpenVideo();
     EXPECT_TRUE(frame.enabled.value(Command::Stretch));
+}
+
+TEST_F(FrameRunTest, ARunLeftWhileAVideoOpensLeavesNoVideo)
+{
+    RunByFrames({ A }, 10);
+    EXPECT_EQ(CurrentPointer(), Pointer::Busy);
+    window->StopCapture();
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+    EXPECT_FALSE(pane.Cmd2[PlayButton]->isEnabled());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(player->opened, QStringList());
+    EXPECT_EQ(player->SourceKind(), ltmmPlay::NoSource);
+    EXPECT_EQ(FilesWritten(), 0);
 }

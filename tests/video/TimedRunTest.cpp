@@ -56,9 +56,9 @@ private:
 TEST_F(TimedRunTest, TheVideoPlaysAndItsFirstPictureComesAlmostAtOnce)
 {
     RunByTime({ A }, 10);
-    EXPECT_EQ(player->state, ltmmPlay::Running);
     EXPECT_EQ(Status(StatusLabel::Operation), "Video #:1");
     ASSERT_TRUE(AwaitLabel(QStringLiteral("Captured first frame.     Total Captures = 1")));
+    EXPECT_EQ(player->state, ltmmPlay::Running);
     EXPECT_EQ(Status(StatusLabel::Flashing), "Auto");
     for (const StatusLabel label :
         { StatusLabel::AutoCapture, StatusLabel::Operation, StatusLabel::Position })
@@ -159,7 +159,7 @@ TEST_F(TimedRunTest, AFolderRemovedInTheMiddleIsWrittenToAgainOnceItIsBack)
     RunQuickly({ A });
     ASSERT_TRUE(AwaitCaptures(3));
     while (!QDir(PictureFolder()).removeRecursively()) { } // a picture may come in between
-    ASSERT_TRUE(AwaitStills(5));
+    ASSERT_TRUE(AwaitStills(7)); // three of them may wait: the fourth has been tried
     QDir().mkpath(PictureFolder());
     ASSERT_TRUE(Await([&] { return FilesWritten() > 0; }));
     EXPECT_EQ(player->state, ltmmPlay::Running);
@@ -308,11 +308,45 @@ TEST_F(TimedRunTest, APlayerThatGivesUpLeadsToTheNextVideo)
     ASSERT_TRUE(Await([&] { return player->opened == QStringList({ A, C }); }));
 }
 
+TEST_F(TimedRunTest, TheNextVideoOpensWhileTheErrorOfTheLastOneStands)
+{
+    frame.errors.Expect(QStringLiteral("Error Abort"),
+        QStringLiteral("Abort, Error Playing.     Error Code: Reason 1.  Or file is not complete, or it is "
+                       "corrupt"));
+    frame.errors.whileShown = [this] {
+        EXPECT_TRUE(Await([&] { return player->opened == QStringList({ A, C }); }));
+    };
+    RunByTime({ A, C }, 1);
+    ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
+    player->Stop();
+    Q_EMIT player->PlayerError(1);
+}
+
+TEST_F(TimedRunTest, ALastPictureLeavesNoWatermarkLabelBehind)
+{
+    state.UseWatermark = true;
+    RunByTime({ A }, 1);
+    ASSERT_TRUE(Await([&] { return player->stillsGiven == 1; }));
+    Progress(10'000);
+    ASSERT_TRUE(AwaitOver());
+    EXPECT_EQ(Status(StatusLabel::Watermark), "Watermark Applied");
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::Watermark));
+}
+
+TEST_F(TimedRunTest, ARunThatIsLeftTakesItsWatermarkLabelWithIt)
+{
+    state.UseWatermark = true;
+    RunByTime({ A }, 1);
+    ASSERT_TRUE(Await([&] { return frame.statusShown.value(StatusLabel::Watermark); }));
+    window->StopCapture();
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::Watermark));
+}
+
 TEST_F(TimedRunTest, TheRunByTimeWinsWhenBothAreOn)
 {
     state.AutoFrame = true;
     RunByTime({ A }, 1);
-    EXPECT_EQ(player->state, ltmmPlay::Running);
+    EXPECT_TRUE(Await([&] { return player->state == ltmmPlay::Running; }));
 }
 
 TEST_F(TimedRunTest, AnIntervalNeverStoredIsAThousandSeconds)
@@ -328,6 +362,7 @@ TEST_F(TimedRunTest, AVideoThatIsRepeatedForEverIsCapturedOnce)
     pane.Cmd3[LoopButton]->SetValue(1);
     player->playCount = 0;
     RunByTime({ A }, 1);
+    ASSERT_TRUE(Await([&] { return player->state == ltmmPlay::Running; }));
     EXPECT_EQ(player->playCount, 1);
     window->StopCapture();
     EXPECT_EQ(player->playCount, 0);

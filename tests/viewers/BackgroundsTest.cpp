@@ -188,6 +188,17 @@ TEST_F(BackgroundsTest, AFailedProgramWallpaperLeavesTheOneBefore)
     EXPECT_NE(frame.status.value(StatusLabel::Operation), QStringLiteral("Wallpaper Saved"));
 }
 
+TEST_F(BackgroundsTest, AProgramWallpaperThatCannotBeKeptIsNotUsedInThisRunEither)
+{
+    state.BackgroundFile = QStringLiteral("/pictures/before.jpg");
+    ASSERT_TRUE(QDir().mkpath(state.Settings.FilePath())) << "a folder in the file's place";
+    const auto viewer = OpenViewer(Qt::red);
+    ExpectError(QStringLiteral("The settings could not be saved."));
+    Click(*viewer, "Cmds(4)");
+    EXPECT_EQ(state.BackgroundFile, QStringLiteral("/pictures/before.jpg"));
+    EXPECT_NE(frame.status.value(StatusLabel::Operation), QStringLiteral("Wallpaper Saved"));
+}
+
 TEST_F(BackgroundsTest, TheStripTakesTheHighlightedThumbnail)
 {
     const auto strip = OpenStrip({ QColor(200, 40, 40), QColor(40, 200, 40) });
