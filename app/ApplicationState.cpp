@@ -161,10 +161,26 @@ void ApplicationState::Reload(Key key, Reader reader)
     SetText(key, TextOf(key, reader));
 }
 
-bool ApplicationState::Store(Key key)
+QString ApplicationState::CopyOf(Key key) const
 {
     const auto text = [this](auto variable) { return SettingValue::Text(this->*variable); };
-    return Settings.SaveSetting(SettingsSection, NameOf(key), std::visit(text, VariableOf(key)));
+    return std::visit(text, VariableOf(key));
+}
+
+bool ApplicationState::Store(std::span<const Key> keys)
+{
+    std::vector<KeyText> texts;
+    for (const Key key : keys)
+        texts.push_back({ key, CopyOf(key) });
+    return Store(texts);
+}
+
+bool ApplicationState::Store(std::span<const KeyText> texts)
+{
+    std::vector<Setting> settings;
+    for (const KeyText& row : texts)
+        settings.push_back({ NameOf(row.key), row.text });
+    return Settings.SaveSettings(SettingsSection, settings);
 }
 
 QString ApplicationState::Beside(const QString& name) const

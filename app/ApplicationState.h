@@ -12,10 +12,17 @@
 #include <QWidget>
 
 #include <deque>
+#include <span>
 #include <vector>
 
 /// The values of OpThumb: where a new capture is shown.
 enum CapturePlace : qint16 { ThumbnailOnly = 0, ViewerAndThumbnail = 1, ViewerOnly = 2 };
+
+/// A key and the text that is stored under it.
+struct KeyText {
+    Key key;
+    QString text;
+};
 
 /// The state that every window shares, made once and living as long as the program. Reached through Frame.
 class ApplicationState : public TextSettings {
@@ -42,8 +49,14 @@ public:
     void SetText(Key key, const QString& text);
     /// Both: reads a key into its variable.
     void Reload(Key key, Reader reader = Reader::StartUp);
+    /// The value of a key's variable as the store would have it.
+    QString CopyOf(Key key) const;
     /// Writes the value of a key's variable; true when it stands on the disk.
-    bool Store(Key key);
+    bool Store(Key key) { return Store({ &key, 1 }); }
+    /// The same of several at once: all stand on the disk, or none.
+    bool Store(std::span<const Key> keys);
+    /// Writes texts in place of the variables' values.
+    bool Store(std::span<const KeyText> texts);
 
     /// Where the program keeps what it makes.
     const ProgramFolders& Folders() const { return folders_; }

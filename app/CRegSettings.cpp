@@ -12,6 +12,7 @@
 #include <QStandardPaths>
 #include <QThread>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 
@@ -118,11 +119,17 @@ QString CRegSettings::GetSetting(const QString& section, const QString& key, con
 
 bool CRegSettings::SaveSetting(const QString& section, const QString& key, const QString& value)
 {
-    status_ = Merge(section, ValueName(key), value);
+    const Setting setting { key, value };
+    return SaveSettings(section, { &setting, 1 });
+}
+
+bool CRegSettings::SaveSettings(const QString& section, std::span<const Setting> settings)
+{
+    status_ = Merge(section, settings);
     return status_ == Success;
 }
 
-CRegSettings::Status CRegSettings::Merge(const QString& section, const QString& key, const QString& value)
+CRegSettings::Status CRegSettings::Merge(const QString& section, std::span<const Setting> settings)
 {
     const QString path = FilePath();
     if (!QDir().mkpath(QFileInfo(path).path()) || IsReadOnly(path))
@@ -131,16 +138,20 @@ CRegSettings::Status CRegSettings::Merge(const QString& section, const QString& 
     lock.setStaleLockTime(LockWait);
     if (!Acquire(lock))
         return Locked;
-    SettingsText settings = Read();
+    SettingsText stored = Read();
     if (status_ == Unreadable)
         return Unreadable;
-    if (settings.Find(section, key) == value)
+    const auto isStored = [&](const Setting& setting) {
+        return stored.Find(section, ValueName(setting.key)) == setting.value;
+    };
+    if (std::ranges::all_of(settings, isStored))
         return Success;
-    if (settings.IsDamaged() && !KeepCopy(path))
+    if (stored.IsDamaged() && !KeepCopy(path))
         return NotWritten;
-    settings.Set(section, key, value);
+    for (const Setting& setting : settings)
+        stored.Set(section, ValueName(setting.key), setting.value);
     try {
-        WholeFile::Replace(path, settings.ToBytes());
+        WholeFile::Replace(path, stored.ToBytes());
     } catch (const FileError&) {
         return NotWritten;
     }

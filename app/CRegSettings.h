@@ -2,7 +2,15 @@
 
 #include <QString>
 
+#include <span>
+
 class SettingsText;
+
+/// A text and the key under which it is stored.
+struct Setting {
+    QString key;
+    QString value;
+};
 
 /// The settings store: texts by section and key in the file <folder>/<Company>/<AppName>.conf.
 /// Each call reads the file anew and a save merges into it under a lock, so several programs share one store
@@ -29,13 +37,15 @@ public:
     /// True when the value stands on the disk. A failure leaves the file as it was. A damaged file is kept as
     /// a copy named ".damaged" beside it before it is written for the first time.
     bool SaveSetting(const QString& section, const QString& key, const QString& value);
+    /// The same of several at once: all stand on the disk, in the order in which they are new to it, or none.
+    bool SaveSettings(const QString& section, std::span<const Setting> settings);
 
     Status LastStatus() const { return status_; }
 
 private:
     /// Sets the status; a missing file is an empty text.
     SettingsText Read();
-    Status Merge(const QString& section, const QString& key, const QString& value);
+    Status Merge(const QString& section, std::span<const Setting> settings);
 
     QString folder_;
     QString company_;

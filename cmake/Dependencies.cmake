@@ -1,5 +1,5 @@
 # Everything the program stands on, from Debian packages.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Widgets Svg Test)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Network Widgets Svg Test)
 find_package(OpenCVCore REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET libavformat libavcodec libavutil libswscale libswresample

@@ -33,21 +33,20 @@ PrinterList CupsPrinters::Installed()
             [longest = longestWait_](const std::stop_token&) { return CupsServer(longest).Installed(); },
             Forget);
     } catch (const PrinterError& error) {
-        return { {}, {}, error.Reason() };
+        return { {}, {}, error.Reason(), false, false };
     }
 }
 
 bool CupsPrinters::SetDefault(const QString& name)
 {
-    try {
-        return AskAside<NoAnswer>(
-            { longestWait_, whileWaiting_ },
-            [longest = longestWait_, name](
-                const std::stop_token&) { return CupsServer(longest).SetDefault(name); },
-            Forget);
-    } catch (const PrinterError&) {
-        return false;
-    }
+    return IsDone([name](CupsServer& server, const std::stop_token& givenUp) {
+        return server.SetDefault(name, givenUp);
+    });
+}
+
+bool CupsPrinters::ForgetDefault()
+{
+    return IsDone([](CupsServer& server, const std::stop_token&) { return server.ForgetDefault(); });
 }
 
 SheetMetrics CupsPrinters::Metrics(const Paper& paper)
@@ -62,9 +61,26 @@ SheetMetrics CupsPrinters::Metrics(const Paper& paper)
 void CupsPrinters::Print(const PrintJob& job)
 {
     const std::chrono::milliseconds longest = 2 * longestWait_;
+    const QByteArray document = PagePdf(job); // not aside: what is given up there may outlast the program
     AskAside<NoAnswer>(
         { longest, whileWaiting_ },
-        [longest, job](
-            const std::stop_token& givenUp) { return CupsServer(longest).Print(job, PagePdf(job), givenUp); },
-        [longest](int number) { CupsServer(longest).Cancel(number); });
+        [longest, job, document](
+            const std::stop_token& givenUp) { return CupsServer(longest).Print(job, document, givenUp); },
+        [longest](const CupsServer::SentJob& sent) { CupsServer(longest).Cancel(sent); });
+}
+
+/// Whether the server carried out a change.
+bool CupsPrinters::IsDone(const Change& change)
+{
+    try {
+        return AskAside<NoAnswer>(
+            { longestWait_, whileWaiting_ },
+            [longest = longestWait_, change](const std::stop_token& givenUp) {
+                CupsServer server(longest);
+                return change(server, givenUp);
+            },
+            Forget);
+    } catch (const PrinterError&) {
+        return false;
+    }
 }

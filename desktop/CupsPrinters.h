@@ -4,6 +4,9 @@
 
 #include <chrono>
 #include <functional>
+#include <stop_token>
+
+class CupsServer;
 
 /// The printers of the print server that CUPS knows for this user. A server that is gone or silent is given
 /// up after a few seconds; windows can be painted meanwhile.
@@ -17,11 +20,16 @@ public:
     PrinterList Installed() override;
     /// The default of this user, not that of the others on the machine.
     bool SetDefault(const QString& name) override;
+    bool ForgetDefault() override;
     SheetMetrics Metrics(const Paper& paper) override;
     /// A printer that is stopped or takes no jobs refuses the page: nobody wants it hours later.
     void Print(const PrintJob& job) override;
 
 private:
+    using Change = std::function<bool(CupsServer& server, const std::stop_token& givenUp)>;
+
+    bool IsDone(const Change& change);
+
     std::function<void()> whileWaiting_;
     std::chrono::milliseconds longestWait_;
 };

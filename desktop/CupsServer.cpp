@@ -1,5 +1,8 @@
 #include "desktop/CupsServer.h"
 
+#include "desktop/CupsChoice.h"
+
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -50,15 +53,41 @@ public:
     ~Destinations() { cupsFreeDests(count_, rows_); }
     const cups_dest_t* begin() const { return rows_; }
     const cups_dest_t* end() const { return rows_ + count_; }
-    bool Has(const QByteArray& name) const { return cupsGetDest(name.constData(), nullptr, count_, rows_); }
-    bool StoreDefault(http_t* http, const QByteArray& name)
+    /// The server broke off; asked just after the list was made.
+    bool IsUnknown() const
     {
+        return count_ == 0 && cupsLastError() > LastSuccess && cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND;
+    }
+    bool Has(const QByteArray& name) const { return cupsGetDest(name.constData(), nullptr, count_, rows_); }
+    /// Keeps a printer as the user's choice, or none when the name is empty.
+    bool StoreChoice(http_t* http, const QByteArray& name)
+    {
+        for (int i = 0; i < count_; ++i)
+            rows_[i].is_default = 0;
         cupsSetDefaultDest(name.constData(), nullptr, count_, rows_);
         return cupsSetDests2(http, count_, rows_) == 0;
     }
 
 private:
     cups_dest_t* rows_ = nullptr;
+    int count_ = 0;
+};
+
+/// The user's own jobs that wait for a printer.
+class WaitingJobs {
+public:
+    WaitingJobs(http_t* http, const char* printer)
+        : count_(cupsGetJobs2(http, &rows_, printer, 1, CUPS_WHICHJOBS_ACTIVE))
+    {
+    }
+    WaitingJobs(const WaitingJobs&) = delete;
+    WaitingJobs& operator=(const WaitingJobs&) = delete;
+    ~WaitingJobs() { cupsFreeJobs(std::max(count_, 0), rows_); }
+    const cups_job_t* begin() const { return rows_; }
+    const cups_job_t* end() const { return rows_ + std::max(count_, 0); }
+
+private:
+    cups_job_t* rows_ = nullptr;
     int count_ = 0;
 };
 
@@ -89,6 +118,7 @@ int PrinterPixels(int hundredths)
 } // namespace
 
 CupsServer::CupsServer(std::chrono::milliseconds longestWait)
+    : longestWait_(longestWait)
 {
     // A server that wants a password would be asked for on the terminal.
     cupsSetPasswordCB2(
@@ -103,9 +133,9 @@ CupsServer::CupsServer(std::chrono::milliseconds longestWait)
         nullptr);
 }
 
-void CupsServer::FailAsRefused()
+PrinterError CupsServer::Refusal()
 {
-    throw PrinterError(
+    return PrinterError(
         QStringLiteral("The print service refused: %1").arg(QString::fromUtf8(cupsLastErrorString())));
 }
 
@@ -119,38 +149,52 @@ void CupsServer::FailIf(const std::stop_token& givenUp)
 PrinterList CupsServer::Installed()
 {
     PrinterList list;
-    for (const cups_dest_t& destination : Destinations(http_.get())) {
+    const Destinations destinations(http_.get());
+    if (destinations.IsUnknown())
+        throw Refusal();
+    for (const cups_dest_t& destination : destinations)
         if (!list.names.contains(Name(destination))) // once, however many sets of options it has
             list.names << Name(destination);
-        if (destination.is_default)
-            list.defaultName = Name(destination);
-    }
+    // The list marks no default where the user has options for the server's.
+    if (const Destination current = Find(nullptr))
+        list.defaultName = Name(*current);
+    list.isDefaultChosen = !list.defaultName.isEmpty() && list.defaultName == QString::fromUtf8(CupsChoice());
     if (list.names.isEmpty())
         list.whyNone = QStringLiteral("No printer is set up.");
     return list;
 }
 
-bool CupsServer::SetDefault(const QString& name)
+bool CupsServer::SetDefault(const QString& name, const std::stop_token& givenUp)
 {
+    const QByteArray before = CupsChoice();
     Destinations destinations(http_.get());
-    return destinations.Has(name.toUtf8()) && destinations.StoreDefault(http_.get(), name.toUtf8())
-        && Name(*Default()) == name;
+    if (!destinations.Has(name.toUtf8()) || !destinations.StoreChoice(http_.get(), name.toUtf8()))
+        return false;
+    const Destination current = Find(nullptr);
+    if (current && Name(*current) == name && !givenUp.stop_requested())
+        return true;
+    destinations.StoreChoice(http_.get(), before); // the environment overrules it, or nobody waits for it
+    return false;
 }
 
-CupsServer::Destination CupsServer::Default()
+bool CupsServer::ForgetDefault()
 {
-    Destination found(cupsGetNamedDest(http_.get(), nullptr, nullptr));
-    if (!found)
-        throw PrinterError(QStringLiteral("There is no default printer."));
-    return found;
+    return Destinations(http_.get()).StoreChoice(http_.get(), {});
+}
+
+CupsServer::Destination CupsServer::Find(const char* name)
+{
+    return Destination(cupsGetNamedDest(http_.get(), name, nullptr));
 }
 
 CupsServer::Queue CupsServer::DefaultQueue()
 {
-    Destination destination = Default();
+    Destination destination = Find(nullptr);
+    if (!destination)
+        throw PrinterError(QStringLiteral("There is no default printer."));
     Details details(cupsCopyDestInfo(http_.get(), destination.get()));
     if (!details)
-        FailAsRefused();
+        throw Refusal();
     return { std::move(destination), std::move(details) };
 }
 
@@ -169,7 +213,8 @@ SheetMetrics CupsServer::Metrics(const Paper& paper)
             PrinterPixels(height - sheet.top - sheet.bottom) } };
 }
 
-int CupsServer::Print(const PrintJob& job, const QByteArray& document, const std::stop_token& givenUp)
+CupsServer::SentJob CupsServer::Print(
+    const PrintJob& job, const QByteArray& document, const std::stop_token& givenUp)
 {
     const Queue queue = DefaultQueue();
     if (!TakesJobs(*queue.destination))
@@ -182,7 +227,7 @@ int CupsServer::Print(const PrintJob& job, const QByteArray& document, const std
         cupsCancelDestJob(http_.get(), queue.destination.get(), number);
         throw;
     }
-    return number;
+    return { queue.destination->name, number };
 }
 
 int CupsServer::Create(const Queue& queue, const PrintJob& job)
@@ -201,9 +246,25 @@ int CupsServer::Create(const Queue& queue, const PrintJob& job)
     int number = 0;
     if (cupsCreateDestJob(http_.get(), queue.destination.get(), queue.details.get(), &number,
             job.title.toUtf8().constData(), options.Count(), options.Rows())
-        > LastSuccess)
-        FailAsRefused();
+        > LastSuccess) {
+        const PrinterError refusal = Refusal();
+        CancelEmpty(queue.destination->name, job.title);
+        throw refusal;
+    }
     return number;
+}
+
+/// When it is the server's answer that got lost, there is a job that would wait in the queue for its page.
+void CupsServer::CancelEmpty(const char* printer, const QString& title)
+{
+    try {
+        CupsServer server(longestWait_);
+        for (const cups_job_t& job : WaitingJobs(server.http_.get(), printer))
+            if (job.size == 0 && title == QString::fromUtf8(job.title))
+                server.Cancel({ printer, job.id });
+    } catch (const PrinterError&) {
+        return; // the server drops a job without a page in the end
+    }
 }
 
 void CupsServer::Send(const Queue& queue, int job, const QByteArray& document, const std::stop_token& givenUp)
@@ -216,10 +277,11 @@ void CupsServer::Send(const Queue& queue, int job, const QByteArray& document, c
         || cupsWriteRequestData(http_.get(), document.constData(), size_t(document.size()))
             != HTTP_STATUS_CONTINUE
         || cupsFinishDestDocument(http_.get(), queue.destination.get(), queue.details.get()) > LastSuccess)
-        FailAsRefused();
+        throw Refusal();
 }
 
-void CupsServer::Cancel(int job)
+void CupsServer::Cancel(const SentJob& job)
 {
-    cupsCancelDestJob(http_.get(), Default().get(), job);
+    if (const Destination destination = Find(job.printer.constData()))
+        cupsCancelDestJob(http_.get(), destination.get(), job.number);
 }

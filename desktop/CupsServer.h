@@ -12,16 +12,29 @@
 /// failure is a PrinterError with the server's reason.
 class CupsServer {
 public:
+    /// Connects to the server that CUPS knows for this user.
     explicit CupsServer(std::chrono::milliseconds longestWait);
 
+    /// A job that the server has, and the printer to which it went.
+    struct SentJob {
+        QByteArray printer;
+        int number = 0;
+    };
+
+    /// All printers.
     PrinterList Installed();
-    /// False when there is no such printer, or the user's default stays another nevertheless.
-    bool SetDefault(const QString& name);
+    /// False, and nothing changed, when there is no such printer, when the user's default would stay another
+    /// nevertheless, and when it was given up meanwhile.
+    bool SetDefault(const QString& name, const std::stop_token& givenUp);
+    /// False when the user's choice cannot be dropped.
+    bool ForgetDefault();
+    /// Of a sheet in the default printer.
     SheetMetrics Metrics(const Paper& paper);
-    /// The number of the job. The document is a PDF of the job's sheet; nothing more of it is sent once it is
-    /// given up.
-    int Print(const PrintJob& job, const QByteArray& document, const std::stop_token& givenUp);
-    void Cancel(int job);
+    /// The document is a PDF of the job's sheet; nothing more of it is sent once it is given up. What fails
+    /// leaves no job behind.
+    SentJob Print(const PrintJob& job, const QByteArray& document, const std::stop_token& givenUp);
+    /// Takes a job out of its printer's queue.
+    void Cancel(const SentJob& job);
 
 private:
     template <typename Object, auto End> struct Deleter {
@@ -40,12 +53,15 @@ private:
         Details details;
     };
 
-    [[noreturn]] static void FailAsRefused();
+    static PrinterError Refusal();
     static void FailIf(const std::stop_token& givenUp);
-    Destination Default();
+    /// A printer by its name, the default without one; null when there is none.
+    Destination Find(const char* name);
     Queue DefaultQueue();
     int Create(const Queue& queue, const PrintJob& job);
+    void CancelEmpty(const char* printer, const QString& title);
     void Send(const Queue& queue, int job, const QByteArray& document, const std::stop_token& givenUp);
 
+    std::chrono::milliseconds longestWait_;
     Connection http_;
 };

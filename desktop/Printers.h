@@ -55,6 +55,8 @@ struct PrinterList {
     QStringList names;
     QString defaultName; ///< empty when there is none
     QString whyNone; ///< a sentence for the user; empty when there are printers
+    bool isDefaultChosen = false; ///< the default is this user's own choice, not the system's
+    bool isKnown = true; ///< false when the system did not answer
 };
 
 /// The system's printers. Whatever has to be asked of them is answered within seconds, or counts as refused.
@@ -62,10 +64,14 @@ class Printers {
 public:
     virtual ~Printers() = default;
 
+    /// All printers; none, and why, when the system does not answer.
     virtual PrinterList Installed() = 0;
+    /// The default printer, empty when there is none or the system does not answer.
     QString DefaultName() { return Installed().defaultName; }
     /// Makes a printer the user's default; false when there is no such printer or the system refuses.
     virtual bool SetDefault(const QString& name) = 0;
+    /// Drops the user's choice, so that the system's default is his again; false when the system refuses.
+    virtual bool ForgetDefault() = 0;
     /// Of a sheet in the default printer. Throws PrinterError.
     virtual SheetMetrics Metrics(const Paper& paper) = 0;
     /// Hands a page to the default printer; when this returns, its queue has the whole of it. Throws

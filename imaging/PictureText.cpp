@@ -18,8 +18,6 @@ namespace {
 constexpr double Furthest = 1e6; // pixels; further away nothing shows, and all reckoning stays exact
 constexpr double DotsPerPoint = 96.0 / 72;
 constexpr int DotsPerMeter = 3780; // 96 to the inch
-constexpr double SmallestPoints = 1;
-constexpr double LargestPoints = 1000;
 /// Behind the font asked for: letters that it lacks and that are pictures come in colour where the system
 /// can.
 constexpr auto ColourLetters = "Noto Color Emoji";

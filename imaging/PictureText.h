@@ -44,10 +44,14 @@ static_assert(IsOneRowEach(TextStyles, &TextStyleRow::style, TextStyles.size()))
 /// Furthest offset of a shadow, in pixels; a longer one is held there.
 inline constexpr int MaxShadowDepth = 60;
 
+/// Sizes of letters; others are held there.
+inline constexpr double SmallestPoints = 1;
+inline constexpr double LargestPoints = 1000;
+
 /// How a text is drawn on a picture. The same look gives the same pixels whatever screen the program runs on.
 struct TextLook {
     QString font; ///< family; one like it where it is missing
-    double points = 10; ///< at 96 dots per inch; held between 1 and 1000
+    double points = 10; ///< at 96 dots per inch
     bool isBold = false;
     bool isItalic = false;
     QColor color;

@@ -6,6 +6,7 @@
 #include "print/PageLayout.h"
 
 #include <QPainter>
+#include <QPointer>
 
 #include <utility>
 
@@ -126,31 +127,33 @@ void AAPrintPicture::GetPrinterMargin()
     Q_EMIT PrinterMargin(MarginLeft, MarginTop, MarginRight, MarginBottom);
 }
 
-QImage AAPrintPicture::DrawPreview()
+void AAPrintPicture::DrawPreview()
 {
     GetPrinterMargin();
     QSize size = PageLayout::PageSize(GetPaperWH(), { MarginLeft, MarginTop, MarginRight, MarginBottom });
     if (!std::exchange(frame_.State().PrintCall, false))
         size = PageLayout::PreviewSize(size);
     const QPoint place = PageLayout::PlaceOf(align_, size, picPicture_.size());
-    QImage picPrint = WhitePage(size);
+    picPrint = WhitePage(size);
     if (!picPrint.isNull() && !picPicture_.isNull()) {
         QPainter painter(&picPrint);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.drawImage(stretch_ ? QRect({}, size) : QRect(place, picPicture_.size()), picPicture_);
     }
     frame_.PumpEvents();
-    return picPrint;
 }
 
 QImage AAPrintPicture::GetPreview()
 {
-    return DrawPreview();
+    const QPointer<AAPrintPicture> alive(this);
+    DrawPreview();
+    return alive ? picPrint : QImage();
 }
 
 void AAPrintPicture::PrintPicture()
 {
-    const QImage page = DrawPreview();
+    DrawPreview();
+    const QImage page = std::exchange(picPrint, {}); // its pixels are needed no more
     if (picPicture_.isNull() || page.isNull())
         throw ControlError(QStringLiteral("There is nothing that could be printed on this paper."));
     const ApplicationState& state = frame_.State();

@@ -10,7 +10,7 @@ class Frame;
 
 /// Lays one picture out on a page of the default printer's paper, shows the page and prints it. Setting a
 /// property draws nothing: GetPreview and PrintPicture do. They let events happen, and the object must
-/// outlive them.
+/// outlive a print.
 class AAPrintPicture : public QObject {
     Q_OBJECT
 
@@ -56,13 +56,15 @@ public:
     void GetPrinterMargin();
     /// The paper's size in millimetres.
     QSize GetPaperWH() const;
-    /// The page as the screen shows it; null when the paper leaves nothing of it.
+    /// The page as the screen shows it, or the one that was drawn in the middle of this, which is newer. Null
+    /// when the paper leaves nothing of it, or the object has gone meanwhile.
     QImage GetPreview();
     /// Prints the page in the quality and colour of the settings. Throws ControlError, also when there is no
     /// picture.
     void PrintPicture();
 
 Q_SIGNALS:
+    /// The margins were read, in printer pixels.
     void PrinterMargin(int left, int top, int right, int bottom);
     /// A property was set; name is the one by which it is stored.
     void PropertyChanged(const QString& name);
@@ -70,9 +72,11 @@ Q_SIGNALS:
 private:
     template <typename Value> void Set(Value& property, const Value& value, const char* name);
     Paper CurrentPaper() const;
-    QImage DrawPreview();
+    /// Draws the page and lets events happen once.
+    void DrawPreview();
 
     Frame& frame_;
+    QImage picPrint; ///< the page last drawn
     qint32 align_ = 4;
     QImage picPicture_;
     bool showBorder_ = true;

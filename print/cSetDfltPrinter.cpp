@@ -3,23 +3,42 @@
 #include "desktop/Printers.h"
 
 cSetDfltPrinter::cSetDfltPrinter(Printers& printers)
-    : OriginalPrinter(printers.DefaultName())
-    , printers_(printers)
+    : printers_(printers)
 {
-    CurrentPrinter = OriginalPrinter;
+    KnowsOriginal();
 }
 
 cSetDfltPrinter::~cSetDfltPrinter()
 {
-    SetPrinterAsDefault(OriginalPrinter);
+    if (!isChanged_)
+        return;
+    if (wasChosen_)
+        SetPrinterAsDefault(OriginalPrinter);
+    else
+        printers_.ForgetDefault();
 }
 
 bool cSetDfltPrinter::SetPrinterAsDefault(const QString& deviceName)
 {
+    if (!KnowsOriginal())
+        return false; // it could not be given back
     if (deviceName == CurrentPrinter)
         return true;
     if (!printers_.SetDefault(deviceName))
         return false;
     CurrentPrinter = deviceName;
+    isChanged_ = true;
     return true;
+}
+
+/// A system that did not answer is asked again.
+bool cSetDfltPrinter::KnowsOriginal()
+{
+    if (isKnown_)
+        return true;
+    const PrinterList printers = printers_.Installed();
+    isKnown_ = printers.isKnown;
+    wasChosen_ = printers.isDefaultChosen;
+    OriginalPrinter = CurrentPrinter = printers.defaultName;
+    return isKnown_;
 }

@@ -4,7 +4,8 @@
 
 class Printers;
 
-/// Changes the system's default printer, and gives the old one back at its end.
+/// Changes the user's default printer, and gives the old one back at its end: his own choice, or where he had
+/// none, the system's.
 class cSetDfltPrinter {
 public:
     /// The printers outlive this object.
@@ -13,12 +14,18 @@ public:
     cSetDfltPrinter& operator=(const cSetDfltPrinter&) = delete;
     ~cSetDfltPrinter();
 
-    /// True on success, and of the printer that is the default already; then the system is not asked.
+    /// True on success, and of the printer that is the default already; then the system is not asked. False
+    /// also as long as the system does not tell the default that there was.
     bool SetPrinterAsDefault(const QString& deviceName);
 
     QString CurrentPrinter; ///< the default as last set
-    QString OriginalPrinter; ///< the default found at creation, empty when there was none
+    QString OriginalPrinter; ///< the default found at creation, empty when there was none or nobody told
 
 private:
+    bool KnowsOriginal();
+
     Printers& printers_;
+    bool isKnown_ = false; ///< OriginalPrinter has been told
+    bool wasChosen_ = false; ///< by the user
+    bool isChanged_ = false;
 };

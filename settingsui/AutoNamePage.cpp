@@ -66,7 +66,7 @@ void AutoNamePage::BuildFolders()
     LblFolder = new QLineEdit(this);
     Name(*LblFolder, "LblFolder", "Folder for captures", "The folder for captures.");
     row.addWidget(LblFolder, 1);
-    browse_ = AddCommand(row, 1, "&Browse", "Choose the folder for captures.");
+    browse_ = AddCommand(row, "Cmds(1)", "&Browse", "Choose the folder for captures.");
     connect(browse_, &Button_XP::Click, this, &AutoNamePage::Browse);
     const auto orDefault = [this](const QString& text) {
         return text.trimmed().isEmpty() ? AutoSaveFolder() : text.trimmed();

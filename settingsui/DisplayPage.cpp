@@ -46,13 +46,16 @@ void DisplayPage::BuildPicture()
     lblPic = new ElidedLabel(this);
     Name(*lblPic, "lblPic", "Background picture", "The picture behind the windows.");
     row.addWidget(lblPic, 1);
-    Button_XP* const browse = AddCommand(row, 3, "&Browse", "Choose the picture behind the windows.");
+    Button_XP* const browse = AddCommand(row, "Cmds(3)", "&Browse", "Choose the picture behind the windows.");
     connect(browse, &Button_XP::Click, this, &DisplayPage::Browse);
-    const auto show = [this](const QString& text) {
-        picFolder_ = text;
-        lblPic->setText(text.trimmed());
-    };
-    Fields().Add(Key::PicFolder, { show, [this] { return picFolder_; } });
+    Fields().Add(Key::PicFolder,
+        { [this](const QString& text) { ShowPicture(text); }, [this] { return picFolder_; } });
+}
+
+void DisplayPage::ShowPicture(const QString& file)
+{
+    picFolder_ = file;
+    lblPic->setText(file.trimmed());
 }
 
 void DisplayPage::Browse()
@@ -64,8 +67,7 @@ void DisplayPage::Browse()
         return;
     if (chosen.endsWith(QChar::Null))
         chosen.chop(1);
-    picFolder_ = chosen;
-    lblPic->setText(chosen.trimmed());
+    ShowPicture(chosen);
     const bool isStored = Fields().Write(Key::PicFolder, chosen);
     const QString error = isStored ? QString() : QStringLiteral("The picture could not be stored.");
     frame_.Errors().Show(window(), QStringLiteral("Wallpaper"),

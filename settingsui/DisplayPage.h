@@ -14,6 +14,7 @@ public:
 
 private:
     void BuildPicture();
+    void ShowPicture(const QString& file);
     void Browse();
 
     Frame& frame_;

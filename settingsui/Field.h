@@ -26,6 +26,7 @@ struct Choice {
     QString text;
 };
 
+/// A box that is set for "True".
 Field FieldOf(xpcheckbox& box);
 /// Two boxes of which the first stands for "True". A click on one clears the other, so that both may come out
 /// clear: that is "False".
@@ -34,6 +35,7 @@ Field FieldOfPair(xpcheckbox& yes, xpcheckbox& no);
 Field FieldOf(xpradiobutton& flag);
 /// The button whose text ends in the same three letters as the store's; an unknown text sets none.
 Field FieldOf(const std::vector<Choice>& choices);
+/// The whole number of the line.
 Field FieldOf(NumberLine& line);
 /// The text without blanks around it.
 Field FieldOf(QPlainTextEdit& box);

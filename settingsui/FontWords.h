@@ -19,6 +19,7 @@ FontWord SlantAtOpening(bool isItalic);
 /// Label15 once a font was chosen.
 FontWord SlantOfChosen(bool isItalic, bool isBold);
 
+/// Puts a word on a label in its type.
 void Show(QLabel& label, const FontWord& word);
 
 } // namespace FontWords

@@ -12,6 +12,7 @@ class NumberLine : public QObject {
     Q_OBJECT
 
 public:
+    /// Joins the two; the slider has its ends already.
     NumberLine(QLineEdit& box, QSlider& slider);
 
     /// The box shows a number that the slider does not reach, too; it stays until it is changed.

@@ -2,33 +2,57 @@
 
 #include "app/ApplicationState.h"
 
+#include <vector>
+
 void OptionFields::Show(Key key)
 {
     fields_[size_t(key)].show(state_.TextOf(key, Reader::Options));
 }
 
-void OptionFields::Restore(Key key)
+void OptionFields::ShowCopy(Key key)
 {
-    state_.Reload(key, Reader::Options);
-    Show(key);
+    fields_[size_t(key)].show(state_.CopyOf(key));
 }
 
-void OptionFields::Save(Key key)
+void OptionFields::Restore(Key key)
 {
-    if (const std::optional<QString> text = fields_[size_t(key)].text())
-        state_.SetText(key, *text);
-    Store(key);
+    const QString text = Kept(key);
+    state_.SetText(key, text);
+    fields_[size_t(key)].show(text);
+}
+
+void OptionFields::Save(std::span<const Key> keys)
+{
+    std::vector<KeyText> texts;
+    for (const Key key : keys)
+        texts.push_back({ key, TextToSave(key) });
+    Note(keys, state_.Store(texts));
 }
 
 bool OptionFields::Write(Key key, const QString& text)
 {
     state_.SetText(key, text);
-    return Store(key);
+    const bool isStored = state_.Store(key);
+    Note({ &key, 1 }, isStored);
+    return isStored;
 }
 
-bool OptionFields::Store(Key key)
+QString OptionFields::TextToSave(Key key)
 {
-    const bool isStored = state_.Store(key);
-    unstored_.set(size_t(key), !isStored);
-    return isStored;
+    const std::optional<QString> chosen = fields_[size_t(key)].text();
+    if (!chosen)
+        return Kept(key);
+    state_.SetText(key, *chosen);
+    return state_.CopyOf(key);
+}
+
+QString OptionFields::Kept(Key key)
+{
+    return IsStored(key) ? state_.TextOf(key, Reader::Options) : state_.CopyOf(key);
+}
+
+void OptionFields::Note(std::span<const Key> keys, bool areStored)
+{
+    for (const Key key : keys)
+        unstored_.set(size_t(key), !areStored);
 }

@@ -17,7 +17,6 @@
 #include <QTabBar>
 #include <QTabWidget>
 
-#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -40,48 +39,12 @@ constexpr PageRow Pages[] = {
     { " Watermark", {} },
 };
 
-/// What the dialog writes before a save is read with its run-time copy, so that a copy that was changed for
-/// the run alone does not reach the store by way of another change. The rest of the run's changes stay.
-enum class Copy { Stays, IsRead };
-struct FillStep {
-    Key key;
-    Copy copy = Copy::Stays;
-};
-constexpr FillStep FillOrder[] = {
-    { Key::OpThumb, Copy::IsRead },
-    { Key::SpecialFolder, Copy::IsRead },
-    { Key::Ext, Copy::IsRead },
-    { Key::PositionX },
-    { Key::PositionY },
-    { Key::OpPic, Copy::IsRead },
-    { Key::SetFocusYES },
-    { Key::WordWrap },
-    { Key::UseWatermark },
-    { Key::WatermarkBATCH },
-    { Key::AutoCapture },
-    { Key::UseShadows, Copy::IsRead },
-    { Key::OpenVidList },
-    { Key::FadeOuts },
-    { Key::VidWinOnly },
-    { Key::OldFolder },
-    { Key::PicFolder },
-    { Key::VidSave },
-    { Key::NoCap },
-    { Key::ToolTip },
-    { Key::AutoDir, Copy::IsRead },
-    { Key::NoWin },
-    { Key::LoadVid },
-    { Key::HighQ },
-    { Key::BW },
-    { Key::NameFull },
-    { Key::AutoSave },
-    { Key::AutoFrame },
-    { Key::AutoNumber },
-    { Key::CaptureTime },
-    { Key::UsersCaptureTime },
-    { Key::sFontText },
-    { Key::PPosition },
-};
+constexpr Key FillOrder[] = { Key::OpThumb, Key::SpecialFolder, Key::Ext, Key::PositionX, Key::PositionY,
+    Key::OpPic, Key::SetFocusYES, Key::WordWrap, Key::UseWatermark, Key::WatermarkBATCH, Key::AutoCapture,
+    Key::OpenVidList, Key::FadeOuts, Key::VidWinOnly, Key::OldFolder, Key::PicFolder, Key::VidSave,
+    Key::NoCap, Key::ToolTip, Key::AutoDir, Key::NoWin, Key::LoadVid, Key::HighQ, Key::BW, Key::NameFull,
+    Key::AutoSave, Key::AutoFrame, Key::AutoNumber, Key::CaptureTime, Key::UsersCaptureTime, Key::sFontText,
+    Key::PPosition };
 
 constexpr Key SaveOrder[] = { Key::PositionX, Key::PositionY, Key::WordWrap, Key::AutoDir, Key::sFontText,
     Key::OpPic, Key::OpThumb, Key::SetFocusYES, Key::OpenVidList, Key::UseWatermark, Key::WatermarkBATCH,
@@ -90,7 +53,7 @@ constexpr Key SaveOrder[] = { Key::PositionX, Key::PositionY, Key::WordWrap, Key
     Key::AutoCapture, Key::CaptureTime, Key::UsersCaptureTime, Key::AutoFrame, Key::AutoNumber,
     Key::NameFull };
 
-/// Of these the copy takes what the store has after the save.
+/// Of these the copy takes what the store has after a save that it took.
 constexpr Key ReadBack[] = { Key::UsersCaptureTime, Key::AutoNumber };
 
 } // namespace
@@ -160,8 +123,9 @@ QWidget* Options::BuildFoot()
 
 void Options::Fill()
 {
-    for (const FillStep& step : FillOrder)
-        step.copy == Copy::IsRead ? fields_.Restore(step.key) : fields_.Show(step.key);
+    for (const Key key : FillOrder)
+        fields_.Show(key);
+    fields_.ShowCopy(Key::UseShadows); // what its box turns over, and no save keeps
     autoName_->EnableImmediateSave();
     watermark_->ShowStoredFont();
     print_->ShowPreview();
@@ -178,11 +142,10 @@ void Options::ComeTo(int page)
 
 void Options::Save()
 {
-    for (const Key key : SaveOrder) {
-        fields_.Save(key);
-        if (std::ranges::count(ReadBack, key) > 0)
+    fields_.Save(SaveOrder);
+    for (const Key key : ReadBack)
+        if (fields_.IsStored(key))
             frame_.State().Reload(key, Reader::Options);
-    }
     SwapCaptureCommands();
     const QPointer<Options> alive(this);
     if (!fields_.IsAllStored())

@@ -53,14 +53,27 @@ void OptionsPage::Name(QWidget& control, const char* name, const char* spoken, c
     control.setProperty("Tag", QLatin1String(tip));
 }
 
+template <typename Control>
+Control* OptionsPage::MakeControl(QBoxLayout& layout, const char* name, const char* caption, const char* tip)
+{
+    auto* control = new Control(this);
+    control->setObjectName(QLatin1String(name));
+    control->setProperty("Tag", QLatin1String(tip));
+    control->SetCaption(QLatin1String(caption));
+    layout.addWidget(control);
+    return control;
+}
+
 xpcheckbox* OptionsPage::AddBox(QBoxLayout& layout, const BoxRow& row)
 {
-    auto* box = new xpcheckbox(this);
-    Name(*box, row.name, row.caption, row.tip);
-    box->SetCaption(QLatin1String(row.caption));
-    layout.addWidget(box);
+    auto* box = MakeControl<xpcheckbox>(layout, row.name, row.caption, row.tip);
     fields_.Add(row.key, FieldOf(*box));
     return box;
+}
+
+void OptionsPage::AddFlag(QBoxLayout& layout, const BoxRow& row)
+{
+    fields_.Add(row.key, FieldOf(*MakeControl<xpradiobutton>(layout, row.name, row.caption, row.tip)));
 }
 
 void OptionsPage::AddBoxes(std::span<const BoxRow> rows)
@@ -75,10 +88,7 @@ std::vector<xpradiobutton*> OptionsPage::AddChoices(
     std::vector<xpradiobutton*> buttons;
     std::vector<Choice> choices;
     for (const ChoiceRow& row : rows) {
-        auto* button = new xpradiobutton(this);
-        Name(*button, row.name, row.caption, row.tip);
-        button->SetCaption(QLatin1String(row.caption));
-        layout.addWidget(button);
+        auto* button = MakeControl<xpradiobutton>(layout, row.name, row.caption, row.tip);
         const QString text = QLatin1String(row.text);
         if (kept == Kept::AtOnce)
             connect(button, &xpradiobutton::Click, this, [this, key, text] { fields_.Write(key, text); });
@@ -93,10 +103,9 @@ void OptionsPage::AddPair(QBoxLayout& layout, Key key, const PairRow (&rows)[2])
 {
     xpcheckbox* boxes[2] {};
     for (int i = 0; i < 2; ++i) {
-        boxes[i] = new xpcheckbox(this);
-        Name(*boxes[i], rows[i].name, rows[i].spoken ? rows[i].spoken : rows[i].caption, rows[i].tip);
-        boxes[i]->SetCaption(QLatin1String(rows[i].caption));
-        layout.addWidget(boxes[i]);
+        boxes[i] = MakeControl<xpcheckbox>(layout, rows[i].name, rows[i].caption, rows[i].tip);
+        if (rows[i].spoken)
+            boxes[i]->setAccessibleName(QLatin1String(rows[i].spoken));
     }
     fields_.Add(key, FieldOfPair(*boxes[0], *boxes[1]));
 }
@@ -122,13 +131,9 @@ NumberLine* OptionsPage::AddNumber(QGridLayout& grid, int line, const NumberRow&
     return number;
 }
 
-Button_XP* OptionsPage::AddCommand(QBoxLayout& layout, int index, const char* caption, const char* tip)
+Button_XP* OptionsPage::AddCommand(QBoxLayout& layout, const char* name, const char* caption, const char* tip)
 {
-    auto* button = new Button_XP(this);
-    button->setObjectName(QStringLiteral("Cmds(%1)").arg(index));
-    button->setProperty("Tag", QLatin1String(tip));
-    button->SetCaption(QLatin1String(caption));
+    auto* button = MakeControl<Button_XP>(layout, name, caption, tip);
     button->Set(&ButtonProperties::XPShowBorderAlways, 1);
-    layout.addWidget(button);
     return button;
 }

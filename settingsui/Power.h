@@ -13,6 +13,7 @@ class Power : public FormDialog {
     Q_OBJECT
 
 public:
+    /// Takes what the store has of its settings.
     explicit Power(Frame& frame);
 
     /// Shows it in front; a new one comes up at the upper right of the frame's window.

@@ -33,6 +33,13 @@ constexpr QSize PreviewRoom(200, 272);
 constexpr QSize SampleSize(320, 240);
 constexpr int PrinterRows = 5;
 
+/// The answer of a question during which windows are painted.
+template <typename Question> auto Waiting(Question question)
+{
+    const Hourglass waiting;
+    return question();
+}
+
 } // namespace
 
 PrintPage::PrintPage(Frame& frame, OptionFields& fields, cSetDfltPrinter& defaultPrinter)
@@ -41,6 +48,7 @@ PrintPage::PrintPage(Frame& frame, OptionFields& fields, cSetDfltPrinter& defaul
     , defaultPrinter_(defaultPrinter)
     , AAPrintPicture1(new AAPrintPicture(frame, this))
 {
+    AAPrintPicture1->setObjectName(QStringLiteral("AAPrintPicture1"));
     QBoxLayout& halves = AddRow(Column());
     halves.setSpacing(4 * Grid);
     auto* left = new QVBoxLayout;
@@ -67,11 +75,7 @@ void PrintPage::BuildAlignment(QBoxLayout& layout)
     for (const char* const alignment : Alignments)
         cmbAlign->addItem(QLatin1String(alignment));
     row.addWidget(cmbAlign, 1);
-    Co = new Button_XP(this);
-    Name(*Co, "Co", "Center", "Back to the middle of the page.");
-    Co->SetCaption(QStringLiteral("C&enter"));
-    Co->Set(&ButtonProperties::XPShowBorderAlways, 1);
-    row.addWidget(Co);
+    Co = AddCommand(row, "Co", "C&enter", "Back to the middle of the page.");
     Fields().Add(Key::PPosition, FieldOf(*cmbAlign));
     connect(cmbAlign, &QComboBox::activated, this, &PrintPage::TakeAlignment);
     connect(Co, &Button_XP::Click, this, [this] {
@@ -106,7 +110,7 @@ void PrintPage::BuildPrinters(QBoxLayout& layout)
     Label9->setObjectName(QStringLiteral("Label9"));
     current.addWidget(Label9, 1);
     Button_XP* const set =
-        AddCommand(group, 2, "Set &Default Printer", "The chosen printer becomes the default.");
+        AddCommand(group, "Cmds(2)", "Set &Default Printer", "The chosen printer becomes the default.");
     connect(set, &Button_XP::Click, this, &PrintPage::SetDefaultPrinter);
 }
 
@@ -136,8 +140,10 @@ void PrintPage::ShowPreview()
     AAPrintPicture1->SetPicture(SamplePicture());
     const QPointer<PrintPage> alive(this);
     const QImage page = AAPrintPicture1->GetPreview(); // events are handled meanwhile
-    if (!alive || page.isNull())
+    if (!alive)
         return;
+    if (page.isNull())
+        return picPreview->clear();
     QPixmap shown =
         QPixmap::fromImage(page.scaled(PreviewSize(page.size(), PreviewRoom) * devicePixelRatioF(),
             Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
@@ -147,7 +153,10 @@ void PrintPage::ShowPreview()
 
 void PrintPage::ShowPrinters()
 {
-    const PrinterList printers = frame_.SystemPrinters().Installed();
+    const QPointer<PrintPage> alive(this);
+    const PrinterList printers = frame_.SystemPrinters().Installed(); // windows are painted meanwhile
+    if (!alive)
+        return;
     List1->clear();
     List1->addItems(printers.names);
     List1->setCurrentRow(int(printers.names.indexOf(printers.defaultName)));
@@ -163,17 +172,23 @@ void PrintPage::SetDefaultPrinter()
         return frame_.Errors().Show(window(), QStringLiteral("Select Printer"),
             QStringLiteral("Please select a printer from the list."));
     const QString name = selected.first()->text();
-    bool isSet = false;
-    {
-        const Hourglass waiting;
-        isSet = defaultPrinter_.SetPrinterAsDefault(name);
-    }
     const QPointer<PrintPage> alive(this);
+    const bool isSet = Waiting([&] { return defaultPrinter_.SetPrinterAsDefault(name); });
+    if (!alive)
+        return;
     if (!isSet)
         return frame_.Errors().Show(window(), QStringLiteral("Failed"),
             name + QStringLiteral(" has failed to be set as the default printer."));
     frame_.Errors().Show(window(), QStringLiteral("Success!"),
         name + QStringLiteral(" has successfully been set as the default printer."));
     if (alive)
-        Label9->setText(frame_.SystemPrinters().DefaultName());
+        ShowDefault();
+}
+
+void PrintPage::ShowDefault()
+{
+    const QPointer<PrintPage> alive(this);
+    const QString name = Waiting([this] { return frame_.SystemPrinters().DefaultName(); });
+    if (alive)
+        Label9->setText(name);
 }

@@ -29,6 +29,7 @@ private:
     QImage SamplePicture() const;
     void TakeAlignment();
     void SetDefaultPrinter();
+    void ShowDefault();
 
     Frame& frame_;
     cSetDfltPrinter& defaultPrinter_;

@@ -2,9 +2,7 @@
 
 #include "app/TimeText.h"
 #include "settingsui/NumberLine.h"
-#include "settingsui/OptionFields.h"
 #include "toolkit/DigitLabel.h"
-#include "toolkit/xpradiobutton.h"
 
 #include <QGridLayout>
 
@@ -14,9 +12,9 @@ constexpr PairRow OnOff[] = {
     { "AutoCaptureOnOff(0)", "Auto Capture ON", "Opening videos captures them all." },
     { "AutoCaptureOnOff(1)", "Auto Capture OFF", "Opening videos shows the first one." },
 };
-constexpr ChoiceRow ByTime { "AutoCap1", " Set Auto Capture time rate.", "",
+constexpr BoxRow ByTime { Key::CaptureTime, "AutoCap1", " Set Auto Capture time rate.",
     "Auto Capture every [ ? ] seconds, using AutoName and AutoFrame folder." };
-constexpr ChoiceRow ByFrame { "AutoCap2", " Set Auto Capture frame rate.", "",
+constexpr BoxRow ByFrame { Key::AutoFrame, "AutoCap2", " Set Auto Capture frame rate.",
     "Auto Capture every [ ? ] frame, using AutoName and AutoFrame folder." };
 constexpr int TwoHours = 7200; // seconds
 constexpr NumberRow Seconds { Key::UsersCaptureTime, "Label6", "HSlider2", "Every", "Seconds.",
@@ -30,26 +28,22 @@ TimedPage::TimedPage(OptionFields& fields)
     : OptionsPage(fields)
 {
     AddPair(AddRow(Column()), Key::AutoCapture, OnOff);
-    QGridLayout& time = AddRate(Key::CaptureTime, ByTime);
+    QGridLayout& time = AddRate(ByTime);
     auto* LblTime = new DigitLabel(this);
     LblTime->setObjectName(QStringLiteral("LblTime"));
     LblTime->SetSample(SecondsToTime(TwoHours));
     connect(AddNumber(time, 0, Seconds), &NumberLine::Moved, LblTime,
         [LblTime](int value) { LblTime->setText(SecondsToTime(value)); });
     time.addWidget(LblTime, 0, time.columnCount());
-    AddNumber(AddRate(Key::AutoFrame, ByFrame), 0, Frames);
+    AddNumber(AddRate(ByFrame), 0, Frames);
     Column().addStretch();
 }
 
 /// A group that one radio button switches on, with a line for its rate.
-QGridLayout& TimedPage::AddRate(Key key, const ChoiceRow& row)
+QGridLayout& TimedPage::AddRate(const BoxRow& row)
 {
     QVBoxLayout& group = AddGroup(Column(), "");
-    auto* button = new xpradiobutton(this);
-    Name(*button, row.name, row.caption, row.tip);
-    button->SetCaption(QLatin1String(row.caption));
-    group.addWidget(button);
-    Fields().Add(key, FieldOf(*button));
+    AddFlag(group, row);
     auto* grid = new QGridLayout;
     group.addLayout(grid);
     return *grid;

@@ -10,5 +10,5 @@ public:
     explicit TimedPage(OptionFields& fields);
 
 private:
-    QGridLayout& AddRate(Key key, const ChoiceRow& row);
+    QGridLayout& AddRate(const BoxRow& row);
 };

@@ -5,6 +5,7 @@
 #include "app/Hourglass.h"
 #include "app/Lead.h"
 #include "app/SettingValue.h"
+#include "imaging/PictureText.h"
 #include "settingsui/FontWords.h"
 #include "settingsui/OptionFields.h"
 #include "text/GetFonts.h"
@@ -19,6 +20,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -102,7 +104,7 @@ void WatermarkPage::BuildPlace()
 void WatermarkPage::BuildFont()
 {
     QBoxLayout& row = AddRow(Column());
-    Button_XP* const font = AddCommand(row, 5, "&Font  && Shadow", "Choose how the text looks.");
+    Button_XP* const font = AddCommand(row, "Cmds(5)", "&Font  && Shadow", "Choose how the text looks.");
     connect(font, &Button_XP::Click, this, &WatermarkPage::ChooseFont);
     ColorBox = new QLabel(this);
     Name(*ColorBox, "ColorBox", "Text color", "The color of the text.");
@@ -155,7 +157,7 @@ void WatermarkPage::ShowFont(const TextSettings& text)
     palette.setColor(QPalette::Window, color);
     ColorBox->setPalette(palette);
     QFont font(text.SFontName);
-    font.setPointSizeF(qMax(1.0, double(text.SFontSize)));
+    font.setPointSizeF(std::clamp(double(text.SFontSize), imaging::SmallestPoints, imaging::LargestPoints));
     font.setBold(text.SFontBold);
     font.setItalic(text.SFontItalic);
     Text1->setStyleSheet(

@@ -14,8 +14,6 @@
 #include <QPointer>
 #include <QPushButton>
 
-#include <algorithm>
-#include <span>
 #include <utility>
 
 namespace {
@@ -29,13 +27,6 @@ constexpr Key Effects[] = { Key::UseShadows, Key::TextShadowPosX, Key::TextShado
     Key::WatermarkTextStyle, Key::sFontWatermarkTextAngle, Key::sFontShadowColor, Key::sFontBorderColor };
 constexpr Key FontKeys[] = { Key::SFontName, Key::SFontSize, Key::SFontBold, Key::SFontItalic,
     Key::sFontColor, Key::sFontText };
-
-/// Stores them in their order; true when all stand on the disk.
-bool StoreAll(ApplicationState& state, std::span<const Key> keys)
-{
-    const auto failures = std::ranges::count_if(keys, [&](Key key) { return !state.Store(key); });
-    return failures == 0;
-}
 
 } // namespace
 
@@ -154,8 +145,8 @@ void GetFonts::ShowSample()
 void GetFonts::Save()
 {
     static_cast<TextSettings&>(frame_.State()) = chosen_;
-    const bool areEffectsStored = StoreAll(frame_.State(), Effects);
-    const bool isFontStored = StoreAll(frame_.State(), FontKeys);
+    const bool areEffectsStored = frame_.State().Store(Effects);
+    const bool isFontStored = frame_.State().Store(FontKeys);
     const QPointer<GetFonts> alive(this);
     if (!areEffectsStored || !isFontStored)
         frame_.Errors().Show(this, QStringLiteral("Error!"),

@@ -158,6 +158,24 @@ TEST_F(ApplicationStateTest, WhatIsStoredIsReadAtTheNextStart)
     EXPECT_EQ(next.BackgroundFile, QStringLiteral("/pictures/ground.jpg"));
 }
 
+TEST_F(ApplicationStateTest, SeveralKeysAreStoredInTheirOrder)
+{
+    state_.LoadApplicationState(frame_);
+    state_.SFontSize = 12.5F;
+    constexpr Key keys[] = { Key::SFontSize, Key::HighQ, Key::Ext };
+    ASSERT_TRUE(state_.Store(keys));
+    EXPECT_EQ(FileBytes(state_.Settings.FilePath()), "[Options]\nSFontSize=12.5\nHighQ=True\nExt=.bmp\n");
+}
+
+TEST_F(ApplicationStateTest, ATextIsStoredInPlaceOfTheVariablesValue)
+{
+    state_.LoadApplicationState(frame_);
+    const KeyText texts[] { { Key::OpThumb, QStringLiteral("2") } };
+    ASSERT_TRUE(state_.Store(texts));
+    EXPECT_EQ(state_.OpThumb, 0);
+    EXPECT_EQ(state_.TextOf(Key::OpThumb), QStringLiteral("2"));
+}
+
 using State = ApplicationState;
 
 struct Stored {

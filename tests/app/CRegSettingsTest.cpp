@@ -9,11 +9,13 @@
 #include <QLockFile>
 #include <QTemporaryDir>
 
+#include <atomic>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -97,6 +99,37 @@ TEST_F(CRegSettingsTest, AStarStandsForTheUnnamedValue)
     ASSERT_TRUE(Save(QStringLiteral("*"), QStringLiteral("unnamed")));
     EXPECT_EQ(Get(QStringLiteral("*")), QStringLiteral("unnamed"));
     EXPECT_EQ(Get(QString()), QStringLiteral("unnamed"));
+}
+
+TEST_F(CRegSettingsTest, SeveralAreWrittenInTheirOrder)
+{
+    const std::vector<Setting> settings { { QStringLiteral("Ext"), QStringLiteral(".jpg") },
+        { QStringLiteral("BW"), QStringLiteral("True") },
+        { QStringLiteral("*"), QStringLiteral("unnamed") } };
+    ASSERT_TRUE(settings_.SaveSettings(Section, settings));
+    EXPECT_EQ(FileBytes(settings_.FilePath()), "[Options]\nExt=.jpg\nBW=True\n=unnamed\n");
+}
+
+TEST_F(CRegSettingsTest, NobodySeesSeveralHalfWritten)
+{
+    const auto save = [this](int round) {
+        const QString value = QString::number(round);
+        const Setting settings[] { { QStringLiteral("First"), value }, { QStringLiteral("Second"), value } };
+        return settings_.SaveSettings(Section, settings);
+    };
+    ASSERT_TRUE(save(0));
+    std::atomic<bool> isEnd = false;
+    std::thread reader([path = settings_.FilePath(), &isEnd] {
+        while (!isEnd) {
+            const QList<QByteArray> lines = FileBytes(path).split('\n');
+            ASSERT_EQ(lines.size(), 4);
+            EXPECT_EQ(lines[1].split('=').last(), lines[2].split('=').last());
+        }
+    });
+    for (int round = 1; round <= 200; ++round)
+        EXPECT_TRUE(save(round));
+    isEnd = true;
+    reader.join();
 }
 
 TEST_F(CRegSettingsTest, SectionsAreApart)
@@ -217,6 +250,20 @@ TEST_F(CRegSettingsTest, AFullDiskKeepsTheOldSettings)
     ASSERT_TRUE(settings.SaveSetting(Section, QStringLiteral("Ext"), QStringLiteral(".jpg")));
     disk.Fill();
     EXPECT_FALSE(settings.SaveSetting(Section, QStringLiteral("Ext"), QStringLiteral(".png")));
+    EXPECT_EQ(FileBytes(settings.FilePath()), "[Options]\nExt=.jpg\n");
+}
+
+TEST_F(CRegSettingsTest, OfSeveralThatDoNotFitNoneIsKept)
+{
+    SmallDisk disk(64);
+    if (!disk.IsThere())
+        GTEST_SKIP() << "this machine lets no test mount a file system";
+    CRegSettings settings = Opened(disk.Path());
+    ASSERT_TRUE(settings.SaveSetting(Section, QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    disk.Fill();
+    const Setting both[] { { QStringLiteral("Ext"), QStringLiteral(".png") },
+        { QStringLiteral("sFontText"), QString(100'000, u'x') } };
+    EXPECT_FALSE(settings.SaveSettings(Section, both));
     EXPECT_EQ(FileBytes(settings.FilePath()), "[Options]\nExt=.jpg\n");
 }
 

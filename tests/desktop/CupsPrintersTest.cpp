@@ -1,10 +1,14 @@
 #include "desktop/CupsPrinters.h"
 
+#include "desktop/CupsServer.h"
+#include "desktop/PagePdf.h"
+#include "tests/desktop/LossyLine.h"
 #include "tests/desktop/PrintServer.h"
 
 #include <QCoreApplication>
 #include <QPainter>
 
+#include <future>
 #include <gtest/gtest.h>
 
 namespace {
@@ -21,6 +25,12 @@ template <typename Step> QString Refusal(Step&& step)
         return error.Reason();
     }
     return {};
+}
+
+/// On a thread of its own: each looks for its server once.
+template <typename Question> auto Aside(Question question)
+{
+    return std::async(std::launch::async, question).get();
 }
 
 PrintJob Job()
@@ -60,6 +70,8 @@ TEST_F(CupsPrintersTest, ThePrintersOfTheServerAreListedWithTheDefault)
     EXPECT_EQ(list.names, QStringList({ QStringLiteral("Alpha"), QStringLiteral("Beta") }));
     EXPECT_EQ(list.defaultName, QStringLiteral("Alpha"));
     EXPECT_EQ(list.whyNone, QString());
+    EXPECT_TRUE(list.isKnown);
+    EXPECT_FALSE(list.isDefaultChosen) << "it is the server's";
 }
 
 TEST_F(CupsPrintersTest, AServerWithoutPrintersSaysThatNoneIsSetUp)
@@ -69,6 +81,7 @@ TEST_F(CupsPrintersTest, AServerWithoutPrintersSaysThatNoneIsSetUp)
     EXPECT_TRUE(list.names.isEmpty());
     EXPECT_EQ(list.defaultName, QString());
     EXPECT_EQ(list.whyNone, QStringLiteral("No printer is set up."));
+    EXPECT_TRUE(list.isKnown);
     EXPECT_EQ(Refusal([&] { printers.Print(Job()); }), QStringLiteral("There is no default printer."));
 }
 
@@ -78,7 +91,9 @@ TEST_F(CupsPrintersTest, WithoutAServerThereIsNothingAndItSaysWhy)
     server->Kill();
     EXPECT_TRUE(printers.Installed().names.isEmpty());
     EXPECT_EQ(printers.Installed().whyNone, QStringLiteral("The print service is not running."));
+    EXPECT_FALSE(printers.Installed().isKnown);
     EXPECT_FALSE(printers.SetDefault(QStringLiteral("Beta")));
+    EXPECT_FALSE(printers.ForgetDefault());
     EXPECT_EQ(Refusal([&] { printers.Metrics(A4); }), QStringLiteral("The print service is not running."));
     EXPECT_EQ(Refusal([&] { printers.Print(Job()); }), QStringLiteral("The print service is not running."));
 }
@@ -93,6 +108,27 @@ TEST_F(CupsPrintersTest, TheDefaultIsSetAndKept)
     EXPECT_EQ(printers.DefaultName(), QStringLiteral("Alpha"));
 }
 
+TEST_F(CupsPrintersTest, AChoiceThatIsForgottenLeavesTheServersDefaultAndTheUsersOtherChoices)
+{
+    ServeTwo();
+    server->Choose("Dest Alpha job-priority=70");
+    EXPECT_EQ(printers.DefaultName(), QStringLiteral("Alpha"));
+    ASSERT_TRUE(printers.SetDefault(QStringLiteral("Beta")));
+    EXPECT_TRUE(printers.Installed().isDefaultChosen);
+    EXPECT_TRUE(printers.ForgetDefault());
+    EXPECT_FALSE(printers.Installed().isDefaultChosen);
+    EXPECT_EQ(printers.DefaultName(), QStringLiteral("Alpha"));
+    printers.Print(Job());
+    EXPECT_EQ(Option("job-priority"), QStringLiteral("70"));
+}
+
+TEST_F(CupsPrintersTest, TheServersDefaultChosenByTheUserIsHisChoice)
+{
+    ServeTwo();
+    ASSERT_TRUE(printers.SetDefault(QStringLiteral("Alpha")));
+    EXPECT_TRUE(printers.Installed().isDefaultChosen);
+}
+
 TEST_F(CupsPrintersTest, APrinterThatIsNotThereDoesNotBecomeTheDefault)
 {
     ServeTwo();
@@ -101,11 +137,26 @@ TEST_F(CupsPrintersTest, APrinterThatIsNotThereDoesNotBecomeTheDefault)
     EXPECT_EQ(printers.DefaultName(), QStringLiteral("Alpha"));
 }
 
-TEST_F(CupsPrintersTest, ADefaultThatTheEnvironmentOverrulesIsNoSuccess)
+TEST_F(CupsPrintersTest, ADefaultThatTheEnvironmentOverrulesIsNoSuccessAndLeavesNothing)
 {
     ServeTwo();
-    const Variable overruling("LPDEST", "Alpha");
-    EXPECT_FALSE(printers.SetDefault(QStringLiteral("Beta")));
+    {
+        const Variable overruling("LPDEST", "Alpha");
+        EXPECT_FALSE(printers.SetDefault(QStringLiteral("Beta")));
+    }
+    EXPECT_EQ(printers.DefaultName(), QStringLiteral("Alpha"));
+    EXPECT_FALSE(printers.Installed().isDefaultChosen);
+}
+
+TEST_F(CupsPrintersTest, ADefaultThatNobodyWaitsForAnyMoreIsNotSet)
+{
+    ServeTwo();
+    std::stop_source givenUp;
+    givenUp.request_stop();
+    EXPECT_FALSE(
+        Aside([&] { return CupsServer(1min).SetDefault(QStringLiteral("Beta"), givenUp.get_token()); }));
+    EXPECT_EQ(printers.DefaultName(), QStringLiteral("Alpha"));
+    EXPECT_FALSE(printers.Installed().isDefaultChosen);
 }
 
 TEST_F(CupsPrintersTest, TheMarginsOfASheetAreToldInPrinterPixels)
@@ -211,10 +262,21 @@ TEST_F(CupsPrintersTest, ASilentServerIsGivenUp)
     CupsPrinters hasty([&] { ++rounds; }, 300ms);
     const QString silent = QStringLiteral("The print service does not answer.");
     EXPECT_EQ(hasty.Installed().whyNone, silent);
+    EXPECT_FALSE(hasty.Installed().isKnown);
     EXPECT_GT(rounds, 0) << "windows could be painted meanwhile";
     EXPECT_FALSE(hasty.SetDefault(QStringLiteral("Beta")));
     EXPECT_EQ(Refusal([&] { hasty.Metrics(A4); }), silent);
     EXPECT_EQ(Refusal([&] { hasty.Print(Job()); }), silent);
+}
+
+TEST_F(CupsPrintersTest, AServerThatDiesOverItsListHasNotSaidThatThereIsNoPrinter)
+{
+    ServeTwo();
+    server->Freeze();
+    CupsPrinters watched([&] { server->Kill(); });
+    const PrinterList list = watched.Installed();
+    EXPECT_FALSE(list.isKnown);
+    EXPECT_NE(list.whyNone, QStringLiteral("No printer is set up."));
 }
 
 TEST_F(CupsPrintersTest, AServerThatDiesOverAPageIsTold)
@@ -223,6 +285,29 @@ TEST_F(CupsPrintersTest, AServerThatDiesOverAPageIsTold)
     server->Freeze();
     CupsPrinters watched([&] { server->Kill(); });
     EXPECT_NE(Refusal([&] { watched.Print(Job()); }), QString());
+}
+
+TEST_F(CupsPrintersTest, AJobIsTakenBackWhereItWasSentWhateverIsTheDefaultByThen)
+{
+    ServeTwo();
+    server->Choose("Dest Alpha job-hold-until=indefinite");
+    const auto sent = Aside([] { return CupsServer(1min).Print(Job(), PagePdf(Job()), {}); });
+    EXPECT_EQ(Option("job-state"), QStringLiteral("pending-held"));
+    const Variable noDefault("LPDEST", "Gamma");
+    Aside([&] { CupsServer(1min).Cancel(sent); });
+    EXPECT_EQ(Option("job-state"), QStringLiteral("canceled"));
+}
+
+TEST_F(CupsPrintersTest, AJobWhoseAnswerGotLostIsTakenBack)
+{
+    ServeTwo();
+    const LossyLine line(qEnvironmentVariable("CUPS_SERVER"));
+    const Variable overTheLine("CUPS_SERVER", line.Address());
+    CupsPrinters lossy([] { QCoreApplication::processEvents(); }, 1min);
+    EXPECT_NE(Refusal([&] { lossy.Print(Job()); }), QString());
+    ASSERT_TRUE(line.HasLost());
+    ASSERT_EQ(server->Jobs().size(), 1);
+    EXPECT_EQ(Option("job-state"), QStringLiteral("canceled"));
 }
 
 TEST_F(CupsPrintersTest, APaperWithoutSizeIsRefused)

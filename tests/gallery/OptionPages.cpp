@@ -37,7 +37,7 @@ void ShowOptions(const std::function<void(const QString& name, QWidget& window)>
     panel.setAttribute(Qt::WA_DeleteOnClose, false);
     take(QStringLiteral("control-panel"), panel);
 
-    for (const char* key : { "AutoSave", "SpecialFolder", "UseShadows", "SFontItalic", "SFontBold" })
+    for (const char* key : { "AutoSave", "SpecialFolder", "SFontItalic", "SFontBold" })
         Store(frame, key, "True");
     Store(
         frame, "OldFolder", "/home/user/Pictures/Holidays on the coast and further along the old road, 2003");
@@ -45,6 +45,7 @@ void ShowOptions(const std::function<void(const QString& name, QWidget& window)>
     Store(frame, "SFontName", "DejaVu Serif");
     Store(frame, "SFontSize", "18");
     Store(frame, "sFontText", "The last evening of the summer,\nphotographed from the pier");
+    frame.state.UseShadows = true;
     frame.printers.RemoveAll();
     ShowPages(take, frame, QStringLiteral("options-set-"));
 }

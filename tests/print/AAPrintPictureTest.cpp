@@ -90,14 +90,14 @@ TEST_F(AAPrintPictureTest, SettingAPropertyIsToldAndDrawsNothing)
 TEST_F(AAPrintPictureTest, TheMarginsAreWhatThePrinterCannotReach)
 {
     QSignalSpy told(&control, &AAPrintPicture::PrinterMargin);
-    printers.margin = 40;
+    printers.margins = { 40, 80, 120, 160 };
     control.GetPrinterMargin();
     EXPECT_EQ(control.MarginLeft, 40);
-    EXPECT_EQ(control.MarginTop, 40);
-    EXPECT_EQ(control.MarginRight, 40);
-    EXPECT_EQ(control.MarginBottom, 40);
+    EXPECT_EQ(control.MarginTop, 80);
+    EXPECT_EQ(control.MarginRight, 120);
+    EXPECT_EQ(control.MarginBottom, 160);
     ASSERT_EQ(told.size(), 1);
-    EXPECT_EQ(told[0], QVariantList({ 40, 40, 40, 40 }));
+    EXPECT_EQ(told[0], QVariantList({ 40, 80, 120, 160 })) << "left, top, right, bottom";
 }
 
 TEST_F(AAPrintPictureTest, MarginsStayAsTheyWereWhenThePrinterFailsAndThePreviewIsDrawnFromThem)
@@ -116,6 +116,31 @@ TEST_F(AAPrintPictureTest, ThePreviewIsSmallerThanThePrintByAFixedAmount)
     EXPECT_EQ(control.GetPreview().size(), Preview);
     EXPECT_EQ(Printed().size(), Page);
     EXPECT_EQ(control.GetPreview().size(), Preview) << "a print does not last";
+}
+
+TEST_F(AAPrintPictureTest, MarginsOfTheSidesMakeThePageNarrowerAndThoseAboveAndBelowMakeItLower)
+{
+    printers.margins = { 40, 80, 120, 160 };
+    control.SetPicture(Plain({ 10, 10 }, Qt::red));
+    const QSize page(794 - (40 + 120) / 4, 1123 - (80 + 160) / 4);
+    EXPECT_EQ(control.GetPreview().size(), page - QSize(28, 52));
+    EXPECT_EQ(Printed().size(), page);
+    EXPECT_EQ(printers.jobs.last().at, QPoint(40, 80)) << "the page begins where the printer can";
+}
+
+TEST_F(AAPrintPictureTest, ThePageDrawnLastIsShownWhicheverWasAskedForFirst)
+{
+    control.SetPicture(Plain({ 100, 50 }, Qt::red));
+    QImage newer;
+    frame.whenPumped = [&] {
+        frame.whenPumped = {};
+        control.SetAlign(8);
+        newer = control.GetPreview();
+    };
+    control.SetAlign(0);
+    const QImage older = control.GetPreview();
+    EXPECT_TRUE(IsRed(newer, newer.width() - 1, newer.height() - 1));
+    EXPECT_EQ(older, newer);
 }
 
 TEST_F(AAPrintPictureTest, ThePreviewLetsEventsThroughOnce)
@@ -166,7 +191,7 @@ TEST_F(AAPrintPictureTest, StretchFillsThePageWhateverAlignSays)
 
 TEST_F(AAPrintPictureTest, APaperOfTheUsersOwnIsPreviewedInItsSizeAndGoesToThePrinterAsCode256)
 {
-    printers.margin = 0;
+    printers.margins = {};
     control.SetPicture(Plain({ 10, 10 }, Qt::red));
     control.SetPaperSize(0);
     control.SetPaperWidth(100);

@@ -73,8 +73,7 @@ protected:
         frame.state.PrintCall = true;
         control.PrintPicture();
         const QImage sheet = RenderedPdf(PagePdf(frame.printers.jobs.last()), Dots);
-        const int margin = frame.printers.margin * Dots / PrinterPixelsPerInch;
-        return sheet.copy(sheet.rect().adjusted(margin, margin, -margin, -margin));
+        return sheet.copy(sheet.rect() - frame.printers.margins * (double(Dots) / PrinterPixelsPerInch));
     }
 };
 
@@ -91,6 +90,17 @@ TEST_F(PrintedPageTest, ThePictureIsPrintedWhereThePreviewShowsIt)
         EXPECT_NEAR(FromAnchor(align / 3, printed.down), FromAnchor(align / 3, shown.down), Within) << align;
         EXPECT_NEAR(printed.across.length, shown.across.length, Within) << align;
         EXPECT_NEAR(printed.down.length, shown.down.length, Within) << align;
+    }
+}
+
+TEST_F(PrintedPageTest, EachSideOfThePaperKeepsItsOwnMargin)
+{
+    frame.printers.margins = QMargins(1, 2, 3, 4) * (PrinterPixelsPerInch / 4);
+    for (const int align : { 0, 4, 8 }) {
+        control.SetAlign(align);
+        const Seen printed = SeenOn(Printed(), Dots);
+        EXPECT_NEAR(FromAnchor(align % 3, printed.across), 0, Within) << align;
+        EXPECT_NEAR(FromAnchor(align / 3, printed.down), 0, Within) << align;
     }
 }
 

@@ -39,6 +39,63 @@ TEST(cSetDfltPrinter, TheOldDefaultComesBackAtTheEnd)
     EXPECT_EQ(printers.list.defaultName, Alpha);
 }
 
+TEST(cSetDfltPrinter, TheUsersOwnChoiceIsHisAgain)
+{
+    FakePrinters printers;
+    printers.list.isDefaultChosen = true;
+    {
+        cSetDfltPrinter choice(printers);
+        choice.SetPrinterAsDefault(Beta);
+    }
+    EXPECT_EQ(printers.list.defaultName, Alpha);
+    EXPECT_TRUE(printers.list.isDefaultChosen);
+}
+
+TEST(cSetDfltPrinter, AUserWhoHadChosenNoneHasChosenNoneAgain)
+{
+    for (const bool goesBackHimself : { false, true }) {
+        FakePrinters printers;
+        {
+            cSetDfltPrinter choice(printers);
+            choice.SetPrinterAsDefault(Beta);
+            if (goesBackHimself)
+                choice.SetPrinterAsDefault(Alpha);
+            EXPECT_TRUE(printers.list.isDefaultChosen);
+        }
+        EXPECT_FALSE(printers.list.isDefaultChosen);
+        EXPECT_EQ(printers.list.defaultName, Alpha);
+    }
+}
+
+TEST(cSetDfltPrinter, WithoutADefaultThereIsNoneAgain)
+{
+    FakePrinters printers;
+    printers.list.defaultName = printers.systemDefault = QString();
+    {
+        cSetDfltPrinter choice(printers);
+        EXPECT_TRUE(choice.SetPrinterAsDefault(Beta));
+    }
+    EXPECT_EQ(printers.list.defaultName, QString());
+}
+
+TEST(cSetDfltPrinter, ASystemThatDoesNotAnswerIsAskedAgainBeforeItsDefaultIsChanged)
+{
+    FakePrinters printers;
+    const PrinterList answer = printers.list;
+    printers.FallSilent();
+    {
+        cSetDfltPrinter choice(printers);
+        EXPECT_FALSE(choice.SetPrinterAsDefault(Beta));
+        EXPECT_FALSE(choice.SetPrinterAsDefault(QString())) << "no answer is not no default";
+        EXPECT_TRUE(printers.defaultsSet.isEmpty());
+        printers.list = answer;
+        printers.refusesDefault = false;
+        EXPECT_TRUE(choice.SetPrinterAsDefault(Beta));
+        EXPECT_EQ(choice.OriginalPrinter, Alpha);
+    }
+    EXPECT_EQ(printers.list.defaultName, Alpha);
+}
+
 TEST(cSetDfltPrinter, TheSameNameIsTrueWithoutAskingTheSystem)
 {
     FakePrinters printers;

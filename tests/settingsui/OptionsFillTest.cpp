@@ -27,7 +27,6 @@ const struct {
     { "check8", "HighQ" },
     { "check9", "BW" },
     { "WordWrapCheck", "WordWrap" },
-    { "xpcheckbox5", "UseShadows" },
 };
 
 /// Pairs of boxes, each with the key it shows.
@@ -288,7 +287,8 @@ TEST_F(OptionsFill, TheShadowIsToldInGreenAndInDarkRed)
 {
     EXPECT_EQ(Label("LabelShadow"), QStringLiteral("Shadow Off"));
     EXPECT_TRUE(Find<QLabel>("LabelShadow")->styleSheet().startsWith(QStringLiteral("color: #800000")));
-    BeginWith("UseShadows", "True");
+    state.UseShadows = true;
+    Begin();
     EXPECT_EQ(Label("LabelShadow"), QStringLiteral("Shadow On"));
     EXPECT_TRUE(Find<QLabel>("LabelShadow")->styleSheet().startsWith(QStringLiteral("color: #008000")));
 }
@@ -315,6 +315,14 @@ TEST_F(OptionsFill, TheTextStandsInItsFontAndItsColour)
     EXPECT_TRUE(Find("Label14")->font().bold());
     EXPECT_EQ(Label("Label15"), QStringLiteral("Italic"));
     EXPECT_TRUE(Find("Label15")->font().bold());
+}
+
+TEST_F(OptionsFill, LettersOfAnySizeAreShownNoLargerThanTheyAreDrawn)
+{
+    for (const auto& [stored, shown] : { std::pair("1000000", 1000.0), std::pair("0.25", 1.0) }) {
+        BeginWith("SFontSize", stored);
+        EXPECT_EQ(Find<QPlainTextEdit>("Text1")->font().pointSizeF(), shown);
+    }
 }
 
 TEST_F(OptionsFill, AnUprightFontReadsItalicBoldInPlainType)
@@ -347,6 +355,30 @@ TEST_F(OptionsFill, WhatTheRunHasChangedStaysWhenNothingIsSaved)
     EXPECT_EQ(state.sFontText, QStringLiteral("for this run"));
 }
 
+TEST_F(OptionsFill, WhatTheControlPanelSwitchedHoldsWhenTheyAreOpenedAndClosed)
+{
+    state.OpThumb = 2;
+    state.UseShadows = true;
+    state.SpecialFolder = true;
+    Begin();
+    form->reject();
+    EXPECT_EQ(state.OpThumb, 2);
+    EXPECT_TRUE(state.UseShadows);
+    EXPECT_TRUE(state.SpecialFolder);
+}
+
+TEST_F(OptionsFill, TheShadowsBoxShowsWhatIsInForceAndAClickTurnsItOver)
+{
+    state.UseShadows = true; // for the run, by the control panel
+    Begin();
+    EXPECT_TRUE(IsSet("xpcheckbox5"));
+    EXPECT_EQ(Label("LabelShadow"), QStringLiteral("Shadow On"));
+    EXPECT_EQ(Stored("UseShadows"), QStringLiteral("nothing"));
+    Click("xpcheckbox5");
+    EXPECT_FALSE(IsSet("xpcheckbox5"));
+    EXPECT_FALSE(state.UseShadows);
+}
+
 TEST_F(OptionsFill, AChangeForTheRunDoesNotReachTheStoreByAnothersChoice)
 {
     state.OpThumb = 2;
@@ -354,4 +386,5 @@ TEST_F(OptionsFill, AChangeForTheRunDoesNotReachTheStoreByAnothersChoice)
     Click("option4"); // clears every other radio button
     Save();
     EXPECT_EQ(Stored("OpThumb"), QStringLiteral("0"));
+    EXPECT_EQ(state.OpThumb, 2);
 }

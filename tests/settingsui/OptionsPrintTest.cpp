@@ -1,3 +1,4 @@
+#include "print/AAPrintPicture.h"
 #include "settingsui/PreviewSize.h"
 #include "tests/settingsui/OptionsFixture.h"
 
@@ -56,6 +57,30 @@ TEST_F(OptionsPrint, ThePreviewShowsThePictureInItsPlace)
     Choose(4);
     const QPoint apart = PlaceOfPicture().center() - Preview().rect().center();
     EXPECT_LE(apart.manhattanLength(), 2);
+}
+
+TEST_F(OptionsPrint, APositionChosenWhileAnotherIsDrawnIsTheOneShown)
+{
+    frame.whenPumped = [this] {
+        frame.whenPumped = {};
+        Choose(8);
+    };
+    Choose(0);
+    EXPECT_EQ(Alignments().currentIndex(), 8);
+    EXPECT_EQ(PlaceOfPicture().bottomRight(), Preview().rect().bottomRight());
+}
+
+TEST_F(OptionsPrint, APaperOfWhichThePrinterReachesNothingHasNoPreview)
+{
+    ASSERT_FALSE(Preview().isNull());
+    frame.printers.margins = QMargins(1, 1, 1, 1) * (6 * PrinterPixelsPerInch);
+    Choose(0);
+    EXPECT_TRUE(Preview().isNull());
+}
+
+TEST_F(OptionsPrint, ThePreviewHasNoBorder)
+{
+    EXPECT_FALSE(Find<AAPrintPicture>("AAPrintPicture1")->ShowBorder());
 }
 
 TEST_F(OptionsPrint, WithoutAPictureAPlainOneShowsThePlace)
@@ -140,6 +165,38 @@ TEST_F(OptionsPrint, ARefusalIsToldAndTheNameStays)
     Click("Cmds(2)");
     EXPECT_EQ(Label("Label9"), QStringLiteral("Alpha"));
     EXPECT_TRUE(form->isVisible());
+}
+
+TEST_F(OptionsPrint, TheDialogMayGoWhileThePrintersAreWaitedFor)
+{
+    Printers().setCurrentRow(1);
+    Button_XP* const set = Find<Button_XP>("Cmds(2)");
+    frame.printers.whileWaiting = [this] { form.reset(); };
+    Q_EMIT set->Click();
+    EXPECT_EQ(frame.printers.list.defaultName, QStringLiteral("Beta"));
+}
+
+TEST_F(OptionsPrint, TheDialogMayGoWhileTheDefaultIsAskedFor)
+{
+    Printers().setCurrentRow(1);
+    Button_XP* const set = Find<Button_XP>("Cmds(2)");
+    frame.errors.Expect(
+        QStringLiteral("Success!"), QStringLiteral("Beta has successfully been set as the default printer."));
+    const int listed = frame.printers.timesListed;
+    frame.printers.whileWaiting = [this, listed] {
+        if (frame.printers.timesListed > listed)
+            form.reset();
+    };
+    Q_EMIT set->Click();
+    EXPECT_EQ(form, nullptr);
+}
+
+TEST_F(OptionsPrint, TheDialogMayGoWhileItsPageIsDrawn)
+{
+    QComboBox& alignments = Alignments();
+    frame.whenPumped = [this] { form.reset(); };
+    Q_EMIT alignments.activated(4);
+    EXPECT_EQ(form, nullptr);
 }
 
 TEST_F(OptionsPrint, WithoutASelectionAPrinterIsAskedFor)

@@ -264,13 +264,30 @@ TEST_F(OptionsSave, OptionsThatCannotBeStoredAreToldOnceAndHoldForTheRun)
     ASSERT_TRUE(QDir().mkpath(state.Settings.FilePath())) << "a folder in the file's place";
     Click("check5");
     Click("option4");
+    Edit("Label3").setText(QStringLiteral("12"));
+    Edit("Label6").setText(QStringLiteral("34"));
     frame.errors.Expect(QStringLiteral("Error!"),
         QStringLiteral("The options could not be stored. They are used until the program ends."));
     Save();
     EXPECT_EQ(frame.errors.lastOwner, form.get());
     EXPECT_TRUE(state.LoadVid);
     EXPECT_EQ(state.CurrentExt, QStringLiteral(".jpg"));
+    EXPECT_EQ(state.AutoNumber, 12);
+    EXPECT_EQ(state.UsersCaptureTime, 34);
     EXPECT_EQ(form->result(), QDialog::Accepted);
+}
+
+TEST_F(OptionsSave, AChoiceThatCannotBeStoredStandsWhenItsPageComesUpAgain)
+{
+    ASSERT_TRUE(QDir().mkpath(state.Settings.FilePath())) << "a folder in the file's place";
+    Click("option4");
+    Click("OpThumb(2)"); // clears every other radio button
+    ComeTo(FormatPage);
+    EXPECT_TRUE(IsChosen("option4"));
+    EXPECT_EQ(state.CurrentExt, QStringLiteral(".jpg"));
+    EXPECT_EQ(state.OpThumb, 2);
+    form->reject();
+    EXPECT_EQ(state.CurrentExt, QStringLiteral(".jpg"));
 }
 
 TEST_F(OptionsSave, OnAFullDiskTheStoreKeepsWhatItHad)

@@ -2,19 +2,23 @@
 
 #include "desktop/Printers.h"
 
+#include <QMargins>
+
 #include <functional>
 
 /// Printers that keep what they were asked, the first of them the default.
 class FakePrinters : public Printers {
 public:
     PrinterList list { { QStringLiteral("Alpha"), QStringLiteral("Beta") }, QStringLiteral("Alpha"), {} };
-    /// A quarter of an inch that cannot be reached all around the sheet.
-    int margin = PrinterPixelsPerInch / 4;
+    QString systemDefault = QStringLiteral("Alpha"); ///< while the user has chosen none
+    /// What of the sheet cannot be reached, in printer pixels: a quarter of an inch all around.
+    QMargins margins = QMargins(1, 1, 1, 1) * (PrinterPixelsPerInch / 4);
     bool refusesDefault = false;
     bool failsMetrics = false;
     bool failsPrint = false;
     std::function<void()> whilePrinting;
     std::function<void()> whenAsked; ///< for its margins
+    std::function<void()> whileWaiting; ///< for the list, or for a change of the default
     QList<PrintJob> jobs;
     QList<Paper> papers; ///< of which the metrics were asked
     QStringList defaultsSet; ///< all that was asked, refused or not
@@ -26,18 +30,35 @@ public:
         list = { {}, {}, QStringLiteral("No printer is set up.") };
         failsMetrics = failsPrint = refusesDefault = true;
     }
+    /// As when the service does not answer.
+    void FallSilent()
+    {
+        list = { {}, {}, QStringLiteral("The printer does not answer."), false, false };
+        failsMetrics = failsPrint = refusesDefault = true;
+    }
 
     PrinterList Installed() override
     {
         ++timesListed;
+        Wait();
         return list;
     }
     bool SetDefault(const QString& name) override
     {
         defaultsSet << name;
+        Wait();
         if (refusesDefault || !list.names.contains(name))
             return false;
         list.defaultName = name;
+        list.isDefaultChosen = true;
+        return true;
+    }
+    bool ForgetDefault() override
+    {
+        if (refusesDefault)
+            return false;
+        list.defaultName = systemDefault;
+        list.isDefaultChosen = false;
         return true;
     }
     SheetMetrics Metrics(const Paper& paper) override
@@ -48,7 +69,7 @@ public:
         if (failsMetrics)
             throw PrinterError(QStringLiteral("The printer does not answer."));
         const QSize sheet(Pixels(paper.size.width()), Pixels(paper.size.height()));
-        return { sheet, { margin, margin }, sheet - QSize(2 * margin, 2 * margin) };
+        return { sheet, { margins.left(), margins.top() }, sheet.shrunkBy(margins) };
     }
     void Print(const PrintJob& job) override
     {
@@ -60,5 +81,10 @@ public:
     }
 
 private:
+    void Wait() const
+    {
+        if (whileWaiting)
+            whileWaiting();
+    }
     static int Pixels(int millimetres) { return qRound(millimetres / 25.4 * PrinterPixelsPerInch); }
 };
