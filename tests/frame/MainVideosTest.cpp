@@ -47,6 +47,30 @@ protected:
         state.Reload(Key::OpenVidList);
     }
     void ShowListByThePopup() { ChooseInPopup(0); }
+    /// One that has a picture every thousand seconds, or of every frame.
+    void BeginRun(bool isTimed)
+    {
+        Store("UsersCaptureTime", "1000");
+        Store("AutoNumber", "1");
+        state.AutoCapture = true;
+        state.CaptureTime = isTimed;
+        state.AutoFrame = !isTimed;
+        OpenOne();
+        const auto isGoing = [&] {
+            return isTimed ? player->state == ltmmPlay::Running : player->stillsGiven > 0;
+        };
+        ASSERT_TRUE(Await(isGoing, std::chrono::seconds(20)));
+        ASSERT_FALSE(IsEnabled(Command::Capture));
+    }
+    void ExpectTheRunIsLeft(bool isTimed)
+    {
+        EXPECT_EQ(player->state, ltmmPlay::Stopped) << isTimed;
+        EXPECT_TRUE(IsEnabled(Command::Capture)) << isTimed;
+        const int given = player->stillsGiven;
+        for (int i = 0; i < 20; ++i)
+            QCoreApplication::processEvents();
+        EXPECT_EQ(player->stillsGiven, given) << isTimed;
+    }
     void DownloadHoliday()
     {
         WhenOpen<URLfrm>([](URLfrm& form) {
@@ -596,15 +620,42 @@ TEST_F(MainVideosTest, AVideoOfTheListHasItsCommandsThoughARunEndedWithABrokenOn
 
 TEST_F(MainVideosTest, ADownloadEndsAnAutomaticCaptureEvenUnused)
 {
-    Store("UsersCaptureTime", "1000");
-    state.AutoCapture = state.CaptureTime = true;
-    OpenOne();
-    ASSERT_TRUE(Await([this] { return player->state == ltmmPlay::Running; }, std::chrono::seconds(20)));
-    ASSERT_FALSE(IsEnabled(Command::Capture));
-    WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
-    Click("Cmds(4)");
-    EXPECT_EQ(player->state, ltmmPlay::Stopped);
-    EXPECT_TRUE(IsEnabled(Command::Capture));
+    for (const bool isTimed : { false, true }) {
+        BeginRun(isTimed);
+        WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
+        Click("Cmds(4)");
+        ExpectTheRunIsLeft(isTimed);
+    }
+}
+
+TEST_F(MainVideosTest, ADropEndsAnAutomaticCaptureAndItsFileStandsInThePlayer)
+{
+    for (const bool isTimed : { false, true }) {
+        BeginRun(isTimed);
+        QMimeData data;
+        data.setUrls({ QUrl(QStringLiteral("file:///films/c.avi")) });
+        Drop(data);
+        ExpectTheRunIsLeft(isTimed);
+        EXPECT_EQ(player->file, QStringLiteral("/films/c.avi")) << isTimed;
+    }
+}
+
+TEST_F(MainVideosTest, TheVideoWindowsOwnOpenButtonTurnsARunByFramesIntoOneByTime)
+{
+    Store("AutoCapture", "True");
+    Store("AutoFrame", "True");
+    BeginRun(false);
+    Store("AutoFrame", "False");
+    Store("CaptureTime", "True");
+    Store("UsersCaptureTime", "10"); // the first picture comes after as many milliseconds
+    Store("Ext", ".png");
+    dialogs.openNames.push(folder.filePath(QStringLiteral("c.avi")));
+    ClickOn("VideoWindow", "Cmds(3)");
+    const QString first = state.Beside(QStringLiteral("AutoFrame/auto1.png"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(first); }, 10'000));
+    EXPECT_EQ(player->file, folder.filePath(QStringLiteral("c.avi")));
+    EXPECT_EQ(player->state, ltmmPlay::Running);
+    EXPECT_FALSE(IsEnabled(Command::Capture));
 }
 
 TEST_F(MainVideosTest, ADropOfNoFileOnTheEmptyFrameShowsNothing)

@@ -1,6 +1,6 @@
+#include "tests/testing/FileSizeLimit.h"
 #include "tests/testing/SmallDisk.h"
 #include "tests/video/AutoRunFixture.h"
-#include "toolkit/StripButton.h"
 
 #include <QPointer>
 #include <QTimer>
@@ -16,10 +16,6 @@ protected:
     {
         player->rate = 50;
         RunByTime(names, 1);
-    }
-    bool AwaitStills(int more) const
-    {
-        return Await([this, wanted = player->stillsGiven + more] { return player->stillsGiven >= wanted; });
     }
     /// Waits until so many captures of one video were told, 2 to 9.
     bool AwaitCaptures(int count) const
@@ -69,6 +65,7 @@ TEST_F(TimedRunTest, TheVideoPlaysAndItsFirstPictureComesAlmostAtOnce)
         EXPECT_TRUE(frame.statusShown.value(label));
     EXPECT_EQ(FilesWritten(), 1);
     EXPECT_TRUE(pane.Cmd2[PauseButton]->isEnabled());
+    EXPECT_TRUE(pane.Cmd3[SoundButton]->isEnabled());
     EXPECT_FALSE(frame.enabled.value(Command::Capture));
 }
 
@@ -85,6 +82,23 @@ TEST_F(TimedRunTest, TheFilesBearTheExtensionOfCapturesAndHoldBitmapData)
     RunByTime({ A }, 1);
     ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
     EXPECT_TRUE(FileBytes(PicturePath(1, ".png")).startsWith("BM"));
+}
+
+TEST_F(TimedRunTest, TheExtensionIsReadAnewForEachVideo)
+{
+    const auto pictures = [this](const char* extension) {
+        return FilesIn(PictureFolder()).filter(QLatin1String(extension)).size();
+    };
+    RunQuickly({ A, C });
+    ASSERT_TRUE(Await([&] { return pictures(".bmp") > 0; }));
+    Store("Ext", QStringLiteral(".png"));
+    ASSERT_TRUE(AwaitStills(4)); // one of them is written by now
+    EXPECT_EQ(pictures(".png"), 0);
+    Progress(10'000);
+    ASSERT_TRUE(Await([&] { return pictures(".png") > 0; }));
+    const auto before = pictures(".bmp");
+    ASSERT_TRUE(AwaitStills(4));
+    EXPECT_EQ(pictures(".bmp"), before);
 }
 
 TEST_F(TimedRunTest, APausedVideoWaitsAndTheCountDoesNotMove)
@@ -144,7 +158,7 @@ TEST_F(TimedRunTest, AFolderRemovedInTheMiddleIsWrittenToAgainOnceItIsBack)
 {
     RunQuickly({ A });
     ASSERT_TRUE(AwaitCaptures(3));
-    QDir(PictureFolder()).removeRecursively();
+    while (!QDir(PictureFolder()).removeRecursively()) { } // a picture may come in between
     ASSERT_TRUE(AwaitStills(7)); // three of them may wait: the fourth has been tried
     QDir().mkpath(PictureFolder());
     ASSERT_TRUE(Await([&] { return FilesWritten() > 0; }));
@@ -166,6 +180,25 @@ TEST_F(TimedRunTest, TheUsersTextIsBurntIntoEveryPicture)
     QImage plain = written;
     plain.fill(written.pixel(399, 99));
     EXPECT_NE(written, plain);
+}
+
+TEST_F(TimedRunTest, ATextThatCannotBeBurntLeavesTheFileAsWrittenAndTheNextPictureComes)
+{
+    Store("UseWatermark", QStringLiteral("True"));
+    Store("Ext", QStringLiteral(".tif"));
+    state.Reload(Key::UseWatermark);
+    player->size = QSize(8, 4);
+    RunQuickly({ A });
+    const bool goesOn = [&] {
+        const FileSizeLimit limit(54 + 8 * 4 * 3); // of a bitmap; the tags of the other format need more
+        return AwaitStills(3) && Await([&] { return FilesWritten() > 1; });
+    }();
+    ASSERT_TRUE(goesOn);
+    EXPECT_TRUE(FileBytes(PicturePath(1, ".tif")).startsWith("BM"));
+    EXPECT_EQ(Status(StatusLabel::AutoCapture), QString()) << "the count does not move";
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::Watermark));
+    ASSERT_TRUE(AwaitLabel(QStringLiteral("Captured first frame.     Total Captures = 1")));
+    EXPECT_TRUE(FileBytes(state.CurrentFile).startsWith("II*"));
 }
 
 TEST_F(TimedRunTest, TheWindowsCloseButtonLeavesTheRun)
@@ -237,6 +270,17 @@ TEST_F(TimedRunTest, AtHundredPercentTheNextVideoFollowsAndItsFirstPictureDoesNo
     ASSERT_TRUE(AwaitLabel(QStringLiteral("Captured first frame.     Total Captures = 3")));
     ASSERT_TRUE(AwaitLabel(QStringLiteral("Captured frame at 00:00:03        Total Captures = 4")));
     EXPECT_EQ(FilesWritten(), 4) << "numbers run on";
+}
+
+TEST_F(TimedRunTest, AtHundredPercentTheWordsOfTheWatermarkGo)
+{
+    RunByTime({ A }, 10);
+    ASSERT_TRUE(AwaitLabel(QStringLiteral("Captured first frame.     Total Captures = 1")));
+    for (const int position : { 9949, 9950 }) { // shown as 99% and 100%
+        frame.ShowStatus(StatusLabel::Watermark, true);
+        Progress(position);
+        EXPECT_EQ(frame.statusShown.value(StatusLabel::Watermark), position == 9949);
+    }
 }
 
 TEST_F(TimedRunTest, AfterTheLastVideoNothingMoreIsWrittenAndTheCommandsComeBack)
@@ -397,6 +441,18 @@ TEST_F(TimedRunTest, TheWindowsOpenButtonLetsTheNumbersBeginAnew)
     Open({ A });
     ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
     EXPECT_TRUE(QFile::exists(PicturePath(1)));
+}
+
+TEST_F(TimedRunTest, AnotherRunGoesOnWithTheNumbersAndFillsNoGap)
+{
+    RunByTime({ A }, 10);
+    ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
+    Progress(10'000);
+    ASSERT_TRUE(AwaitOver());
+    QFile::remove(PicturePath(1));
+    RunByTime({ A }, 10);
+    ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
+    EXPECT_TRUE(QFile::exists(PicturePath(2)));
 }
 
 TEST_F(TimedRunTest, FromTheFirstPictureOnTheLabelFlashesAndTheWordsOfTheWatermarkGo)
