@@ -1,6 +1,7 @@
 #include "tests/testing/FileSizeLimit.h"
 #include "tests/testing/SmallDisk.h"
 #include "tests/video/AutoRunFixture.h"
+#include "tests/video/HeldDisk.h"
 
 #include <QPointer>
 #include <QTimer>
@@ -343,6 +344,20 @@ TEST_F(TimedRunTest, TheNextVideoOpensWhileTheErrorOfTheLastOneStands)
     ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
     player->Stop();
     Q_EMIT player->PlayerError(1);
+}
+
+TEST_F(TimedRunTest, APictureThatComesDueWhileTheDiskHangsIsTakenAsSoonAsThereIsRoom)
+{
+    const auto ticks = [this] { return frame.told.value(StatusLabel::Flashing).size(); };
+    {
+        const HeldDisk disk;
+        RunQuickly({ A });
+        ASSERT_TRUE(AwaitStills(3));
+        player->rate = 0.001; // the tick after the next is far away
+        ASSERT_TRUE(Await([&, wanted = ticks() + 1] { return ticks() >= wanted; }));
+        EXPECT_EQ(player->stillsGiven, 3);
+    }
+    EXPECT_TRUE(AwaitStills(1));
 }
 
 TEST_F(TimedRunTest, ALastPictureLeavesNoWatermarkLabelBehind)
