@@ -3,8 +3,16 @@
 #include <QCursor>
 #include <QGuiApplication>
 
+namespace {
+
+int settings = 0; ///< calls of SetPointer
+int setting = 0; ///< the one that is in force
+
+} // namespace
+
 void SetPointer(Pointer pointer)
 {
+    setting = ++settings;
     while (QGuiApplication::overrideCursor())
         QGuiApplication::restoreOverrideCursor();
     if (pointer == Pointer::Busy)
@@ -19,4 +27,20 @@ Pointer CurrentPointer()
     if (!cursor)
         return Pointer::Normal;
     return cursor->shape() == Qt::BusyCursor ? Pointer::ArrowWithHourglass : Pointer::Busy;
+}
+
+PointerPause::PointerPause()
+    : before_(CurrentPointer())
+    , settingBefore_(setting)
+{
+    SetPointer(Pointer::Normal);
+    own_ = setting;
+}
+
+PointerPause::~PointerPause()
+{
+    if (setting != own_)
+        return;
+    SetPointer(before_);
+    setting = settingBefore_; // for the pause around this one
 }

@@ -17,18 +17,17 @@ public:
     Hourglass& operator=(const Hourglass&) = delete;
 };
 
-/// The normal pointer while the user is asked something, afterwards the pointer from before.
+/// The normal pointer while the user is asked something, afterwards the pointer from before, unless another
+/// was set meanwhile: what it told of has ended or begun behind the question.
 class PointerPause {
 public:
-    PointerPause()
-        : before_(CurrentPointer())
-    {
-        SetPointer(Pointer::Normal);
-    }
-    ~PointerPause() { SetPointer(before_); }
+    PointerPause();
+    ~PointerPause();
     PointerPause(const PointerPause&) = delete;
     PointerPause& operator=(const PointerPause&) = delete;
 
 private:
     Pointer before_;
+    int settingBefore_;
+    int own_;
 };

@@ -20,7 +20,6 @@ struct Job {
     QImage picture; ///< null for one that is not to be had
     AutoName names;
     PictureWriter::Finish finish;
-    PictureWriter::AfterFailure afterFailure;
     int turn; ///< pictures that are dropped together
 };
 
@@ -54,10 +53,12 @@ public:
     /// Whether the thread has ended within Patience.
     bool Close();
     void Work();
-    void Put(const QImage& picture, const AutoName& names, const Finish& finish, AfterFailure afterFailure);
+    void Put(const QImage& picture, const AutoName& names, const Finish& finish);
+    void SetAfterFailure(AfterFailure afterFailure);
     void Drop();
     void Restart();
     int Turn() const { return turn_; }
+    bool StopsAtFailure() const { return afterFailure_ == AfterFailure::Stop; }
 
 private:
     std::optional<Job> Take();
@@ -70,6 +71,7 @@ private:
     PictureWriter* owner_; ///< null once it is gone
     int turn_ = 0;
     int number_ = 0; ///< tried last
+    AfterFailure afterFailure_ = AfterFailure::Stop;
     bool hasFailed_ = false; ///< and takes nothing more of this turn
     bool hasEnded_ = false;
 };
@@ -105,7 +107,7 @@ void PictureWriter::Desk::Write(const Job& job)
         number_ = number;
     if (job.picture.isNull())
         return;
-    if (!isWritten && job.turn == turn_ && job.afterFailure == AfterFailure::Stop) {
+    if (!isWritten && job.turn == turn_ && afterFailure_ == AfterFailure::Stop) {
         hasFailed_ = true;
         jobs_.clear();
     }
@@ -116,20 +118,22 @@ void PictureWriter::Desk::Tell(const Job& job, const QString& path)
 {
     if (owner_)
         QMetaObject::invokeMethod(
-            owner_,
-            [owner = owner_, turn = job.turn, path, afterFailure = job.afterFailure] {
-                owner->Tell(turn, path, afterFailure);
-            },
+            owner_, [owner = owner_, turn = job.turn, path] { owner->Tell(turn, path); },
             Qt::QueuedConnection);
 }
 
-void PictureWriter::Desk::Put(
-    const QImage& picture, const AutoName& names, const Finish& finish, AfterFailure afterFailure)
+void PictureWriter::Desk::Put(const QImage& picture, const AutoName& names, const Finish& finish)
 {
     const std::lock_guard lock(mutex_);
     if (!hasFailed_)
-        jobs_.push_back({ picture, names, finish, afterFailure, turn_ });
+        jobs_.push_back({ picture, names, finish, turn_ });
     changed_.notify_all();
+}
+
+void PictureWriter::Desk::SetAfterFailure(AfterFailure afterFailure)
+{
+    const std::lock_guard lock(mutex_);
+    afterFailure_ = afterFailure;
 }
 
 void PictureWriter::Desk::Drop()
@@ -169,17 +173,21 @@ PictureWriter::~PictureWriter()
         thread_.detach();
 }
 
-void PictureWriter::Write(
-    const QImage& picture, const AutoName& names, const Finish& finish, AfterFailure afterFailure)
+void PictureWriter::Write(const QImage& picture, const AutoName& names, const Finish& finish)
 {
     Start();
     ++waiting_;
-    desk_->Put(picture, names, finish, afterFailure);
+    desk_->Put(picture, names, finish);
+}
+
+void PictureWriter::SetAfterFailure(AfterFailure afterFailure)
+{
+    desk_->SetAfterFailure(afterFailure);
 }
 
 void PictureWriter::Skip(const AutoName& names)
 {
-    desk_->Put({}, names, {}, AfterFailure::GoOn);
+    desk_->Put({}, names, {});
 }
 
 void PictureWriter::Start()
@@ -205,7 +213,7 @@ void PictureWriter::Restart()
     desk_->Restart();
 }
 
-void PictureWriter::Tell(int turn, const QString& path, AfterFailure afterFailure)
+void PictureWriter::Tell(int turn, const QString& path)
 {
     if (turn != desk_->Turn())
         return;
@@ -214,7 +222,7 @@ void PictureWriter::Tell(int turn, const QString& path, AfterFailure afterFailur
         Q_EMIT Written(path);
         return;
     }
-    if (afterFailure == AfterFailure::Stop)
+    if (desk_->StopsAtFailure())
         Drop();
     Q_EMIT Failed();
 }

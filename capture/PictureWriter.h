@@ -23,10 +23,10 @@ public:
     /// its file before it is told, finish does on the thread; when that throws ControlError the picture
     /// counts as failed and its file stands. Throws ControlError when there is no thread to be had.
     using Finish = std::function<void(const QString& path)>;
+    void Write(const QImage& picture, const AutoName& names, const Finish& finish = {});
     /// What becomes of the pictures handed over after one that fails: written all the same, or dropped.
     enum class AfterFailure { GoOn, Stop };
-    void Write(const QImage& picture, const AutoName& names, const Finish& finish = {},
-        AfterFailure afterFailure = AfterFailure::Stop);
+    void SetAfterFailure(AfterFailure afterFailure);
     /// The next free number was for a picture that is not to be had: it is passed over.
     void Skip(const AutoName& names);
     /// Pictures handed over whose result has not been told.
@@ -45,7 +45,7 @@ Q_SIGNALS:
 private:
     class Desk;
     void Start();
-    void Tell(int turn, const QString& path, AfterFailure afterFailure);
+    void Tell(int turn, const QString& path);
 
     std::shared_ptr<Desk> desk_;
     std::thread thread_;

@@ -2,6 +2,7 @@
 
 #include "app/ApplicationState.h"
 #include "app/Frame.h"
+#include "app/Hourglass.h"
 #include "capture/ApplyWatermarkToFile.h"
 #include "capture/SavePicture.h"
 #include "video/Opening.h"
@@ -9,19 +10,24 @@
 #include "video/VideoNames.h"
 #include "video/ltmmPlay.h"
 
+#include <utility>
+
 AutoRun::AutoRun(const Parts& parts, PictureWriter::AfterFailure afterFailure)
     : parts_(parts)
-    , afterFailure_(afterFailure)
 {
+    parts_.writer.SetAfterFailure(afterFailure);
     connect(&parts_.player, &ltmmPlay::SourceOpened, this, &AutoRun::FinishLoading);
 }
 
 AutoRun::~AutoRun()
 {
-    if (opening_)
+    if (std::exchange(isOpening_, false)) {
         parts_.player.ResetSource();
+        SetPointer(Pointer::Normal);
+    }
     parts_.writer.Drop();
-    Quieten();
+    if (!isOver_)
+        Quieten();
 }
 
 ApplicationState& AutoRun::State() const
@@ -58,13 +64,16 @@ void AutoRun::LoadVideo(const QString& path)
     state.CurrentFile = path;
     state.VideoPath = path;
     state.VideoExt = VideoExtension(path);
-    opening_.emplace();
+    isOpening_ = true;
+    SetPointer(Pointer::Busy);
     parts_.player.BeginSourceFile(path);
 }
 
 void AutoRun::FinishLoading()
 {
-    opening_.reset();
+    if (!std::exchange(isOpening_, false))
+        return;
+    SetPointer(Pointer::Normal);
     parts_.player.SetPlayCount(1); // a video that is repeated for ever would be captured for ever
     parts_.transport.ReleasePause();
     parts_.transport.StartVideo();
@@ -91,7 +100,7 @@ void AutoRun::TakeStill()
     PictureWriter::Finish finish;
     if (const std::optional<FileText> text = TextForFiles(State(), names_->At(1)))
         finish = [text = *text](const QString& path) { ApplyWatermarkToFile(path, text); };
-    parts_.writer.Write(still, *names_, finish, afterFailure_);
+    parts_.writer.Write(still, *names_, finish);
 }
 
 void AutoRun::Count(const QString& path)
@@ -114,8 +123,10 @@ void AutoRun::ShowVideoNumber()
 
 void AutoRun::Quieten() const
 {
-    if (!told_.isEmpty())
-        parts_.frame.SetStatus(StatusLabel::AutoCapture, told_);
+    if (told_.isEmpty())
+        return;
+    parts_.frame.SetStatus(StatusLabel::AutoCapture, told_);
+    parts_.frame.ShowStatus(StatusLabel::Watermark, false);
 }
 
 void AutoRun::Finish()

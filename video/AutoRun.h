@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/Hourglass.h"
 #include "capture/AutoName.h"
 #include "capture/AutoTally.h"
 #include "capture/PictureWriter.h"
@@ -49,7 +48,8 @@ Q_SIGNALS:
     void Over(); ///< the run has nothing more to do
 
 protected:
-    /// Pictures that wait to be written at most. A disk that cannot follow holds up the run.
+    /// Pictures that wait to be written at most. A disk that cannot follow holds up a run by frames; in one
+    /// by time, what comes due meanwhile is one picture, taken as soon as there is room.
     static constexpr int MostWaiting = 3;
 
     /// afterFailure: what becomes of the pictures behind one that cannot be written.
@@ -86,13 +86,13 @@ protected:
 private:
     void GoOn();
     void FinishLoading();
-    /// Takes the eye-catching colour off what was told last: nothing is running any more.
+    /// Nothing is running any more: takes the eye-catching colour off what was told last, and the word on its
+    /// text off the frame.
     void Quieten() const;
 
-    const PictureWriter::AfterFailure afterFailure_;
     QString told_; ///< of the picture counted last
     QStringList list_;
     qsizetype next_ = 0; ///< place of the next video in list_
-    std::optional<Hourglass> opening_; ///< as long as a video is being loaded
+    bool isOpening_ = false; ///< a video is being loaded, under the hourglass
     bool isOver_ = false;
 };

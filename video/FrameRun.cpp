@@ -60,14 +60,14 @@ void FrameRun::StartVideo(const QString& path)
     steps_.reset();
     parts_.transport.EnablePlaying(false);
     ShowVideoNumber();
-    isRefused_ = VideoExtension(path) == QLatin1String(".wmv");
-    if (!isRefused_ || Tell(QLatin1String(RefusalTitle), QLatin1String(RefusalText)))
+    stage_ = VideoExtension(path) == QLatin1String(".wmv") ? Stage::OpeningToPlay : Stage::Opening;
+    if (stage_ == Stage::Opening || Tell(QLatin1String(RefusalTitle), QLatin1String(RefusalText)))
         LoadVideo(path);
 }
 
 void FrameRun::Opened(bool isLoaded)
 {
-    if (isRefused_)
+    if (stage_ == Stage::OpeningToPlay)
         return isLoaded ? PlayThrough() : NextVideo();
     if (!isLoaded)
         return EndVideo();

@@ -24,10 +24,12 @@ protected:
 private:
     enum class Stage {
         Idle,
+        Opening,
+        OpeningToPlay, ///< a video that cannot be stepped through
         Counting, ///< how many frames the video has
         Stepping,
         Draining, ///< all is taken, and being written
-        Playing, ///< a video that cannot be stepped through
+        Playing,
     };
 
     void AwaitCount();
@@ -47,7 +49,6 @@ private:
     int autoNumber_ = 0;
     std::optional<FrameSteps> steps_;
     std::optional<int> frame_; ///< to be taken next
-    bool isRefused_ = false; ///< the format of the current video
     bool isExpected_ = false; ///< the player was told of frame_
     bool isContinuing_ = false; ///< a step is on its way
     QTimer countTimer_;

@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <new>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -21,9 +22,10 @@ int Fill(QByteArray& block, int file)
         const ssize_t more = read(file, block.data() + count, size_t(block.size() - count));
         if (more == 0)
             return EIO; // the file is shorter than it says
-        if (more < 0 && errno != EINTR)
+        if (more > 0)
+            count += more;
+        else if (errno != EINTR)
             return errno;
-        count += qMax<ssize_t>(more, 0);
     }
     return 0;
 }
@@ -33,7 +35,7 @@ int Fill(QByteArray& block, int file)
 void LoadIntoMemory(ltmmPlay& player, const QString& path, Frame& frame, QWidget* owner)
 {
     player.ResetSource();
-    const Descriptor file(open(FileName::ToBytes(path).constData(), O_RDONLY | O_CLOEXEC));
+    const Descriptor file(open(FileName::ToBytes(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat facts { };
     if (!file.IsOpen() || fstat(file.Number(), &facts) != 0)
         return;

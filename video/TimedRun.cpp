@@ -60,7 +60,6 @@ void TimedRun::LeaveWhenWritten()
     if (!isEnding_ || parts_.writer.Waiting() > 0)
         return;
     isEnding_ = false;
-    parts_.frame.ShowStatus(StatusLabel::Watermark, false); // the last picture may have shown it again
     NextVideo();
 }
 
@@ -79,7 +78,7 @@ void TimedRun::Tick()
     Q_EMIT PictureTaken();
 }
 
-/// A disk that cannot follow delays a picture, and does not take it away.
+/// A disk that cannot follow delays a picture, and does not take it away unless the next is due by then.
 void TimedRun::TakeDue()
 {
     if (!isDue_ || parts_.writer.Waiting() >= MostWaiting)

@@ -226,20 +226,11 @@ template <typename Run> void VideoWindow::StartRun()
     run_->Start();
 }
 
-/// What is on the screen of a picture that was taken goes with the timer that would have taken it off.
-void VideoWindow::StopFlashing()
-{
-    if (!FlashTimer.isActive())
-        return;
-    FlashTimer.stop();
-    frame_.ShowStatus(StatusLabel::Watermark, false);
-}
-
 /// What stands in the player is the user's again.
 void VideoWindow::ShowRunOver()
 {
     const bool hasVideo = ltmmPlay1->SourceKind() != ltmmPlay::NoSource;
-    StopFlashing();
+    FlashTimer.stop();
     transport_.ObeyLoop();
     transport_.EnableVideoControls(hasVideo, *ltmmPlay1);
     frame_.SetEnabled(hasVideo);
@@ -249,7 +240,7 @@ void VideoWindow::ShowRunOver()
 
 void VideoWindow::StopCapture()
 {
-    StopFlashing();
+    FlashTimer.stop();
     const std::unique_ptr<AutoRun> run = std::move(run_);
     const bool isGoing = run && !run->IsOver();
     // What it has shown at its end may be out of date by now.
@@ -375,7 +366,7 @@ void VideoWindow::ShowProgress(int position)
         if (EndReached) {
             frame_.ShowStatus(StatusLabel::Flashing, false);
             frame_.ShowStatus(StatusLabel::Watermark, false);
-            StopFlashing();
+            FlashTimer.stop();
             Timer3.stop();
         }
     }
@@ -386,8 +377,6 @@ void VideoWindow::ShowProgress(int position)
         StatusLabel::FrameNumber, QStringLiteral("Frame: ") + QString::number(ltmmPlay1->CurrentFrame()));
     if (percent >= 100)
         frame_.EnableCommand(Command::Cancel, false);
-    if (state.VideoPath.isEmpty() && position == 0)
-        EndReached = false;
 }
 
 void VideoWindow::TellError(int code)

@@ -80,7 +80,6 @@ private:
     void GrowToMinimum();
     bool StartsRun();
     template <typename Run> void StartRun();
-    void StopFlashing();
     void ShowRunOver();
 
     void ShowProgress(int position);

@@ -38,7 +38,7 @@ public:
     /// source. While an address opens, events are handled and the user can cancel; the player may be gone
     /// afterwards.
     virtual void SetSourceFile(const QString& file) = 0;
-    /// Drops the source and begins to load another, without a wait: there is none until SourceOpened tells
+    /// Drops the source and begins to load a file, without a wait: there is none until SourceOpened tells
     /// that the first frame stands on the screen, or that the attempt has failed.
     virtual void BeginSourceFile(const QString& file) = 0;
     virtual QString SourceFile() const = 0;

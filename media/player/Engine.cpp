@@ -212,7 +212,6 @@ void Engine::WalkAhead()
 {
     if (playback_)
         return wires_.DropShelf();
-    wires_.shelf.Release();
     try {
         WithinMemory([this] { FillShelf(); });
     } catch (const media::MediaError&) {

@@ -35,11 +35,14 @@ PlayerControl::PlayerControl(QWidget* parent, OpeningWait awaitOpening, SoundDev
 {
     openingWatch_.setInterval(OpeningPoll);
     connect(&openingWatch_, &QTimer::timeout, this, [this] {
-        if (!opening_->HasOpened())
+        if (opening_ && !opening_->HasOpened())
             return;
         openingWatch_.stop();
-        Finish();
-        Q_EMIT SourceOpened();
+        const QPointer<PlayerControl> self(this); // who listens may let it go
+        if (opening_)
+            Finish();
+        if (self)
+            Q_EMIT SourceOpened();
     });
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
@@ -84,10 +87,9 @@ void PlayerControl::BeginSourceFile(const QString& file)
     ResetSource();
     file_ = file;
     kind_ = FileSource;
-    if (Begin(SourceOf(file)))
-        openingWatch_.start();
-    else
-        QMetaObject::invokeMethod(this, &PlayerControl::SourceOpened, Qt::QueuedConnection);
+    // Not started, it is over at the next look.
+    Begin(SourceOf(file));
+    openingWatch_.start();
 }
 
 void PlayerControl::Open(const media::Source& source)
@@ -144,6 +146,7 @@ void PlayerControl::Finish()
     if (session_->Known().isLive)
         SetRate(1); // that of the video before may be another
     natural_ = session_->Known().size;
+    stoppedByCall_ = false;
     Look(); // the window may have changed meanwhile
     TakeOwnSize();
     Q_EMIT SelectionChanged(0, TrackingScale::Max);

@@ -167,7 +167,8 @@ void Session::Redraw(const Shot& shown)
     // The engine lets go of a walk, whose pictures were drawn for the view of before, and goes on with it
     // afterwards: who expects them goes on expecting. When the queue is full it is awake, and the walk ends.
     const bool isWalking = wires_.shelf.Hold();
-    const bool isHeard = commands_.Push([isWalking](Engine& engine) {
+    const bool isHeard = commands_.Push([this, isWalking](Engine& engine) {
+        wires_.shelf.Release(); // first: held again, the walk waits for a redraw that is ordered from here on
         engine.Work();
         if (isWalking)
             engine.WalkAhead();

@@ -45,3 +45,27 @@ TEST(Hourglass, AQuestionIsAskedWithTheNormalPointer)
 }
 
 } // namespace
+
+TEST(PointerPause, APointerSetWhileTheUserIsAskedStays)
+{
+    SetPointer(Pointer::Busy);
+    {
+        const PointerPause pause;
+        SetPointer(Pointer::Normal); // what was waited for is there
+    }
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+}
+
+TEST(PointerPause, AQuestionInsideAQuestionLeavesTheHourglassToComeBack)
+{
+    SetPointer(Pointer::Busy);
+    {
+        const PointerPause outer;
+        {
+            const PointerPause inner;
+        }
+        EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+    }
+    EXPECT_EQ(CurrentPointer(), Pointer::Busy);
+    SetPointer(Pointer::Normal);
+}

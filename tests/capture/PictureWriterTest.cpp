@@ -93,7 +93,8 @@ TEST_F(PictureWriterTest, AfterAFailureNothingThatWasHandedOverBeforeItWasToldIs
 TEST_F(PictureWriterTest, AFailureThatEndsNothingLosesItsOwnPictureOnly)
 {
     const AutoName nowhere(folder.filePath(QStringLiteral("missing")), QStringLiteral(".bmp"));
-    writer.Write(Grey(1), nowhere, {}, PictureWriter::AfterFailure::GoOn);
+    writer.SetAfterFailure(PictureWriter::AfterFailure::GoOn);
+    writer.Write(Grey(1), nowhere);
     Put(2);
     Put(3);
     ASSERT_TRUE(Await(written, 2));

@@ -139,6 +139,24 @@ TEST_F(PlayerStillTest, AWindowThatChangesItsSizeEndsNoExpectation)
     }
 }
 
+TEST_F(PlayerStillTest, AWindowThatChangesItsSizeDuringAWalkIsDrawnAnew)
+{
+    player_->SetDisplaySize(ltmmPlay::StretchToWindow);
+    Load(QStringLiteral("h264_longgop.mp4"));
+    ASSERT_TRUE(Wait([this] { return player_->HasFrameCount(); }));
+    PlayerControl still;
+    still.SetDisplaySize(ltmmPlay::StretchToWindow);
+    still.show();
+    still.SetSourceFile(ClipPath(QStringLiteral("h264_longgop.mp4")));
+    for (int width = 320; width < 640; width += 40) {
+        player_->ExpectFrames(0, 10);
+        player_->resize(width, 240);
+        player_->resize(width + 20, 240);
+        still.resize(width + 20, 240);
+        EXPECT_TRUE(Wait([&] { return player_->grab().toImage() == still.grab().toImage(); })) << width;
+    }
+}
+
 TEST_F(PlayerStillTest, ASeekOfTheUserEndsTheExpectationAndTheNextFrameIsStillTheOneAskedFor)
 {
     Load(QStringLiteral("h264_closed.mp4"));
