@@ -13,7 +13,7 @@ QImage OpenUserPicture(const QString& path, const std::function<void()>& whileWa
     });
 }
 
-std::vector<imaging::Page> OpenUserPages(const QString& path, const std::function<void()>& whileWaiting)
+imaging::Pages OpenUserPages(const QString& path, const std::function<void()>& whileWaiting)
 {
     return AsControl([&] {
         return imaging::DecodePagesConfined(

@@ -12,4 +12,4 @@
 QImage OpenUserPicture(const QString& path, const std::function<void()>& whileWaiting);
 
 /// All its pages, as imaging::DecodePagesConfined gives them; the rest as above.
-std::vector<imaging::Page> OpenUserPages(const QString& path, const std::function<void()>& whileWaiting);
+imaging::Pages OpenUserPages(const QString& path, const std::function<void()>& whileWaiting);

@@ -49,17 +49,24 @@ void GnomeWallpaper::Set(const QString& path, Done done)
 {
     const QString value =
         Quoted(keys_.isAddress ? QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded) : path);
-    Write(keys_.picture, value, done, [=, this](const QString&) { WriteForDark(value, done); });
+    // Older desktops have no key for the dark face.
+    Run({ QStringLiteral("list-keys"), QLatin1String(keys_.schema) }, done, [=, this](const QString& output) {
+        QStringList keys { QLatin1String(keys_.picture) };
+        if (keys_.darkPicture && output.split(u'\n').contains(QLatin1String(keys_.darkPicture)))
+            keys << QLatin1String(keys_.darkPicture);
+        const auto verify = [=, this] { Verify(keys, value, done); };
+        WriteAll(keys, value, done, [=, this] { MakeVisible(done, verify); });
+    });
 }
 
-void GnomeWallpaper::Write(const char* key, const QString& value, const Done& done, const Next& next)
+void GnomeWallpaper::Write(const QString& key, const QString& value, const Done& done, const Next& next)
 {
-    Run({ QStringLiteral("set"), QLatin1String(keys_.schema), QLatin1String(key), value }, done, next);
+    Run({ QStringLiteral("set"), QLatin1String(keys_.schema), key, value }, done, next);
 }
 
-void GnomeWallpaper::Read(const char* key, const Done& done, const Next& next)
+void GnomeWallpaper::Read(const QString& key, const Done& done, const Next& next)
 {
-    Run({ QStringLiteral("get"), QLatin1String(keys_.schema), QLatin1String(key) }, done, next);
+    Run({ QStringLiteral("get"), QLatin1String(keys_.schema), key }, done, next);
 }
 
 void GnomeWallpaper::Run(const QStringList& arguments, const Done& done, const Next& next)
@@ -69,32 +76,34 @@ void GnomeWallpaper::Run(const QStringList& arguments, const Done& done, const N
     });
 }
 
-/// Older desktops have no such key.
-void GnomeWallpaper::WriteForDark(const QString& value, const Done& done)
+void GnomeWallpaper::WriteAll(
+    QStringList keys, const QString& value, const Done& done, const std::function<void()>& next)
 {
-    const auto next = [=, this] { MakeVisible(value, done); };
-    if (!keys_.darkPicture)
+    if (keys.isEmpty())
         return next();
-    Write(
-        keys_.darkPicture, value, [next](const Outcome&) { next(); }, [next](const QString&) { next(); });
+    const QString first = keys.takeFirst();
+    Write(first, value, done, [=, this](const QString&) { WriteAll(keys, value, done, next); });
 }
 
 /// A user who has no picture behind his windows has that said by a key of its own.
-void GnomeWallpaper::MakeVisible(const QString& value, const Done& done)
+void GnomeWallpaper::MakeVisible(const Done& done, const std::function<void()>& next)
 {
-    Read(Options, done, [=, this](const QString& options) {
+    Read(QLatin1String(Options), done, [=, this](const QString& options) {
         if (options != QLatin1String("'none'"))
-            return Verify(value, done);
-        Write(Options, QStringLiteral("'zoom'"), done, [=, this](const QString&) { Verify(value, done); });
+            return next();
+        Write(QLatin1String(Options), QStringLiteral("'zoom'"), done, [=](const QString&) { next(); });
     });
 }
 
 /// Where the store cannot be written, the program that writes it says that all went well.
-void GnomeWallpaper::Verify(const QString& value, const Done& done)
+void GnomeWallpaper::Verify(QStringList keys, const QString& value, const Done& done)
 {
-    Read(keys_.picture, done, [=](const QString& output) {
+    if (keys.isEmpty())
+        return done({});
+    const QString first = keys.takeFirst();
+    Read(first, done, [=, this](const QString& output) {
         if (output == value)
-            done({});
+            Verify(keys, value, done);
         else
             done({ Result::NotSet, QStringLiteral("The desktop did not keep the new wallpaper.") });
     });

@@ -32,13 +32,14 @@ public:
 
 private:
     using Next = std::function<void(const QString& output)>;
-    void Write(const char* key, const QString& value, const Done& done, const Next& next);
-    void Read(const char* key, const Done& done, const Next& next);
+    void Write(const QString& key, const QString& value, const Done& done, const Next& next);
+    void Read(const QString& key, const Done& done, const Next& next);
     /// Runs the program; next gets its output, done its failure.
     void Run(const QStringList& arguments, const Done& done, const Next& next);
-    void WriteForDark(const QString& value, const Done& done);
-    void MakeVisible(const QString& value, const Done& done);
-    void Verify(const QString& value, const Done& done);
+    void WriteAll(
+        QStringList keys, const QString& value, const Done& done, const std::function<void()>& next);
+    void MakeVisible(const Done& done, const std::function<void()>& next);
+    void Verify(QStringList keys, const QString& value, const Done& done);
 
     const BackgroundKeys& keys_;
     QObject owner_;

@@ -7,14 +7,11 @@
 #include <QRandomGenerator>
 #include <QTimer>
 
-#include <chrono>
 #include <utility>
 
 namespace {
 
-using namespace std::chrono_literals;
 constexpr int LongestCall = 10'000; // milliseconds, until the wish is taken
-constexpr auto LongestAnswer = 120s; // the user may be asked meanwhile
 constexpr auto Service = "org.freedesktop.portal.Desktop";
 constexpr auto Interface = "org.freedesktop.portal.Request";
 constexpr auto Signal = "Response";
@@ -30,11 +27,12 @@ QString PlaceOf(const QString& token)
 
 } // namespace
 
-PortalRequest::PortalRequest(QObject* parent, Wallpaper::Done done)
+PortalRequest::PortalRequest(QObject* parent, Wallpaper::Done done, std::chrono::milliseconds limit)
     : QObject(parent)
     , token_(QStringLiteral("taq%1").arg(QRandomGenerator::global()->generate()))
     , place_(PlaceOf(token_))
     , done_(std::move(done))
+    , limit_(limit)
 {
 }
 
@@ -49,9 +47,15 @@ void PortalRequest::Send(const QDBusMessage& call)
             End({ Wallpaper::Result::NotHere,
                 QStringLiteral("The desktop does not let programs set its wallpaper.") });
     });
-    QTimer::singleShot(LongestAnswer, this, [this] {
-        End({ Wallpaper::Result::NotSet, QStringLiteral("The desktop did not answer.") });
-    });
+    QTimer::singleShot(limit_, this, &PortalRequest::GiveUp);
+}
+
+/// What is told as not done must not be done later by a question that still stands.
+void PortalRequest::GiveUp()
+{
+    QDBusConnection::sessionBus().send(QDBusMessage::createMethodCall(
+        QLatin1String(Service), place_, QLatin1String(Interface), QStringLiteral("Close")));
+    End({ Wallpaper::Result::NotSet, QStringLiteral("The desktop did not answer.") });
 }
 
 void PortalRequest::Answer(uint response, const QVariantMap&)
@@ -62,7 +66,7 @@ void PortalRequest::Answer(uint response, const QVariantMap&)
     case Cancelled:
         return End({ Wallpaper::Result::Declined, QStringLiteral("The wallpaper was declined.") });
     default: // nobody was asked, or nobody could be: another way may lead there
-        return End({ Wallpaper::Result::NotHere, QStringLiteral("The desktop refused the wallpaper.") });
+        return End({ Wallpaper::Result::NotHere, QStringLiteral("It was refused without a reason.") });
     }
 }
 

@@ -39,7 +39,7 @@ void PortalWallpaper::Set(const QString& path, Done done)
     QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"),
         QStringLiteral("/org/freedesktop/portal/desktop"), QStringLiteral("org.freedesktop.portal.Wallpaper"),
         QStringLiteral("SetWallpaperFile"));
-    auto* const request = new PortalRequest(&owner_, std::move(done));
+    auto* const request = new PortalRequest(&owner_, std::move(done), limit_);
     call << ParentWindow() << QVariant::fromValue(QDBusUnixFileDescriptor(file.Number()))
          << QVariantMap { { QStringLiteral("handle_token"), request->Token() },
                 { QStringLiteral("show-preview"), false },

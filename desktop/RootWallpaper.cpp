@@ -154,6 +154,6 @@ void RootWallpaper::Set(const QString& path, Done done)
     if (all.isNull())
         return done({ Result::NotSet, QStringLiteral("There is not enough memory for the wallpaper.") });
     if (!Show(root, all))
-        return done({ Result::NotSet, QStringLiteral("The screen did not take the wallpaper.") });
+        return done({ Result::NotSet, QStringLiteral("The screen refused the picture.") });
     done({});
 }

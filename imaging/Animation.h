@@ -13,6 +13,12 @@ struct Page {
     std::chrono::milliseconds time;
 };
 
+/// The pages of a file, from the first on: all, or as many as were decoded.
+struct Pages {
+    std::vector<Page> decoded;
+    int inFile = 1; ///< never fewer than decoded
+};
+
 /// Whether a picture is the first page of a file that moves. What reads pictures from files marks them so;
 /// what is made of such a picture is marked no more.
 bool IsAnimated(const QImage& picture);
@@ -23,6 +29,6 @@ int PagesOf(const QByteArray& file);
 
 /// The pages of a file, as many as a bounded memory takes, decoded where DecodeConfined does it. Throws
 /// PictureError.
-std::vector<Page> DecodePagesConfined(const QByteArray& file, const std::function<void()>& whileWaiting);
+Pages DecodePagesConfined(const QByteArray& file, const std::function<void()>& whileWaiting);
 
 } // namespace imaging

@@ -242,17 +242,18 @@ QImage DecodeConfined(
     return picture;
 }
 
-std::vector<Page> DecodePagesConfined(const QByteArray& file, const std::function<void()>& whileWaiting)
+Pages DecodePagesConfined(const QByteArray& file, const std::function<void()>& whileWaiting)
 {
     const PictureHeader header = PictureFile::CheckedHeader(file);
     const qsizetype pageBytes = RowBytes(header.width, BitsOfPages) * header.height;
     const auto room = int(std::clamp<qsizetype>(MostPageBytes / pageBytes, 1, PagesAnswer::MaxPages));
-    const int pages = std::min(PagesOf(file), room);
+    const int inFile = PagesOf(file);
+    const int pages = std::min(inFile, room);
     const SharedMemory in(file.size());
     Fill(in, file);
     const SharedMemory out(PagesAnswer::PixelsAt + pageBytes * pages);
     RunReader(in, out, { QString::number(pages) }, whileWaiting, LongestWait);
-    return PagesFrom(out.Bytes(), QSize(int(header.width), int(header.height)), pages);
+    return { PagesFrom(out.Bytes(), QSize(int(header.width), int(header.height)), pages), inFile };
 }
 
 } // namespace imaging

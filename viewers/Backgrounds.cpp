@@ -22,10 +22,14 @@ namespace {
 constexpr int BitmapBits = 24;
 constexpr int BitmapQuality = 1;
 
-void Tell(Frame& frame, const QString& reason)
+void Tell(Frame& frame, const QString& what, const QString& reason)
 {
-    frame.Errors().Show(frame.FrameWindow(), QStringLiteral("Error!"),
-        QStringLiteral("The wallpaper was not changed. ") + reason);
+    frame.Errors().Show(frame.FrameWindow(), QStringLiteral("Error!"), what + u' ' + reason);
+}
+
+void TellUnchanged(Frame& frame, const ControlError& error)
+{
+    Tell(frame, QStringLiteral("The wallpaper was not changed."), error.Reason());
 }
 
 QString SaveForDesktop(const ApplicationState& state, const Lead& capture)
@@ -63,10 +67,10 @@ void MakeSystemWallpaper(Frame& frame, const Lead& capture)
             SaveForDesktop(frame.State(), capture), [&frame, alive](const Wallpaper::Outcome& outcome) {
                 using enum Wallpaper::Result;
                 if (alive && (outcome.result == NotSet || outcome.result == NotHere))
-                    Tell(frame, outcome.reason);
+                    Tell(frame, QStringLiteral("The desktop did not take the wallpaper."), outcome.reason);
             });
     } catch (const ControlError& error) {
-        Tell(frame, error.Reason());
+        TellUnchanged(frame, error);
     }
 }
 
@@ -82,6 +86,6 @@ void MakeProgramWallpaper(Frame& frame, const Lead* capture)
         }
         frame.SetStatus(StatusLabel::Operation, QStringLiteral("Wallpaper Saved"));
     } catch (const ControlError& error) {
-        Tell(frame, error.Reason());
+        TellUnchanged(frame, error);
     }
 }

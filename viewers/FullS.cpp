@@ -64,8 +64,9 @@ void FullS::LoadPages()
 {
     IgnoreErrors(
         [&] { pages_ = OpenUserPages(frame_.State().CurrentFile, [this] { frame_.PumpPaintEvents(); }); });
-    if (pages_.size() < 2 || pages_.front().picture != picture_.convertToFormat(QImage::Format_ARGB32))
-        pages_.clear();
+    const auto& pages = pages_.decoded;
+    if (pages.size() < 2 || pages.front().picture != picture_.convertToFormat(QImage::Format_ARGB32))
+        pages_ = {};
     pageTimer_.setObjectName(QStringLiteral("PageTimer"));
     pageTimer_.setSingleShot(true);
     pageTimer_.setTimerType(Qt::PreciseTimer);
@@ -74,10 +75,11 @@ void FullS::LoadPages()
 
 void FullS::ShowNextPage()
 {
-    page_ = (page_ + 1) % pages_.size();
-    Leadbitmap1->SetBitmap(pages_[page_].picture);
+    page_ = (page_ + 1) % pages_.decoded.size();
+    const imaging::Page& page = pages_.decoded[page_];
+    Leadbitmap1->SetBitmap(page.picture);
     Arrange();
-    pageTimer_.start(pages_[page_].time);
+    pageTimer_.start(page.time);
 }
 
 void FullS::showEvent(QShowEvent* event)
@@ -97,8 +99,8 @@ void FullS::ShowPicture()
     Leadbitmap1->show();
     Leadbitmap1->lower(); // the label stands on the picture
     Leadbitmap1->ForceRepaint();
-    if (!pages_.empty())
-        pageTimer_.start(pages_.front().time);
+    if (!pages_.decoded.empty())
+        pageTimer_.start(pages_.decoded.front().time);
 }
 
 /// The control takes the whole screen, for a place between two of the coordinates that a widget can have.
@@ -112,9 +114,18 @@ void FullS::Arrange()
     Leadbitmap1->setGeometry(rect());
     Leadbitmap1->SetDstRect(shown.x(), shown.y(), shown.width(), shown.height());
     const int percent = std::max(1, place.width() * NaturalSize / picture_.width());
-    ViewFactor->setText(QStringLiteral("%1 %").arg(percent));
+    ViewFactor->setText(QStringLiteral("%1 %").arg(percent) + Beginning());
     ViewFactor->adjustSize();
     ViewFactor->move(rect().bottomRight() - ViewFactor->rect().bottomRight() - QPoint(Margin, Margin));
+}
+
+/// Says that not all of a moving picture is played; empty when all of it is.
+QString FullS::Beginning() const
+{
+    const auto shown = int(pages_.decoded.size());
+    return shown == 0 || shown == pages_.inFile
+        ? QString()
+        : QStringLiteral(", %1 of %2 pages").arg(shown).arg(pages_.inFile);
 }
 
 void FullS::resizeEvent(QResizeEvent* event)

@@ -7,7 +7,6 @@
 #include <QTimer>
 
 #include <cstddef>
-#include <vector>
 
 class Frame;
 class Lead;
@@ -15,7 +14,8 @@ class QLabel;
 
 /// One picture on the whole screen that the frame stands on, modal. At 100 percent a pixel of the picture is
 /// a pixel of the screen; a larger picture is shown whole. A picture that moves is played, over and over,
-/// from CurrentFile. A click or one of a few keys ends the view.
+/// from CurrentFile; where only its beginning is, ViewFactor tells so. A click or one of a few keys ends the
+/// view.
 class FullS : public QDialog {
     Q_OBJECT
 
@@ -37,12 +37,13 @@ private:
     void EndClick();
     void ShowPicture();
     void Arrange();
+    QString Beginning() const;
     void LoadPages();
     void ShowNextPage();
 
     Frame& frame_;
     QImage picture_;
-    std::vector<imaging::Page> pages_; ///< of a picture that moves
+    imaging::Pages pages_; ///< of a picture that moves
     size_t page_ = 0;
     QTimer pageTimer_;
     Lead* Leadbitmap1 = nullptr;

@@ -3,13 +3,18 @@
 #include "desktop/KdeWallpaper.h"
 #include "desktop/XfceWallpaper.h"
 #include "tests/desktop/PrivateSession.h"
+#include "tests/testing/Files.h"
 
+#include <QDBusContext>
 #include <QDBusVariant>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStandardPaths>
 #include <QUrl>
+
+#include <tuple>
 
 namespace {
 
@@ -25,10 +30,30 @@ protected:
         Put(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("keyfile"));
         ASSERT_TRUE(wallpaper.CanSet());
     }
-    static QString Get(const char* key)
+    static QString Get(const char* key, const char* schema = "org.gnome.desktop.background")
     {
         return Output(QStringLiteral("gsettings"),
-            { QStringLiteral("get"), QStringLiteral("org.gnome.desktop.background"), QLatin1String(key) });
+            { QStringLiteral("get"), QLatin1String(schema), QLatin1String(key) });
+    }
+    /// Settings of this name with a text for each of these keys, in place of those that are installed.
+    void Install(const QByteArray& schema, const QByteArrayList& keys)
+    {
+        QByteArray text = "<schemalist><schema id=\"" + schema + "\" path=\"/taq/test/\">";
+        for (const QByteArray& key : keys)
+            text += "<key name=\"" + key + "\" type=\"s\"><default>'zoom'</default></key>";
+        text += "</schema></schemalist>";
+        ASSERT_TRUE(MakeFile(folder.filePath(QStringLiteral("test.gschema.xml")), text));
+        ASSERT_EQ(QProcess::execute(QStringLiteral("glib-compile-schemas"), { folder.path() }), 0);
+        Put(QStringLiteral("GSETTINGS_SCHEMA_DIR"), folder.path());
+    }
+    /// Puts a script in the place of the program; $REAL is the program itself.
+    void Replace(const QByteArray& script)
+    {
+        const QString path = folder.filePath(QStringLiteral("gsettings"));
+        const QByteArray real = QStandardPaths::findExecutable(QStringLiteral("gsettings")).toLocal8Bit();
+        ASSERT_TRUE(MakeFile(path, "#!/bin/sh\nREAL=" + real + "\n" + script));
+        ASSERT_TRUE(QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner));
+        Put(QStringLiteral("PATH"), folder.path() + u':' + qEnvironmentVariable("PATH"));
     }
 };
 
@@ -68,13 +93,14 @@ public:
 };
 
 /// Stands in for the desktop's shell.
-class Plasma : public QObject {
+class Plasma : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.kde.PlasmaShell")
 
 public:
     QString script;
-    QString answer = QStringLiteral("2\n");
+    QString answer = QStringLiteral("2 of 2\n");
+    QDBusError::ErrorType error = QDBusError::NoError;
 
     Plasma()
     {
@@ -89,6 +115,8 @@ public:
     Q_SLOT QString evaluateScript(const QString& given)
     {
         script = given;
+        if (error != QDBusError::NoError)
+            sendErrorReply(error, QStringLiteral("The widgets are locked."));
         return answer;
     }
 
@@ -106,6 +134,53 @@ TEST_F(GnomeTest, TheLightAndTheDarkFaceGetThePicture)
     EXPECT_EQ(Set(wallpaper).result, Result::Set);
     for (const char* key : { "picture-uri", "picture-uri-dark" })
         EXPECT_EQ(QUrl(Get(key).mid(1).chopped(1)).toLocalFile(), picture) << key;
+}
+
+TEST_F(GnomeTest, TheSamePictureAgainIsTakenAgain)
+{
+    for (int time = 0; time < 2; ++time)
+        EXPECT_EQ(Set(wallpaper).result, Result::Set) << time;
+    for (const char* key : { "picture-uri", "picture-uri-dark" })
+        EXPECT_EQ(QUrl(Get(key).mid(1).chopped(1)).toLocalFile(), picture) << key;
+}
+
+TEST_F(GnomeTest, ADarkFaceThatDoesNotGetThePictureIsTold)
+{
+    Replace(
+        "[ \"$1 $3\" = 'set picture-uri-dark' ] && { echo It is locked. >&2; exit 1; }\nexec $REAL \"$@\"\n");
+    EXPECT_EQ(Set(wallpaper).reason, QStringLiteral("The program \"gsettings\" failed. It is locked."));
+}
+
+TEST_F(GnomeTest, ADarkFaceThatDoesNotKeepThePictureIsTold)
+{
+    Replace("[ \"$1 $3\" = 'set picture-uri-dark' ] || exec $REAL \"$@\"\n");
+    EXPECT_EQ(Set(wallpaper).reason, QStringLiteral("The desktop did not keep the new wallpaper."));
+}
+
+TEST_F(GnomeTest, AnOlderDesktopWithoutADarkFaceGetsThePicture)
+{
+    Install("org.gnome.desktop.background", { "picture-uri", "picture-options" });
+    const Wallpaper::Outcome outcome = Set(wallpaper);
+    EXPECT_EQ(outcome.result, Result::Set) << qPrintable(outcome.reason);
+    EXPECT_EQ(QUrl(Get("picture-uri").mid(1).chopped(1)).toLocalFile(), picture);
+    EXPECT_EQ(Get("picture-uri-dark"), QString());
+}
+
+TEST_F(GnomeTest, MateTakesThePathOfThePictureAndCinnamonItsAddress)
+{
+    const QString path = u'"' + picture + u'"';
+    const QString address = u'"' + QUrl::fromLocalFile(picture).toString(QUrl::FullyEncoded) + u'"';
+    const std::tuple<const char*, const char*, const char*, QString> desktops[] {
+        { "MATE", "org.mate.background", "picture-filename", path },
+        { "X-Cinnamon", "org.cinnamon.desktop.background", "picture-uri", address },
+    };
+    for (const auto& [desktop, schema, key, expected] : desktops) {
+        Install(schema, { key, "picture-options" });
+        GnomeWallpaper other(*GnomeWallpaper::KeysOf(QLatin1String(desktop)));
+        const Wallpaper::Outcome outcome = Set(other);
+        EXPECT_EQ(outcome.result, Result::Set) << desktop << qPrintable(outcome.reason);
+        EXPECT_EQ(Get(key, schema), expected) << desktop;
+    }
 }
 
 TEST_F(GnomeTest, APictureThatWasSwitchedOffIsSwitchedOnAndAnotherPlacementStays)
@@ -149,13 +224,7 @@ TEST_F(GnomeTest, AProgramThatIsNotThereClosesTheWay)
 
 TEST_F(GnomeTest, AProgramThatHangsIsEndedAndTold)
 {
-    const QString hanging = folder.filePath(QStringLiteral("gsettings"));
-    QFile script(hanging);
-    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-    script.write("#!/bin/sh\nexec sleep 1000\n");
-    script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-    script.close();
-    Put(QStringLiteral("PATH"), folder.path() + u':' + qEnvironmentVariable("PATH"));
+    Replace("exec sleep 1000\n");
     EXPECT_EQ(Set(wallpaper).reason, QStringLiteral("The program \"gsettings\" did not answer."));
 }
 
@@ -204,6 +273,19 @@ TEST_F(XfceTest, EveryScreenAndWorkspaceThatIsKnownGetsThePicture)
     EXPECT_EQ(Query({ "-p", places[1] + "/image-style" }), QStringLiteral("1"));
 }
 
+TEST_F(XfceTest, ASettingThatIsNotKeptIsToldAlthoughTheProgramSaysAllWentWell)
+{
+    const QString deaf = folder.filePath(QStringLiteral("xfconf-query"));
+    ASSERT_TRUE(MakeFile(deaf, "#!/bin/sh\nexit 0\n"));
+    ASSERT_TRUE(QFile::setPermissions(deaf, QFile::ReadOwner | QFile::ExeOwner));
+    const QString path = qEnvironmentVariable("PATH");
+    Put(QStringLiteral("PATH"), folder.path() + u':' + path);
+    const Wallpaper::Outcome outcome = Set(wallpaper);
+    Put(QStringLiteral("PATH"), path);
+    EXPECT_EQ(outcome.result, Result::NotSet);
+    EXPECT_EQ(outcome.reason, QStringLiteral("The desktop did not keep the new wallpaper."));
+}
+
 TEST_F(XfceTest, AtEveryMomentTheDesktopHasAPictureToShow)
 {
     EXPECT_EQ(Set(wallpaper).result, Result::Set);
@@ -237,19 +319,57 @@ TEST_F(KdeTest, TheDesktopRunsAScriptThatNamesThePicture)
     EXPECT_TRUE(plasma.script.contains(QStringLiteral("writeConfig(\"Image\", address)")));
 }
 
-TEST_F(KdeTest, ADesktopWithoutScreensOrWithAnErrorForAnAnswerIsTold)
+TEST_F(KdeTest, TheSamePictureAgainIsAChangeThatTheDesktopSees)
 {
     Plasma plasma;
     KdeWallpaper wallpaper;
-    for (const char* answer : { "0\n", "", "Error: no such thing" }) {
+    EXPECT_EQ(Set(wallpaper).result, Result::Set);
+    const qsizetype emptied = plasma.script.indexOf(QStringLiteral("writeConfig(\"Image\", \"\")"));
+    const qsizetype written = plasma.script.indexOf(QStringLiteral("writeConfig(\"Image\", address)"));
+    EXPECT_GE(emptied, 0);
+    EXPECT_GT(written, emptied);
+}
+
+TEST_F(KdeTest, OnlyScreensThatKeptThePictureCount)
+{
+    Plasma plasma;
+    KdeWallpaper wallpaper;
+    plasma.answer = QStringLiteral("1 of 2\n");
+    const Wallpaper::Outcome outcome = Set(wallpaper);
+    EXPECT_EQ(outcome.result, Result::NotSet);
+    EXPECT_EQ(outcome.reason, QStringLiteral("1 of 2 screens kept it."));
+    const qsizetype written = plasma.script.indexOf(QStringLiteral("writeConfig(\"Image\", address)"));
+    EXPECT_GT(plasma.script.indexOf(QStringLiteral("readConfig(\"Image\", \"\")")), written);
+}
+
+TEST_F(KdeTest, ADesktopThatNamesNoScreenIsTold)
+{
+    Plasma plasma;
+    KdeWallpaper wallpaper;
+    for (const char* answer : { "0 of 0\n", "", "Error: no such thing" }) {
         plasma.answer = QLatin1String(answer);
-        EXPECT_EQ(Set(wallpaper).reason, QStringLiteral("The desktop did not take the wallpaper.")) << answer;
+        const Wallpaper::Outcome outcome = Set(wallpaper);
+        EXPECT_EQ(outcome.result, Result::NotSet) << answer;
+        EXPECT_EQ(outcome.reason, QStringLiteral("The desktop named no screen.")) << answer;
     }
 }
 
-TEST_F(KdeTest, ADesktopThatIsNotThereIsTold)
+TEST_F(KdeTest, WhatTheDesktopSaysAgainstIsTold)
+{
+    Plasma plasma;
+    plasma.error = QDBusError::AccessDenied;
+    KdeWallpaper wallpaper;
+    const Wallpaper::Outcome outcome = Set(wallpaper);
+    EXPECT_EQ(outcome.result, Result::NotSet);
+    EXPECT_EQ(outcome.reason, QStringLiteral("The desktop answered: The widgets are locked."));
+}
+
+TEST_F(KdeTest, ADesktopThatIsNotThereOrSilentIsTold)
 {
     KdeWallpaper wallpaper;
+    EXPECT_EQ(Set(wallpaper).reason, QStringLiteral("The desktop did not answer."));
+    Plasma plasma;
+    plasma.error = QDBusError::NoReply;
     EXPECT_EQ(Set(wallpaper).reason, QStringLiteral("The desktop did not answer."));
 }
 

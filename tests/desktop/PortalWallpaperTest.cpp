@@ -6,12 +6,14 @@
 
 #include <QDBusAbstractAdaptor>
 #include <QDBusConnectionInterface>
+#include <QDBusContext>
 #include <QDBusObjectPath>
 #include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QUrl>
 
+#include <chrono>
 #include <memory>
 #include <utility>
 
@@ -21,13 +23,26 @@ using Result = Wallpaper::Result;
 constexpr auto BackendName = "org.freedesktop.impl.portal.desktop.taqtest";
 constexpr auto AllInterfaces = "org.freedesktop.impl.portal.Access;org.freedesktop.impl.portal.Wallpaper";
 
+/// A question that stands on the desktop.
+class Question : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.impl.portal.Request")
+
+public:
+    bool isClosed = false;
+
+    Q_SLOT void Close() { isClosed = true; }
+};
+
 /// What the portal asks of the desktop: whether the user lets it, and the wallpaper itself.
-class Backend : public QObject {
+class Backend : public QObject, public QDBusContext {
     Q_OBJECT
 
 public:
     uint permission = 0; ///< 0 yes, 1 no
     uint response = 0;
+    bool isSilent = false; ///< the user leaves the question standing
+    Question question;
     QImage given;
     QVariantMap options;
 };
@@ -63,9 +78,14 @@ public:
         , backend_(*backend)
     {
     }
-    Q_SLOT uint SetWallpaperURI(const QDBusObjectPath&, const QString&, const QString&, const QString& uri,
-        const QVariantMap& options)
+    Q_SLOT uint SetWallpaperURI(const QDBusObjectPath& handle, const QString&, const QString&,
+        const QString& uri, const QVariantMap& options)
     {
+        if (backend_.isSilent) {
+            backend_.setDelayedReply(true);
+            backend_.connection().registerObject(
+                handle.path(), &backend_.question, QDBusConnection::ExportAllSlots);
+        }
         backend_.given = QImage(QUrl(uri).toLocalFile());
         backend_.options = options;
         return backend_.response;
@@ -96,7 +116,8 @@ protected:
         new AccessOfBackend(&backend);
         new WallpaperOfBackend(&backend);
     }
-    void StartPortal(const QByteArray& interfaces = AllInterfaces)
+    /// The desktop behind it is made for sessions of the name "taqtest".
+    void StartPortal(const QByteArray& interfaces = AllInterfaces, const char* session = "taqtest")
     {
         QDBusConnection bus = QDBusConnection::sessionBus();
         ASSERT_TRUE(bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), &backend));
@@ -111,7 +132,7 @@ protected:
             + "\nUseIn=taqtest\n");
         file.close();
         Put(QStringLiteral("XDG_DESKTOP_PORTAL_DIR"), folder.path());
-        Put(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("taqtest"));
+        Put(QStringLiteral("XDG_CURRENT_DESKTOP"), QLatin1String(session));
         portal.start(QStringLiteral("/usr/libexec/xdg-desktop-portal"), { "--replace" });
         const auto stands = [] {
             return QDBusConnection::sessionBus().interface()->isServiceRegistered(
@@ -144,6 +165,7 @@ TEST_F(PortalWallpaperTest, ThePictureGoesToTheDesktopAsAnOpenFile)
     EXPECT_EQ(outcome.result, Result::Set) << qPrintable(outcome.reason);
     EXPECT_EQ(backend.given.pixelColor(5, 5), QColor(10, 120, 230));
     EXPECT_EQ(backend.options.value(QStringLiteral("set-on")).toString(), QStringLiteral("background"));
+    EXPECT_EQ(backend.options.value(QStringLiteral("show-preview")), QVariant(false));
 }
 
 TEST_F(PortalWallpaperTest, AUserWhoSaysNoHasDeclined)
@@ -159,7 +181,7 @@ TEST_F(PortalWallpaperTest, ADesktopThatFailsWithoutTheUsersNoIsNoWay)
     StartPortal();
     const Wallpaper::Outcome outcome = Set(wallpaper);
     EXPECT_EQ(outcome.result, Result::NotHere);
-    EXPECT_EQ(outcome.reason, QStringLiteral("The desktop refused the wallpaper."));
+    EXPECT_EQ(outcome.reason, QStringLiteral("It was refused without a reason."));
 }
 
 TEST_F(PortalWallpaperTest, OnlyTheUsersNoKeepsTheNextWayFromBeingTried)
@@ -176,6 +198,25 @@ TEST_F(PortalWallpaperTest, OnlyTheUsersNoKeepsTheNextWayFromBeingTried)
         EXPECT_EQ(Set(system).result, expected) << response;
         EXPECT_EQ(tried.given, response == 1 ? QStringList() : QStringList { picture }) << response;
     }
+}
+
+TEST_F(PortalWallpaperTest, AQuestionThatNobodyAnswersIsTakenBackAndTold)
+{
+    backend.isSilent = true;
+    StartPortal();
+    PortalWallpaper impatient(std::chrono::seconds(3));
+    const Wallpaper::Outcome outcome = Set(impatient);
+    EXPECT_EQ(outcome.result, Result::NotSet);
+    EXPECT_EQ(outcome.reason, QStringLiteral("The desktop did not answer."));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return backend.question.isClosed; }, Patience));
+}
+
+/// Why desktops that have no portal of their own are not asked by one.
+TEST_F(PortalWallpaperTest, ThePortalOfAnotherDesktopTakesThePictureAsIfItWereShown)
+{
+    StartPortal(AllInterfaces, "XFCE");
+    EXPECT_EQ(Set(wallpaper).result, Result::Set);
+    EXPECT_FALSE(backend.given.isNull());
 }
 
 TEST_F(PortalWallpaperTest, APictureThatCannotBeReadIsTold)

@@ -57,7 +57,7 @@ TEST_F(AnimationTest, OfAFileThatIsCutOffOrDamagedTheWholePagesCount)
 
 TEST_F(AnimationTest, EachPageIsThePictureAsItIsToBeSeenAndForHowLong)
 {
-    const std::vector<Page> pages = DecodePagesConfined(three, [] {});
+    const std::vector<Page> pages = DecodePagesConfined(three, [] {}).decoded;
     ASSERT_EQ(pages.size(), 3U);
     for (const Page& page : pages) {
         EXPECT_EQ(page.picture.size(), Size);
@@ -72,12 +72,26 @@ TEST_F(AnimationTest, EachPageIsThePictureAsItIsToBeSeenAndForHowLong)
     EXPECT_EQ(pages[2].time, 60s) << "and none for ever";
 }
 
+TEST_F(AnimationTest, WhatTheMemoryDoesNotTakeIsLeftAtTheEndAndCountedAllTheSame)
+{
+    constexpr int many = 1030; // more than are ever decoded
+    constexpr QRect dot { 0, 0, 1, 1 };
+    MovingGif gif(dot.size());
+    for (int page = 0; page < many; ++page)
+        gif.Page(dot, page % 2 ? 3 : 1, 2);
+    const Pages pages = DecodePagesConfined(gif.File(), [] {});
+    EXPECT_EQ(pages.decoded.size(), 1024U);
+    EXPECT_EQ(pages.inFile, many);
+    EXPECT_EQ(pages.decoded[1].picture.pixelColor(0, 0), QColor(Qt::blue));
+    EXPECT_EQ(DecodePagesConfined(three, [] {}).inFile, 3);
+}
+
 TEST_F(AnimationTest, APictureOfAnotherKindIsItsOnePage)
 {
     QImage picture(Size, QImage::Format_BGR888);
     picture.fill(Qt::blue);
     const std::vector<Page> pages =
-        DecodePagesConfined(PictureFile::Encode(picture, Bmp, 24, 0).Joined(), [] {});
+        DecodePagesConfined(PictureFile::Encode(picture, Bmp, 24, 0).Joined(), [] {}).decoded;
     ASSERT_EQ(pages.size(), 1U);
     EXPECT_EQ(pages[0].picture.convertToFormat(QImage::Format_BGR888), picture);
 }

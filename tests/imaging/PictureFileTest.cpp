@@ -186,6 +186,17 @@ TEST_F(PictureFileTest, FormatsAndDepthsOutsideTheTableAreRefused)
         EXPECT_THROW(PictureFile::Encode(picture, format, bits, 0), PictureError) << format;
 }
 
+TEST_F(PictureFileTest, TheBitmapForTheDesktopHasTwentyFourBitsAndNoOtherDepth)
+{
+    constexpr int code = 14, quality = 1;
+    const QImage picture = Pictures::Photo({ 9, 8 });
+    const QByteArray file = PictureFile::Encode(picture, code, 24, quality).Joined();
+    EXPECT_EQ(BitsInHeader(file, imaging::Bmp), 24);
+    EXPECT_EQ(PictureFile::Decode(file), picture);
+    for (const int bits : { 8, 32 })
+        EXPECT_THROW(PictureFile::Encode(picture, code, bits, quality), PictureError) << bits;
+}
+
 TEST_F(PictureFileTest, AnEmptyOrTooLargePictureIsRefused)
 {
     for (const FormatRow& row : FormatTable) {

@@ -69,6 +69,11 @@ protected:
         frame.errors.Expect(
             QStringLiteral("Error!"), QStringLiteral("The wallpaper was not changed. ") + reason);
     }
+    void ExpectRefusal(const QString& reason)
+    {
+        frame.errors.Expect(
+            QStringLiteral("Error!"), QStringLiteral("The desktop did not take the wallpaper. ") + reason);
+    }
     /// Near enough for a picture of one colour that went through the lossy format.
     static bool IsNear(const QImage& picture, QColor colour)
     {
@@ -106,7 +111,7 @@ TEST_F(BackgroundsTest, WhatTheDesktopSaysAgainstIsTold)
 {
     const auto viewer = OpenViewer(Qt::red);
     frame.wallpaper.outcome = { Wallpaper::Result::NotHere, QStringLiteral("There is no desktop.") };
-    ExpectError(QStringLiteral("There is no desktop."));
+    ExpectRefusal(QStringLiteral("There is no desktop."));
     Click(*viewer, "Cmds(5)");
 }
 
@@ -125,7 +130,7 @@ TEST_F(BackgroundsTest, TheWindowMayCloseBeforeTheDesktopAnswers)
     Click(*viewer, "Cmds(5)");
     viewer.reset();
     frame.wallpaper.outcome = { Wallpaper::Result::NotSet, QStringLiteral("Too late.") };
-    ExpectError(QStringLiteral("Too late."));
+    ExpectRefusal(QStringLiteral("Too late."));
     frame.wallpaper.Answer();
 }
 

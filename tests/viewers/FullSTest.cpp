@@ -30,13 +30,20 @@ protected:
     std::unique_ptr<FullS> form;
 
     static void SetUpTestSuite() { imaging::PictureFile::Initialise(); }
-    /// Red, then a blue page, of a size of its own; gives its path.
-    QString MakeMoving(const char* name, int width)
+    /// Red and blue pages in turn, of a size of their own; gives the path.
+    QString MakeMoving(const char* name, QSize size, int pages = 2)
     {
-        const QRect whole(0, 0, width, 10);
+        MovingGif gif(size);
+        for (int page = 0; page < pages; ++page)
+            gif.Page(QRect(QPoint(), size), page % 2 ? 3 : 1, 2);
         const QString path = frame.folder.filePath(QLatin1String(name));
-        EXPECT_TRUE(MakeFile(path, MovingGif(whole.size()).Page(whole, 1, 2).Page(whole, 3, 2).File()));
+        EXPECT_TRUE(MakeFile(path, gif.File()));
         return path;
+    }
+    void ShowMoving(QSize size, int pages = 2)
+    {
+        frame.state.CurrentFile = MakeMoving("moving.gif", size, pages);
+        Show(OpenUserPicture(frame.state.CurrentFile, [] {}));
     }
     QColor Shown() { return Picture().Bitmap().pixelColor(0, 0); }
     void Show(const QImage& picture)
@@ -115,6 +122,13 @@ TEST_F(FullSTest, AClickOnThePictureOrOnTheLabelEndsTheView)
     EXPECT_TRUE(IsEnded());
 }
 
+TEST_F(FullSTest, AClickInTheCornerOfTheScreenEndsTheView)
+{
+    Show(Ramp({ 40, 30 }));
+    QTest::mouseClick(form->windowHandle(), Qt::LeftButton, {}, { 1, 1 });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return IsEnded(); }));
+}
+
 TEST_F(FullSTest, TheClickThatOpenedTheViewDoesNotEndIt)
 {
     Show(Ramp({ 40, 30 }));
@@ -141,8 +155,7 @@ TEST_F(FullSTest, TheseKeysEndTheViewAndOthersDoNot)
 
 TEST_F(FullSTest, APictureThatMovesIsPlayedFromCurrentFileOverAndOver)
 {
-    frame.state.CurrentFile = MakeMoving("a.gif", 20);
-    Show(OpenUserPicture(frame.state.CurrentFile, [] {}));
+    ShowMoving({ 20, 10 });
     for (const QColor& colour : { QColor(Qt::blue), QColor(Qt::red), QColor(Qt::blue) })
         EXPECT_TRUE(QTest::qWaitFor([&] { return Shown() == colour; }));
     EXPECT_EQ(ViewFactor().text(), QStringLiteral("100 %"));
@@ -151,11 +164,37 @@ TEST_F(FullSTest, APictureThatMovesIsPlayedFromCurrentFileOverAndOver)
     EXPECT_TRUE(seen == QColor(Qt::blue) || seen == QColor(Qt::red)) << "each page stands in the middle";
 }
 
+TEST_F(FullSTest, AMovingPictureLargerThanTheScreenIsShownWholeAndItsPagesInTheSamePlace)
+{
+    ShowMoving({ 2 * Screen().width(), 200 });
+    EXPECT_EQ(ViewFactor().text(), QStringLiteral("50 %"));
+    const int top = Screen().height() / 2 - 50, bottom = top + 99;
+    for (const QColor& colour : { QColor(Qt::blue), QColor(Qt::red) }) {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Shown() == colour; }));
+        const QImage seen = Seen();
+        EXPECT_EQ(seen.pixelColor(0, top), colour);
+        EXPECT_EQ(seen.pixelColor(Screen().width() - 1, bottom), colour);
+        EXPECT_NE(seen.pixelColor(0, top - 1), colour);
+        EXPECT_NE(seen.pixelColor(0, bottom + 1), colour);
+    }
+    EXPECT_EQ(ViewFactor().text(), QStringLiteral("50 %"));
+}
+
+TEST_F(FullSTest, WhereOnlyTheBeginningOfAMovingPictureIsPlayedTheLabelTellsSo)
+{
+    ShowMoving({ 1, 1 }, 1030);
+    EXPECT_TRUE(form->IsPlaying());
+    EXPECT_EQ(ViewFactor().text(), QStringLiteral("100 %, 1024 of 1030 pages"));
+    ShowMoving({ 1, 1 }, 3);
+    EXPECT_TRUE(form->IsPlaying());
+    EXPECT_EQ(ViewFactor().text(), QStringLiteral("100 %"));
+}
+
 TEST_F(FullSTest, WhenCurrentFileHoldsSomethingElseThePictureStandsStill)
 {
-    const QImage picture = OpenUserPicture(MakeMoving("a.gif", 20), [] {});
+    const QImage picture = OpenUserPicture(MakeMoving("a.gif", { 20, 10 }), [] {});
     const QString none = frame.folder.filePath(QStringLiteral("missing.gif"));
-    for (const QString& file : { MakeMoving("b.gif", 30), none, QString() }) {
+    for (const QString& file : { MakeMoving("b.gif", { 30, 10 }), none, QString() }) {
         frame.state.CurrentFile = file;
         Show(picture);
         EXPECT_FALSE(form->IsPlaying());
@@ -165,7 +204,7 @@ TEST_F(FullSTest, WhenCurrentFileHoldsSomethingElseThePictureStandsStill)
 
 TEST_F(FullSTest, AnEditedPictureMovesNoMore)
 {
-    frame.state.CurrentFile = MakeMoving("a.gif", 20);
+    frame.state.CurrentFile = MakeMoving("a.gif", { 20, 10 });
     Lead lead;
     lead.SetBitmap(OpenUserPicture(frame.state.CurrentFile, [] {}));
     lead.Invert();
