@@ -33,7 +33,7 @@ public:
     /// As when the service does not answer.
     void FallSilent()
     {
-        list = { {}, {}, QStringLiteral("The printer does not answer."), false, false };
+        list = { {}, {}, QStringLiteral("The printer does not answer."), {}, false };
         failsMetrics = failsPrint = refusesDefault = true;
     }
 
@@ -47,10 +47,11 @@ public:
     {
         defaultsSet << name;
         Wait();
-        if (refusesDefault || !list.names.contains(name))
+        const QString printer = name.section(u'/', 0, 0);
+        if (refusesDefault || !list.names.contains(printer))
             return false;
-        list.defaultName = name;
-        list.isDefaultChosen = true;
+        list.defaultName = printer;
+        list.chosenDefault = name;
         return true;
     }
     bool ForgetDefault() override
@@ -58,7 +59,7 @@ public:
         if (refusesDefault)
             return false;
         list.defaultName = systemDefault;
-        list.isDefaultChosen = false;
+        list.chosenDefault.clear();
         return true;
     }
     SheetMetrics Metrics(const Paper& paper) override
