@@ -9,7 +9,7 @@
 /// Printers that keep what they were asked, the first of them the default.
 class FakePrinters : public Printers {
 public:
-    PrinterList list { { QStringLiteral("Alpha"), QStringLiteral("Beta") }, QStringLiteral("Alpha"), {} };
+    PrinterList list { { QStringLiteral("Alpha"), QStringLiteral("Beta") }, QStringLiteral("Alpha"), {}, {} };
     QString systemDefault = QStringLiteral("Alpha"); ///< while the user has chosen none
     /// What of the sheet cannot be reached, in printer pixels: a quarter of an inch all around.
     QMargins margins = QMargins(1, 1, 1, 1) * (PrinterPixelsPerInch / 4);
@@ -27,7 +27,7 @@ public:
     /// As on a system where nobody has set up a printer.
     void RemoveAll()
     {
-        list = { {}, {}, QStringLiteral("No printer is set up.") };
+        list = { {}, {}, QStringLiteral("No printer is set up."), {} };
         failsMetrics = failsPrint = refusesDefault = true;
     }
     /// As when the service does not answer.
