@@ -6,6 +6,7 @@
 
 #include <QApplication>
 
+#include <clocale>
 #include <csignal>
 
 namespace {
@@ -23,6 +24,8 @@ Program::Libraries::Libraries()
     // The writer tells a file-size limit and a broken pipe as errors; they must not end the program.
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
+    // The toolkit takes the user's locale; by that of some, the libraries would not read "9.5" as one number.
+    std::setlocale(LC_NUMERIC, "C");
     imaging::PictureFile::Initialise();
     ApplyStyle(*qApp);
 }

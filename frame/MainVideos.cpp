@@ -228,6 +228,7 @@ void Main::ShowDropped(const QString& file)
     const QPointer<ltmmPlay> player = &CurrentPlayer();
     const bool isFirst = player->SourceKind() == ltmmPlay::NoSource;
     AddChild(&CurrentVideo());
+    const Hourglass waiting;
     if (player)
         player->SetSourceFile(file);
     // While the player tells that it cannot open the file, its window may be closed.

@@ -35,6 +35,7 @@ public:
     double Duration() const override;
     bool TellsDuration() const override { return index_.Media().Format().duration != AV_NOPTS_VALUE; }
     bool HasSound() const override { return index_.Media().HasSound(); }
+    double Start() const override { return double(index_.Media().Start()) / AV_TIME_BASE; }
     double TimeOf(int number) const override { return index_.Times().TimeOf(number); }
     int NumberAt(double seconds) const override { return index_.Times().NumberAt(seconds); }
     Caption CaptionAt(int number) const override { return index_.Captions().At(number); }

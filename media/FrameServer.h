@@ -47,6 +47,8 @@ public:
     /// Whether the container tells how long the video is; one that goes on without an end does not.
     virtual bool TellsDuration() const = 0;
     virtual bool HasSound() const = 0;
+    /// Seconds that the source's own clock shows at the start of the media.
+    virtual double Start() const = 0;
     /// Seconds from the start of the media to picture number; number in [0, KnownFrames).
     virtual double TimeOf(int number) const = 0;
     /// The last picture whose time is at or before seconds (half a tick of grace); 0 before the first.

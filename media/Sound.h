@@ -28,8 +28,10 @@ struct SoundBlock {
 class SoundReader {
 public:
     /// Opens the first sound of the source. Throws MediaError, also where there is none. interrupt must
-    /// outlive the reader.
-    static std::unique_ptr<SoundReader> Open(const Source& source, Interrupt& interrupt);
+    /// outlive the reader. start is what the source's own clock shows at the start of the media, where that
+    /// is not where this opening of the source begins: what is sent as it happens begins later each time.
+    static std::unique_ptr<SoundReader> Open(
+        const Source& source, Interrupt& interrupt, std::optional<double> start = {});
     virtual ~SoundReader() = default;
 
     /// The next block is the one that holds the moment, or one before it, or the first behind it where there

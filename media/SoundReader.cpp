@@ -68,8 +68,9 @@ private:
 
 class FileReader : public SoundReader {
 public:
-    FileReader(const Source& source, Interrupt& interrupt)
+    FileReader(const Source& source, Interrupt& interrupt, std::optional<double> start)
         : media_(source, interrupt, MediaSource::Track::Sound)
+        , start_(start.value_or(double(media_.Start()) / AV_TIME_BASE))
     {
         const AVCodec* codec = avcodec_find_decoder(media_.Stream().codecpar->codec_id);
         codec_.reset(avcodec_alloc_context3(codec));
@@ -148,12 +149,12 @@ private:
     {
         if (frame.best_effort_timestamp == AV_NOPTS_VALUE)
             return end_.value_or(0);
-        const double stamp = double(frame.best_effort_timestamp) * av_q2d(media_.Stream().time_base)
-            - double(media_.Start()) / AV_TIME_BASE;
+        const double stamp = double(frame.best_effort_timestamp) * av_q2d(media_.Stream().time_base) - start_;
         return end_ ? line_.TimeOf(stamp, *end_, *end_) : line_.TimeOf(stamp);
     }
 
     MediaSource media_;
+    double start_; ///< what the clock of the stamps shows at the start of the media
     CodecPtr codec_;
     Converter converter_;
     std::optional<SoundBlock> held_; ///< read to see where a seek led
@@ -165,10 +166,11 @@ private:
 
 } // namespace
 
-std::unique_ptr<SoundReader> SoundReader::Open(const Source& source, Interrupt& interrupt)
+std::unique_ptr<SoundReader> SoundReader::Open(
+    const Source& source, Interrupt& interrupt, std::optional<double> start)
 {
     LibraryTalk::Silence();
-    return std::make_unique<FileReader>(source, interrupt);
+    return std::make_unique<FileReader>(source, interrupt, start);
 }
 
 } // namespace media

@@ -58,7 +58,8 @@ protected:
     /// Reads what holds for the whole run.
     virtual void Prepare() = 0;
     virtual void StartVideo(const QString& path) = 0;
-    /// What LoadVideo was asked for is in the player, or was refused by it; the window follows in either case.
+    /// What LoadVideo was asked for is in the player, or was refused by it; the window follows in either
+    /// case.
     virtual void Opened(bool isLoaded) = 0;
     /// What is told once picture and text stand on the disk.
     virtual QString CountedText() const = 0;

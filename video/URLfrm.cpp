@@ -8,6 +8,7 @@
 #include "toolkit/LineRow.h"
 #include "toolkit/TAQbutton.h"
 #include "video/Opening.h"
+#include "video/VideoNames.h"
 #include "video/VideoWindow.h"
 
 #include <QLineEdit>
@@ -64,10 +65,15 @@ void URLfrm::Try(const QString& address)
 
 void URLfrm::Download()
 {
+    // While the form fades it lets events through, the second press of a double click among them.
+    if (isLoading_)
+        return;
+    const QScopedValueRollback loading(isLoading_, true);
     ApplicationState& state = frame_.State();
     // The address of the last success goes before what was typed, which takes its place for the next time.
     const QString address = (state.LastAddress.isEmpty() ? edtURL->text() : state.LastAddress).trimmed();
-    TakeNameAndFolder(state, address);
+    // The name is shown; in what logs in, a "\" may stand before the user's own.
+    TakeNameAndFolder(state, WithoutLogIn(address));
     // The player's own message would say the same once more.
     const QScopedValueRollback silence(state.ShowPlayerErrors, false);
     try {

@@ -31,4 +31,5 @@ private:
     QPointer<VideoWindow> window_;
     QLineEdit* edtURL;
     TAQbutton* CmdOK;
+    bool isLoading_ = false;
 };

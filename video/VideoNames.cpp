@@ -3,6 +3,8 @@
 #include "app/ApplicationState.h"
 #include "toolkit/PathText.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <array>
 
@@ -31,4 +33,10 @@ VideoPathParts SplitVideoPath(const QString& path)
     if (at < 0)
         return {};
     return { true, trimmed.mid(at + 1).section(QChar(u'\0'), 0, 0), trimmed.left(at) };
+}
+
+QString WithoutLogIn(const QString& address)
+{
+    static const QRegularExpression logIn(QStringLiteral("(?<=://)[^/?#]*@"));
+    return QString(address).remove(logIn);
 }

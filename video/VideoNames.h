@@ -22,3 +22,6 @@ struct VideoPathParts {
     QString folder; ///< without the separator
 };
 VideoPathParts SplitVideoPath(const QString& path);
+
+/// An address without what logs in at its host; a file's path as it is.
+QString WithoutLogIn(const QString& address);

@@ -363,6 +363,8 @@ void VideoWindow::ShowProgress(int position)
 {
     ApplicationState& state = frame_.State();
     transport_.FollowProgress(position);
+    if (state.VideoPath.isEmpty() && position == 0)
+        EndReached = false;
     if (ltmmPlay1->TrackingMax() == 0)
         return;
     const auto percent = std::lround(double(position) / ltmmPlay1->TrackingMax() * 100);
@@ -459,6 +461,7 @@ void VideoWindow::closeEvent(QCloseEvent* event)
     state.ExitRequested = true;
     hide();
     frame_.SetEnabled(false);
+    frame_.EnableCommand(Command::Cancel, false);
     transport_.ShowPane(false);
     Q_EMIT ListUnwanted();
     state.VideoOpen = false;

@@ -143,8 +143,7 @@ Q_SIGNALS:
     /// IsFrameReady may answer otherwise than before.
     void FramesReady();
     void KeyUp(int key);
-    void MousePressed();
-    void MouseMoved();
+    void MousePressed(); ///< by the left button
     /// ErrorText(code) says what the code means.
     void PlayerError(int code);
 

@@ -20,6 +20,7 @@
 #include <QPointer>
 #include <QScopeGuard>
 #include <QScrollArea>
+#include <QScrollBar>
 
 namespace {
 
@@ -68,6 +69,7 @@ void QuickShots::Build()
     picOuter_->setFrameShape(QFrame::NoFrame);
     // One that came and went would change the width that the rows are made for.
     picOuter_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    picOuter_->verticalScrollBar()->setObjectName(QStringLiteral("Vbar"));
     picInner_ = new ThumbPanel;
     picInner_->setObjectName(QStringLiteral("PicInner"));
     picInner_->setAccessibleName(QStringLiteral("Thumbnails"));

@@ -166,7 +166,9 @@ void Engine::PlayFrom(int shown, int next)
 std::unique_ptr<MediaClock> Engine::MakeClock(double from)
 {
     if (!sound_ && wires_.makeSound && server_->HasSound()) {
-        const auto open = [this] { return media::SoundReader::Open(source_, wires_.soundInterrupt); };
+        const auto open = [this, start = server_->Start()] {
+            return media::SoundReader::Open(source_, wires_.soundInterrupt, start);
+        };
         try {
             sound_ = std::make_unique<SoundPath>(open, wires_.makeSound);
         } catch (const std::system_error&) {

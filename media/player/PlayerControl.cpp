@@ -42,7 +42,6 @@ PlayerControl::PlayerControl(QWidget* parent, OpeningWait awaitOpening, SoundDev
         Q_EMIT SourceOpened();
     });
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     QPalette ground = palette();
     ground.setColor(QPalette::Window, StyleColor(Token::Ground));
@@ -56,7 +55,7 @@ PlayerControl::~PlayerControl()
 
 void PlayerControl::SetSourceFile(const QString& file)
 {
-    Drop();
+    ResetSource();
     if (file.isEmpty())
         return;
     file_ = file;
@@ -66,7 +65,7 @@ void PlayerControl::SetSourceFile(const QString& file)
 
 void PlayerControl::SetSourceMemory(const QByteArray& block)
 {
-    Drop();
+    ResetSource();
     memory_ = block;
     kind_ = MemorySource;
     Open({ media::Source::Kind::Memory, block });
@@ -82,7 +81,7 @@ void PlayerControl::ResetSource()
 
 void PlayerControl::BeginSourceFile(const QString& file)
 {
-    Drop();
+    ResetSource();
     file_ = file;
     kind_ = FileSource;
     if (Begin(SourceOf(file)))

@@ -142,12 +142,8 @@ void PlayerControl::keyReleaseEvent(QKeyEvent* event)
         Q_EMIT KeyUp(event->key());
 }
 
-void PlayerControl::mousePressEvent(QMouseEvent*)
+void PlayerControl::mousePressEvent(QMouseEvent* event)
 {
-    Q_EMIT MousePressed();
-}
-
-void PlayerControl::mouseMoveEvent(QMouseEvent*)
-{
-    Q_EMIT MouseMoved();
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT MousePressed();
 }

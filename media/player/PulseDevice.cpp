@@ -20,6 +20,7 @@ template <auto Free> struct FreeBy {
     template <typename T> void operator()(T* object) const { Free(object); }
 };
 using Loop = std::unique_ptr<pa_threaded_mainloop, FreeBy<pa_threaded_mainloop_free>>;
+using Context = std::unique_ptr<pa_context, FreeBy<pa_context_unref>>;
 
 /// The library's thread is kept out as long as this lives.
 class Locked {
@@ -39,13 +40,12 @@ private:
 
 class PulseDevice : public SoundDevice {
 public:
-    PulseDevice()
-        : loop_(pa_threaded_mainloop_new())
-        , context_(pa_context_new(pa_threaded_mainloop_get_api(loop_.get()), "TAQ Video Capture Pro"))
+    PulseDevice(Loop loop, Context context)
+        : loop_(std::move(loop))
+        , context_(std::move(context))
     {
-        pa_context_set_state_callback(context_, &ContextChanged, this);
-        pa_context_connect(context_, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr);
-        pa_threaded_mainloop_start(loop_.get());
+        pa_context_set_state_callback(context_.get(), &ContextChanged, this);
+        pa_context_connect(context_.get(), nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr);
     }
     ~PulseDevice() override
     {
@@ -55,16 +55,18 @@ public:
             pa_stream_disconnect(stream_);
             pa_stream_unref(stream_);
         }
-        pa_context_disconnect(context_);
-        pa_context_unref(context_);
+        pa_context_disconnect(context_.get());
     }
     PulseDevice(const PulseDevice&) = delete;
     PulseDevice& operator=(const PulseDevice&) = delete;
 
+    /// Lets the library's thread run; false where there is none to be had.
+    bool Begin() { return pa_threaded_mainloop_start(loop_.get()) >= 0; }
+
     State Status() override
     {
         const Locked locked(loop_);
-        if (!PA_CONTEXT_IS_GOOD(pa_context_get_state(context_)))
+        if (!PA_CONTEXT_IS_GOOD(pa_context_get_state(context_.get())))
             return State::Gone;
         if (!stream_)
             return State::Opening;
@@ -104,7 +106,7 @@ public:
         const pa_usec_t now = pa_rtclock_now();
         FadeOut();
         if (!fading_)
-            fading_ = pa_context_rttime_new(context_, now + FadeMicroseconds, &Faded, this);
+            fading_ = pa_context_rttime_new(context_.get(), now + FadeMicroseconds, &Faded, this);
         if (!fading_)
             Rest();
     }
@@ -197,13 +199,13 @@ private:
         constexpr auto byServer = uint32_t(-1);
         const pa_buffer_attr buffer { byServer, BufferBytes, 0, byServer, byServer };
         constexpr auto flags = pa_stream_flags_t(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY);
-        stream_ = pa_stream_new(context_, "Video", &spec, nullptr);
+        stream_ = pa_stream_new(context_.get(), "Video", &spec, nullptr);
         if (stream_)
             pa_stream_connect_playback(stream_, nullptr, &buffer, flags, nullptr, nullptr);
     }
 
     Loop loop_;
-    pa_context* context_;
+    Context context_;
     pa_stream* stream_ = nullptr;
     media::Samples waiting_; ///< the newest of what was written
     timeval started_ {};
@@ -215,7 +217,13 @@ private:
 
 std::unique_ptr<SoundDevice> MakePulseDevice()
 {
-    return std::make_unique<PulseDevice>();
+    Loop loop(pa_threaded_mainloop_new());
+    Context context(
+        loop ? pa_context_new(pa_threaded_mainloop_get_api(loop.get()), "TAQ Video Capture Pro") : nullptr);
+    if (!context)
+        return nullptr;
+    auto device = std::make_unique<PulseDevice>(std::move(loop), std::move(context));
+    return device->Begin() ? std::move(device) : nullptr;
 }
 
 } // namespace player

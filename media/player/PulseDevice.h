@@ -4,7 +4,8 @@
 
 namespace player {
 
-/// The sound server of the desktop (PulseAudio, or PipeWire in its place). Starts no server.
+/// The sound server of the desktop (PulseAudio, or PipeWire in its place). Starts no server. Null where the
+/// system has not enough resources.
 std::unique_ptr<SoundDevice> MakePulseDevice();
 
 } // namespace player

@@ -54,6 +54,16 @@ TEST(AutoTally, TheFirstPictureOfTheNextVideoDoesNotMoveTheCount)
         After(tally, 1, 10, &AutoTally::TimeText), "Captured frame at 00:00:40        Total Captures = 5");
 }
 
+TEST(AutoTally, ARunWithoutAnEndStaysAtTheLargestNumberOfSeconds)
+{
+    AutoTally tally(1);
+    constexpr int interval = 32'767; // the longest that can be stored
+    constexpr int pictures = 70'000;
+    EXPECT_EQ(After(tally, pictures, interval, &AutoTally::FrameText),
+        "Captured frame at Frame #: 2147483647    Total Captures = 70000");
+    EXPECT_FALSE(tally.TimeText().contains(u'-')) << tally.TimeText().toStdString();
+}
+
 TEST(TimedSteps, TheFirstPictureComesAfterAsManyMillisecondsAsTheIntervalHasSeconds)
 {
     EXPECT_EQ(TimedSteps::FirstDelay(10), 10);

@@ -1,12 +1,10 @@
 #include "tests/capture/SaveFixture.h"
 
 #include "app/Hourglass.h"
+#include "tests/testing/FileSizeLimit.h"
 #include "tests/testing/OrdinaryUser.h"
 #include "tests/testing/SmallDisk.h"
 
-#include <csignal>
-
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -121,14 +119,10 @@ TEST_F(SaveFailureTest, AFullDiskKeepsTheFileThatWasToBeReplaced)
 
 TEST_F(SaveFailureTest, AFileSizeLimit)
 {
-    rlimit before {};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const auto handler = ::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small { 100, before.rlim_max };
-    ::setrlimit(RLIMIT_FSIZE, &small);
-    ExpectFailure(Chosen("auto1.bmp"));
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    ::signal(SIGXFSZ, handler);
+    {
+        const FileSizeLimit limit(100);
+        ExpectFailure(Chosen("auto1.bmp"));
+    }
     EXPECT_TRUE(FilesIn(frame_.state.OldFolder).isEmpty());
 }
 

@@ -5,10 +5,13 @@
 #include "app/Hourglass.h"
 #include "tests/testing/RunningDialog.h"
 #include "tests/testing/SmallDisk.h"
+#include "text/GetFonts.h"
 #include "text/frmWatermark.h"
 #include "toolkit/TAQbutton.h"
 
 #include <QLineEdit>
+#include <QListWidget>
+#include <QMap>
 #include <QTest>
 
 #include <thread>
@@ -201,6 +204,16 @@ protected:
         lead.SetBitmap(Plain());
         lead.Save(path, imaging::Bmp, 24, 0, false);
     }
+    /// As the user does in the dialog of fonts.
+    void SaveFontOfStyle(const QString& style)
+    {
+        GetFonts form(
+            frame_, &frame_.window, [](QWidget*, const QString&, const QColor&) { return QColor(); });
+        auto* styles = form.findChild<QListWidget*>(QStringLiteral("List2"));
+        styles->setCurrentItem(styles->findItems(style, Qt::MatchExactly).value(0));
+        form.show();
+        QTest::mouseClick(form.findChild<TAQbutton*>(QStringLiteral("CmdOK")), Qt::LeftButton);
+    }
     void Apply(const QString& path) { ApplyWatermarkToFile(path, TextForFiles(frame_.state, path).value()); }
 };
 
@@ -227,6 +240,22 @@ TEST_F(FileWatermarkTest, TheFileGetsTheTextThatACaptureWouldGet)
     Apply(Current("auto1.bmp"));
     SaveCapture(frame_);
     EXPECT_EQ(Written(Current("auto1.bmp")), Written(Current("auto2.bmp")));
+}
+
+TEST_F(FileWatermarkTest, ABoldFontThatWasChosenAndStoredIsNotPrinted)
+{
+    QMap<QString, QByteArrayList> files;
+    for (const QString& style : { QStringLiteral("Regular"), QStringLiteral("Bold") }) {
+        SaveFontOfStyle(style);
+        lead_->SetBitmap(Plain());
+        SaveCapture(frame_);
+        const QString ofRun = Current("run.bmp");
+        MakeCapture(ofRun);
+        Apply(ofRun);
+        files[style] = { FileBytes(frame_.state.CurrentFile), FileBytes(ofRun) };
+    }
+    EXPECT_TRUE(frame_.state.SFontBold);
+    EXPECT_EQ(files.value(QStringLiteral("Bold")), files.value(QStringLiteral("Regular")));
 }
 
 TEST_F(FileWatermarkTest, AnotherThreadDrawsTheSameText)

@@ -303,6 +303,8 @@ CAPTIONS = [
     coded("cc608.mp4", "0-119", 2, "the same captions as H.264 side data, with B-frames",
           rewritten(CAPTION_SOURCE, streams.with_captions, NTSC,
                     "-c:v libx264 -preset veryfast -crf 24 -bf 3 -g 30 -a53cc 1 -pix_fmt yuv420p")),
+    coded("cc708.mpg", "0-119", 2, "EIA-708 in MPEG-2, no EIA-608: shown at picture 25, taken away at 50",
+          rewritten(CAPTION_SOURCE, streams.with_digital_captions, NTSC, "-c copy -f vob")),
     coded("cc_track.mov", "0-119", 2, "captions as a track of their own, none in the pictures: shown at picture 20, erased at 75",
           Recipe(add_caption_track, ("cc608.mp4",))),
     coded("soft_telecine.mpg", "0-95", 3, "repeated fields 2:3: 96 coded pictures, 120 display times, 4 s",

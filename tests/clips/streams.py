@@ -87,18 +87,46 @@ SCHEDULE = {
 NO_TEXT = (0x80, 0x80)
 
 
-def with_captions(data):
-    """EIA-608 captions as ATSC user data in every picture, so that the pairs leave the decoder in display order."""
-    pairs = {first + i: pair for first, run in SCHEDULE.items() for i, pair in enumerate(run)}
+def with_caption_data(data, triplets_of):
+    """Caption triplets as ATSC user data in the pictures, by their display number, so that they leave the decoder in
+    display order."""
     out, last = bytearray(), 0
     for at, number in display_numbers(data):
+        triplets = triplets_of(number)
         extension = data.index(b"\x00\x00\x01\xb5", at)
         behind = data.index(b"\x00\x00\x01", extension + 4)
-        field1, field2 = bytes([0xFC, *pairs.get(number, NO_TEXT)]), bytes([0xFD, *NO_TEXT])
-        user_data = b"\x00\x00\x01\xb2GA94\x03" + bytes([0x40 | 2, 0xFF]) + field1 + field2 + b"\xff"
+        user_data = b"\x00\x00\x01\xb2GA94\x03" + bytes([0x40 | len(triplets) // 3, 0xFF]) + triplets + b"\xff"
         out += data[last:behind] + user_data
         last = behind
     return bytes(out + data[last:])
+
+
+def with_captions(data):
+    """EIA-608 captions in every picture."""
+    pairs = {first + i: pair for first, run in SCHEDULE.items() for i, pair in enumerate(run)}
+    return with_caption_data(
+        data, lambda number: bytes([0xFC, *pairs.get(number, NO_TEXT)]) + bytes([0xFD, *NO_TEXT]))
+
+
+# A window of two rows of 32 letters at the bottom, in sight, and its text; the window is taken away again.
+DIGITAL_WINDOW, DELETE_WINDOW = bytes.fromhex("98204619611f00"), bytes.fromhex("8c01")
+DIGITAL_SCHEDULE = {25: DIGITAL_WINDOW + b"HELLO FRAME 25", 50: DELETE_WINDOW}
+
+
+def digital_packet(commands, sequence):
+    """The triplets of a packet of EIA-708 with one block, of the first service."""
+    block = bytes([1 << 5 | len(commands)]) + commands
+    block += bytes(1 - len(block) % 2)
+    packet = bytes([sequence << 6 | (len(block) + 1) // 2]) + block
+    kinds = (0xFF if at == 0 else 0xFE for at in range(0, len(packet), 2))
+    return b"".join(bytes([kind]) + packet[2 * i:2 * i + 2] for i, kind in enumerate(kinds))
+
+
+def with_digital_captions(data):
+    """EIA-708 captions, without any of EIA-608."""
+    packets = {number: digital_packet(commands, sequence)
+               for sequence, (number, commands) in enumerate(DIGITAL_SCHEDULE.items())}
+    return with_caption_data(data, lambda number: packets.get(number, b""))
 
 
 # The same kind of captions as a track of its own: the text is shown at 0.66 s and erased at 2.495 s. The last line says

@@ -191,6 +191,18 @@ TEST_F(AutomaticCapture, OfFiveMixedFilesATimedRunTakesTheWmvToo)
         EXPECT_NEAR(numbers[i], asked[i], 1) << "picture " << i;
 }
 
+TEST_F(AutomaticCapture, TheBrokenOneIsToldOfWhereThatIsWantedAndTheRunGoesOn)
+{
+    const QStringList files = FiveMixedFiles();
+    state.ShowPlayerErrors = true;
+    errors.Expect(QStringLiteral("Error Abort"),
+        QStringLiteral("Abort, Error Playing.     Error Code: This is not a video of a known kind.  Or file "
+                       "is not complete, or it is corrupt"));
+    RunByFrames({ files[0], files[1], files[4] }, 50);
+    ASSERT_TRUE(AwaitOver());
+    EXPECT_EQ(NumbersWritten(), (std::vector<int> { 0, 50, 50 }));
+}
+
 TEST_F(AutomaticCapture, ACancelledOpenInTheMiddleLetsTheRunGoOn)
 {
     RunByTime({ Linked(QStringLiteral("long_10fps.mp4")) }, 1);
@@ -199,6 +211,21 @@ TEST_F(AutomaticCapture, ACancelledOpenInTheMiddleLetsTheRunGoOn)
     main->OpenVideoNow_Click();
     ASSERT_TRUE(AwaitPictures(4));
     EXPECT_FALSE(main->IsCommandEnabled(Command::Capture));
+}
+
+TEST_F(AutomaticCapture, ACancelledOpenInTheMiddleOfARunByFramesLetsItGoOnToItsNextVideo)
+{
+    const QString clip = QStringLiteral("mpeg4_bf.avi");
+    RunByFrames({ Linked(clip, 1), Linked(clip, 2) }, 2);
+    ASSERT_TRUE(Await([this] { return FilesIn(Pictures().path()).size() > 3; }, Patience));
+    dialogs.openNames.push(QString());
+    main->OpenVideoNow_Click();
+    EXPECT_FALSE(main->IsCommandEnabled(Command::Capture));
+    ASSERT_TRUE(AwaitOver());
+    std::vector<int> asked = FramesAsked(ClipNamed(clip).Pictures, 2);
+    const std::vector<int> first = asked;
+    asked.insert(asked.end(), first.begin() + 1, first.end()); // a later video begins one step in
+    EXPECT_EQ(NumbersWritten(), asked);
 }
 
 TEST_F(AutomaticCapture, ASecondOpenInTheMiddleOfATimedRunBeginsItsOwn)
@@ -230,4 +257,18 @@ TEST_F(AutomaticCapture, TheFrameClosedInTheMiddleLeavesWholePicturesOnly)
     main.reset();
     for (const QString& name : FilesIn(Pictures().path()))
         EXPECT_GE(NumberIn(QImage(Pictures().filePath(name))), 0) << name.toStdString();
+}
+
+TEST_F(AutomaticCapture, TheFrameClosedWhileTextIsBurntLeavesWholePicturesOnly)
+{
+    ASSERT_TRUE(
+        state.Settings.SaveSetting(QStringLiteral("Options"), QStringLiteral("Ext"), QStringLiteral(".png")));
+    state.UseWatermark = true;
+    RunByTime({ Linked(QStringLiteral("long_10fps.mp4")) }, 1);
+    ASSERT_TRUE(Await([this] { return FilesIn(Pictures().path()).size() > 1; }, Patience));
+    EXPECT_TRUE(FileBytes(Pictures().filePath(QStringLiteral("auto1.png"))).startsWith("\x89PNG"));
+    main->close();
+    main.reset();
+    for (const QString& name : FilesIn(Pictures().path()))
+        EXPECT_FALSE(QImage(Pictures().filePath(name)).isNull()) << name.toStdString();
 }

@@ -1,8 +1,10 @@
 // The child windows of the frame: how they come, stand in front or behind, and go.
+#include "app/Lead.h"
 #include "capture/CaptureCurrentFrame.h"
 #include "tests/frame/FrameFixture.h"
 #include "toolkit/ChildForm.h"
 #include "viewers/QuickShots.h"
+#include "viewers/ThumbPanel.h"
 #include "viewers/Viewer.h"
 
 #include <QSignalSpy>
@@ -45,6 +47,21 @@ TEST_F(MainFormsTest, ThumbnailsAloneOpenNoCaptureWindow)
     Click("Cmds(8)");
     EXPECT_EQ(main->findChildren<Viewer*>().size(), 0);
     EXPECT_EQ(main->findChild<QuickShots*>()->Count(), 1);
+}
+
+TEST_F(MainFormsTest, ThePickedThumbnailStandsInTheCaptureWindowThatItsButtonOpens)
+{
+    Store("OpThumb", "0");
+    OpenOne();
+    for (const int shot : { 20, 70 }) {
+        player->frame = shot;
+        Click("Cmds(8)");
+    }
+    auto* panel = Find<ThumbPanel>("PicInner");
+    QTest::mouseClick(panel, Qt::LeftButton, {}, panel->CellRect(0).center());
+    ClickOn("QuickShots", "Cmds(2)");
+    ASSERT_EQ(main->findChildren<Viewer*>().size(), 1);
+    EXPECT_EQ(main->findChild<Viewer*>()->Picture().Bitmap(), player->StillNumber(20));
 }
 
 TEST_F(MainFormsTest, MakeKidActiveBringsAWindowUp)

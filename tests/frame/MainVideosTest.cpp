@@ -1,4 +1,5 @@
 // How videos come into the frame: by the dialog, the list, an address or a drop.
+#include "app/Hourglass.h"
 #include "app/Lead.h"
 #include "desktop/FileName.h"
 #include "frame/CommandLine.h"
@@ -6,6 +7,7 @@
 #include "tests/testing/Await.h"
 #include "tests/testing/RunningDialog.h"
 #include "toolkit/ChildForm.h"
+#include "toolkit/TitleStrip.h"
 #include "video/URLfrm.h"
 
 #include <QAbstractButton>
@@ -38,7 +40,37 @@ protected:
         Click("Cmds(0)");
     }
     void OpenTwo() { OpenThese({ QStringLiteral("a.avi"), QStringLiteral("b.avi") }); }
+    /// From now on the list shows itself when several videos are opened.
+    void LetTheListOpen()
+    {
+        Store("OpenVidList", "False");
+        state.Reload(Key::OpenVidList);
+    }
     void ShowListByThePopup() { ChooseInPopup(0); }
+    /// One that has a picture every thousand seconds, or of every frame.
+    void BeginRun(bool isTimed)
+    {
+        Store("UsersCaptureTime", "1000");
+        Store("AutoNumber", "1");
+        state.AutoCapture = true;
+        state.CaptureTime = isTimed;
+        state.AutoFrame = !isTimed;
+        OpenOne();
+        const auto isGoing = [&] {
+            return isTimed ? player->state == ltmmPlay::Running : player->stillsGiven > 0;
+        };
+        ASSERT_TRUE(Await(isGoing, std::chrono::seconds(20)));
+        ASSERT_FALSE(IsEnabled(Command::Capture));
+    }
+    void ExpectTheRunIsLeft(bool isTimed)
+    {
+        EXPECT_EQ(player->state, ltmmPlay::Stopped) << isTimed;
+        EXPECT_TRUE(IsEnabled(Command::Capture)) << isTimed;
+        const int given = player->stillsGiven;
+        for (int i = 0; i < 20; ++i)
+            QCoreApplication::processEvents();
+        EXPECT_EQ(player->stillsGiven, given) << isTimed;
+    }
     void DownloadHoliday()
     {
         WhenOpen<URLfrm>([](URLfrm& form) {
@@ -200,8 +232,7 @@ TEST_F(MainVideosTest, TheVideoWindowsOwnOpenButtonReadsTheAutomaticCaptureAnew)
 
 TEST_F(MainVideosTest, ASecondSelectionShowsItsOwnList)
 {
-    Store("OpenVidList", "False");
-    state.Reload(Key::OpenVidList);
+    LetTheListOpen();
     for (const QString& pair : { QStringLiteral("a.avi b.avi"), QStringLiteral("c.avi d.avi") }) {
         const QStringList names = pair.split(u' ');
         OpenThese(names);
@@ -222,6 +253,21 @@ TEST_F(MainVideosTest, AFileDroppedOnTheFrameGoesToThePlayerAndChangesNothingEls
     EXPECT_EQ(FileName::ToBytes(player->file), QByteArray("/films/caf\xE9.avi"));
     EXPECT_TRUE(Find("VideoWindow")->isVisible());
     EXPECT_EQ(state.VideoPath, QString());
+}
+
+TEST_F(MainVideosTest, ThePointerIsBusyWhileADroppedFileOpens)
+{
+    OpenOne();
+    Pointer whileOpening = Pointer::Normal;
+    player->whenAsked = [&](const char* call) {
+        if (qstrcmp(call, "SetSourceFile") == 0)
+            whileOpening = CurrentPointer();
+    };
+    QMimeData data;
+    data.setUrls({ QUrl(QStringLiteral("file:///films/b.avi")) });
+    Drop(data);
+    EXPECT_EQ(whileOpening, Pointer::Busy);
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
 }
 
 TEST_F(MainVideosTest, WhateverIsDroppedStopsTheVideoAndOnlyAFileOfThisMachineThatComesFirstIsTaken)
@@ -343,8 +389,7 @@ TEST_F(MainVideosTest, TheVideoListComesBackFromItsStripWhereItWas)
 
 TEST_F(MainVideosTest, WalkingTheListLeavesItInFrontAndInItsPlace)
 {
-    Store("OpenVidList", "False");
-    state.Reload(Key::OpenVidList);
+    LetTheListOpen();
     OpenTwo();
     const QRect place(40, 30, 280, 200);
     Form("VideoList").setGeometry(place);
@@ -358,6 +403,18 @@ TEST_F(MainVideosTest, WalkingTheListLeavesItInFrontAndInItsPlace)
     ASSERT_EQ(player->file, folder.filePath(QStringLiteral("a.avi")));
     EXPECT_EQ(main->ActiveForm(), &Form("VideoWindow"));
     EXPECT_EQ(Form("VideoList").geometry(), place);
+}
+
+TEST_F(MainVideosTest, AListThatWasClosedComesBackWithTheNextVideo)
+{
+    LetTheListOpen();
+    OpenTwo();
+    ClickOn("VideoList", "Cmds(0)");
+    DeleteClosed();
+    ASSERT_EQ(Find("VideoList"), nullptr);
+    Click("CmdList(1)");
+    ASSERT_NE(Find("VideoList"), nullptr);
+    EXPECT_TRUE(Find("VideoList")->isVisible());
 }
 
 TEST_F(MainVideosTest, ThePopupShowsNoListWithoutAVideo)
@@ -395,6 +452,17 @@ TEST_F(MainVideosTest, CancelRestsOnceADownloadIsCancelledOrAFileIsOpened)
     ASSERT_TRUE(IsEnabled(Command::Cancel));
     OpenOne();
     EXPECT_FALSE(IsEnabled(Command::Cancel));
+}
+
+TEST_F(MainVideosTest, AVideoWindowThatIsClosedLeavesNoDownloadToCancel)
+{
+    DownloadHoliday();
+    ASSERT_TRUE(IsEnabled(Command::Cancel));
+    Find("VideoWindow")->close();
+    DeleteClosed();
+    Click("Cmds(5)");
+    EXPECT_FALSE(IsEnabled(Command::Cancel));
+    EXPECT_EQ(Find("VideoWindow"), nullptr) << "nor a window for it that nobody sees";
 }
 
 TEST_F(MainVideosTest, ACancelledDialogLeavesNoListToWalkAndTheOpenInProgress)
@@ -506,6 +574,28 @@ TEST_F(MainVideosTest, TheFirstNextPlaysTheFirstVideoAndTheSecondTheThird)
     }
 }
 
+TEST_F(MainVideosTest, InAWindowThatStandsTheFirstNextOfAnotherSelectionPlaysItsSecond)
+{
+    OpenThese({ QStringLiteral("a.avi"), QStringLiteral("b.avi"), QStringLiteral("c.avi") });
+    Click("CmdList(1)");
+    ASSERT_EQ(player->file, folder.filePath(QStringLiteral("a.avi")));
+    OpenThese({ QStringLiteral("d.avi"), QStringLiteral("e.avi"), QStringLiteral("f.avi") });
+    Click("CmdList(1)");
+    EXPECT_EQ(player->file, folder.filePath(QStringLiteral("e.avi")));
+}
+
+TEST_F(MainVideosTest, AWalkPastTheVideosOfASelectionLeadsToNoVideoAndCannotGoOn)
+{
+    OpenThese({ QStringLiteral("a.avi"), QStringLiteral("b.avi"), QStringLiteral("n.txt") });
+    Click("CmdList(1)");
+    ASSERT_EQ(player->file, folder.filePath(QStringLiteral("a.avi")));
+    Click("CmdList(1)");
+    EXPECT_EQ(player->file, QString());
+    EXPECT_EQ(Form("VideoWindow").Head().Title(), QString());
+    for (const char* button : { "CmdList(0)", "CmdList(1)", "Cmd2(0)" })
+        EXPECT_FALSE(Find(button)->isEnabled()) << button;
+}
+
 TEST_F(MainVideosTest, AFileChosenByTheVideoWindowsOwnOpenButtonIsOpened)
 {
     OpenOne();
@@ -530,15 +620,42 @@ TEST_F(MainVideosTest, AVideoOfTheListHasItsCommandsThoughARunEndedWithABrokenOn
 
 TEST_F(MainVideosTest, ADownloadEndsAnAutomaticCaptureEvenUnused)
 {
-    Store("UsersCaptureTime", "1000");
-    state.AutoCapture = state.CaptureTime = true;
-    OpenOne();
-    ASSERT_TRUE(Await([this] { return player->state == ltmmPlay::Running; }, std::chrono::seconds(20)));
-    ASSERT_FALSE(IsEnabled(Command::Capture));
-    WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
-    Click("Cmds(4)");
-    EXPECT_EQ(player->state, ltmmPlay::Stopped);
-    EXPECT_TRUE(IsEnabled(Command::Capture));
+    for (const bool isTimed : { false, true }) {
+        BeginRun(isTimed);
+        WhenOpen<URLfrm>([](URLfrm& form) { form.reject(); });
+        Click("Cmds(4)");
+        ExpectTheRunIsLeft(isTimed);
+    }
+}
+
+TEST_F(MainVideosTest, ADropEndsAnAutomaticCaptureAndItsFileStandsInThePlayer)
+{
+    for (const bool isTimed : { false, true }) {
+        BeginRun(isTimed);
+        QMimeData data;
+        data.setUrls({ QUrl(QStringLiteral("file:///films/c.avi")) });
+        Drop(data);
+        ExpectTheRunIsLeft(isTimed);
+        EXPECT_EQ(player->file, QStringLiteral("/films/c.avi")) << isTimed;
+    }
+}
+
+TEST_F(MainVideosTest, TheVideoWindowsOwnOpenButtonTurnsARunByFramesIntoOneByTime)
+{
+    Store("AutoCapture", "True");
+    Store("AutoFrame", "True");
+    BeginRun(false);
+    Store("AutoFrame", "False");
+    Store("CaptureTime", "True");
+    Store("UsersCaptureTime", "10"); // the first picture comes after as many milliseconds
+    Store("Ext", ".png");
+    dialogs.openNames.push(folder.filePath(QStringLiteral("c.avi")));
+    ClickOn("VideoWindow", "Cmds(3)");
+    const QString first = state.Beside(QStringLiteral("AutoFrame/auto1.png"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(first); }, 10'000));
+    EXPECT_EQ(player->file, folder.filePath(QStringLiteral("c.avi")));
+    EXPECT_EQ(player->state, ltmmPlay::Running);
+    EXPECT_FALSE(IsEnabled(Command::Capture));
 }
 
 TEST_F(MainVideosTest, ADropOfNoFileOnTheEmptyFrameShowsNothing)

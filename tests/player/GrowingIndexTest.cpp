@@ -28,6 +28,7 @@ public:
     double Duration() const override { return 100; }
     bool TellsDuration() const override { return tellsDuration; }
     bool HasSound() const override { return false; }
+    double Start() const override { return 0; }
     double TimeOf(int number) const override { return number / 10.0; }
     int NumberAt(double seconds) const override { return std::min(int(seconds * 10), known_ - 1); }
     media::Caption CaptionAt(int) const override { return {}; }

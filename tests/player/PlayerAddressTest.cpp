@@ -1,41 +1,30 @@
 // Videos of the web: what the player makes of servers that behave and of those that do not. However a server
 // behaves, an attempt ends within its time, and nothing is opened that the address does not name.
+#include "app/Hourglass.h"
 #include "tests/player/PlayerFixture.h"
+#include "tests/player/WebServer.h"
 #include "tests/testing/RunningDialog.h"
 
-#include <QProcess>
+#include <QDir>
+#include <QPushButton>
+#include <QTemporaryDir>
 #include <QTimer>
 
 namespace {
 
 class PlayerAddressTest : public PlayerFixture {
 protected:
-    QProcess server_;
-    QString plain_;
-    QString secret_;
+    WebServer server_;
+    const QString plain_ = server_.Plain();
+    const QString secret_ = server_.Secret();
     static inline const QString NotFound = QStringLiteral("The file or address was not found.");
     static inline const QString NotAVideo = QStringLiteral("This is not a video of a known kind.");
     static inline const QString NoAnswer = QStringLiteral("There was no answer in time.");
     static inline const QString NotAllowed = QStringLiteral("This address is not allowed.");
     static inline const QString NetworkFailed = QStringLiteral("The network or the server failed.");
 
-    void SetUp() override
-    {
-        server_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        server_.start(QStringLiteral("python3"),
-            { QStringLiteral(SOURCE_DIR "/tests/player/web_server.py"), QStringLiteral(TAQ_CLIPS) });
-        ASSERT_TRUE(Wait([this] { return server_.canReadLine(); }));
-        const QStringList ports = QString::fromLatin1(server_.readLine()).trimmed().split(u' ');
-        ASSERT_EQ(ports.size(), 2);
-        plain_ = QStringLiteral("http://127.0.0.1:") + ports[0];
-        secret_ = QStringLiteral("https://127.0.0.1:") + ports[1];
-    }
-    void TearDown() override
-    {
-        player_.reset();
-        server_.closeWriteChannel();
-        server_.waitForFinished();
-    }
+    void SetUp() override { ASSERT_FALSE(plain_.isEmpty()) << "the server does not answer"; }
+    void TearDown() override { player_.reset(); }
 
     bool Opens(const QString& address)
     {
@@ -150,12 +139,40 @@ TEST_F(PlayerAddressTest, AServerThatFallsSilentBehindItsHeaderIsGivenUp)
 
 TEST_F(PlayerAddressTest, TheUserCanCancelTheWaitAndIsToldNothing)
 {
-    WhenOpen<QDialog>([](QDialog& box) { box.reject(); });
+    const Hourglass waiting; // of who opens the address
+    Pointer whileAsked = Pointer::Busy;
+    WhenOpen<QDialog>([&](QDialog& box) {
+        whileAsked = CurrentPointer();
+        QTest::mouseClick(box.findChild<QPushButton*>(), Qt::LeftButton);
+    });
     EXPECT_FALSE(Opens(plain_ + QStringLiteral("/silent")));
     EXPECT_TRUE(player_->WasCancelled());
     EXPECT_TRUE(Opens(plain_ + QStringLiteral("/good/frag.mp4")));
     EXPECT_TRUE(errors_.empty());
     EXPECT_FALSE(player_->WasCancelled());
+    EXPECT_EQ(whileAsked, Pointer::Normal);
+}
+
+TEST_F(PlayerAddressTest, APlayerMayGoWhileAnAddressOpens)
+{
+    WhenOpen<QDialog>([this](QDialog&) { player_.reset(); });
+    player_->SetSourceFile(plain_ + QStringLiteral("/silent"));
+    EXPECT_EQ(player_, nullptr);
+}
+
+TEST_F(PlayerAddressTest, NothingOfAnAddressLandsOnTheDisk)
+{
+    const QTemporaryDir here;
+    const QByteArray before = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(here.path()));
+    QDir::setCurrent(here.path());
+    EXPECT_TRUE(Opens(plain_ + QStringLiteral("/good/h264_closed.mp4")));
+    player_->Run();
+    EXPECT_TRUE(WaitForEnd());
+    EXPECT_EQ(player_->CurrentFrame(), 99);
+    QDir::setCurrent(QDir::rootPath());
+    before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
+    EXPECT_TRUE(QDir(here.path()).isEmpty());
 }
 
 TEST_F(PlayerAddressTest, WithoutAWayToLetTheUserWaitThePlayerWaitsByItself)

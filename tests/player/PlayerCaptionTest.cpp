@@ -38,6 +38,19 @@ TEST_F(PlayerCaptionTest, TheTextStandsOverExactlyItsPictures)
         EXPECT_TRUE(HasText(frame)) << frame;
 }
 
+TEST_F(PlayerCaptionTest, DigitalTextStandsOverExactlyItsPicturesAndInNoCapture)
+{
+    Load(QStringLiteral("cc708.mpg"));
+    for (const int frame : { 0, 24, 50, 119 })
+        EXPECT_FALSE(HasText(frame)) << frame;
+    for (const int frame : { 25, 26, 49 })
+        EXPECT_TRUE(HasText(frame)) << frame;
+    player_->SetCurrentFrame(30);
+    const QImage still = player_->GetStillPicture(Patience);
+    player_->ToggleClosedCaption();
+    EXPECT_EQ(player_->GetStillPicture(Patience), still);
+}
+
 TEST_F(PlayerCaptionTest, TheTextOfATrackOfItsOwnStandsOverExactlyItsPictures)
 {
     Load(QStringLiteral("cc_track.mov"));

@@ -134,13 +134,46 @@ TEST_F(PlayerLoadTest, AnEmptyNameDropsTheSourceWithoutAnError)
     EXPECT_EQ(errors_.size(), 0);
 }
 
-TEST_F(PlayerLoadTest, RateLoopRewindAndSizeModeOutliveALoad)
+TEST_F(PlayerLoadTest, WhatIsDroppedLeavesNoSelection)
+{
+    for (const QString& next : { QString(), ClipPath(QStringLiteral("garbage.mp4")) }) {
+        Load(QStringLiteral("h264_closed.mp4"));
+        player_->SetCurrentFrame(50);
+        player_->MarkSelectionStart();
+        ASSERT_GT(selections_.last().at(0).toInt(), 0);
+        player_->SetSourceFile(next);
+        ASSERT_EQ(player_->SourceKind(), ltmmPlay::NoSource);
+        EXPECT_EQ(selections_.last(), QList<QVariant>({ 0, 0 })) << next.toStdString();
+    }
+}
+
+TEST_F(PlayerLoadTest, RateAndSizeModeOutliveALoad)
 {
     player_->SetRate(2);
     player_->SetDisplaySize(ltmmPlay::Half);
     Load(QStringLiteral("h264_closed.mp4"));
     EXPECT_EQ(player_->Rate(), 2);
     EXPECT_EQ(player_->DisplaySize(), ltmmPlay::Half);
+}
+
+TEST_F(PlayerLoadTest, TheLoopOutlivesALoad)
+{
+    player_->SetPlayCount(0);
+    Load(QStringLiteral("h264_closed.mp4"));
+    player_->SetCurrentFrame(90);
+    player_->Run();
+    EXPECT_TRUE(Wait([this] { return player_->CurrentFrame() < 90; }));
+    EXPECT_EQ(player_->State(), ltmmPlay::Running);
+}
+
+TEST_F(PlayerLoadTest, TheRewindAtTheEndOutlivesALoad)
+{
+    player_->SetAutoRewind(true);
+    Load(QStringLiteral("h264_closed.mp4"));
+    player_->SetCurrentFrame(90);
+    player_->Run();
+    ASSERT_TRUE(WaitForEnd());
+    EXPECT_TRUE(Wait([this] { return player_->CurrentFrame() == 0; }));
 }
 
 TEST_F(PlayerLoadTest, OpeningFiveCodecsShowsTheFirstFrameOfEach)

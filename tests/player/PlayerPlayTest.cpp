@@ -131,6 +131,16 @@ TEST_F(PlayerPlayTest, AutoRewindGoesToTheStartAfterTheEndWasTold)
     EXPECT_EQ(places[places.size() - 2], 10000);
 }
 
+TEST_F(PlayerPlayTest, AutoRewindGoesToTheStartOfTheSelection)
+{
+    player_->SetAutoRewind(true);
+    player_->SetSelectionStart(1);
+    player_->SetCurrentFrame(90);
+    player_->Run();
+    ASSERT_TRUE(WaitForEnd());
+    EXPECT_TRUE(Wait([&] { return Seen() == 25; }));
+}
+
 TEST_F(PlayerPlayTest, ALoopGoesRoundTheSelectionForEver)
 {
     player_->SetPlayCount(0);

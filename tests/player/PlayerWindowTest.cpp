@@ -154,18 +154,16 @@ TEST_F(PlayerWindowTest, PlayingGoesOnThroughFullScreen)
     EXPECT_EQ(player_->State(), ltmmPlay::Running);
 }
 
-TEST_F(PlayerWindowTest, KeysAndMouseAreTold)
+TEST_F(PlayerWindowTest, KeysAndPressesOfTheLeftButtonAreTold)
 {
     QSignalSpy keys(player_.get(), &ltmmPlay::KeyUp);
     QSignalSpy presses(player_.get(), &ltmmPlay::MousePressed);
-    QSignalSpy moves(player_.get(), &ltmmPlay::MouseMoved);
     QTest::keyClick(player_.get(), Qt::Key_Escape);
-    QTest::mousePress(player_.get(), Qt::LeftButton, {}, QPoint(5, 5));
-    QTest::mouseMove(player_.get(), QPoint(20, 20));
+    for (const Qt::MouseButton button : { Qt::LeftButton, Qt::RightButton, Qt::MiddleButton })
+        QTest::mouseClick(player_.get(), button, {}, QPoint(5, 5));
     ASSERT_EQ(keys.size(), 1);
     EXPECT_EQ(keys[0][0].toInt(), Qt::Key_Escape);
     EXPECT_EQ(presses.size(), 1);
-    EXPECT_GE(moves.size(), 1);
 }
 
 TEST_F(PlayerWindowTest, AReleaseWithoutAPressTellsNothing)

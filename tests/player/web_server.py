@@ -7,6 +7,9 @@ plain and TLS (with a certificate that nobody has signed), and serves until its 
     /slow/NAME      a file at 10 kB/s
     /cut/NAME       promises a file and closes the line in its middle
     /stalled/NAME   sends half a file and then nothing
+    /live/NAME      a file without a told length, whose line stays open behind it
+    /onair/NAME?SECONDS  a file of so many seconds sent as it happens, from the first asker on: who asks later comes in
+                    where it stands by then
     /mute           answers with its header lines and then nothing
     /headers        answers with header lines that never end
     /silent         never answers
@@ -25,10 +28,13 @@ import subprocess
 import sys
 import tempfile
 import threading
+import time
 import urllib.parse
 
 CHUNK = 1000
 SLOW_PAUSE = CHUNK / 10_000  # seconds
+TS_PACKET = 188  # bytes
+LEAD = 3  # seconds by which a sender of what is on the air is ahead
 LONGEST_SILENCE = 120  # seconds; nobody waits so long
 
 
@@ -36,6 +42,8 @@ class Answer(http.server.BaseHTTPRequestHandler):
     protocol_version = "HTTP/1.1"
     folder = pathlib.Path()
     ended = threading.Event()
+    starting = threading.Lock()
+    begins = {}  # of what is on the air, by its name
 
     def log_message(self, *_):
         pass
@@ -100,6 +108,19 @@ class Answer(http.server.BaseHTTPRequestHandler):
         self.wfile.write(self.bytes_of(name))
         self.wfile.flush()
         self.ended.wait(LONGEST_SILENCE)
+
+    def answer_onair(self, name, seconds):
+        whole = self.bytes_of(name)
+        self.close_connection = True
+        self.head(Connection="close")
+        with self.starting:
+            began = self.begins.setdefault(name, time.monotonic())
+        place = int(len(whole) * (time.monotonic() - began) / float(seconds)) // TS_PACKET * TS_PACKET
+        while not self.ended.is_set():
+            due = int(len(whole) * (time.monotonic() - began + LEAD) / float(seconds))
+            self.wfile.write(whole[place:due])
+            place = max(place, due)
+            self.ended.wait(SLOW_PAUSE)
 
     def answer_mute(self, *_):
         self.head(Content_Length=100_000, Content_Type="video/mp4")

@@ -22,6 +22,14 @@ TEST_F(OptionsPages, AClickOnARadioButtonClearsAllOthersOnEveryPage)
     }
 }
 
+TEST_F(OptionsPages, TheWaysOfAutomaticCaptureTellWhatTheyDo)
+{
+    EXPECT_EQ(Radio("AutoCap1").toolTip(),
+        QStringLiteral("Auto Capture every [ ? ] seconds, using AutoName and AutoFrame folder."));
+    EXPECT_EQ(Radio("AutoCap2").toolTip(),
+        QStringLiteral("Auto Capture every [ ? ] frame, using AutoName and AutoFrame folder."));
+}
+
 TEST_F(OptionsPages, AGroupIsSetFromTheStoreWhenItsPageComesUp)
 {
     const struct {

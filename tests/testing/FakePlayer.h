@@ -21,6 +21,7 @@ public:
     QSize size { 6, 4 };
     int capabilities = MarkStart | MarkEnd | ToStart | ToEnd;
     double rate = 1;
+    double fastestRate = 5;
     DisplayMode displaySize = FitToWindow;
     bool fullScreen = false;
     bool closedCaption = false;
@@ -48,7 +49,7 @@ public:
     /// One whose opening the user cancels.
     QString cancelled;
 
-    /// Told of each call that gives or takes the video, before it is carried out.
+    /// Told of each call of an open, before it is carried out.
     std::function<void(const char* call)> whenAsked = [](const char*) {};
 
     /// Told when a file or an address was loaded or refused, as the last of that call.
@@ -130,10 +131,14 @@ public:
     void SetMute(bool on) override { mute = on; }
     double Rate() const override { return rate; }
     void SetRate(double value) override { rate = value; }
-    bool IsRateSupported(double value) const override { return value > 0; }
+    bool IsRateSupported(double value) const override { return value > 0 && value <= fastestRate; }
 
     DisplayMode DisplaySize() const override { return displaySize; }
-    void SetDisplaySize(DisplayMode mode) override { displaySize = mode; }
+    void SetDisplaySize(DisplayMode mode) override
+    {
+        whenAsked("SetDisplaySize");
+        displaySize = mode;
+    }
     double VideoWidth() const override { return SourceKind() == NoSource ? 0 : size.width() * 15.0; }
     double VideoHeight() const override { return SourceKind() == NoSource ? 0 : size.height() * 15.0; }
     bool FullScreen() const override { return fullScreen; }

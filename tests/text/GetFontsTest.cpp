@@ -9,6 +9,7 @@
 
 #include <QComboBox>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -244,6 +245,33 @@ TEST_F(GetFontsTest, AFontThatCannotBeStoredIsToldAndHoldsUntilTheProgramEnds)
     EXPECT_EQ(form->result(), QDialog::Accepted);
 }
 
+TEST_F(GetFontsTest, AnEmptyAngleIsNone)
+{
+    Store("sFontWatermarkTextAngle", "45");
+    Begin();
+    Box("TextAngle")->clear();
+    Click("CmdOK");
+    EXPECT_EQ(Stored("sFontWatermarkTextAngle"), QStringLiteral("0"));
+    EXPECT_EQ(state.sFontWatermarkTextAngle, 0);
+}
+
+TEST_F(GetFontsTest, SaveStoresTheWordsInForce)
+{
+    state.sFontText = QStringLiteral("Harbour at dawn");
+    Begin();
+    Click("CmdOK");
+    EXPECT_EQ(Stored("sFontText"), QStringLiteral("Harbour at dawn"));
+}
+
+TEST_F(GetFontsTest, WhatWasReadFromTheStoreHoldsAfterCancelToo)
+{
+    state.TextShadowPosX = 9;
+    Store("TextShadowPosX", "4");
+    Begin();
+    Click("Cmds(0)");
+    EXPECT_EQ(state.TextShadowPosX, 4);
+}
+
 TEST_F(GetFontsTest, CancelStoresNothing)
 {
     Box("TextAngle")->setText(QStringLiteral("90"));
@@ -362,12 +390,17 @@ TEST_F(GetFontsTest, AColourIsAskedForFromTheOneInForceAndCancelKeepsIt)
     EXPECT_EQ(asked.last(), QStringLiteral("Border Color #000000"));
 }
 
-TEST_F(GetFontsTest, TheControlsBearTheirTips)
+TEST_F(GetFontsTest, TheControlsBearTheirCaptionsAndTips)
 {
     EXPECT_EQ(Find("BorderBackColor")->toolTip(), QStringLiteral("Font outline color."));
     EXPECT_EQ(Find("PicBackColor")->toolTip(), QStringLiteral("Font shadow color."));
     EXPECT_EQ(Find("Command1")->toolTip(), QStringLiteral("Switch background color from white to black."));
     EXPECT_EQ(Find<xpcheckbox>("UseShadowYesNo")->Caption(), QStringLiteral("Use Drop Down Shadow?"));
+    QStringList captions;
+    for (const QLabel* label : form->findChildren<QLabel*>())
+        captions << label->text();
+    EXPECT_TRUE(captions.contains(QStringLiteral("Shadow Offset:")));
+    EXPECT_TRUE(captions.contains(QStringLiteral("Shadow Style:")));
     state.ToolTip = false;
     Begin();
     EXPECT_EQ(Find("PicBackColor")->toolTip(), QString());

@@ -1,7 +1,9 @@
 // The user's text against pictures that were looked at. They are drawn with fonts that a machine with this
 // tree has (tools/packages.txt), and each is the same on screens of any scale. With TAQ_NEW_GOLDENS=<folder>
 // the pictures of this run are written there, to be looked at and put in the place of the old ones.
+#include "app/Lead.h"
 #include "tests/text/TextSamples.h"
+#include "text/PrintUserText.h"
 
 #include <QDir>
 #include <QFontDatabase>
@@ -55,6 +57,16 @@ TEST(GoldenText, EveryStyleAndEverySettingIsDrawnAsInItsPicture)
     for (const TextSample& sample : TextSamples()) {
         const QImage golden(GoldenPath(sample.name));
         EXPECT_LE(Distance(sample.picture, golden), MostOthers) << sample.name.toStdString();
+    }
+}
+
+TEST(GoldenText, AControlDrawsTheSameAsIsDrawnIntoFiles)
+{
+    for (const TextSample& sample : TextSamples()) {
+        Lead lead;
+        lead.SetBitmap(TextGround(sample.picture.size()));
+        PrintUserText(lead, sample.text);
+        EXPECT_EQ(lead.Bitmap(), sample.picture) << sample.name.toStdString();
     }
 }
 

@@ -2,8 +2,10 @@
 
 #include "imaging/PictureText.h"
 #include "tests/testing/FakeFrame.h"
+#include "tests/testing/PaintCount.h"
 
 #include <QScrollBar>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -219,6 +221,39 @@ TEST_F(PrintUserTextTest, TheWindowShowsWhatItShowedBefore)
     PrintUserText(frame);
     EXPECT_EQ(across->value(), 70);
     EXPECT_TRUE(across->isVisible());
+}
+
+TEST_F(PrintUserTextTest, AfterwardsTheBarsAreBackChangesArePaintedAndTheGroundIsNotErased)
+{
+    const auto ground = [this] {
+        QImage shown(lead.size(), QImage::Format_RGB32);
+        shown.fill(Qt::magenta);
+        lead.render(&shown, {}, {}, QWidget::DrawChildren);
+        return shown.pixelColor(lead.rect().bottomRight());
+    };
+    lead.SetAutoRepaint(false);
+    lead.SetAutoScroll(false);
+    lead.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&lead));
+    ASSERT_NE(ground(), QColor(Qt::magenta));
+    PrintUserText(frame);
+    EXPECT_EQ(ground(), QColor(Qt::magenta)) << "it was switched off and stays so";
+    QCoreApplication::processEvents();
+    PaintCount paints(lead);
+    lead.SetBitmap(Plain());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
+    lead.resize(100, 60);
+    EXPECT_TRUE(lead.findChildren<QScrollBar*>().first()->isVisible());
+}
+
+TEST_F(PrintUserTextTest, TheTextIsOnTheScreenAtOnce)
+{
+    lead.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&lead));
+    QCoreApplication::processEvents();
+    PaintCount paints(lead);
+    PrintUserText(frame);
+    EXPECT_GT(paints.count, 0) << "before any event was handled";
 }
 
 TEST_F(PrintUserTextTest, WithoutACaptureItIsAFailure)

@@ -1,6 +1,5 @@
 #include "tests/text/TextSamples.h"
 
-#include "app/TextSettings.h"
 #include "imaging/PictureText.h"
 #include "text/PrintUserText.h"
 
@@ -54,7 +53,7 @@ constexpr Setting Settings[] = {
 
 TextSample Sample(const QString& name, const TextSettings& text)
 {
-    return { name, WithUserText(TextGround(Size), text) };
+    return { name, text, WithUserText(TextGround(Size), text) };
 }
 
 } // namespace

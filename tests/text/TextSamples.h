@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/TextSettings.h"
+
 #include <QImage>
 #include <QString>
 
@@ -11,6 +13,7 @@ QImage TextGround(QSize size);
 /// A picture with the user's text, drawn as every setting but one has it in all of them.
 struct TextSample {
     QString name; ///< of the style, or of the setting that differs
+    TextSettings text;
     QImage picture;
 };
 

@@ -5,6 +5,7 @@
 #include "tests/testing/Files.h"
 #include "tests/testing/SmallDisk.h"
 #include "tests/video/VideoWindowFixture.h"
+#include "toolkit/StripButton.h"
 
 #include <QFileInfo>
 #include <QMap>
@@ -21,6 +22,7 @@ public:
     using FakePlayer::FakePlayer;
 
     QMap<QString, int> frameCounts; ///< by file name; 30 for any other
+    QMap<QString, QSize> sizes; ///< by file name; as it was for any other
     std::set<int> refusedFrames;
     QStringList opened; ///< the files' names, in their order
     std::function<void()> whenStillIsTaken;
@@ -34,8 +36,10 @@ public:
         FakePlayer::SetSourceFile(path);
         state = Stopped;
         frame = 0;
-        frameCount = file.isEmpty() ? 0 : frameCounts.value(QFileInfo(path).fileName(), 30);
-        opened << QFileInfo(path).fileName();
+        const QString name = QFileInfo(path).fileName();
+        frameCount = file.isEmpty() ? 0 : frameCounts.value(name, 30);
+        size = sizes.value(name, size);
+        opened << name;
     }
     void SetCurrentFrame(int number) override
     {
@@ -92,6 +96,10 @@ protected:
     {
         return ::Await(condition, std::chrono::seconds(20));
     }
+    bool AwaitStills(int more) const
+    {
+        return Await([this, wanted = player->stillsGiven + more] { return player->stillsGiven >= wanted; });
+    }
     /// Waits until the label of the run has said this; by then it may say something else.
     bool AwaitLabel(const QString& text) const
     {
@@ -121,6 +129,26 @@ protected:
     {
         return std::ranges::none_of(FilesIn(PictureFolder()),
             [this](const QString& file) { return QImage(PictureFolder() + u'/' + file).isNull(); });
+    }
+    /// The message of a .wmv that frames are asked of.
+    void ExpectRefusal()
+    {
+        frame.errors.Expect(QStringLiteral("Auto Frame Capture"),
+            QStringLiteral("The frame command is not supported by this video format.\n"
+                           "Multi capture not enabled.\n"
+                           "Turn off this feature for this video, reload it, and use the capture button."));
+    }
+    /// The message of a video of one frame.
+    void ExpectSingleFrame()
+    {
+        frame.errors.Expect(QStringLiteral("Capture Not Supported"),
+            QStringLiteral("The frame command is not supported by this video format. Turn off this feature "
+                           "for this video and use the capture button."));
+    }
+    void ExpectTheVideosButtonsToWork() const
+    {
+        for (const StripButton* button : pane.Cmd2)
+            EXPECT_TRUE(button->isEnabled()) << button->objectName().toStdString();
     }
     void Press(const char* button)
     {

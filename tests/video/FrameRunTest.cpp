@@ -1,18 +1,14 @@
 #include "app/Hourglass.h"
+#include "tests/testing/PaintCount.h"
 #include "tests/testing/SmallDisk.h"
 #include "tests/video/AutoRunFixture.h"
-#include "toolkit/StripButton.h"
+#include "toolkit/PositionSlider.h"
 #include "toolkit/TitleStrip.h"
 
 namespace {
 
 using FrameRunTest = AutoRunFixture;
 using Frames = std::vector<int>;
-
-constexpr auto RefusalTitle = "Auto Frame Capture";
-constexpr auto RefusalText = "The frame command is not supported by this video format.\n"
-                             "Multi capture not enabled.\n"
-                             "Turn off this feature for this video, reload it, and use the capture button.";
 
 const QString A = QStringLiteral("a.avi");
 const QString B = QStringLiteral("b.avi");
@@ -27,6 +23,7 @@ TEST_F(FrameRunTest, TheFramesAskedForAreWrittenInTheirOrder)
     ASSERT_TRUE(AwaitOver());
     EXPECT_EQ(FramesWritten(), (Frames { 0, 10, 20 }));
     EXPECT_EQ(FilesWritten(), 3);
+    EXPECT_EQ(player->lastTimeout, 5000);
 }
 
 TEST_F(FrameRunTest, AVideoOfFewerFramesThanTheStepGivesAFirstFileAndOneLast)
@@ -49,10 +46,46 @@ TEST_F(FrameRunTest, TheLabelTellsTheTimedIntervalAsFrameNumber)
 {
     Store("UsersCaptureTime", QStringLiteral("7"));
     RunByFrames({ A }, 10);
-    EXPECT_TRUE(frame.statusShown.value(StatusLabel::AutoCapture));
+    for (const StatusLabel label :
+        { StatusLabel::AutoCapture, StatusLabel::Operation, StatusLabel::Position })
+        EXPECT_TRUE(frame.statusShown.value(label));
     ASSERT_TRUE(AwaitLabel(QStringLiteral("Captured first frame.     Total Captures = 1")));
     ASSERT_TRUE(AwaitOver());
     EXPECT_EQ(Status(StatusLabel::AutoCapture), "Captured frame at Frame #: 14    Total Captures = 3");
+    EXPECT_EQ(frame.errors.lastOwner, nullptr) << "no summary is shown besides";
+}
+
+TEST_F(FrameRunTest, TheLabelsOfTheVideoComeBackAfterEachVideo)
+{
+    player->whenStillIsTaken = [this] {
+        for (const StatusLabel label : { StatusLabel::Operation, StatusLabel::Position })
+            frame.ShowStatus(label, false);
+    };
+    ExpectRefusal();
+    frame.errors.whileShown = [this] { // the first video is done, and no other one loaded
+        EXPECT_TRUE(frame.statusShown.value(StatusLabel::Operation));
+        EXPECT_TRUE(frame.statusShown.value(StatusLabel::Position));
+    };
+    RunByFrames({ A, Wmv }, 10);
+    ASSERT_TRUE(AwaitOver());
+}
+
+TEST_F(FrameRunTest, EachVideoBeginsAtItsStartAndSoDoesTheSlider)
+{
+    Open({ C });
+    pane.trkPosition->SetMax(8000);
+    Progress(7000);
+    ASSERT_EQ(pane.trkPosition->Value(), 7000);
+    double position = -1;
+    player->whenStillIsTaken = [&] {
+        if (player->stillsGiven == 1)
+            position = player->CurrentPosition();
+    };
+    RunByFrames({ A }, 10);
+    ASSERT_TRUE(AwaitOver());
+    EXPECT_EQ(position, 0);
+    EXPECT_EQ(pane.trkPosition->Max(), player->TrackingMax());
+    EXPECT_EQ(pane.trkPosition->Value(), 0);
 }
 
 TEST_F(FrameRunTest, ARunOverSeveralVideosCountsOneMore)
@@ -98,9 +131,14 @@ TEST_F(FrameRunTest, ThePicturesAreBitmapsWhateverTheFormatOfCaptures)
 
 TEST_F(FrameRunTest, AWmvIsRefusedAndPlaysAndTheRunWaitsForIt)
 {
-    frame.errors.Expect(QLatin1String(RefusalTitle), QLatin1String(RefusalText));
+    ExpectRefusal();
     RunByFrames({ A, Wmv, C }, 10);
+    pane.trkPosition->SetMax(8000);
+    pane.trkPosition->SetValue(7000);
     ASSERT_TRUE(Await([&] { return player->opened.size() == 2 && player->state == ltmmPlay::Running; }));
+    EXPECT_EQ(pane.trkPosition->Max(), player->TrackingMax());
+    EXPECT_EQ(pane.trkPosition->Value(), 0);
+    EXPECT_EQ(player->CurrentPosition(), 0);
     EXPECT_TRUE(pane.Cmd2[PauseButton]->isEnabled());
     Progress(9000);
     QCoreApplication::processEvents();
@@ -113,7 +151,7 @@ TEST_F(FrameRunTest, AWmvIsRefusedAndPlaysAndTheRunWaitsForIt)
 
 TEST_F(FrameRunTest, TheCaptureButtonThatTheRefusalAdvisesWorksWhileTheWmvPlays)
 {
-    frame.errors.Expect(QLatin1String(RefusalTitle), QLatin1String(RefusalText));
+    ExpectRefusal();
     player->frameCounts[C] = 30'000;
     RunByFrames({ Wmv, C }, 10);
     ASSERT_TRUE(Await([&] { return player->state == ltmmPlay::Running; }));
@@ -126,7 +164,7 @@ TEST_F(FrameRunTest, TheCaptureButtonThatTheRefusalAdvisesWorksWhileTheWmvPlays)
 
 TEST_F(FrameRunTest, WhereCapturesAreSavedAtOnceItIsTheSaveButton)
 {
-    frame.errors.Expect(QLatin1String(RefusalTitle), QLatin1String(RefusalText));
+    ExpectRefusal();
     state.NoCap = true;
     RunByFrames({ Wmv, C }, 10);
     ASSERT_TRUE(Await([&] { return player->state == ltmmPlay::Running; }));
@@ -140,7 +178,7 @@ TEST_F(FrameRunTest, WhereCapturesAreSavedAtOnceItIsTheSaveButton)
 
 TEST_F(FrameRunTest, AWmvAtTheEndIsLeftPlaying)
 {
-    frame.errors.Expect(QLatin1String(RefusalTitle), QLatin1String(RefusalText));
+    ExpectRefusal();
     RunByFrames({ A, Wmv }, 10);
     ASSERT_TRUE(AwaitOver());
     EXPECT_EQ(player->state, ltmmPlay::Running);
@@ -149,14 +187,12 @@ TEST_F(FrameRunTest, AWmvAtTheEndIsLeftPlaying)
 
 TEST_F(FrameRunTest, ASingleFrameIsToldAndNothingIsWritten)
 {
-    frame.errors.Expect(QStringLiteral("Capture Not Supported"),
-        QStringLiteral(
-            "The frame command is not supported by this video format. Turn off this feature for this "
-            "video and use the capture button."));
+    ExpectSingleFrame();
     player->frameCounts[A] = 1;
     RunByFrames({ A }, 10);
     ASSERT_TRUE(AwaitOver());
     EXPECT_EQ(FilesWritten(), 0);
+    ExpectTheVideosButtonsToWork();
 }
 
 TEST_F(FrameRunTest, AFileOfAnyOtherTypeIsLeftOutWithoutAWord)
@@ -179,7 +215,7 @@ TEST_F(FrameRunTest, AnEmptyListDoesNothingAndSaysNothing)
 
 TEST_F(FrameRunTest, FiveVideosWithAWmvABrokenOneAndATextFileGiveThePicturesOfTheOthers)
 {
-    frame.errors.Expect(QLatin1String(RefusalTitle), QLatin1String(RefusalText));
+    ExpectRefusal();
     player->refused = frame.folder.filePath(B);
     RunByFrames({ A, Wmv, B, QStringLiteral("notes.txt"), C }, 10);
     ASSERT_TRUE(Await([&] { return player->state == ltmmPlay::Running; }));
@@ -187,6 +223,7 @@ TEST_F(FrameRunTest, FiveVideosWithAWmvABrokenOneAndATextFileGiveThePicturesOfTh
     ASSERT_TRUE(AwaitOver());
     EXPECT_EQ(player->opened, (QStringList { A, Wmv, B, C }));
     EXPECT_EQ(FramesWritten(), (Frames { 0, 10, 20, 10, 20 }));
+    ExpectTheVideosButtonsToWork();
 }
 
 TEST_F(FrameRunTest, AFrameThatIsRefusedEndsItsVideoAndTheRunGoesOn)
@@ -200,6 +237,16 @@ TEST_F(FrameRunTest, AFrameThatIsRefusedEndsItsVideoAndTheRunGoesOn)
     EXPECT_EQ(FrameIn(7), 10);
     EXPECT_EQ(FrameIn(8), 20);
     EXPECT_EQ(FilesWritten(), 7);
+    ExpectTheVideosButtonsToWork();
+}
+
+TEST_F(FrameRunTest, AfterAFrameThatIsRefusedTheTitleNamesThePictureWrittenLast)
+{
+    player->refusedFrames = { 20 };
+    RunByFrames({ A }, 10);
+    ASSERT_TRUE(AwaitOver());
+    EXPECT_EQ(window->Head().Title(), PicturePath(2));
+    EXPECT_EQ(state.VideoPath, PicturePath(2));
 }
 
 TEST_F(FrameRunTest, AFolderRemovedInTheMiddleEndsTheVideoAndTheNextGoesOnWhereItIsBack)
@@ -243,6 +290,31 @@ TEST_F(FrameRunTest, TheWindowsCloseButtonLeavesTheRun)
     RunByFrames({ A, B }, 10);
     ASSERT_TRUE(Await([&] { return FilesWritten() > 5; }));
     ExpectTheCloseButtonToLeaveTheRun();
+}
+
+TEST_F(FrameRunTest, ClosingTheWindowLeavesTheRun)
+{
+    player->frameCounts[A] = 30'000;
+    RunByFrames({ A, B }, 10);
+    ASSERT_TRUE(Await([&] { return FilesWritten() > 5; }));
+    int more = 0;
+    player->whenStillIsTaken = [&] { ++more; };
+    frame.own = &spare;
+    window->close();
+    ASSERT_TRUE(Await([&] { return window.isNull(); }));
+    EXPECT_EQ(more, 0);
+    EXPECT_TRUE(AreAllWhole());
+}
+
+TEST_F(FrameRunTest, TheWindowRepaintsWhileTheRunGoesOn)
+{
+    player->frameCounts[A] = 30'000;
+    RunByFrames({ A }, 10);
+    ASSERT_TRUE(Await([&] { return FilesWritten() > 2; }));
+    PaintCount paints(*window);
+    window->update();
+    EXPECT_TRUE(Await([&] { return paints.count > 0; }));
+    EXPECT_FALSE(frame.enabled.value(Command::Capture)) << "it goes on";
 }
 
 TEST_F(FrameRunTest, TheWindowsOpenButtonLeavesTheRunAndGivesTheVideoToTheUser)

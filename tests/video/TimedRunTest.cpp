@@ -1,6 +1,7 @@
+#include "tests/testing/FileSizeLimit.h"
 #include "tests/testing/SmallDisk.h"
 #include "tests/video/AutoRunFixture.h"
-#include "toolkit/StripButton.h"
+#include "tests/video/HeldDisk.h"
 
 #include <QPointer>
 #include <QTimer>
@@ -16,10 +17,6 @@ protected:
     {
         player->rate = 50;
         RunByTime(names, 1);
-    }
-    bool AwaitStills(int more) const
-    {
-        return Await([this, wanted = player->stillsGiven + more] { return player->stillsGiven >= wanted; });
     }
     /// Waits until so many captures of one video were told, 2 to 9.
     bool AwaitCaptures(int count) const
@@ -69,6 +66,7 @@ TEST_F(TimedRunTest, TheVideoPlaysAndItsFirstPictureComesAlmostAtOnce)
         EXPECT_TRUE(frame.statusShown.value(label));
     EXPECT_EQ(FilesWritten(), 1);
     EXPECT_TRUE(pane.Cmd2[PauseButton]->isEnabled());
+    EXPECT_TRUE(pane.Cmd3[SoundButton]->isEnabled());
     EXPECT_FALSE(frame.enabled.value(Command::Capture));
 }
 
@@ -85,6 +83,23 @@ TEST_F(TimedRunTest, TheFilesBearTheExtensionOfCapturesAndHoldBitmapData)
     RunByTime({ A }, 1);
     ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
     EXPECT_TRUE(FileBytes(PicturePath(1, ".png")).startsWith("BM"));
+}
+
+TEST_F(TimedRunTest, TheExtensionIsReadAnewForEachVideo)
+{
+    const auto pictures = [this](const char* extension) {
+        return FilesIn(PictureFolder()).filter(QLatin1String(extension)).size();
+    };
+    RunQuickly({ A, C });
+    ASSERT_TRUE(Await([&] { return pictures(".bmp") > 0; }));
+    Store("Ext", QStringLiteral(".png"));
+    ASSERT_TRUE(AwaitStills(4)); // one of them is written by now
+    EXPECT_EQ(pictures(".png"), 0);
+    Progress(10'000);
+    ASSERT_TRUE(Await([&] { return pictures(".png") > 0; }));
+    const auto before = pictures(".bmp");
+    ASSERT_TRUE(AwaitStills(4));
+    EXPECT_EQ(pictures(".bmp"), before);
 }
 
 TEST_F(TimedRunTest, APausedVideoWaitsAndTheCountDoesNotMove)
@@ -144,7 +159,7 @@ TEST_F(TimedRunTest, AFolderRemovedInTheMiddleIsWrittenToAgainOnceItIsBack)
 {
     RunQuickly({ A });
     ASSERT_TRUE(AwaitCaptures(3));
-    QDir(PictureFolder()).removeRecursively();
+    while (!QDir(PictureFolder()).removeRecursively()) { } // a picture may come in between
     ASSERT_TRUE(AwaitStills(7)); // three of them may wait: the fourth has been tried
     QDir().mkpath(PictureFolder());
     ASSERT_TRUE(Await([&] { return FilesWritten() > 0; }));
@@ -166,6 +181,25 @@ TEST_F(TimedRunTest, TheUsersTextIsBurntIntoEveryPicture)
     QImage plain = written;
     plain.fill(written.pixel(399, 99));
     EXPECT_NE(written, plain);
+}
+
+TEST_F(TimedRunTest, ATextThatCannotBeBurntLeavesTheFileAsWrittenAndTheNextPictureComes)
+{
+    Store("UseWatermark", QStringLiteral("True"));
+    Store("Ext", QStringLiteral(".tif"));
+    state.Reload(Key::UseWatermark);
+    player->size = QSize(8, 4);
+    RunQuickly({ A });
+    const bool goesOn = [&] {
+        const FileSizeLimit limit(54 + 8 * 4 * 3); // of a bitmap; the tags of the other format need more
+        return AwaitStills(3) && Await([&] { return FilesWritten() > 1; });
+    }();
+    ASSERT_TRUE(goesOn);
+    EXPECT_TRUE(FileBytes(PicturePath(1, ".tif")).startsWith("BM"));
+    EXPECT_EQ(Status(StatusLabel::AutoCapture), QString()) << "the count does not move";
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::Watermark));
+    ASSERT_TRUE(AwaitLabel(QStringLiteral("Captured first frame.     Total Captures = 1")));
+    EXPECT_TRUE(FileBytes(state.CurrentFile).startsWith("II*"));
 }
 
 TEST_F(TimedRunTest, TheWindowsCloseButtonLeavesTheRun)
@@ -201,6 +235,17 @@ TEST_F(TimedRunTest, AVideoChosenFromTheListLeavesTheRunAndOpensAsUsual)
     EXPECT_EQ(player->stillsGiven, given);
 }
 
+TEST_F(TimedRunTest, AnOpenCountsTheCapturesAnew)
+{
+    RunQuickly({ A, C });
+    ASSERT_TRUE(AwaitCaptures(3));
+    ASSERT_GE(window->UserCaptures(), 2);
+    state.VideoPath = state.Videos.value(2);
+    state.FromList = true;
+    window->OpenVideo();
+    EXPECT_EQ(window->UserCaptures(), 0);
+}
+
 TEST_F(TimedRunTest, TheWindowsOtherButtonsLetItGoOn)
 {
     RunQuickly({ A });
@@ -228,6 +273,17 @@ TEST_F(TimedRunTest, AtHundredPercentTheNextVideoFollowsAndItsFirstPictureDoesNo
     EXPECT_EQ(FilesWritten(), 4) << "numbers run on";
 }
 
+TEST_F(TimedRunTest, AtHundredPercentTheWordsOfTheWatermarkGo)
+{
+    RunByTime({ A }, 10);
+    ASSERT_TRUE(AwaitLabel(QStringLiteral("Captured first frame.     Total Captures = 1")));
+    for (const int position : { 9949, 9950 }) { // shown as 99% and 100%
+        frame.ShowStatus(StatusLabel::Watermark, true);
+        Progress(position);
+        EXPECT_EQ(frame.statusShown.value(StatusLabel::Watermark), position == 9949);
+    }
+}
+
 TEST_F(TimedRunTest, AfterTheLastVideoNothingMoreIsWrittenAndTheCommandsComeBack)
 {
     const Ticking ticking;
@@ -238,6 +294,18 @@ TEST_F(TimedRunTest, AfterTheLastVideoNothingMoreIsWrittenAndTheCommandsComeBack
     ASSERT_TRUE(AwaitOver());
     EXPECT_FALSE(ticking.TicksOn());
     EXPECT_TRUE(pane.Cmd2[PlayButton]->isEnabled());
+}
+
+TEST_F(TimedRunTest, AfterTheEndTheLabelFlashesNoMore)
+{
+    RunByTime({ A }, 1);
+    ASSERT_TRUE(Await([&] { return frame.statusShown.value(StatusLabel::Flashing); })) << "it flashes";
+    Progress(10'000);
+    ASSERT_TRUE(AwaitOver());
+    frame.ShowStatus(StatusLabel::Flashing, true);
+    window->resize(20, 20); // two seconds later the window grows
+    ASSERT_TRUE(Await([&] { return window->height() >= 53; }));
+    EXPECT_TRUE(frame.statusShown.value(StatusLabel::Flashing)) << "nothing has hidden it in that time";
 }
 
 TEST_F(TimedRunTest, AWmvIsCapturedByTimeAsAnyOther)
@@ -269,12 +337,27 @@ TEST_F(TimedRunTest, TheNextVideoOpensWhileTheErrorOfTheLastOneStands)
     frame.errors.Expect(QStringLiteral("Error Abort"),
         QStringLiteral("Abort, Error Playing.     Error Code: Reason 1.  Or file is not complete, or it is "
                        "corrupt"));
-    frame.errors.whileShown
-        = [this] { EXPECT_TRUE(Await([&] { return player->opened == QStringList({ A, C }); })); };
+    frame.errors.whileShown = [this] {
+        EXPECT_TRUE(Await([&] { return player->opened == QStringList({ A, C }); }));
+    };
     RunByTime({ A, C }, 1);
     ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
     player->Stop();
     Q_EMIT player->PlayerError(1);
+}
+
+TEST_F(TimedRunTest, APictureThatComesDueWhileTheDiskHangsIsTakenAsSoonAsThereIsRoom)
+{
+    const auto ticks = [this] { return frame.told.value(StatusLabel::Flashing).size(); };
+    {
+        const HeldDisk disk;
+        RunQuickly({ A });
+        ASSERT_TRUE(AwaitStills(3));
+        player->rate = 0.001; // the tick after the next is far away
+        ASSERT_TRUE(Await([&, wanted = ticks() + 1] { return ticks() >= wanted; }));
+        EXPECT_EQ(player->stillsGiven, 3);
+    }
+    EXPECT_TRUE(AwaitStills(1));
 }
 
 TEST_F(TimedRunTest, ALastPictureLeavesNoWatermarkLabelBehind)
@@ -373,6 +456,18 @@ TEST_F(TimedRunTest, TheWindowsOpenButtonLetsTheNumbersBeginAnew)
     Open({ A });
     ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
     EXPECT_TRUE(QFile::exists(PicturePath(1)));
+}
+
+TEST_F(TimedRunTest, AnotherRunGoesOnWithTheNumbersAndFillsNoGap)
+{
+    RunByTime({ A }, 10);
+    ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
+    Progress(10'000);
+    ASSERT_TRUE(AwaitOver());
+    QFile::remove(PicturePath(1));
+    RunByTime({ A }, 10);
+    ASSERT_TRUE(Await([&] { return FilesWritten() == 1; }));
+    EXPECT_TRUE(QFile::exists(PicturePath(2)));
 }
 
 TEST_F(TimedRunTest, FromTheFirstPictureOnTheLabelFlashesAndTheWordsOfTheWatermarkGo)

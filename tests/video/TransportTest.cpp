@@ -1,5 +1,6 @@
 #include "video/Transport.h"
 
+#include "app/Hourglass.h"
 #include "tests/testing/PaintCount.h"
 #include "tests/video/VideoFixture.h"
 #include "toolkit/PositionSlider.h"
@@ -86,6 +87,17 @@ TEST_F(TransportTest, PlayResetsTheSelectionStartWithoutAMark)
     EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("Reset"));
 }
 
+TEST_F(TransportTest, PlayReleasesPauseAndBringsTheNormalPointer)
+{
+    player.state = ltmmPlay::Running;
+    Click(pane.Cmd2[PauseButton]);
+    ASSERT_EQ(pane.Cmd2[PauseButton]->Value(), 1);
+    SetPointer(Pointer::Busy);
+    Click(pane.Cmd2[PlayButton]);
+    EXPECT_EQ(pane.Cmd2[PauseButton]->Value(), 0);
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+}
+
 TEST_F(TransportTest, PlayKeepsTheSelectionStartWithAMark)
 {
     player.selectionStart = 3;
@@ -148,11 +160,17 @@ TEST_F(TransportTest, WithoutAVideoNothingCanBePressedButWhatIsDown)
     player.file.clear();
     player.capabilities = 0;
     transport.SetSoundOn();
-    pane.Cmd3[LoopButton]->SetValue(1);
-    transport.EnableVideoControls(false, player);
+    for (const auto& [down, up] :
+        { std::pair(LoopButton, AutoRewindButton), { AutoRewindButton, LoopButton } }) {
+        for (const SeekButton button : { down, up })
+            pane.Cmd3[button]->SetValue(0);
+        transport.EnableVideoControls(true, player);
+        pane.Cmd3[down]->SetValue(1);
+        transport.EnableVideoControls(false, player);
+        EXPECT_FALSE(pane.Cmd3[up]->isEnabled());
+        EXPECT_TRUE(pane.Cmd3[down]->isEnabled()) << "down, so it keeps its state";
+    }
     EXPECT_FALSE(pane.Cmd2[PlayButton]->isEnabled());
-    EXPECT_FALSE(pane.Cmd3[AutoRewindButton]->isEnabled());
-    EXPECT_TRUE(pane.Cmd3[LoopButton]->isEnabled()) << "down, so it keeps its state";
     EXPECT_FALSE(pane.Cmd3[SoundButton]->isEnabled());
     EXPECT_FALSE(frame.statusShown.value(StatusLabel::Operation, true));
 }
@@ -205,9 +223,16 @@ TEST_F(TransportTest, EitherMarkButtonClearsBothMarks)
 TEST_F(TransportTest, AMarkButtonWithoutAVideoDoesNothingAndKeepsItsValue)
 {
     state.VideoPath.clear();
-    Click(pane.Cmd3[MarkStartButton]);
+    player.selectionStart = player.selectionEnd = 3;
+    for (const SeekButton button : { MarkStartButton, MarkEndButton })
+        for (const int value : { 0, 1 }) {
+            pane.Cmd3[button]->SetValue(value);
+            Click(pane.Cmd3[button]);
+            EXPECT_EQ(pane.Cmd3[button]->Value(), value);
+        }
     EXPECT_FALSE(state.MarksSet);
-    EXPECT_EQ(pane.Cmd3[MarkStartButton]->Value(), 0);
+    EXPECT_EQ(player.selectionStart, 3);
+    EXPECT_EQ(player.selectionEnd, 3);
 }
 
 TEST_F(TransportTest, MarksWaitForTheSliderAfterAnOpenAndAfterAClear)
@@ -259,6 +284,26 @@ TEST_F(TransportTest, AnAcceptedRateIsToldInTheTip)
     Click(pane.speedbtn[IncreaseRateButton]);
     EXPECT_EQ(player.rate, 2.0);
     EXPECT_EQ(pane.speedbtn[IncreaseRateButton]->toolTip(), QStringLiteral("2"));
+}
+
+TEST_F(TransportTest, TheTwoRateButtonsCountTheirClicksByThemselves)
+{
+    std::vector<double> rates;
+    for (const RateButton button :
+        { IncreaseRateButton, IncreaseRateButton, DecreaseRateButton, IncreaseRateButton }) {
+        Click(pane.speedbtn[button]);
+        rates.push_back(player.rate);
+    }
+    EXPECT_EQ(rates, (std::vector<double> { 1, 2, 1, 2 }));
+}
+
+TEST_F(TransportTest, ARefusedIncreaseIsToldInItsOwnTip)
+{
+    player.fastestRate = 1;
+    Click(pane.speedbtn[IncreaseRateButton]);
+    Click(pane.speedbtn[IncreaseRateButton]);
+    EXPECT_EQ(pane.speedbtn[IncreaseRateButton]->toolTip(), QStringLiteral("2 Rate not supported  -"));
+    EXPECT_EQ(player.rate, 1.0);
 }
 
 TEST_F(TransportTest, LatchingButtonsDoWhatTheirValueSays)

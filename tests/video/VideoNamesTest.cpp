@@ -44,3 +44,12 @@ TEST(VideoNames, AWebAddressIsSplitAtBackslashesOnly)
     EXPECT_FALSE(SplitVideoPath(QStringLiteral("http://host/films/clip.avi")).isSplit);
     EXPECT_EQ(SplitVideoPath(QStringLiteral("http://host\\clip.avi")).name, QStringLiteral("clip.avi"));
 }
+
+TEST(VideoNames, WhatLogsInAtAHostIsNoPartOfTheName)
+{
+    for (const char* logIn : { "", "jane@", "jane:secret@", "CORP\\jane:secret@", "jane:s@cret@" })
+        for (const char* rest : { "host/clip.avi", "host/jane@home.avi", "host?to=a@b", "host#a@b" })
+            EXPECT_EQ(WithoutLogIn(QStringLiteral("http://") + QLatin1String(logIn) + QLatin1String(rest)),
+                QStringLiteral("http://") + QLatin1String(rest));
+    EXPECT_EQ(WithoutLogIn(QStringLiteral("/films/jane@home.avi")), QStringLiteral("/films/jane@home.avi"));
+}

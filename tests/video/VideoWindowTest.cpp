@@ -1,5 +1,7 @@
+#include "app/Hourglass.h"
 #include "tests/testing/AccessFaults.h"
 #include "tests/testing/Files.h"
+#include "tests/testing/SmallMemory.h"
 #include "tests/video/VideoWindowFixture.h"
 #include "toolkit/PositionSlider.h"
 #include "toolkit/StripButton.h"
@@ -8,7 +10,65 @@
 #include <QSignalSpy>
 #include <QTest>
 
-using VideoWindowTest = VideoWindowFixture;
+#include <cerrno>
+#include <chrono>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+class VideoWindowTest : public VideoWindowFixture {
+protected:
+    void Press(const char* button)
+    {
+        QTest::mouseClick(window->findChild<QWidget*>(QLatin1String(button)), Qt::LeftButton);
+    }
+    /// What the player is asked for from now on, one call after the other.
+    void NoteCalls(QStringList& calls)
+    {
+        Player().whenAsked = [&calls](const char* call) { calls << QLatin1String(call); };
+    }
+};
+
+/// The window's timers of one kind, as they are seen to tick.
+class TimerWatch : public QObject {
+public:
+    TimerWatch(std::chrono::milliseconds interval, bool isSingleShot)
+        : interval_(interval)
+        , isSingleShot_(isSingleShot)
+    {
+        qApp->installEventFilter(this);
+    }
+    bool eventFilter(QObject* receiver, QEvent* event) override
+    {
+        auto* timer = event->type() == QEvent::Timer ? qobject_cast<QTimer*>(receiver) : nullptr;
+        if (timer && timer->isSingleShot() == isSingleShot_ && timer->intervalAsDuration() == interval_)
+            seen_ = timer;
+        return false;
+    }
+    /// Waits for a tick to come.
+    bool AwaitTick()
+    {
+        seen_ = nullptr;
+        return QTest::qWaitFor([this] { return !seen_.isNull(); }, 10'000);
+    }
+    bool Runs() const { return seen_ && seen_->isActive(); }
+
+private:
+    std::chrono::milliseconds interval_;
+    bool isSingleShot_;
+    QPointer<QTimer> seen_;
+};
+
+/// The check of the window's size.
+struct SizeCheck : TimerWatch {
+    SizeCheck()
+        : TimerWatch(2000ms, true)
+    {
+    }
+};
+
+} // namespace
 
 TEST_F(VideoWindowTest, TheWindowTakesTheSizeOfTheVideo)
 {
@@ -38,11 +98,54 @@ TEST_F(VideoWindowTest, OpeningResetsThePlayerAndNeverPlays)
     EXPECT_TRUE(pane.Cmd2[PlayButton]->isEnabled());
 }
 
-TEST_F(VideoWindowTest, ASelectionOfOnlyTextFilesLeavesTheTransportDisabled)
+TEST_F(VideoWindowTest, ThePlayerIsStoppedSetToFullSizeAndEmptiedBeforeItIsGivenTheVideo)
 {
+    QStringList calls;
+    NoteCalls(calls);
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_EQ(calls, QStringList({ "Stop", "SetDisplaySize", "ResetSource", "SetSourceFile" }));
+}
+
+TEST_F(VideoWindowTest, AnOpenStandsAtTheStartAndShowsItsTwoLabels)
+{
+    Player().frame = 50;
+    for (const StatusLabel label : { StatusLabel::Operation, StatusLabel::Position })
+        frame.ShowStatus(label, false);
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_EQ(Player().frame, 0);
+    EXPECT_TRUE(frame.statusShown.value(StatusLabel::Operation));
+    EXPECT_TRUE(frame.statusShown.value(StatusLabel::Position));
+}
+
+TEST_F(VideoWindowTest, ThePointerIsBusyWhileAFileOpens)
+{
+    QStringList busy;
+    Player().whenAsked = [&](const char* call) {
+        if (CurrentPointer() == Pointer::Busy)
+            busy << QLatin1String(call);
+    };
+    Open({ QStringLiteral("a.avi") });
+    EXPECT_EQ(busy, QStringList { "SetSourceFile" });
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+}
+
+TEST_F(VideoWindowTest, TheNormalPointerReturnsWhenAWindowIsMade)
+{
+    SetPointer(Pointer::Busy);
+    const VideoWindow another(
+        frame, *transport, [this](QWidget* parent) { return frame.own = MakePlayer(parent); });
+    frame.own = &spare;
+    EXPECT_EQ(CurrentPointer(), Pointer::Normal);
+}
+
+TEST_F(VideoWindowTest, ASelectionOfOnlyTextFilesLeavesTheTransportDisabledAndStopsWhatPlays)
+{
+    Open({ QStringLiteral("a.avi") });
+    Player().state = ltmmPlay::Running;
     Open({ QStringLiteral("a.txt"), QStringLiteral("b.doc") });
     EXPECT_EQ(state.VideoPath, QString());
     EXPECT_EQ(Player().file, QString());
+    EXPECT_EQ(Player().state, ltmmPlay::Stopped);
     EXPECT_FALSE(pane.Cmd2[PlayButton]->isEnabled());
     EXPECT_FALSE(pane.CmdList[NextVideoButton]->isEnabled());
     EXPECT_EQ(window->size().expandedTo(window->minimumSizeHint()), window->size());
@@ -58,11 +161,32 @@ TEST_F(VideoWindowTest, AVideoThatCannotBeLoadedKeepsItsWindowInReach)
     EXPECT_EQ(window->size(), before);
 }
 
-TEST_F(VideoWindowTest, AnOpenInProgressSuppressesTheNextResizeOnce)
+TEST_F(VideoWindowTest, AnOpenInProgressLetsOneResizePassWithoutTheCheckOfTheSize)
 {
+    SizeCheck check;
+    ASSERT_TRUE(check.AwaitTick());
+    ASSERT_FALSE(check.Runs());
     state.OpeningNow = true;
     window->resize(300, 300);
     EXPECT_FALSE(state.OpeningNow);
+    EXPECT_FALSE(check.Runs());
+    window->resize(310, 300);
+    EXPECT_TRUE(check.Runs());
+}
+
+TEST_F(VideoWindowTest, AMinimizedWindowIsNotGrown)
+{
+    frame.AddChild(window);
+    Press("Cmds(2)");
+    ASSERT_EQ(window->CurrentShape(), ChildForm::Shape::Minimized);
+    const QSize before = window->size();
+    ASSERT_LT(before.height(), 53) << "it would be grown";
+    SizeCheck check;
+    ASSERT_TRUE(check.AwaitTick());
+    EXPECT_EQ(window->CurrentShape(), ChildForm::Shape::Minimized);
+    EXPECT_EQ(window->size(), before);
+    Press("Cmds(2)");
+    EXPECT_EQ(window->CurrentShape(), ChildForm::Shape::Normal);
 }
 
 TEST_F(VideoWindowTest, TheMaximizeButtonShowsWhatItWillDo)
@@ -73,6 +197,21 @@ TEST_F(VideoWindowTest, TheMaximizeButtonShowsWhatItWillDo)
     EXPECT_EQ(button->Value(), 3);
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_EQ(button->Value(), 1);
+}
+
+TEST_F(VideoWindowTest, ALeftPressOnTheWindowOrTheVideoMovesItButNotInFullScreen)
+{
+    QSignalSpy moves(&window->Head(), &TitleStrip::MoveRequested);
+    const QPoint ground(window->width() / 2, window->height() - 3);
+    QTest::mouseClick(window, Qt::RightButton, {}, ground);
+    EXPECT_EQ(moves.size(), 0);
+    QTest::mouseClick(window, Qt::LeftButton, {}, ground);
+    EXPECT_EQ(moves.size(), 1);
+    Q_EMIT Player().MousePressed();
+    EXPECT_EQ(moves.size(), 2);
+    Player().fullScreen = true;
+    Q_EMIT Player().MousePressed();
+    EXPECT_EQ(moves.size(), 2);
 }
 
 TEST_F(VideoWindowTest, TheFlashingLabelIsHiddenAfterASecond)
@@ -105,10 +244,38 @@ TEST_F(VideoWindowTest, AFileNamedForTheMemoryIsHeldThereAsAWhole)
 TEST_F(VideoWindowTest, AFileThatCannotBeReadIntoMemoryIsToldByItsNumber)
 {
     state.LoadVid = true;
-    window->MemoryLoadPath = QStringLiteral("/proc/self/mem"); // nothing lies at its beginning
-    frame.errors.Expect(QStringLiteral("Error!"), QString::number(QFileDevice::ReadError));
+    window->MemoryLoadPath = QDir::rootPath(); // can be opened, but not read
+    frame.errors.Expect(QStringLiteral("Error!"), QString::number(EISDIR));
     Open({ QStringLiteral("a.mpg") });
-    EXPECT_EQ(Player().SourceMemory(), QByteArray());
+    EXPECT_EQ(Player().SourceKind(), ltmmPlay::NoSource);
+}
+
+TEST_F(VideoWindowTest, AFileThatIsShorterThanItSaysIsNotHeldInMemory)
+{
+    const QString file = QStringLiteral("/sys/kernel/uevent_seqnum"); // says a page, is a number
+    if (QFileInfo(file).size() <= FileBytes(file).size())
+        GTEST_SKIP() << "the system has no such file";
+    state.LoadVid = true;
+    window->MemoryLoadPath = file;
+    frame.errors.Expect(QStringLiteral("Error!"), QString::number(EIO));
+    Open({ QStringLiteral("a.mpg") });
+    EXPECT_EQ(Player().SourceKind(), ltmmPlay::NoSource);
+}
+
+TEST_F(VideoWindowTest, AFileThatIsNotThereOrTooLargeForTheMemoryLeavesNoVideoAndNoMessage)
+{
+    state.LoadVid = true;
+    window->MemoryLoadPath = frame.folder.filePath(QStringLiteral("missing.mpg"));
+    Open({ QStringLiteral("a.mpg") });
+    EXPECT_EQ(Player().SourceKind(), ltmmPlay::NoSource);
+    QFile large(frame.folder.filePath(QStringLiteral("large.mpg")));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(qint64(1) << 30));
+    window->MemoryLoadPath = large.fileName();
+    const SmallMemory memory(64);
+    if (!memory.IsThere())
+        GTEST_SKIP() << "the memory cannot be made small here";
+    Open({ QStringLiteral("a.mpg") });
+    EXPECT_EQ(Player().SourceKind(), ltmmPlay::NoSource);
 }
 
 TEST_F(VideoWindowTest, OneSideBelowTheSmallestMakesBothSmall)
@@ -198,10 +365,15 @@ TEST_F(VideoWindowTest, ATimedCaptureEndsAtExactlyHundredPercent)
     Q_EMIT Player().PlaybackProgress(9900);
     EXPECT_FALSE(window->EndReached);
     EXPECT_TRUE(frame.statusShown.value(StatusLabel::AutoCapture));
+    TimerWatch flashing(1000ms, false);
+    ASSERT_TRUE(flashing.AwaitTick());
+    frame.ShowStatus(StatusLabel::Flashing, true);
+    frame.ShowStatus(StatusLabel::Watermark, true);
     Q_EMIT Player().PlaybackProgress(10000);
     EXPECT_TRUE(window->EndReached);
     EXPECT_FALSE(frame.statusShown.value(StatusLabel::Flashing));
-    EXPECT_FALSE(frame.enabled.value(Command::Cancel));
+    EXPECT_FALSE(frame.statusShown.value(StatusLabel::Watermark));
+    EXPECT_FALSE(flashing.Runs());
 }
 
 TEST_F(VideoWindowTest, ATimedCaptureThatWasAtItsEndIsNotAnyMoreAtAnyOtherPercent)
@@ -253,23 +425,54 @@ TEST_F(VideoWindowTest, WithoutATrackingScaleTheLabelsStay)
 {
     Open({ QStringLiteral("a.avi") });
     Q_EMIT Player().PlaybackProgress(100);
-    const QString before = Status(StatusLabel::Percent);
+    const QMap<StatusLabel, QString> before = frame.status;
     Player().file.clear();
+    Player().frame = 50;
     Q_EMIT Player().PlaybackProgress(200);
-    EXPECT_EQ(Status(StatusLabel::Percent), before);
+    for (const StatusLabel label : { StatusLabel::Percent, StatusLabel::Position, StatusLabel::FrameNumber })
+        EXPECT_EQ(Status(label), before.value(label));
+}
+
+TEST_F(VideoWindowTest, WithoutAVideoTheStartIsNotTheEndThoughThereIsNoTrackingScale)
+{
+    window->EndReached = true;
+    ASSERT_EQ(Player().TrackingMax(), 0);
+    Q_EMIT Player().PlaybackProgress(0);
+    EXPECT_FALSE(window->EndReached);
+}
+
+TEST_F(VideoWindowTest, TheSelectionOfThePlayerStandsOnTheSlider)
+{
+    Open({ QStringLiteral("a.avi") });
+    Q_EMIT Player().SelectionChanged(2000, 5000);
+    EXPECT_EQ(pane.trkPosition->SelStart(), 2000);
+    EXPECT_EQ(pane.trkPosition->SelLength(), 3000);
 }
 
 TEST_F(VideoWindowTest, APlayerErrorIsToldWithItsCodeAndThenTheHint)
 {
     for (const int code : { 5, 77 }) {
-        frame.errors.Expect(QStringLiteral("Error Abort"),
-            QStringLiteral(
-                "Abort, Error Playing.     Error Code: Reason %1.  Or file is not complete, or it is "
-                "corrupt")
-                .arg(code));
+        const QString body = QStringLiteral("Abort, Error Playing.     Error Code: Reason %1.  Or file is "
+                                            "not complete, or it is corrupt")
+                                 .arg(code);
+        frame.errors.Expect(QStringLiteral("Error Abort"), body);
         Q_EMIT Player().PlayerError(code);
         EXPECT_EQ(Status(StatusLabel::Operation), QStringLiteral("Abort"));
+        EXPECT_EQ(state.MessageText, body);
+        EXPECT_EQ(frame.errors.lastOwner, window);
     }
+}
+
+TEST_F(VideoWindowTest, APlayerErrorLeavesTheVideoToTheUser)
+{
+    Open({ QStringLiteral("a.avi") });
+    state.ShowPlayerErrors = false;
+    Q_EMIT Player().PlayerError(5);
+    const QString video = frame.folder.filePath(QStringLiteral("a.avi"));
+    EXPECT_EQ(Player().file, video);
+    EXPECT_EQ(window->Head().Title(), video);
+    for (const StripButton* button : pane.Cmd2)
+        EXPECT_TRUE(button->isEnabled());
 }
 
 TEST_F(VideoWindowTest, SilencedErrorsPassWithoutAWord)
@@ -291,7 +494,7 @@ TEST_F(VideoWindowTest, EscapeTogglesFullScreenAndNoOtherKeyDoes)
 
 TEST_F(VideoWindowTest, TheSizePopupSetsTheDisplaySizeAndTheCaptions)
 {
-    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Image1")), Qt::LeftButton);
+    Press("Image1");
     EXPECT_EQ(state.PopupKind, 1);
     EXPECT_EQ(frame.log.last(5),
         (QStringList { QStringLiteral("  Normal Video Size"), QStringLiteral("  Three Quarter"),
@@ -309,7 +512,7 @@ TEST_F(VideoWindowTest, TheSizePopupSetsTheDisplaySizeAndTheCaptions)
 TEST_F(VideoWindowTest, TheSizePopupChecksTheSizeThatIsSetAndTheCaptionsWhenTheyAreOn)
 {
     const auto checked = [this] {
-        QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Image1")), Qt::LeftButton);
+        Press("Image1");
         return frame.checkedInMenus;
     };
     Player().displaySize = ltmmPlay::Half;
@@ -338,10 +541,16 @@ TEST_F(VideoWindowTest, TheCloseButtonStopsThePlayerAndLeavesNoVideo)
 {
     Open({ QStringLiteral("a.avi") });
     pane.Cmd3[LoopButton]->SetValue(1);
+    Player().state = ltmmPlay::Running;
+    state.FromList = true;
+    state.VideoOpen = true;
+    frame.ShowStatus(StatusLabel::AutoCapture, true);
     bool wasClosingWhenPumped = false;
     frame.whenPumped = [&] { wasClosingWhenPumped = window->Closing; };
-    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Cmds(0)")), Qt::LeftButton);
+    Press("Cmds(0)");
     EXPECT_TRUE(wasClosingWhenPumped) << "a running capture can see it";
+    EXPECT_EQ(Player().state, ltmmPlay::Stopped);
+    EXPECT_FALSE(state.FromList);
     EXPECT_FALSE(state.VideoOpen);
     EXPECT_EQ(state.VideoCount, 0);
     EXPECT_TRUE(state.ExitRequested);
@@ -349,6 +558,14 @@ TEST_F(VideoWindowTest, TheCloseButtonStopsThePlayerAndLeavesNoVideo)
     EXPECT_EQ(pane.Cmd3[LoopButton]->Value(), 0);
     EXPECT_FALSE(frame.enabled.value(Command::Capture));
     EXPECT_FALSE(frame.statusShown.value(StatusLabel::AutoCapture));
+}
+
+TEST_F(VideoWindowTest, AWindowThatIsClosedLeavesNoDownloadToCancel)
+{
+    Open({ QStringLiteral("a.avi") });
+    frame.EnableCommand(Command::Cancel, true);
+    window->close();
+    EXPECT_FALSE(frame.enabled.value(Command::Cancel));
 }
 
 TEST_F(VideoWindowTest, TheOpenButtonStopsThePlayerAndTheListGoesBeforeVideosAreAskedFor)
@@ -368,7 +585,7 @@ TEST_F(VideoWindowTest, TheOpenButtonStopsThePlayerAndTheListGoesBeforeVideosAre
         EXPECT_FALSE(state.FromList);
         EXPECT_FALSE(frame.statusShown.value(StatusLabel::AutoCapture));
     });
-    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Cmds(3)")), Qt::LeftButton);
+    Press("Cmds(3)");
     EXPECT_EQ(told, QStringList({ "no list", "open" }));
 }
 
@@ -398,7 +615,7 @@ TEST_F(VideoWindowTest, ClosedMoreThanOnceItLeavesTheNextWindowAlone)
         state.CurrentVideo = &other; // what a fresh open leaves
         state.VideoOpen = true;
     };
-    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Cmds(0)")), Qt::LeftButton);
+    Press("Cmds(0)");
     EXPECT_EQ(state.CurrentVideo, &other);
     ASSERT_FALSE(window.isNull()) << "it lives on until the event loop deletes it";
     window->close();
@@ -408,7 +625,7 @@ TEST_F(VideoWindowTest, ClosedMoreThanOnceItLeavesTheNextWindowAlone)
 
 TEST_F(VideoWindowTest, AChoiceInThePopupOfAWindowThatIsGoneDoesNothing)
 {
-    QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("Image1")), Qt::LeftButton);
+    Press("Image1");
     ASSERT_TRUE(frame.chosenInMenus);
     delete window;
     frame.own = &spare;

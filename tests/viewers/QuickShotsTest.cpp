@@ -3,21 +3,49 @@
 #include "imaging/PictureFile.h"
 #include "tests/testing/AccessFaults.h"
 #include "tests/testing/FakeFrame.h"
+#include "tests/testing/FileSizeLimit.h"
 #include "tests/testing/Files.h"
+#include "text/PrintUserText.h"
 #include "toolkit/TitleStrip.h"
 #include "viewers/ThumbPanel.h"
 #include "viewers/Viewer.h"
 
 #include <QAccessible>
 #include <QDir>
+#include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
+#include <array>
 #include <gtest/gtest.h>
+#include <optional>
 
 namespace {
+
+/// The pixels a little inside the corners of an area.
+std::array<QRgb, 4> CornersOf(const QImage& picture, const QRect& area)
+{
+    const QRect inside = area.adjusted(2, 2, -2, -2);
+    return { picture.pixel(inside.topLeft()), picture.pixel(inside.topRight()),
+        picture.pixel(inside.bottomLeft()), picture.pixel(inside.bottomRight()) };
+}
+
+/// Black, with a square of another colour in each corner.
+QImage WithCorners(QSize size)
+{
+    QImage picture(size, QImage::Format_BGR888);
+    picture.fill(Qt::black);
+    const QSize square = size / 8;
+    const QPoint last(size.width() - square.width(), size.height() - square.height());
+    QPainter painter(&picture);
+    painter.fillRect(QRect({ 0, 0 }, square), Qt::red);
+    painter.fillRect(QRect({ last.x(), 0 }, square), Qt::green);
+    painter.fillRect(QRect({ 0, last.y() }, square), Qt::blue);
+    painter.fillRect(QRect(last, square), Qt::yellow);
+    return picture;
+}
 
 class QuickShotsTest : public testing::Test {
 protected:
@@ -52,7 +80,40 @@ protected:
         strip->mnuControlsAdd2();
         return picture;
     }
+    QStringList Saved() const { return FilesIn(state.Beside(QStringLiteral("AutoSave"))); }
+    QImage SavedAs(const QString& name) const
+    {
+        return QImage(state.Beside(QStringLiteral("AutoSave/")) + name)
+            .convertToFormat(QImage::Format_BGR888);
+    }
+    /// Saves five, and when two stand on the disk something happens to it.
+    void SaveFiveButNoMoreThanTwo(const std::function<void()>& happen)
+    {
+        for (int i = 0; i < 5; ++i)
+            AddWhiteWithText();
+        int saved = 0;
+        frame.whenPumped = [&] {
+            if (++saved == 2)
+                happen();
+        };
+        frame.errors.Expect(QStringLiteral("Error!"), QStringLiteral("Error saving captured video frame."));
+        Click("Cmds(5)");
+        frame.whenPumped = nullptr;
+    }
+    void ExpectTwoOfFiveSaved()
+    {
+        const QStringList files { QStringLiteral("AutoThumb1.bmp"), QStringLiteral("AutoThumb2.bmp") };
+        ASSERT_EQ(Saved(), files);
+        const QImage plain = panel->Bitmap(4);
+        for (int i = 0; i < 2; ++i) {
+            EXPECT_EQ(panel->Bitmap(i), WithUserText(plain, state)) << i;
+            EXPECT_EQ(SavedAs(files.at(i)), panel->Bitmap(i)) << i;
+        }
+        EXPECT_EQ(panel->Bitmap(2), plain) << "the one that failed";
+        EXPECT_NE(frame.status.value(StatusLabel::Operation), QStringLiteral("All Thumbs Saved"));
+    }
     void Pick(int index) { QTest::mouseClick(panel, Qt::LeftButton, {}, panel->CellRect(index).center()); }
+    QScrollBar& Vbar() const { return *strip->findChild<QScrollBar*>(QStringLiteral("Vbar")); }
     QWidget* Find(const char* name) { return strip->findChild<QWidget*>(QLatin1String(name)); }
     void Click(const char* name) { QTest::mouseClick(Find(name), Qt::LeftButton); }
 };
@@ -73,13 +134,26 @@ TEST_F(QuickShotsTest, ItsTitleAndTheTipsOfItsButtons)
         const char* button;
         const char* tip;
     } expected[] = { { "Cmds(0)", " Close Thumbnail Window " }, { "Cmds(1)", " Minimize Window " },
-        { "Cmds(2)", " Open Highlighted Capture " }, { "Cmds(5)", "Save ALL pictures to the AutoFolder" } };
+        { "Cmds(2)", " Open Highlighted Capture " },
+        { "Cmds(3)", "Make highlighted picture the programs wallpaper" },
+        { "Cmds(4)", " Save as System Wallpaper " }, { "Cmds(5)", "Save ALL pictures to the AutoFolder" } };
     for (const auto& row : expected)
         EXPECT_EQ(Find(row.button)->toolTip(), QLatin1String(row.tip)) << row.button;
     state.ToolTip = false;
     Add(Qt::blue);
     for (const auto& row : expected)
         EXPECT_EQ(Find(row.button)->toolTip(), QString()) << row.button;
+}
+
+TEST_F(QuickShotsTest, ItsButtonsMinimizeAndCloseIt)
+{
+    Click("Cmds(1)");
+    EXPECT_EQ(strip->CurrentShape(), ChildForm::Shape::Minimized);
+    Click("Cmds(1)");
+    EXPECT_EQ(strip->CurrentShape(), ChildForm::Shape::Normal);
+    Click("Cmds(0)");
+    EXPECT_FALSE(strip->isVisible());
+    EXPECT_FALSE(state.QuickShotsOpen);
 }
 
 TEST_F(QuickShotsTest, WithACaptureWindowTheCellHoldsThePictureOfTheActiveOne)
@@ -109,6 +183,22 @@ TEST_F(QuickShotsTest, AThumbnailThatIsPickedFlashes)
     EXPECT_NE(middleOf(1), QColor(Qt::blue));
     EXPECT_EQ(middleOf(0), QColor(Qt::red));
     EXPECT_TRUE(QTest::qWaitFor([&] { return middleOf(1) == QColor(Qt::blue); }, 10'000));
+}
+
+TEST_F(QuickShotsTest, ACellShowsTheWholePictureInItsProportions)
+{
+    const struct {
+        QSize picture;
+        QRect shown; ///< in the cell
+    } rows[] = { { { 640, 480 }, { 0, 0, 160, 120 } }, { { 640, 160 }, { 0, 40, 160, 40 } },
+        { { 160, 480 }, { 60, 0, 40, 120 } } };
+    for (const auto& row : rows) {
+        const QImage picture = WithCorners(row.picture);
+        frame.hold.SetBitmap(picture);
+        strip->mnuControlsAdd2();
+        const QImage cell = panel->grab(panel->CellRect(panel->Count() - 1)).toImage();
+        EXPECT_EQ(CornersOf(cell, row.shown), CornersOf(picture, picture.rect())) << row.shown.height();
+    }
 }
 
 TEST_F(QuickShotsTest, AllAreSavedInTheFormatOfCaptures)
@@ -266,14 +356,27 @@ TEST_F(QuickShotsTest, AWiderWindowTakesMoreCellsIntoARow)
     EXPECT_LT(panel->CellRect(7).top(), before);
 }
 
+TEST_F(QuickShotsTest, AStripNarrowerThanACellHasRowsOfOneAndScrolls)
+{
+    strip->resize(100, 200);
+    for (int i = 0; i < 3; ++i)
+        Add(Qt::red);
+    QCoreApplication::processEvents();
+    ASSERT_LT(panel->width(), ThumbPanel::CellSize.width());
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(panel->CellRect(i).topLeft(), QPoint(8, 8 + i * (120 + 10))) << i;
+    Vbar().setValue(50);
+    EXPECT_EQ(panel->y(), -50);
+}
+
 TEST_F(QuickShotsTest, TheBarMovesThePanelUp)
 {
     for (int i = 0; i < 40; ++i)
         Add(Qt::red);
     auto* outer = strip->findChild<QScrollArea*>(QStringLiteral("PicOuter"));
     QCoreApplication::processEvents();
-    ASSERT_GT(outer->verticalScrollBar()->maximum(), 0);
-    outer->verticalScrollBar()->setValue(50);
+    ASSERT_GT(Vbar().maximum(), 0);
+    Vbar().setValue(50);
     EXPECT_EQ(panel->y(), -50);
     QTest::keyClick(panel, Qt::Key_End);
     EXPECT_TRUE(outer->viewport()->rect().contains(panel->CellRect(39).translated(panel->pos())));
@@ -288,9 +391,8 @@ TEST_F(QuickShotsTest, TenThousandThumbnailsCostNoMoreThanThoseInSight)
     for (int i = 0; i < 10'000; ++i)
         strip->mnuControlsAdd2();
     EXPECT_EQ(QApplication::allWidgets().size(), widgets);
-    auto* bar = strip->findChild<QScrollArea*>(QStringLiteral("PicOuter"))->verticalScrollBar();
     for (int i = 0; i <= 100; ++i) {
-        bar->setValue(bar->maximum() * i / 100);
+        Vbar().setValue(Vbar().maximum() * i / 100);
         strip->grab();
     }
     EXPECT_GT(panel->CachedBytes(), 0);
@@ -325,6 +427,27 @@ TEST_F(QuickShotsTest, WithTheWatermarkOnTheTextIsDrawnIntoEveryThumbnailSaved)
         panel->Bitmap(0).convertToFormat(QImage::Format_RGB32));
 }
 
+TEST_F(QuickShotsTest, TheUsersTextIsDrawnOnTheThumbnailOfThatNumberAsOnACapture)
+{
+    const QImage picture = AddWhiteWithText();
+    AddWhiteWithText();
+    strip->ThumbIndex = 1;
+    strip->AllThumbWatermark();
+    EXPECT_EQ(panel->Bitmap(1), WithUserText(picture, state));
+    EXPECT_EQ(panel->Bitmap(0), picture);
+}
+
+TEST_F(QuickShotsTest, TheNextSavingDrawsTheTextOnceMore)
+{
+    AddWhiteWithText();
+    Click("Cmds(5)");
+    Click("Cmds(5)");
+    const QImage once = SavedAs(QStringLiteral("AutoThumb1.bmp"));
+    const QImage twice = SavedAs(QStringLiteral("AutoThumb2.bmp"));
+    EXPECT_EQ(twice, WithUserText(once, state));
+    EXPECT_NE(twice, once);
+}
+
 TEST_F(QuickShotsTest, ThePickedThumbnailOpensWithTheTextThatItWasSavedWith)
 {
     AddWhiteWithText();
@@ -343,6 +466,28 @@ TEST_F(QuickShotsTest, AThumbnailThatCouldNotBeSavedKeepsNoText)
     Click("Cmds(5)");
     EXPECT_EQ(panel->Bitmap(0), picture);
     EXPECT_NE(frame.status.value(StatusLabel::Operation), QStringLiteral("All Thumbs Saved"));
+}
+
+TEST_F(QuickShotsTest, AFolderThatGoesAfterTwoOfFiveLeavesTheirFilesAndTheirTextOnly)
+{
+    const QString folder = state.Beside(QStringLiteral("AutoSave"));
+    SaveFiveButNoMoreThanTwo([&] { QDir().rename(folder, folder + QStringLiteral(".away")); });
+    QDir().rename(folder + QStringLiteral(".away"), folder);
+    ExpectTwoOfFiveSaved();
+}
+
+TEST_F(QuickShotsTest, ADiskThatGetsFullAfterTwoOfFiveLeavesTheirFilesAndTheirTextOnly)
+{
+    std::optional<FileSizeLimit> limit;
+    SaveFiveButNoMoreThanTwo([&] { limit.emplace(1000); });
+    limit.reset();
+    ExpectTwoOfFiveSaved();
+}
+
+TEST_F(QuickShotsTest, AnEmptyStripSavesNothingAndSaysNoError)
+{
+    Click("Cmds(5)");
+    EXPECT_EQ(Saved(), QStringList());
 }
 
 TEST_F(QuickShotsTest, AStripClosedWhileAllAreSavedEndsTheSaving)

@@ -12,6 +12,15 @@ TEST(ThumbLayout, CellsStandTenPixelsApartAndBreakIntoRows)
     EXPECT_EQ(layout.RowCount(), 2);
 }
 
+TEST(ThumbLayout, ThePanelGrowsByACellAndSixtyPixelsWhereTheNextRowDoesNotFit)
+{
+    ThumbLayout layout({ 100, 80 });
+    for (const int height : { 96, 236, 376 }) {
+        layout.Next(130);
+        EXPECT_EQ(layout.PanelHeight(), height) << "row " << layout.RowCount();
+    }
+}
+
 TEST(ThumbLayout, ACellWiderThanThePanelHasARowOfItsOwnAtTheLeft)
 {
     ThumbLayout layout({ 500, 80 });

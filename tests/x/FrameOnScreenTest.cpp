@@ -3,6 +3,7 @@
 #include "tests/testing/RealPointer.h"
 #include "tests/testing/RunningDialog.h"
 #include "toolkit/SizeGrip.h"
+#include "toolkit/TitleStrip.h"
 #include "video/VideoWindow.h"
 #include "video/ltmmPlay.h"
 #include "viewers/FullS.h"
@@ -14,6 +15,9 @@
 #include <QMenu>
 #include <QTemporaryDir>
 #include <QWindow>
+
+#include <clocale>
+#include <cstdlib>
 
 using namespace RealPointer;
 
@@ -57,6 +61,19 @@ protected:
 };
 
 } // namespace
+
+TEST(ProgramStart, TheLibrariesReadNumbersByThePointWhateverTheUsersLocale)
+{
+    const QTemporaryDir folder;
+    QProcess::execute(QStringLiteral("localedef"),
+        { "-c", "-i", "de_DE", "-f", "ISO-8859-1", folder.filePath(QStringLiteral("comma")) });
+    qputenv("LOCPATH", folder.path().toLocal8Bit());
+    if (!std::setlocale(LC_NUMERIC, "comma"))
+        GTEST_SKIP() << "no locale can be made here";
+    ASSERT_EQ(std::strtod("9.5", nullptr), 9);
+    const Program program(folder.path());
+    EXPECT_EQ(std::strtod("9.5", nullptr), 9.5);
+}
 
 TEST_F(FrameOnScreen, IsMovedByItsTitleStrip)
 {
@@ -126,16 +143,25 @@ TEST_F(FrameOnScreen, MinimisedItTakesTheOpenToolsAlong)
     program->State().ToolsOpen = false;
 }
 
-TEST_F(FrameOnScreen, APopupGoesWhenThePointerMovesOverTheFrame)
+TEST_F(FrameOnScreen, APopupGoesWhenThePointerMovesOverTheFrameThePictureAndItsTitle)
 {
-    Click("Image3");
-    auto* menu = main.findChild<QMenu*>(QStringLiteral("Menus"));
-    ASSERT_NE(menu, nullptr);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(menu));
-    const QPointer<QMenu> watched(menu);
-    PointAt(menu->mapToGlobal(QPoint(20, 20)));
-    PointAt(main.mapToGlobal(QPoint(500, 300)));
-    EXPECT_TRUE(Eventually([&] { return !watched || !watched->isVisible(); }));
+    OpenSample();
+    auto* window = main.findChild<VideoWindow*>();
+    window->move(400, 60); // beside the popup
+    const std::pair<const char*, QPoint> places[] {
+        { "the frame", Find("TopBack").mapToGlobal(QPoint(600, 14)) },
+        { "the picture", window->Player().mapToGlobal(QPoint(60, 60)) },
+        { "its title", window->Head().mapToGlobal(QPoint(60, 8)) },
+    };
+    for (const auto& [name, place] : places) {
+        Click("Image3");
+        const QPointer<QMenu> menu = main.findChild<QMenu*>(QStringLiteral("Menus"));
+        ASSERT_TRUE(menu && QTest::qWaitForWindowExposed(menu)) << name;
+        ASSERT_FALSE(menu->geometry().contains(place)) << name;
+        PointAt(menu->mapToGlobal(QPoint(20, 20)));
+        PointAt(place);
+        EXPECT_TRUE(Eventually([&] { return !menu || !menu->isVisible(); })) << name;
+    }
 }
 
 TEST_F(FrameOnScreen, TheVideoWindowIsMovedByItsPicture)
