@@ -190,7 +190,9 @@ TEST_F(CupsPrintersTest, TheMarginsOfASheetAreToldInPrinterPixels)
 TEST_F(CupsPrintersTest, OfAPaperOfTheUsersOwnThePrinterTellsNoMargins)
 {
     ServeTwo();
-    EXPECT_EQ(Refusal([&] { printers.Metrics({ Paper::UserDefined, { 100, 100 } }); }),
+    EXPECT_EQ(Refusal([&] {
+        printers.Metrics({ Paper::UserDefined, { 100, 100 } });
+    }),
         QStringLiteral("The printer does not tell its margins."));
 }
 
