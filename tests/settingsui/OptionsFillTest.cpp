@@ -228,14 +228,10 @@ TEST_F(OptionsFill, EveryPageBearsItsHeadingsAndTheWordsBesideItsControls)
     }
 }
 
-TEST_F(OptionsFill, TheWrapAndTheRatesTellByTheirTipsWhatTheyDo)
+TEST_F(OptionsFill, TheWrapTellsByItsTipWhatItDoes)
 {
     EXPECT_EQ(Find("WordWrapCheck")->toolTip(),
         QStringLiteral("If the watermark is too long, it will wrap it to the next line down."));
-    EXPECT_EQ(Find("AutoCap1")->toolTip(),
-        QStringLiteral("Auto Capture every [ ? ] seconds, using AutoName and AutoFrame folder."));
-    EXPECT_EQ(Find("AutoCap2")->toolTip(),
-        QStringLiteral("Auto Capture every [ ? ] frame, using AutoName and AutoFrame folder."));
 }
 
 TEST_F(OptionsFill, TheThumbnailsButtonsTellByTheirTipsWhatOpens)
