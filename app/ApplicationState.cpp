@@ -144,7 +144,10 @@ void ApplicationState::ApplyToolTips(QWidget& form) const
 
 QString ApplicationState::TextOf(Key key, Reader reader)
 {
-    return Settings.GetSetting(SettingsSection, NameOf(key), DefaultText(key, reader, folders_.Home()));
+    const QString otherwise = DefaultText(key, reader, folders_.Home());
+    if (const auto held = held_.find(key); held != held_.end())
+        return held->second.isEmpty() ? otherwise : held->second;
+    return Settings.GetSetting(SettingsSection, NameOf(key), otherwise);
 }
 
 void ApplicationState::SetText(Key key, const QString& text)
@@ -167,12 +170,12 @@ QString ApplicationState::CopyOf(Key key) const
     return std::visit(text, VariableOf(key));
 }
 
-bool ApplicationState::Store(std::span<const Key> keys)
+std::vector<KeyText> ApplicationState::Copies(std::span<const Key> keys) const
 {
     std::vector<KeyText> texts;
     for (const Key key : keys)
         texts.push_back({ key, CopyOf(key) });
-    return Store(texts);
+    return texts;
 }
 
 bool ApplicationState::Store(std::span<const KeyText> texts)
@@ -180,7 +183,20 @@ bool ApplicationState::Store(std::span<const KeyText> texts)
     std::vector<Setting> settings;
     for (const KeyText& row : texts)
         settings.push_back({ NameOf(row.key), row.text });
-    return Settings.SaveSettings(SettingsSection, settings);
+    if (!Settings.SaveSettings(SettingsSection, settings))
+        return false;
+    for (const KeyText& row : texts)
+        held_.erase(row.key);
+    return true;
+}
+
+bool ApplicationState::Keep(std::span<const KeyText> texts)
+{
+    if (Store(texts))
+        return true;
+    for (const KeyText& row : texts)
+        held_.insert_or_assign(row.key, row.text);
+    return false;
 }
 
 QString ApplicationState::Beside(const QString& name) const

@@ -12,6 +12,7 @@
 #include <QWidget>
 
 #include <deque>
+#include <map>
 #include <span>
 #include <vector>
 
@@ -43,7 +44,7 @@ public:
     /// otherwise. Forms standing inside the form keep theirs.
     void ApplyToolTips(QWidget& form) const;
 
-    /// The text stored under a key, or the default that reader gives for it.
+    /// The text kept under a key, or the default that reader gives for it.
     QString TextOf(Key key, Reader reader = Reader::StartUp);
     /// Gives a key's variable the value of a text; it keeps its value when the text cannot be converted.
     void SetText(Key key, const QString& text);
@@ -54,9 +55,13 @@ public:
     /// Writes the value of a key's variable; true when it stands on the disk.
     bool Store(Key key) { return Store({ &key, 1 }); }
     /// The same of several at once: all stand on the disk, or none.
-    bool Store(std::span<const Key> keys);
+    bool Store(std::span<const Key> keys) { return Store(Copies(keys)); }
     /// Writes texts in place of the variables' values.
     bool Store(std::span<const KeyText> texts);
+    /// Stores, and what the store refuses holds for the run: it is read in place of what the store has, until
+    /// that takes a text of the key.
+    bool Keep(std::span<const KeyText> texts);
+    bool Keep(std::span<const Key> keys) { return Keep(Copies(keys)); }
 
     /// Where the program keeps what it makes.
     const ProgramFolders& Folders() const { return folders_; }
@@ -148,5 +153,8 @@ public:
     bool WatermarkBATCH = false;
 
 private:
+    std::vector<KeyText> Copies(std::span<const Key> keys) const;
+
     ProgramFolders folders_;
+    std::map<Key, QString> held_; ///< what the store refused
 };

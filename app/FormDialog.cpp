@@ -15,10 +15,12 @@ FormDialog::FormDialog(const ApplicationState& state, QWidget* owner, const QStr
     setObjectName(name);
 }
 
-void FormDialog::AddCloseButton(const char* tip, const char* name)
+StripButton* FormDialog::AddCloseButton(const char* tip, const char* name)
 {
     const FormButton<FormDialog> row { 0, Face::Close, tip, name, [](FormDialog& form) { form.reject(); } };
-    Head().AddButton(MakeFormButton<smallXPbuttons>(row, *this, this));
+    StripButton* const button = MakeFormButton<smallXPbuttons>(row, *this, this);
+    Head().AddButton(button);
+    return button;
 }
 
 QWidget* FormDialog::MakeFoot(const char* acceptName, const char* cancelName)

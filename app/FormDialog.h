@@ -3,6 +3,7 @@
 #include "toolkit/DialogForm.h"
 
 class ApplicationState;
+class StripButton;
 
 /// A dialog of the program, with what all of them have: a button that closes it, the shadow, the fade at its
 /// end and tool tips as the user wants them.
@@ -18,7 +19,8 @@ public:
 
 protected:
     /// Puts Cmds(0), which leaves without a choice, into the head. name is for those who cannot see it.
-    void AddCloseButton(const char* tip = "Cancel and Close. ", const char* name = "Cancel and close");
+    StripButton* AddCloseButton(
+        const char* tip = "Cancel and Close. ", const char* name = "Cancel and close");
     /// The row at the foot that takes the choice or leaves it, by the names of its two buttons.
     QWidget* MakeFoot(const char* acceptName, const char* cancelName);
     /// The last step of a form's making.

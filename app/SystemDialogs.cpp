@@ -6,6 +6,7 @@
 #include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -25,10 +26,13 @@ QString SystemDialogs::AskSaveName(
 }
 
 QString SystemDialogs::AskOpenName(QWidget* owner, const QString& title, const QString& filter,
-    const QString& folder, const QString& extension)
+    const QString& start, const QString& extension)
 {
+    const QFileInfo given(start);
+    const bool isFolder = start.isEmpty() || given.isDir();
     QString chosenFolder;
-    return AskFileName(owner, FileMode::Open, title, QString(), filter, folder, extension, chosenFolder);
+    return AskFileName(owner, FileMode::Open, title, given.isFile() ? given.fileName() : QString(), filter,
+        isFolder ? start : given.path(), extension, chosenFolder);
 }
 
 bool SystemDialogs::ConfirmReplace(QWidget* owner, const QString& path)

@@ -29,9 +29,10 @@ public:
     /// Whether a file may be replaced that the user has not named himself; asked of a name that was
     /// completed.
     virtual bool ConfirmReplace(QWidget* owner, const QString& path) = 0;
-    /// The one path chosen to be opened, empty on cancel; a name without an extension gets this one.
+    /// The one path chosen to be opened, empty on cancel; a name without an extension gets this one. It
+    /// begins in a folder, or with a file, which is put forward.
     virtual QString AskOpenName(QWidget* owner, const QString& title, const QString& filter,
-        const QString& folder, const QString& extension) = 0;
+        const QString& start, const QString& extension) = 0;
     /// The result buffer of a multiple selection: one full path, or folder NUL name NUL name NUL; empty on
     /// cancel. Leaves the process's current folder at the chosen folder.
     virtual QString AskOpenNames(

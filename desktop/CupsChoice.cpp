@@ -11,7 +11,7 @@ QByteArray CupsChoice()
     for (const QByteArray& line : file.readAll().split('\n')) {
         const QList<QByteArray> words = line.simplified().split(' ');
         if (words.size() > 1 && words[0].toLower() == "default")
-            return words[1].split('/').first(); // behind it stands a name for a set of options
+            return words[1];
     }
     return {};
 }

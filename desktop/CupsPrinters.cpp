@@ -4,6 +4,7 @@
 #include "desktop/CupsServer.h"
 #include "desktop/PagePdf.h"
 
+#include <new>
 #include <utility>
 
 namespace {
@@ -17,6 +18,17 @@ struct NoAnswer : PrinterError {
 
 constexpr auto Forget = [](const auto&) {};
 
+/// The server's answer. A lack of memory on the way is a refusal like any other.
+template <typename Question, typename TooLate>
+auto Ask(const Patience& patience, Question question, TooLate tooLate)
+{
+    try {
+        return AskAside<NoAnswer>(patience, std::move(question), std::move(tooLate));
+    } catch (const std::bad_alloc&) {
+        throw PrinterError(QStringLiteral("There is not enough memory."));
+    }
+}
+
 } // namespace
 
 CupsPrinters::CupsPrinters(std::function<void()> whileWaiting, std::chrono::milliseconds longestWait)
@@ -28,12 +40,12 @@ CupsPrinters::CupsPrinters(std::function<void()> whileWaiting, std::chrono::mill
 PrinterList CupsPrinters::Installed()
 {
     try {
-        return AskAside<NoAnswer>(
+        return Ask(
             { longestWait_, whileWaiting_ },
             [longest = longestWait_](const std::stop_token&) { return CupsServer(longest).Installed(); },
             Forget);
     } catch (const PrinterError& error) {
-        return { {}, {}, error.Reason(), false, false };
+        return { {}, {}, error.Reason(), {}, false };
     }
 }
 
@@ -51,7 +63,7 @@ bool CupsPrinters::ForgetDefault()
 
 SheetMetrics CupsPrinters::Metrics(const Paper& paper)
 {
-    return AskAside<NoAnswer>(
+    return Ask(
         { longestWait_, whileWaiting_ },
         [longest = longestWait_, paper](
             const std::stop_token&) { return CupsServer(longest).Metrics(paper); },
@@ -62,7 +74,7 @@ void CupsPrinters::Print(const PrintJob& job)
 {
     const std::chrono::milliseconds longest = 2 * longestWait_;
     const QByteArray document = PagePdf(job); // not aside: what is given up there may outlast the program
-    AskAside<NoAnswer>(
+    Ask(
         { longest, whileWaiting_ },
         [longest, job, document](
             const std::stop_token& givenUp) { return CupsServer(longest).Print(job, document, givenUp); },
@@ -73,7 +85,7 @@ void CupsPrinters::Print(const PrintJob& job)
 bool CupsPrinters::IsDone(const Change& change)
 {
     try {
-        return AskAside<NoAnswer>(
+        return Ask(
             { longestWait_, whileWaiting_ },
             [longest = longestWait_, change](const std::stop_token& givenUp) {
                 CupsServer server(longest);

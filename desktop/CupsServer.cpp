@@ -17,6 +17,25 @@ QString Name(const cups_dest_t& destination)
     return QString::fromUtf8(destination.name);
 }
 
+/// A printer, and where one is meant one of the user's sets of options for it: "printer/set".
+struct Choice {
+    explicit Choice(const QByteArray& text)
+        : printer(text.split('/').first())
+        , set(text.mid(printer.size() + 1))
+    {
+    }
+    explicit Choice(const cups_dest_t& destination)
+        : printer(destination.name)
+        , set(destination.instance)
+    {
+    }
+    bool operator==(const Choice&) const = default;
+    const char* Set() const { return set.isEmpty() ? nullptr : set.constData(); }
+
+    QByteArray printer;
+    QByteArray set;
+};
+
 /// What a job is to be, in the server's own words.
 class JobOptions {
 public:
@@ -58,13 +77,16 @@ public:
     {
         return count_ == 0 && cupsLastError() > LastSuccess && cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND;
     }
-    bool Has(const QByteArray& name) const { return cupsGetDest(name.constData(), nullptr, count_, rows_); }
-    /// Keeps a printer as the user's choice, or none when the name is empty.
-    bool StoreChoice(http_t* http, const QByteArray& name)
+    bool Has(const Choice& choice) const
+    {
+        return cupsGetDest(choice.printer.constData(), choice.Set(), count_, rows_);
+    }
+    /// Keeps this as the user's choice, or none when it is empty.
+    bool StoreChoice(http_t* http, const Choice& choice)
     {
         for (int i = 0; i < count_; ++i)
             rows_[i].is_default = 0;
-        cupsSetDefaultDest(name.constData(), nullptr, count_, rows_);
+        cupsSetDefaultDest(choice.printer.constData(), choice.Set(), count_, rows_);
         return cupsSetDests2(http, count_, rows_) == 0;
     }
 
@@ -158,7 +180,9 @@ PrinterList CupsServer::Installed()
     // The list marks no default where the user has options for the server's.
     if (const Destination current = Find(nullptr))
         list.defaultName = Name(*current);
-    list.isDefaultChosen = !list.defaultName.isEmpty() && list.defaultName == QString::fromUtf8(CupsChoice());
+    const QByteArray chosen = CupsChoice();
+    if (!list.defaultName.isEmpty() && Choice(chosen).printer == list.defaultName.toUtf8())
+        list.chosenDefault = QString::fromUtf8(chosen);
     if (list.names.isEmpty())
         list.whyNone = QStringLiteral("No printer is set up.");
     return list;
@@ -166,12 +190,13 @@ PrinterList CupsServer::Installed()
 
 bool CupsServer::SetDefault(const QString& name, const std::stop_token& givenUp)
 {
-    const QByteArray before = CupsChoice();
+    const Choice before(CupsChoice());
+    const Choice wanted(name.toUtf8());
     Destinations destinations(http_.get());
-    if (!destinations.Has(name.toUtf8()) || !destinations.StoreChoice(http_.get(), name.toUtf8()))
+    if (!destinations.Has(wanted) || !destinations.StoreChoice(http_.get(), wanted))
         return false;
     const Destination current = Find(nullptr);
-    if (current && Name(*current) == name && !givenUp.stop_requested())
+    if (current && Choice(*current) == wanted && !givenUp.stop_requested())
         return true;
     destinations.StoreChoice(http_.get(), before); // the environment overrules it, or nobody waits for it
     return false;
@@ -179,7 +204,7 @@ bool CupsServer::SetDefault(const QString& name, const std::stop_token& givenUp)
 
 bool CupsServer::ForgetDefault()
 {
-    return Destinations(http_.get()).StoreChoice(http_.get(), {});
+    return Destinations(http_.get()).StoreChoice(http_.get(), Choice(QByteArray()));
 }
 
 CupsServer::Destination CupsServer::Find(const char* name)

@@ -55,7 +55,7 @@ struct PrinterList {
     QStringList names;
     QString defaultName; ///< empty when there is none
     QString whyNone; ///< a sentence for the user; empty when there are printers
-    bool isDefaultChosen = false; ///< the default is this user's own choice, not the system's
+    QString chosenDefault; ///< what this user chose, as SetDefault takes it; empty when it is the system's
     bool isKnown = true; ///< false when the system did not answer
 };
 
@@ -68,7 +68,8 @@ public:
     virtual PrinterList Installed() = 0;
     /// The default printer, empty when there is none or the system does not answer.
     QString DefaultName() { return Installed().defaultName; }
-    /// Makes a printer the user's default; false when there is no such printer or the system refuses.
+    /// Makes a printer, or "printer/set" for a set of options that the user has for it, the user's default;
+    /// false when there is none or the system refuses.
     virtual bool SetDefault(const QString& name) = 0;
     /// Drops the user's choice, so that the system's default is his again; false when the system refuses.
     virtual bool ForgetDefault() = 0;

@@ -12,10 +12,10 @@ cSetDfltPrinter::~cSetDfltPrinter()
 {
     if (!isChanged_)
         return;
-    if (wasChosen_)
-        SetPrinterAsDefault(OriginalPrinter);
-    else
+    if (originalChoice_.isEmpty())
         printers_.ForgetDefault();
+    else
+        printers_.SetDefault(originalChoice_);
 }
 
 bool cSetDfltPrinter::SetPrinterAsDefault(const QString& deviceName)
@@ -38,7 +38,7 @@ bool cSetDfltPrinter::KnowsOriginal()
         return true;
     const PrinterList printers = printers_.Installed();
     isKnown_ = printers.isKnown;
-    wasChosen_ = printers.isDefaultChosen;
+    originalChoice_ = printers.chosenDefault;
     OriginalPrinter = CurrentPrinter = printers.defaultName;
     return isKnown_;
 }

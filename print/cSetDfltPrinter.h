@@ -26,6 +26,6 @@ private:
 
     Printers& printers_;
     bool isKnown_ = false; ///< OriginalPrinter has been told
-    bool wasChosen_ = false; ///< by the user
+    QString originalChoice_; ///< of the user, with his set of options; empty when he had made none
     bool isChanged_ = false;
 };

@@ -6,7 +6,6 @@
 #include "settingsui/OptionFields.h"
 #include "toolkit/Button_XP.h"
 #include "toolkit/ElidedLabel.h"
-#include "toolkit/PathText.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -62,7 +61,7 @@ void DisplayPage::Browse()
 {
     const QPointer<DisplayPage> alive(this);
     QString chosen = frame_.Dialogs().AskOpenName(window(), QStringLiteral("Select Background Picture"),
-        QLatin1String(Filter), picFolder_.left(PathText::LastSeparator(picFolder_)), QStringLiteral("jpg"));
+        QLatin1String(Filter), picFolder_, QStringLiteral("jpg"));
     if (!alive || chosen.isEmpty())
         return;
     if (chosen.endsWith(QChar::Null))

@@ -16,9 +16,8 @@ void OptionFields::ShowCopy(Key key)
 
 void OptionFields::Restore(Key key)
 {
-    const QString text = Kept(key);
-    state_.SetText(key, text);
-    fields_[size_t(key)].show(text);
+    state_.Reload(key, Reader::Options);
+    Show(key);
 }
 
 void OptionFields::Save(std::span<const Key> keys)
@@ -26,13 +25,13 @@ void OptionFields::Save(std::span<const Key> keys)
     std::vector<KeyText> texts;
     for (const Key key : keys)
         texts.push_back({ key, TextToSave(key) });
-    Note(keys, state_.Store(texts));
+    Note(keys, state_.Keep(texts));
 }
 
 bool OptionFields::Write(Key key, const QString& text)
 {
     state_.SetText(key, text);
-    const bool isStored = state_.Store(key);
+    const bool isStored = state_.Keep(std::span(&key, 1));
     Note({ &key, 1 }, isStored);
     return isStored;
 }
@@ -41,14 +40,9 @@ QString OptionFields::TextToSave(Key key)
 {
     const std::optional<QString> chosen = fields_[size_t(key)].text();
     if (!chosen)
-        return Kept(key);
+        return state_.TextOf(key, Reader::Options);
     state_.SetText(key, *chosen);
     return state_.CopyOf(key);
-}
-
-QString OptionFields::Kept(Key key)
-{
-    return IsStored(key) ? state_.TextOf(key, Reader::Options) : state_.CopyOf(key);
 }
 
 void OptionFields::Note(std::span<const Key> keys, bool areStored)

@@ -9,7 +9,7 @@
 #include "settingsui/TimedPage.h"
 #include "settingsui/WatermarkPage.h"
 #include "toolkit/Button_XP.h"
-#include "toolkit/HeadButtons.h"
+#include "toolkit/StripButton.h"
 #include "toolkit/Style.h"
 
 #include <QHBoxLayout>
@@ -43,8 +43,7 @@ constexpr Key FillOrder[] = { Key::OpThumb, Key::SpecialFolder, Key::Ext, Key::P
     Key::OpPic, Key::SetFocusYES, Key::WordWrap, Key::UseWatermark, Key::WatermarkBATCH, Key::AutoCapture,
     Key::OpenVidList, Key::FadeOuts, Key::VidWinOnly, Key::OldFolder, Key::PicFolder, Key::VidSave,
     Key::NoCap, Key::ToolTip, Key::AutoDir, Key::NoWin, Key::LoadVid, Key::HighQ, Key::BW, Key::NameFull,
-    Key::AutoSave, Key::AutoFrame, Key::AutoNumber, Key::CaptureTime, Key::UsersCaptureTime, Key::sFontText,
-    Key::PPosition };
+    Key::AutoSave, Key::AutoFrame, Key::AutoNumber, Key::CaptureTime, Key::UsersCaptureTime };
 
 constexpr Key SaveOrder[] = { Key::PositionX, Key::PositionY, Key::WordWrap, Key::AutoDir, Key::sFontText,
     Key::OpPic, Key::OpThumb, Key::SetFocusYES, Key::OpenVidList, Key::UseWatermark, Key::WatermarkBATCH,
@@ -53,7 +52,7 @@ constexpr Key SaveOrder[] = { Key::PositionX, Key::PositionY, Key::WordWrap, Key
     Key::AutoCapture, Key::CaptureTime, Key::UsersCaptureTime, Key::AutoFrame, Key::AutoNumber,
     Key::NameFull };
 
-/// Of these the copy takes what the store has after a save that it took.
+/// Of these the copy takes what is stored after the save.
 constexpr Key ReadBack[] = { Key::UsersCaptureTime, Key::AutoNumber };
 
 } // namespace
@@ -73,9 +72,7 @@ Options::Options(Frame& frame, QWidget* owner, cSetDfltPrinter& defaultPrinter, 
 
 void Options::Build(cSetDfltPrinter& defaultPrinter, AskColor askColor)
 {
-    static constexpr FormButton<Options> CloseButton { 6, Face::Close, "Close without saving. ",
-        "Close without saving", [](Options& form) { form.reject(); } };
-    Head().AddButton(MakeFormButton<smallXPbuttons>(CloseButton, *this, this));
+    AddCloseButton("Close without saving.", "Close without saving")->setObjectName(QStringLiteral("Close"));
     VideoSoftIndexTab1->setObjectName(QStringLiteral("VideoSoftIndexTab1"));
     VideoSoftIndexTab1->setUsesScrollButtons(false);
     VideoSoftIndexTab1->setFocusPolicy(Qt::NoFocus); // its row of tabs takes the keys
@@ -128,6 +125,8 @@ void Options::Fill()
     fields_.ShowCopy(Key::UseShadows); // what its box turns over, and no save keeps
     autoName_->EnableImmediateSave();
     watermark_->ShowStoredFont();
+    fields_.Show(Key::sFontText);
+    fields_.Show(Key::PPosition);
     print_->ShowPreview();
     print_->ShowPrinters();
 }
@@ -144,15 +143,27 @@ void Options::Save()
 {
     fields_.Save(SaveOrder);
     for (const Key key : ReadBack)
-        if (fields_.IsStored(key))
-            frame_.State().Reload(key, Reader::Options);
+        frame_.State().Reload(key, Reader::Options);
     SwapCaptureCommands();
+    accept();
+}
+
+void Options::done(int result)
+{
     const QPointer<Options> alive(this);
-    if (!fields_.IsAllStored())
-        frame_.Errors().Show(this, QStringLiteral("Error!"),
-            QStringLiteral("The options could not be stored. They are used until the program ends."));
+    TellWhatIsNotStored();
     if (alive)
-        accept();
+        FormDialog::done(result);
+}
+
+/// Once, however often the end begins.
+void Options::TellWhatIsNotStored()
+{
+    if (isTold_ || fields_.IsAllStored())
+        return;
+    isTold_ = true;
+    frame_.Errors().Show(this, QStringLiteral("Error!"),
+        QStringLiteral("The options could not be stored. They are used until the program ends."));
 }
 
 /// With a video open the frame's two buttons follow at once.

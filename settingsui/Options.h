@@ -21,6 +21,9 @@ public:
     /// The printer's changer keeps what was chosen for as long as it lives.
     Options(Frame& frame, QWidget* owner, cSetDfltPrinter& defaultPrinter, AskColor askColor);
 
+    /// However it is closed: what the store refused is told first.
+    void done(int result) override;
+
 private:
     void Build(cSetDfltPrinter& defaultPrinter, AskColor askColor);
     QWidget* BuildFoot();
@@ -28,6 +31,7 @@ private:
     void Fill();
     void ComeTo(int page);
     void Save();
+    void TellWhatIsNotStored();
     void SwapCaptureCommands();
 
     Frame& frame_;
@@ -37,4 +41,5 @@ private:
     PrintPage* print_ = nullptr;
     WatermarkPage* watermark_ = nullptr;
     int shownPage_ = 0;
+    bool isTold_ = false; ///< what the store refused
 };

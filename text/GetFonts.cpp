@@ -145,8 +145,8 @@ void GetFonts::ShowSample()
 void GetFonts::Save()
 {
     static_cast<TextSettings&>(frame_.State()) = chosen_;
-    const bool areEffectsStored = frame_.State().Store(Effects);
-    const bool isFontStored = frame_.State().Store(FontKeys);
+    const bool areEffectsStored = frame_.State().Keep(Effects);
+    const bool isFontStored = frame_.State().Keep(FontKeys);
     const QPointer<GetFonts> alive(this);
     if (!areEffectsStored || !isFontStored)
         frame_.Errors().Show(this, QStringLiteral("Error!"),

@@ -55,6 +55,7 @@ void CaptionControl::SetCaption(const QString& caption)
 {
     captionSet_ = true;
     setText(caption);
+    setShortcut({}); // the text takes an ampersand for one
 }
 
 QColor CaptionControl::ForeColor() const

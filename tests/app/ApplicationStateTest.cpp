@@ -176,6 +176,25 @@ TEST_F(ApplicationStateTest, ATextIsStoredInPlaceOfTheVariablesValue)
     EXPECT_EQ(state_.TextOf(Key::OpThumb), QStringLiteral("2"));
 }
 
+TEST_F(ApplicationStateTest, WhatIsKeptIsReadThoughTheStoreRefusesItUntilThatTakesATextOfTheKey)
+{
+    state_.LoadApplicationState(frame_);
+    const QString file = state_.Settings.FilePath();
+    ASSERT_TRUE(QDir().mkpath(file)) << "a folder in the file's place";
+    constexpr Key keys[] = { Key::Ext, Key::sFontText };
+    state_.CurrentExt = QStringLiteral(".jpg");
+    state_.sFontText.clear();
+    ASSERT_FALSE(state_.Keep(keys));
+    state_.CurrentExt.clear();
+    state_.Reload(Key::Ext);
+    EXPECT_EQ(state_.CurrentExt, QStringLiteral(".jpg"));
+    EXPECT_EQ(state_.TextOf(Key::sFontText), QStringLiteral("This text is using the Arial font."));
+    ASSERT_TRUE(QDir().rmdir(file));
+    ASSERT_TRUE(state_.Store(Key::Ext));
+    Save("Ext", ".png");
+    EXPECT_EQ(state_.TextOf(Key::Ext), QStringLiteral(".png"));
+}
+
 using State = ApplicationState;
 
 struct Stored {

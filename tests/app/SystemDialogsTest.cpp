@@ -82,6 +82,19 @@ TEST_F(SystemDialogsTest, OneNameIsOpened)
     EXPECT_EQ(dialogs_.AskOpenName(&owner_, Title, Filter, Folder(), QStringLiteral("jpg")), QString());
 }
 
+TEST_F(SystemDialogsTest, AFileToBeginWithIsPutForwardAndOneThatHasGoneLeavesItsFolder)
+{
+    for (const char* name : { "a.avi", "gone.avi" }) {
+        const QString forward = QFileInfo::exists(Path(name)) ? Path(name) : Folder();
+        WhenOpen([this, forward](QFileDialog& dialog) {
+            ExpectAsked(dialog);
+            EXPECT_EQ(dialog.selectedFiles(), QStringList(forward));
+            dialog.reject();
+        });
+        dialogs_.AskOpenName(&owner_, Title, Filter, Path(name), QStringLiteral("jpg"));
+    }
+}
+
 TEST_F(SystemDialogsTest, OneNameIsSaved)
 {
     WhenOpen([this](QFileDialog& dialog) {

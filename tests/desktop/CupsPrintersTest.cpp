@@ -71,7 +71,7 @@ TEST_F(CupsPrintersTest, ThePrintersOfTheServerAreListedWithTheDefault)
     EXPECT_EQ(list.defaultName, QStringLiteral("Alpha"));
     EXPECT_EQ(list.whyNone, QString());
     EXPECT_TRUE(list.isKnown);
-    EXPECT_FALSE(list.isDefaultChosen) << "it is the server's";
+    EXPECT_EQ(list.chosenDefault, QString()) << "it is the server's";
 }
 
 TEST_F(CupsPrintersTest, AServerWithoutPrintersSaysThatNoneIsSetUp)
@@ -114,9 +114,9 @@ TEST_F(CupsPrintersTest, AChoiceThatIsForgottenLeavesTheServersDefaultAndTheUser
     server->Choose("Dest Alpha job-priority=70");
     EXPECT_EQ(printers.DefaultName(), QStringLiteral("Alpha"));
     ASSERT_TRUE(printers.SetDefault(QStringLiteral("Beta")));
-    EXPECT_TRUE(printers.Installed().isDefaultChosen);
+    EXPECT_EQ(printers.Installed().chosenDefault, QStringLiteral("Beta"));
     EXPECT_TRUE(printers.ForgetDefault());
-    EXPECT_FALSE(printers.Installed().isDefaultChosen);
+    EXPECT_EQ(printers.Installed().chosenDefault, QString());
     EXPECT_EQ(printers.DefaultName(), QStringLiteral("Alpha"));
     printers.Print(Job());
     EXPECT_EQ(Option("job-priority"), QStringLiteral("70"));
@@ -126,7 +126,23 @@ TEST_F(CupsPrintersTest, TheServersDefaultChosenByTheUserIsHisChoice)
 {
     ServeTwo();
     ASSERT_TRUE(printers.SetDefault(QStringLiteral("Alpha")));
-    EXPECT_TRUE(printers.Installed().isDefaultChosen);
+    EXPECT_EQ(printers.Installed().chosenDefault, QStringLiteral("Alpha"));
+}
+
+TEST_F(CupsPrintersTest, AChosenSetOfOptionsIsToldAndChosenAgain)
+{
+    ServeTwo();
+    server->Choose("Default Alpha/duplex job-priority=70");
+    const QString duplex = QStringLiteral("Alpha/duplex");
+    EXPECT_EQ(printers.DefaultName(), QStringLiteral("Alpha"));
+    EXPECT_EQ(printers.Installed().chosenDefault, duplex);
+    ASSERT_TRUE(printers.SetDefault(QStringLiteral("Beta")));
+    EXPECT_TRUE(printers.SetDefault(duplex));
+    EXPECT_EQ(printers.Installed().chosenDefault, duplex);
+    EXPECT_FALSE(printers.SetDefault(QStringLiteral("Alpha/other")));
+    EXPECT_EQ(printers.Installed().chosenDefault, duplex);
+    printers.Print(Job());
+    EXPECT_EQ(Option("job-priority"), QStringLiteral("70"));
 }
 
 TEST_F(CupsPrintersTest, APrinterThatIsNotThereDoesNotBecomeTheDefault)
@@ -145,7 +161,7 @@ TEST_F(CupsPrintersTest, ADefaultThatTheEnvironmentOverrulesIsNoSuccessAndLeaves
         EXPECT_FALSE(printers.SetDefault(QStringLiteral("Beta")));
     }
     EXPECT_EQ(printers.DefaultName(), QStringLiteral("Alpha"));
-    EXPECT_FALSE(printers.Installed().isDefaultChosen);
+    EXPECT_EQ(printers.Installed().chosenDefault, QString());
 }
 
 TEST_F(CupsPrintersTest, ADefaultThatNobodyWaitsForAnyMoreIsNotSet)
@@ -156,7 +172,7 @@ TEST_F(CupsPrintersTest, ADefaultThatNobodyWaitsForAnyMoreIsNotSet)
     EXPECT_FALSE(
         Aside([&] { return CupsServer(1min).SetDefault(QStringLiteral("Beta"), givenUp.get_token()); }));
     EXPECT_EQ(printers.DefaultName(), QStringLiteral("Alpha"));
-    EXPECT_FALSE(printers.Installed().isDefaultChosen);
+    EXPECT_EQ(printers.Installed().chosenDefault, QString());
 }
 
 TEST_F(CupsPrintersTest, TheMarginsOfASheetAreToldInPrinterPixels)
@@ -166,9 +182,18 @@ TEST_F(CupsPrintersTest, TheMarginsOfASheetAreToldInPrinterPixels)
     const int quarterInch = PrinterPixelsPerInch / 4;
     const QSize a4(qRound(210 / 25.4 * PrinterPixelsPerInch), qRound(297 / 25.4 * PrinterPixelsPerInch));
     EXPECT_EQ(sheet.physical, a4);
-    EXPECT_EQ(sheet.offset, QPoint(quarterInch, 2 * quarterInch));
-    EXPECT_NEAR(sheet.printable.width(), a4.width() - 2 * quarterInch, 1);
-    EXPECT_NEAR(sheet.printable.height(), a4.height() - 4 * quarterInch, 1);
+    EXPECT_EQ(sheet.offset, QPoint(quarterInch, 3 * quarterInch)) << "left and top";
+    EXPECT_NEAR(sheet.printable.width(), a4.width() - (1 + 2) * quarterInch, 1) << "right";
+    EXPECT_NEAR(sheet.printable.height(), a4.height() - (3 + 4) * quarterInch, 1) << "bottom";
+}
+
+TEST_F(CupsPrintersTest, OfAPaperOfTheUsersOwnThePrinterTellsNoMargins)
+{
+    ServeTwo();
+    EXPECT_EQ(Refusal([&] {
+        printers.Metrics({ Paper::UserDefined, { 100, 100 } });
+    }),
+        QStringLiteral("The printer does not tell its margins."));
 }
 
 TEST_F(CupsPrintersTest, APageComesToTheDefaultPrinterWhole)
@@ -231,6 +256,8 @@ TEST_F(CupsPrintersTest, ThePaperReachesTheJob)
     ServeTwo();
     const std::pair<Paper, const char*> papers[] { { A4, "iso_a4_210x297mm" },
         { { 11, { 148, 210 } }, "iso_a5_148x210mm" }, { { 8, { 297, 420 } }, "iso_a3_297x420mm" },
+        { { 12, { 250, 354 } }, "custom_250x354mm_250x354mm" }, { { 13, { 182, 257 } }, "jis_b5_182x257mm" },
+        { { 15, { 215, 275 } }, "custom_215x275mm_215x275mm" },
         { { Paper::UserDefined, { 100, 100 } }, "custom_100x100mm_100x100mm" } };
     for (const auto& [paper, media] : papers) {
         PrintJob job = Job();
@@ -267,6 +294,18 @@ TEST_F(CupsPrintersTest, ASilentServerIsGivenUp)
     EXPECT_FALSE(hasty.SetDefault(QStringLiteral("Beta")));
     EXPECT_EQ(Refusal([&] { hasty.Metrics(A4); }), silent);
     EXPECT_EQ(Refusal([&] { hasty.Print(Job()); }), silent);
+}
+
+TEST_F(CupsPrintersTest, ALackOfMemoryIsARefusal)
+{
+    ServeTwo();
+    server->Freeze();
+    CupsPrinters starved([] { throw std::bad_alloc(); }, 1min);
+    const QString reason = QStringLiteral("There is not enough memory.");
+    EXPECT_EQ(starved.Installed().whyNone, reason);
+    EXPECT_FALSE(starved.SetDefault(QStringLiteral("Beta")));
+    EXPECT_EQ(Refusal([&] { starved.Metrics(A4); }), reason);
+    EXPECT_EQ(Refusal([&] { starved.Print(Job()); }), reason);
 }
 
 TEST_F(CupsPrintersTest, AServerThatDiesOverItsListHasNotSaidThatThereIsNoPrinter)

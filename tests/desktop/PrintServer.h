@@ -28,8 +28,9 @@ public:
         bool isDefault = false;
         bool isStopped = false;
         bool takesJobs = true;
-        /// Knows A4 and A5, margins of a quarter of an inch at the sides and half an inch above and below,
-        /// colours and resolutions; without, it tells nothing of itself, and what it prints is not kept.
+        /// Knows A4 and A5, margins of one, two, three and four quarters of an inch (left, right, above and
+        /// below), colours and resolutions; without, it tells nothing of itself, and what it prints is not
+        /// kept.
         bool hasSheets = false;
     };
 

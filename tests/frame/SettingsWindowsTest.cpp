@@ -7,6 +7,7 @@
 #include "toolkit/xpcheckbox.h"
 #include "toolkit/xpradiobutton.h"
 
+#include <QLabel>
 #include <QListWidget>
 #include <QTabWidget>
 
@@ -108,6 +109,21 @@ TEST_F(SettingsWindows, ThePrinterChosenHoldsUntilTheFrameEnds)
     });
     main.reset();
     EXPECT_EQ(printers.list.defaultName, QStringLiteral("Alpha"));
+}
+
+TEST_F(SettingsWindows, ThePreviewOfThePageShowsThePictureBehindTheWindows)
+{
+    QImage picture(100, 100, QImage::Format_BGR888);
+    picture.fill(Qt::red);
+    const QString file = folder.filePath(QStringLiteral("back.bmp"));
+    SavePicture(picture, file);
+    Store("PicFolder", qPrintable(file));
+    Store("PPosition", "0");
+    main->resize(main->width() + 1, main->height());
+    WithOptions([](Options& options) {
+        const QPixmap page = options.findChild<QLabel*>(QStringLiteral("picPreview"))->pixmap();
+        EXPECT_EQ(page.toImage().pixelColor(2, 2), QColor(Qt::red));
+    });
 }
 
 TEST_F(SettingsWindows, TheFrameMayCloseWhileTheOptionsStand)

@@ -80,10 +80,18 @@ TEST_F(AAPrintPictureTest, SettingAPropertyIsToldAndDrawsNothing)
 {
     QSignalSpy changes(&control, &AAPrintPicture::PropertyChanged);
     control.SetAlign(2);
+    control.SetPicture(Plain({ 3, 2 }, Qt::red));
+    control.SetShowBorder(false);
     control.SetDefultPrinter(QStringLiteral("Beta"));
-    ASSERT_EQ(changes.size(), 2);
-    EXPECT_EQ(changes[0][0], QStringLiteral("Align"));
-    EXPECT_EQ(changes[1][0], QStringLiteral("Printer"));
+    control.SetPaperSize(0);
+    control.SetPaperWidth(100);
+    control.SetPaperHeight(120);
+    control.SetStretch(true);
+    QStringList told;
+    for (const QVariantList& change : changes)
+        told << change[0].toString();
+    EXPECT_EQ(told.join(u' '),
+        QStringLiteral("Align Picture ShowBorder Printer PaperSize PaperWidth PaperHeight Stretch"));
     EXPECT_TRUE(printers.papers.isEmpty()) << "the printer is asked with each page";
 }
 

@@ -39,16 +39,19 @@ TEST(cSetDfltPrinter, TheOldDefaultComesBackAtTheEnd)
     EXPECT_EQ(printers.list.defaultName, Alpha);
 }
 
-TEST(cSetDfltPrinter, TheUsersOwnChoiceIsHisAgain)
+TEST(cSetDfltPrinter, TheUsersOwnChoiceIsHisAgainWithItsSetOfOptions)
 {
     FakePrinters printers;
-    printers.list.isDefaultChosen = true;
-    {
-        cSetDfltPrinter choice(printers);
-        choice.SetPrinterAsDefault(Beta);
+    for (const QString& chosen : { Alpha, QStringLiteral("Alpha/duplex") }) {
+        printers.list.chosenDefault = chosen;
+        {
+            cSetDfltPrinter choice(printers);
+            choice.SetPrinterAsDefault(Beta);
+            EXPECT_EQ(printers.list.chosenDefault, Beta);
+        }
+        EXPECT_EQ(printers.list.defaultName, Alpha);
+        EXPECT_EQ(printers.list.chosenDefault, chosen);
     }
-    EXPECT_EQ(printers.list.defaultName, Alpha);
-    EXPECT_TRUE(printers.list.isDefaultChosen);
 }
 
 TEST(cSetDfltPrinter, AUserWhoHadChosenNoneHasChosenNoneAgain)
@@ -60,9 +63,9 @@ TEST(cSetDfltPrinter, AUserWhoHadChosenNoneHasChosenNoneAgain)
             choice.SetPrinterAsDefault(Beta);
             if (goesBackHimself)
                 choice.SetPrinterAsDefault(Alpha);
-            EXPECT_TRUE(printers.list.isDefaultChosen);
+            EXPECT_FALSE(printers.list.chosenDefault.isEmpty());
         }
-        EXPECT_FALSE(printers.list.isDefaultChosen);
+        EXPECT_EQ(printers.list.chosenDefault, QString());
         EXPECT_EQ(printers.list.defaultName, Alpha);
     }
 }

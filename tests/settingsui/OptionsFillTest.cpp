@@ -1,6 +1,7 @@
 #include "tests/settingsui/OptionsFixture.h"
 
 #include <QComboBox>
+#include <QGroupBox>
 #include <QPlainTextEdit>
 
 namespace {
@@ -173,12 +174,20 @@ TEST_F(OptionsFill, TheControlsBearTheirCaptions)
         const char* caption;
     } radios[] = {
         { "Option1", "Saves to the current folder you selected from." },
+        { "Option2", "Saves to the AutoSave folder." },
         { "OpThumb(0)", "Open captured thumbnails but not capture window." },
         { "OpThumb(1)", "Automatically open captured thumbnails with capture window." },
         { "OpThumb(2)", "Don't open thumbnails at all." },
         { "OpPic(0)", "Center" },
         { "OpPic(1)", "Lower Right" },
         { "OpPic(2)", "None" },
+        { "Option3", ".bmp" },
+        { "option4", ".jpg" },
+        { "option5", ".tga" },
+        { "option6", ".gif" },
+        { "option7", ".tif" },
+        { "option8", ".png" },
+        { "option9", ".psd" },
         { "AutoCap1", " Set Auto Capture time rate." },
         { "AutoCap2", " Set Auto Capture frame rate." },
     };
@@ -192,6 +201,37 @@ TEST_F(OptionsFill, TheControlsBearTheirCaptions)
     for (const auto& row : commands)
         EXPECT_EQ(Find<Button_XP>(row.name)->Caption(), QLatin1String(row.caption));
     EXPECT_EQ(form->findChild<QWidget*>(QStringLiteral("Cmds(4)")), nullptr);
+}
+
+TEST_F(OptionsFill, EveryPageBearsItsHeadingsAndTheWordsBesideItsControls)
+{
+    const struct {
+        Page page;
+        QStringList words;
+    } rows[] = {
+        { DisplayPage, { "Background Picture Placement", "Background Picture" } },
+        { FormatPage, { "Select graphic format for video captures." } },
+        { PrintPage, { "Align Graphic:", "Select Default Printer" } },
+        { TimedPage, { "Every", "Seconds.", "  Frames." } },
+        { WatermarkPage,
+            { "Enter Text to go on captures.", "Use Watermark", "Auto or Manual",
+                "Watermark Position:", "Left" } },
+    };
+    for (const auto& row : rows) {
+        QStringList there;
+        for (const auto* label : Tabs().widget(row.page)->findChildren<QLabel*>())
+            there << label->text();
+        for (const auto* group : Tabs().widget(row.page)->findChildren<QGroupBox*>())
+            there << group->title();
+        for (const QString& words : row.words)
+            EXPECT_TRUE(there.contains(words)) << words.toStdString();
+    }
+}
+
+TEST_F(OptionsFill, TheWrapTellsByItsTipWhatItDoes)
+{
+    EXPECT_EQ(Find("WordWrapCheck")->toolTip(),
+        QStringLiteral("If the watermark is too long, it will wrap it to the next line down."));
 }
 
 TEST_F(OptionsFill, TheThumbnailsButtonsTellByTheirTipsWhatOpens)

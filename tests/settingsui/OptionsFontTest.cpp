@@ -59,6 +59,22 @@ TEST_F(OptionsFont, AChosenFontIsShownAndKeptAtOnce)
     EXPECT_EQ(CurrentPointer(), Pointer::Normal);
 }
 
+TEST_F(OptionsFont, WhatTheStoreRefusedOfAFontIsToldAtTheEndToo)
+{
+    const auto settings = state.Settings.FilePath();
+    QFile::remove(settings);
+    ASSERT_TRUE(QDir().mkpath(settings)) << "a folder where the file was";
+    frame.errors.Expect(QStringLiteral("Error!"),
+        QStringLiteral("The font could not be stored. It is used until the program ends."));
+    frame.errors.Expect(QStringLiteral("Error!"),
+        QStringLiteral("The options could not be stored. They are used until the program ends."));
+    Choose("Bold", "36");
+    form->reject();
+    Begin();
+    EXPECT_EQ(Label("FontLabel"), QStringLiteral("Font: DejaVu Serif   Size: 36"));
+    EXPECT_EQ(Label("Label14"), QStringLiteral("Bold"));
+}
+
 TEST_F(OptionsFont, TheShadowFollowsTheFontDialog)
 {
     ASSERT_FALSE(IsSet("xpcheckbox5"));

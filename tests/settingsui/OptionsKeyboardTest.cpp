@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QSignalSpy>
 #include <QTabBar>
 
 #include <ranges>
@@ -54,6 +55,26 @@ protected:
     {
         Begin();
         Activate();
+    }
+    /// A button of a page, and the letter that presses it with Alt.
+    struct ButtonRow {
+        Page page;
+        const char* button;
+        Qt::Key letter;
+    };
+    static constexpr ButtonRow Buttons[] = { { AutoNamePage, "Cmds(1)", Qt::Key_B },
+        { DisplayPage, "Cmds(3)", Qt::Key_B }, { PrintPage, "Cmds(2)", Qt::Key_D },
+        { PrintPage, "Co", Qt::Key_E }, { WatermarkPage, "Cmds(5)", Qt::Key_F } };
+
+    /// The way presses the button, once.
+    void ExpectPressed(const ButtonRow& row, const std::function<void()>& press)
+    {
+        auto* button = Find<Button_XP>(row.button);
+        button->disconnect(SIGNAL(Click())); // what it opens is told elsewhere
+        QSignalSpy pressed(button, &Button_XP::Click);
+        press();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return pressed.size() > 0; })) << row.button;
+        EXPECT_EQ(pressed.size(), 1) << row.button;
     }
     static QWidget* Focus() { return QApplication::focusWidget(); }
     /// Tab from the tabs on, around the page and back to them.
@@ -130,17 +151,31 @@ TEST_F(OptionsKeyboard, ReachesTheFoldersThatTheUsersOwnOneCloses)
     }
 }
 
-TEST_F(OptionsKeyboard, PressesEveryButton)
+TEST_F(OptionsKeyboard, ReachesEveryButtonAndPressesIt)
 {
-    const struct {
-        Page page;
-        const char* button;
-    } rows[] = { { AutoNamePage, "Cmds(1)" }, { DisplayPage, "Cmds(3)" }, { PrintPage, "Cmds(2)" },
-        { PrintPage, "Co" }, { WatermarkPage, "Cmds(5)" }, { WatermarkPage, "Cmds(0)" } };
-    for (const auto& row : rows) {
+    for (const ButtonRow& row : Buttons) {
         ComeTo(row.page);
         EXPECT_TRUE(Walk().contains(Find(row.button))) << row.button;
+        ExpectPressed(row, [&] { QTest::keyClick(Find(row.button), Qt::Key_Space); });
     }
+    EXPECT_TRUE(Walk().contains(Find("Cmds(0)")));
+    QTest::keyClick(Find("Cmds(0)"), Qt::Key_Space);
+    EXPECT_EQ(form->result(), QDialog::Accepted);
+}
+
+TEST_F(OptionsKeyboard, AltAndTheUnderlinedLetterPressAButtonOfThePage)
+{
+    for (const ButtonRow& row : Buttons) {
+        ComeTo(row.page);
+        ExpectPressed(row, [&] { QTest::keyClick(form.get(), row.letter, Qt::AltModifier); });
+    }
+}
+
+TEST_F(OptionsKeyboard, AnAmpersandOfACaptionIsNoKey)
+{
+    ComeTo(PrintPage);
+    QTest::keyClick(form.get(), Qt::Key_W, Qt::AltModifier);
+    EXPECT_FALSE(IsSet("check9"));
 }
 
 TEST_F(OptionsKeyboard, AltSSavesFromEveryPage)

@@ -164,6 +164,17 @@ TEST_F(OptionsPages, TheShadowIsSwitchedAtOnceAndItsBoxFollows)
     EXPECT_EQ(Stored("UseShadows"), QStringLiteral("False"));
 }
 
+TEST_F(OptionsPages, TheShadowIsTurnedOverFromWhatIsInForceWhateverItsBoxShows)
+{
+    ASSERT_FALSE(IsSet("xpcheckbox5"));
+    state.UseShadows = true; // meanwhile
+    Click("xpcheckbox5");
+    EXPECT_FALSE(state.UseShadows);
+    EXPECT_EQ(Stored("UseShadows"), QStringLiteral("False"));
+    EXPECT_FALSE(IsSet("xpcheckbox5"));
+    EXPECT_EQ(Label("LabelShadow"), QStringLiteral("Shadow Off"));
+}
+
 TEST_F(OptionsPages, SlidersAndBoxesFollowEachOther)
 {
     const struct {
@@ -232,7 +243,7 @@ TEST_F(OptionsPages, ABackgroundIsBrowsedForKeptAtOnceAndTold)
     EXPECT_EQ(frame.dialogs.title, QStringLiteral("Select Background Picture"));
     EXPECT_EQ(frame.dialogs.filter, QStringLiteral("Graphic Files (*.bmp;*.jpg;*.gif)|*.bmp;*.jpg;*.gif"));
     EXPECT_EQ(frame.dialogs.extension, QStringLiteral("jpg"));
-    EXPECT_EQ(frame.dialogs.folder, QStringLiteral("/pictures"));
+    EXPECT_EQ(frame.dialogs.folder, QStringLiteral("/pictures/old.jpg"));
     EXPECT_EQ(Stored("PicFolder"), QStringLiteral("/pictures/lake.gif "));
     EXPECT_EQ(Label("lblPic"), QStringLiteral("/pictures/lake.gif"));
     Save();

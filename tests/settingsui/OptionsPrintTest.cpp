@@ -59,6 +59,16 @@ TEST_F(OptionsPrint, ThePreviewShowsThePictureInItsPlace)
     EXPECT_LE(apart.manhattanLength(), 2);
 }
 
+TEST_F(OptionsPrint, ThePreviewBeginsAtTheCornerOfItsPlace)
+{
+    QImage picture(100, 100, QImage::Format_RGB32);
+    picture.fill(Qt::blue);
+    frame.picSource = picture;
+    BeginWith("PPosition", "0");
+    ComeTo(PrintPage);
+    EXPECT_EQ(Find("picPreview")->grab().toImage().pixelColor(0, 0), QColor(Qt::blue));
+}
+
 TEST_F(OptionsPrint, APositionChosenWhileAnotherIsDrawnIsTheOneShown)
 {
     frame.whenPumped = [this] {

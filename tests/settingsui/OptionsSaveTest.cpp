@@ -1,5 +1,6 @@
+#include "capture/SaveCapture.h"
+#include "imaging/PictureFile.h"
 #include "tests/settingsui/OptionsFixture.h"
-
 #include "tests/testing/Files.h"
 #include "tests/testing/SmallDisk.h"
 #include "toolkit/ucShadow.h"
@@ -19,6 +20,17 @@ protected:
             if (line.contains('='))
                 keys << QString::fromUtf8(line.left(line.indexOf('=')));
         return keys;
+    }
+    /// From now on: a folder comes in the place of the file.
+    void RefuseToStore()
+    {
+        QFile::remove(state.Settings.FilePath());
+        ASSERT_TRUE(QDir().mkpath(state.Settings.FilePath()));
+    }
+    void ExpectToldThatItIsNotStored()
+    {
+        frame.errors.Expect(QStringLiteral("Error!"),
+            QStringLiteral("The options could not be stored. They are used until the program ends."));
     }
 };
 
@@ -153,6 +165,46 @@ TEST_F(OptionsSave, AnExtensionThatSetsNoFormatIsKept)
     EXPECT_EQ(Stored("Ext"), QStringLiteral(".jpeg"));
 }
 
+TEST_F(OptionsSave, AFormatShownFromAnExtensionInCapitalsIsWrittenInSmallLetters)
+{
+    BeginWith("Ext", ".PNG");
+    Save();
+    EXPECT_EQ(Stored("Ext"), QStringLiteral(".png"));
+    EXPECT_EQ(state.CurrentExt, QStringLiteral(".png"));
+}
+
+TEST_F(OptionsSave, TheFirstWayOfAutomaticCaptureIsByTimeAndTheSecondByFrames)
+{
+    for (const bool isByTime : { true, false }) {
+        Begin();
+        Click(isByTime ? "AutoCap1" : "AutoCap2");
+        Save();
+        EXPECT_EQ(Stored("CaptureTime"), isByTime ? QStringLiteral("True") : QStringLiteral("False"));
+        EXPECT_EQ(Stored("AutoFrame"), isByTime ? QStringLiteral("False") : QStringLiteral("True"));
+        EXPECT_EQ(state.CaptureTime, isByTime);
+        EXPECT_EQ(state.AutoFrame, !isByTime);
+    }
+}
+
+TEST_F(OptionsSave, EmptiedWordsHoldForTheRunAndAreTheDefaultOnesAtTheNextOpening)
+{
+    Find<QPlainTextEdit>("Text1")->clear();
+    Save();
+    EXPECT_EQ(state.sFontText, QString());
+    Begin();
+    EXPECT_EQ(
+        Find<QPlainTextEdit>("Text1")->toPlainText(), QStringLiteral("This text is using the Arial font."));
+}
+
+TEST_F(OptionsSave, TheCloseButtonDropsWhatWasNotSaved)
+{
+    Click("check5");
+    Click("Close");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(StoredKeys(), QStringList());
+    EXPECT_FALSE(state.LoadVid);
+}
+
 TEST_F(OptionsSave, APairWithBothBoxesClearWritesFalse)
 {
     const struct {
@@ -261,13 +313,12 @@ TEST_F(OptionsSave, WithWindowFadesOffItsShadowIsHardEdgedAndItGoesAtOnce)
 
 TEST_F(OptionsSave, OptionsThatCannotBeStoredAreToldOnceAndHoldForTheRun)
 {
-    ASSERT_TRUE(QDir().mkpath(state.Settings.FilePath())) << "a folder in the file's place";
+    RefuseToStore();
     Click("check5");
     Click("option4");
     Edit("Label3").setText(QStringLiteral("12"));
     Edit("Label6").setText(QStringLiteral("34"));
-    frame.errors.Expect(QStringLiteral("Error!"),
-        QStringLiteral("The options could not be stored. They are used until the program ends."));
+    ExpectToldThatItIsNotStored();
     Save();
     EXPECT_EQ(frame.errors.lastOwner, form.get());
     EXPECT_TRUE(state.LoadVid);
@@ -279,15 +330,76 @@ TEST_F(OptionsSave, OptionsThatCannotBeStoredAreToldOnceAndHoldForTheRun)
 
 TEST_F(OptionsSave, AChoiceThatCannotBeStoredStandsWhenItsPageComesUpAgain)
 {
-    ASSERT_TRUE(QDir().mkpath(state.Settings.FilePath())) << "a folder in the file's place";
+    RefuseToStore();
     Click("option4");
     Click("OpThumb(2)"); // clears every other radio button
     ComeTo(FormatPage);
     EXPECT_TRUE(IsChosen("option4"));
     EXPECT_EQ(state.CurrentExt, QStringLiteral(".jpg"));
     EXPECT_EQ(state.OpThumb, 2);
+    ExpectToldThatItIsNotStored();
     form->reject();
     EXPECT_EQ(state.CurrentExt, QStringLiteral(".jpg"));
+}
+
+TEST_F(OptionsSave, WhatTheStoreRefusedIsUsedByTheNextCaptureAndShownByTheNextDialog)
+{
+    RefuseToStore();
+    Click("Check1");
+    Click("Option2"); // the AutoSave folder
+    Click("option4");
+    Edit("Label3").setText(QStringLiteral("12"));
+    ExpectToldThatItIsNotStored();
+    Save();
+    Begin();
+    EXPECT_TRUE(IsSet("Check1"));
+    EXPECT_TRUE(IsChosen("option4"));
+    EXPECT_EQ(Edit("Label3").text(), QStringLiteral("12"));
+
+    imaging::PictureFile::Initialise();
+    Lead capture(&frame.window);
+    capture.SetBitmap(QImage(16, 8, QImage::Format_BGR888));
+    frame.activeForm = &frame.window;
+    frame.activeCapture = &capture;
+    SaveCapture(frame);
+    EXPECT_EQ(state.CurrentFile, state.Beside(QStringLiteral("AutoSave/auto1.jpg")));
+    EXPECT_TRUE(FileBytes(state.CurrentFile).startsWith("\xFF\xD8\xFF"));
+}
+
+TEST_F(OptionsSave, WhatWasRefusedIsReadFromTheStoreAgainOnceItTookIt)
+{
+    RefuseToStore();
+    Click("option4");
+    ExpectToldThatItIsNotStored();
+    Save();
+    ASSERT_TRUE(QDir().rmdir(state.Settings.FilePath()));
+    Begin();
+    Save();
+    EXPECT_EQ(Stored("Ext"), QStringLiteral(".jpg"));
+    Store("Ext", ".png");
+    EXPECT_EQ(state.TextOf(Key::Ext), QStringLiteral(".png"));
+}
+
+TEST_F(OptionsSave, AChoiceKeptAtOnceThatTheStoreRefusedIsToldOnceHoweverTheDialogCloses)
+{
+    RefuseToStore();
+    const std::function<void()> ways[] = { [this] { form->reject(); }, [this] { form->close(); },
+        [this] { Click("Close"); }, [this] { QTest::keyClick(form.get(), Qt::Key_Escape); } };
+    for (const auto& close : ways) {
+        Begin();
+        Click("option4");
+        ExpectToldThatItIsNotStored();
+        close();
+        EXPECT_FALSE(form->isVisible());
+        form->reject();
+    }
+}
+
+TEST_F(OptionsSave, WithNothingRefusedClosingIsSilent)
+{
+    Click("option4");
+    form->reject();
+    EXPECT_EQ(frame.errors.lastOwner, nullptr);
 }
 
 TEST_F(OptionsSave, OnAFullDiskTheStoreKeepsWhatItHad)
@@ -303,8 +415,7 @@ TEST_F(OptionsSave, OnAFullDiskTheStoreKeepsWhatItHad)
     disk.Fill();
     ComeTo(VideoPage);
     Click("check5");
-    frame.errors.Expect(QStringLiteral("Error!"),
-        QStringLiteral("The options could not be stored. They are used until the program ends."));
+    ExpectToldThatItIsNotStored();
     Save();
     EXPECT_EQ(FileBytes(state.Settings.FilePath()), before);
 }

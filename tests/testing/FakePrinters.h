@@ -9,7 +9,7 @@
 /// Printers that keep what they were asked, the first of them the default.
 class FakePrinters : public Printers {
 public:
-    PrinterList list { { QStringLiteral("Alpha"), QStringLiteral("Beta") }, QStringLiteral("Alpha"), {} };
+    PrinterList list { { QStringLiteral("Alpha"), QStringLiteral("Beta") }, QStringLiteral("Alpha"), {}, {} };
     QString systemDefault = QStringLiteral("Alpha"); ///< while the user has chosen none
     /// What of the sheet cannot be reached, in printer pixels: a quarter of an inch all around.
     QMargins margins = QMargins(1, 1, 1, 1) * (PrinterPixelsPerInch / 4);
@@ -27,13 +27,13 @@ public:
     /// As on a system where nobody has set up a printer.
     void RemoveAll()
     {
-        list = { {}, {}, QStringLiteral("No printer is set up.") };
+        list = { {}, {}, QStringLiteral("No printer is set up."), {} };
         failsMetrics = failsPrint = refusesDefault = true;
     }
     /// As when the service does not answer.
     void FallSilent()
     {
-        list = { {}, {}, QStringLiteral("The printer does not answer."), false, false };
+        list = { {}, {}, QStringLiteral("The printer does not answer."), {}, false };
         failsMetrics = failsPrint = refusesDefault = true;
     }
 
@@ -47,10 +47,11 @@ public:
     {
         defaultsSet << name;
         Wait();
-        if (refusesDefault || !list.names.contains(name))
+        const QString printer = name.section(u'/', 0, 0);
+        if (refusesDefault || !list.names.contains(printer))
             return false;
-        list.defaultName = name;
-        list.isDefaultChosen = true;
+        list.defaultName = printer;
+        list.chosenDefault = name;
         return true;
     }
     bool ForgetDefault() override
@@ -58,7 +59,7 @@ public:
         if (refusesDefault)
             return false;
         list.defaultName = systemDefault;
-        list.isDefaultChosen = false;
+        list.chosenDefault.clear();
         return true;
     }
     SheetMetrics Metrics(const Paper& paper) override

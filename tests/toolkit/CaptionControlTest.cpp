@@ -124,6 +124,19 @@ TEST(xpcheckbox, ACaptionOfSeveralLinesHasRoomForAll)
     EXPECT_GE(box.sizeHint().height(), 3 * QFontMetrics(box.font()).height());
 }
 
+TEST(xpcheckbox, AnAmpersandOfItsCaptionIsNoKey)
+{
+    xpcheckbox box;
+    box.SetCaption(QStringLiteral("Print in B&W"));
+    box.show();
+    box.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+    QTest::keyClick(&box, Qt::Key_W, Qt::AltModifier);
+    EXPECT_EQ(box.Value(), xpcheckbox::Clear);
+    EXPECT_EQ(
+        QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Name), QStringLiteral("Print in B&W"));
+}
+
 namespace {
 
 /// Two groups on two pages of one form.
