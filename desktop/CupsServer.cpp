@@ -204,7 +204,9 @@ bool CupsServer::SetDefault(const QString& name, const std::stop_token& givenUp)
 
 bool CupsServer::ForgetDefault()
 {
-    return Destinations(http_.get()).StoreChoice(http_.get(), Choice(QByteArray()));
+    Destinations destinations(http_.get());
+    // A list that did not come would be stored as an empty one, and the user's options with it.
+    return !destinations.IsUnknown() && destinations.StoreChoice(http_.get(), Choice(QByteArray()));
 }
 
 CupsServer::Destination CupsServer::Find(const char* name)

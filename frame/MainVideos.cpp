@@ -120,7 +120,7 @@ void Main::OpenPicture(const QString& file)
         const Hourglass waiting;
         const QScopedValueRollback picked(
             state_.SelectedBitmap, OpenUserPicture(file, [this] { PumpPaintEvents(); }));
-        state_.UseSelectedBitmap = true;
+        const QScopedValueRollback used(state_.UseSelectedBitmap, true);
         OpenViewer();
         EnableCommand(Command::Save, true); // with an empty clipboard too
     } catch (const ControlError& error) {

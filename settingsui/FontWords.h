@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 class QLabel;
 
 /// A word that tells how a font looks, and the type in which it stands.
@@ -7,7 +9,10 @@ struct FontWord {
     const char* text;
     bool isBold = false;
     bool isItalic = false;
-    bool operator==(const FontWord&) const = default;
+    bool operator==(const FontWord& other) const
+    {
+        return std::string_view(text) == other.text && isBold == other.isBold && isItalic == other.isItalic;
+    }
 };
 
 namespace FontWords {

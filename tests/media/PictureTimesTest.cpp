@@ -21,6 +21,7 @@ const QHash<QString, double> Rates {
     { QStringLiteral("fast_240fps.mp4"), 240 },
     { QStringLiteral("cc608.mpg"), 30000.0 / 1001 },
     { QStringLiteral("cc608.mp4"), 30000.0 / 1001 },
+    { QStringLiteral("cc708.mpg"), 30000.0 / 1001 },
     { QStringLiteral("cc_track.mov"), 30000.0 / 1001 },
 };
 const QSet<QString> Irregular {

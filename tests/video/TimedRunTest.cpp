@@ -159,7 +159,8 @@ TEST_F(TimedRunTest, AFolderRemovedInTheMiddleIsWrittenToAgainOnceItIsBack)
 {
     RunQuickly({ A });
     ASSERT_TRUE(AwaitCaptures(3));
-    while (!QDir(PictureFolder()).removeRecursively()) { } // a picture may come in between
+    // A picture may come in between.
+    ASSERT_TRUE(Await([&] { return QDir(PictureFolder()).removeRecursively(); }));
     ASSERT_TRUE(AwaitStills(7)); // three of them may wait: the fourth has been tried
     QDir().mkpath(PictureFolder());
     ASSERT_TRUE(Await([&] { return FilesWritten() > 0; }));
