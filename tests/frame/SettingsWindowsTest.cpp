@@ -1,4 +1,5 @@
 #include "app/Hourglass.h"
+#include "capture/SavePicture.h"
 #include "settingsui/Options.h"
 #include "settingsui/Power.h"
 #include "tests/frame/FrameFixture.h"
