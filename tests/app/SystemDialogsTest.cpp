@@ -85,10 +85,10 @@ TEST_F(SystemDialogsTest, OneNameIsOpened)
 TEST_F(SystemDialogsTest, AFileToBeginWithIsPutForwardAndOneThatHasGoneLeavesItsFolder)
 {
     for (const char* name : { "a.avi", "gone.avi" }) {
-        const QString forward = QFileInfo::exists(Path(name)) ? Path(name) : Folder();
+        const QStringList forward(QFileInfo::exists(Path(name)) ? QStringList(Path(name)) : QStringList());
         WhenOpen([this, forward](QFileDialog& dialog) {
             ExpectAsked(dialog);
-            EXPECT_EQ(dialog.selectedFiles(), QStringList(forward));
+            EXPECT_EQ(dialog.selectedFiles(), forward);
             dialog.reject();
         });
         dialogs_.AskOpenName(&owner_, Title, Filter, Path(name), QStringLiteral("jpg"));
