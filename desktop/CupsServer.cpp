@@ -275,7 +275,8 @@ int CupsServer::Create(const Queue& queue, const PrintJob& job)
             job.title.toUtf8().constData(), options.Count(), options.Rows())
         > LastSuccess) {
         const PrinterError refusal = Refusal();
-        CancelEmpty(queue.destination->name, job.title);
+        if (httpError(http_.get()) != 0) // no refusal of the server's: the line broke
+            CancelEmpty(queue.destination->name, job.title);
         throw refusal;
     }
     return number;
