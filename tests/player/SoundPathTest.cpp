@@ -42,10 +42,14 @@ protected:
     {
         path_ = std::make_unique<SoundPath>(std::move(open), sound_.Maker(), [this] { return wall_.load(); });
     }
-    void Play(double from, double rate = 1)
+    void Prepare(double from, double rate = 1)
     {
         path_->Prepare(from, rate);
         ASSERT_TRUE(QTest::qWaitFor([this] { return path_->IsReady(); }, 20000));
+    }
+    void Play(double from, double rate = 1)
+    {
+        Prepare(from, rate);
         path_->Start(from, rate);
     }
     /// So many seconds behind the silence that it begins with.
@@ -68,8 +72,7 @@ TEST_F(SoundPathTest, NothingIsHeardBeforeTheClockStarts)
 {
     sound_.Room(Second);
     Open();
-    path_->Prepare(2, 1);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return path_->IsReady(); }, 20000));
+    Prepare(2);
     EXPECT_FALSE(sound_.IsPlaying());
     EXPECT_TRUE(sound_.Written().empty());
     EXPECT_FALSE(path_->IsRunning());
@@ -101,12 +104,17 @@ TEST_F(SoundPathTest, ThePicturesWaitForADeviceThatStartsLate)
 {
     sound_.Room(Second / 10);
     Open();
-    Play(2);
+    Prepare(2);
+    sound_.Room(0); // nothing goes out before the time has passed
+    path_->Start(2, 1);
     wall_ = wall_.load() + 100ms;
     sound_.Delay(0.1 - Silence); // now, 100 ms later, the first sound is heard
+    sound_.Room(Second / 10);
     ASSERT_TRUE(sound_.WaitForFrames(Second / 10));
     ASSERT_TRUE(sound_.WaitForLooks(3));
-    Play(4);
+    Prepare(4);
+    sound_.Room(0); // nor anything that the clock could follow
+    path_->Start(4, 1);
     EXPECT_NEAR(path_->Now(), 3.9, 1e-3);
 }
 
