@@ -195,11 +195,11 @@ private:
 
     void Connect()
     {
-        const pa_sample_spec spec { PA_SAMPLE_FLOAT32NE, media::SoundRate, media::SoundChannels };
+        const pa_sample_spec samples { PA_SAMPLE_FLOAT32NE, media::SoundRate, media::SoundChannels };
         constexpr auto byServer = uint32_t(-1);
         const pa_buffer_attr buffer { byServer, BufferBytes, 0, byServer, byServer };
         constexpr auto flags = pa_stream_flags_t(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY);
-        stream_ = pa_stream_new(context_.get(), "Video", &spec, nullptr);
+        stream_ = pa_stream_new(context_.get(), "Video", &samples, nullptr);
         if (stream_)
             pa_stream_connect_playback(stream_, nullptr, &buffer, flags, nullptr, nullptr);
     }

@@ -241,25 +241,29 @@ TEST_F(CRegSettingsTest, AFileThatMayNotBeReadIsNotReplaced)
     EXPECT_EQ(FileBytes(settings_.FilePath()), "[Options]\nExt=.gif\n");
 }
 
-TEST_F(CRegSettingsTest, AFullDiskKeepsTheOldSettings)
-{
-    SmallDisk disk(64);
-    if (!disk.IsThere())
-        GTEST_SKIP() << "this machine lets no test mount a file system";
+/// One that keeps a .jpg already.
+class CRegSettingsOnASmallDisk : public CRegSettingsTest {
+protected:
+    void SetUp() override
+    {
+        if (!disk.IsThere())
+            GTEST_SKIP() << "this machine lets no test mount a file system";
+        ASSERT_TRUE(settings.SaveSetting(Section, QStringLiteral("Ext"), QStringLiteral(".jpg")));
+    }
+
+    SmallDisk disk { 64 };
     CRegSettings settings = Opened(disk.Path());
-    ASSERT_TRUE(settings.SaveSetting(Section, QStringLiteral("Ext"), QStringLiteral(".jpg")));
+};
+
+TEST_F(CRegSettingsOnASmallDisk, AFullDiskKeepsTheOldSettings)
+{
     disk.Fill();
     EXPECT_FALSE(settings.SaveSetting(Section, QStringLiteral("Ext"), QStringLiteral(".png")));
     EXPECT_EQ(FileBytes(settings.FilePath()), "[Options]\nExt=.jpg\n");
 }
 
-TEST_F(CRegSettingsTest, OfSeveralThatDoNotFitNoneIsKept)
+TEST_F(CRegSettingsOnASmallDisk, OfSeveralThatDoNotFitNoneIsKept)
 {
-    SmallDisk disk(64);
-    if (!disk.IsThere())
-        GTEST_SKIP() << "this machine lets no test mount a file system";
-    CRegSettings settings = Opened(disk.Path());
-    ASSERT_TRUE(settings.SaveSetting(Section, QStringLiteral("Ext"), QStringLiteral(".jpg")));
     disk.Fill();
     const Setting both[] { { QStringLiteral("Ext"), QStringLiteral(".png") },
         { QStringLiteral("sFontText"), QString(100'000, u'x') } };
@@ -267,13 +271,8 @@ TEST_F(CRegSettingsTest, OfSeveralThatDoNotFitNoneIsKept)
     EXPECT_EQ(FileBytes(settings.FilePath()), "[Options]\nExt=.jpg\n");
 }
 
-TEST_F(CRegSettingsTest, AReadOnlyDiskKeepsTheOldSettings)
+TEST_F(CRegSettingsOnASmallDisk, AReadOnlyDiskKeepsTheOldSettings)
 {
-    SmallDisk disk(64);
-    if (!disk.IsThere())
-        GTEST_SKIP() << "this machine lets no test mount a file system";
-    CRegSettings settings = Opened(disk.Path());
-    ASSERT_TRUE(settings.SaveSetting(Section, QStringLiteral("Ext"), QStringLiteral(".jpg")));
     disk.MakeReadOnly();
     EXPECT_FALSE(settings.SaveSetting(Section, QStringLiteral("Ext"), QStringLiteral(".png")));
     EXPECT_EQ(settings.GetSetting(Section, QStringLiteral("Ext"), Default), QStringLiteral(".jpg"));

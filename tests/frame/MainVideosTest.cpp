@@ -141,8 +141,7 @@ TEST_F(MainVideosTest, OpensLetsEventsThroughAtItsEndAndTheOpenCommandDoesNot)
 
 TEST_F(MainVideosTest, VideosGivenAtTheStartAreAListWhoseFirstIsOpen)
 {
-    Store("OpenVidList", "False");
-    state.Reload(Key::OpenVidList);
+    LetTheListOpen();
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("films")));
     const QStringList videos { folder.filePath(QStringLiteral("films/a.avi")),
         folder.filePath(QStringLiteral("b.mpg")) };

@@ -13,6 +13,7 @@
 
 #include <QDir>
 #include <QMenu>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QWindow>
 
@@ -67,6 +68,10 @@ TEST(ProgramStart, TheLibrariesReadNumbersByThePointWhateverTheUsersLocale)
     const QTemporaryDir folder;
     QProcess::execute(QStringLiteral("localedef"),
         { "-c", "-i", "de_DE", "-f", "ISO-8859-1", folder.filePath(QStringLiteral("comma")) });
+    const auto ownLocales = qScopeGuard([] {
+        qunsetenv("LOCPATH");
+        std::setlocale(LC_NUMERIC, "C");
+    });
     qputenv("LOCPATH", folder.path().toLocal8Bit());
     if (!std::setlocale(LC_NUMERIC, "comma"))
         GTEST_SKIP() << "no locale can be made here";
